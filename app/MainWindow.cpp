@@ -1,0 +1,258 @@
+#include "app/MainWindow.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "app/RuntimeError.h"
+#include "app/paths.h"
+#include "platform/version.h"
+
+namespace lorelin {
+namespace {
+
+constexpr int kEscapeKey = 27;
+constexpr int kF4Key = 115;
+constexpr std::string_view kSpeechTaskGroup = "Lorelin";
+
+}  // namespace
+
+MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
+  FillCommands();
+  parts_.speech.OnExportAvailable(
+      [this](bool available) { parts_.view.EnableToolbarButton("Exportieren", available); });
+  parts_.taskPane.OnClick([this](std::int32_t number) { TaskItemClicked(number); });
+}
+
+MainWindow::~MainWindow() {
+  parts_.speech.OnExportAvailable({});
+  parts_.taskPane.OnClick({});
+}
+
+void MainWindow::FillCommands() {
+  commands_.Add("Speak", [this] { parts_.speech.SpeakMenu(); });
+  commands_.Add("SpeakDocument", [this] { parts_.speech.SpeakToolbar(); });
+  commands_.Add("ReadFromCursor", [this] { parts_.speech.ReadFromCursor(); });
+  commands_.Add("Stop", [this] { parts_.speech.Stop(); });
+  commands_.Add("Pause", [this] { parts_.speech.PauseSpeech(); });
+  commands_.Add("Textmode", [this] { Textmode(); });
+  commands_.Add("InteractiveMode", [this] { InteractiveMode(); });
+  commands_.Add("ExitLo", [this] { ExitLo(); });
+  commands_.Add("Cut", [this] { CutSelection(); });
+  commands_.Add("Copy", [this] { CopySelection(); });
+  commands_.Add("Insert", [this] { parts_.editor.ReplaceSelection(parts_.clipboard.Text()); });
+  commands_.Add("Delete", [this] { parts_.editor.ReplaceSelection(""); });
+  for (const auto name :
+       {"NewDoc", "OpenDoc", "SaveDoc", "SaveAs", "ExportDoc", "Settings", "ManageExtensions", "ShowHelp",
+        "GetMoreVoices", "ReportError", "MoreInfo", "SearchForUpdates", "About", "ChooseVoice",
+        "ChangeVolume", "ChangeSpeed", "ChangePitch"}) {
+    commands_.Add(name, [] {});
+  }
+}
+
+void MainWindow::Guarded(std::string_view what, const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    parts_.log.Write(std::string(what) + ": " + error.what());
+  }
+}
+
+void MainWindow::RunSteps(std::string_view sequence, const std::vector<Step>& steps) {
+  for (const Step& step : steps) Guarded(std::string(sequence) + ", " + std::string(step.name), step.run);
+}
+
+void MainWindow::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  const std::string version = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor);
+  RunSteps("Laden",
+           {{"path", [&] { parts_.settings.Save(setting::Path, parts_.programFolder); }},
+            {"version", [&] { parts_.settings.Save(setting::Version, version); }},
+            {"offline", [&] { parts_.browser.SetOffline(); }},
+            {"loading", [&] { parts_.startup.loadingInProgress = true; }},
+            {"extensions", [&] { parts_.extensions.Startup(); }},
+            {"toolbar", [&] { parts_.view.StretchToolbar(); }},
+            {"home page",
+             [&] {
+               homePage_ = JoinPath(parts_.programFolder, {"hypertext", "home.htm"});
+             }},
+            {"title timer", [&] { StartTimer(WatchTimer::WindowTitle, setting::ReadTitleOnAppChange); }},
+            {"clipboard timer", [&] { StartTimer(WatchTimer::Clipboard, setting::ReadClipboardOnChange); }},
+            {"mode", [&] { ChooseInitialMode(); }},
+            {"default extension", [&] { document_.defaultExtension = ".txt"; }},
+            {"temporary folder", [&] { parts_.speech.ClearTempFolder(); }},
+            {"folders", [&] { CreateScriptDir(); }},
+            {"wave file", [&] { parts_.speech.SetWaveFile(""); }},
+            {"task pane", [&] { FillTaskPane(); }},
+            {"last document", [&] { OpenLastDocument(); }},
+            {"scripts", [&] { AddUserdefinedScripts(); }},
+            {"document", [&] { OpenStartupDocument(); }},
+            {"speak", [&] { SpeakStartupDocument(); }},
+            {"script parameter", [&] { RefuseParameterScript(); }},
+            {"show", [&] { parts_.view.ShowWindow(); }},
+            {"loaded", [&] { parts_.startup.loadingInProgress = false; }}});
+}
+
+void MainWindow::StartTimer(WatchTimer timer, const SettingKey& key) {
+  if (IsOn(key, parts_.settings.Get(key))) parts_.view.EnableTimer(timer, true);
+}
+
+void MainWindow::ChooseInitialMode() {
+  if (!IsOn(setting::ShowWB, parts_.settings.Get(setting::ShowWB))) {
+    ShowEditorPane();
+    MarkMode(false);
+    return;
+  }
+  InteractiveMode();
+  parts_.browser.Navigate(homePage_);
+}
+
+void MainWindow::FillTaskPane() {
+  parts_.taskPane.AddGroup(kSpeechTaskGroup);
+  for (const TaskPaneEntry& task : SpeechTasks()) {
+    parts_.taskPane.AddItem(kSpeechTaskGroup, task.number, task.caption);
+  }
+}
+
+void MainWindow::OpenLastDocument() {
+  if (!IsOn(setting::ShowLastDoc, parts_.settings.Get(setting::ShowLastDoc))) return;
+  document_.path = parts_.settings.Get(setting::LastDocAtStart);
+  Guarded("Letztes Dokument", [this] { parts_.editor.LoadFile(document_.path); });
+  Textmode();
+}
+
+void MainWindow::OpenStartupDocument() {
+  const std::string& path = parts_.startup.startupFilePath;
+  if (path.empty()) return;
+  Guarded("Dokument beim Start", [&] { parts_.editor.LoadFile(path); });
+  // The name of a file that could not be loaded is better than an empty window.
+  if (parts_.editor.Text().empty()) parts_.editor.SetText(path);
+  Textmode();
+}
+
+void MainWindow::SpeakStartupDocument() {
+  if (!parts_.startup.speakOnStart) return;
+  parts_.startup.loadingInProgress = false;
+  parts_.speech.SpeakToolbar();
+}
+
+void MainWindow::RefuseParameterScript() {
+  if (parts_.startup.parameterScript.empty()) return;
+  parts_.messageBoxes.Show("Can't start VTS Scripts per Parameter!", "Lorelin", MessageIcon::Critical,
+                           MessageButtons::Ok);
+}
+
+// The task scripts join the pane here.
+void MainWindow::AddUserdefinedScripts() {}
+
+void MainWindow::CreateScriptDir() {
+  for (const auto name : {"scripts", "temp"}) {
+    std::error_code error;
+    std::filesystem::create_directory(NativePath(JoinPath(parts_.programFolder, {name})), error);
+    if (error) parts_.log.Write(std::string("Ordner ") + name + ": " + error.message());
+  }
+}
+
+void MainWindow::ShowEditorPane() {
+  parts_.view.ShowEditor(true);
+  parts_.view.ShowBrowser(false);
+}
+
+void MainWindow::MarkMode(bool interactive) {
+  parts_.view.CheckMenuEntry("mnuInternet", interactive);
+  parts_.view.CheckMenuEntry("mnuTextmode", !interactive);
+}
+
+void MainWindow::Textmode() {
+  Load();
+  ShowEditorPane();
+  Guarded("Fokus", [this] { parts_.view.FocusEditor(); });
+  MarkMode(false);
+}
+
+void MainWindow::InteractiveMode() {
+  Load();
+  parts_.view.ShowEditor(false);
+  parts_.view.ShowBrowser(true);
+  MarkMode(true);
+}
+
+void MainWindow::CopySelection() {
+  const std::string selected = parts_.editor.SelectedText();
+  // Nothing selected: what the clipboard holds is worth more than nothing.
+  if (!selected.empty()) parts_.clipboard.SetText(selected);
+}
+
+void MainWindow::CutSelection() {
+  CopySelection();
+  parts_.editor.ReplaceSelection("");
+}
+
+void MainWindow::ExitLo() {
+  CloseRequested();
+}
+
+void MainWindow::RunCommand(std::string_view command) {
+  try {
+    if (!commands_.Run(command)) parts_.log.Write("Unbekannter Befehl: " + std::string(command));
+  } catch (const RuntimeError& error) {
+    parts_.messageBoxes.Show(std::string(error.what()) + " (" + std::to_string(error.Number()) + ")",
+                             "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
+  } catch (const std::exception& error) {
+    parts_.log.Write(std::string(command) + ": " + error.what());
+    parts_.messageBoxes.Show(error.what(), "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
+  }
+}
+
+void MainWindow::ToolbarClicked(std::string_view key) {
+  const auto buttons = ToolbarButtons();
+  const auto found =
+      std::find_if(buttons.begin(), buttons.end(), [&](const auto& b) { return b.key == key; });
+  if (found != buttons.end() && !key.empty()) RunCommand(found->command);
+}
+
+void MainWindow::TaskItemClicked(std::int32_t number) {
+  const auto tasks = SpeechTasks();
+  const auto found =
+      std::find_if(tasks.begin(), tasks.end(), [&](const auto& t) { return t.number == number; });
+  if (found != tasks.end()) RunCommand(found->command);
+}
+
+bool MainWindow::KeyPressed(int code) {
+  if (code == kEscapeKey) {
+    scriptRunning_ = false;
+    RunCommand("Stop");
+    return true;
+  }
+  if (code == kF4Key) {
+    if (!parts_.shell.OpenFolder(parts_.programFolder)) parts_.log.Write("Kein Dateimanager für F4");
+    return true;
+  }
+  return false;
+}
+
+void MainWindow::EditorChanged(std::size_t characters) {
+  parts_.statusBar.SetFirstPanel(std::to_string(characters) + " Zeichen.");
+}
+
+void MainWindow::CloseRequested() {
+  if (closing_) return;
+  closing_ = true;
+  scriptRunning_ = false;
+  RunSteps("Schließen", {{"extensions", [&] { parts_.extensions.Close(); }},
+                         {"LastDoc", [&] { parts_.settings.Save(setting::LastDoc, document_.path); }},
+                         {"hide", [&] { parts_.view.HideWindow(); }}});
+  parts_.view.EndProgram();
+}
+
+void MainWindow::Unloaded() {
+  scriptRunning_ = false;
+  if (std::exchange(closing_, true)) return;
+  parts_.view.EndProgram();
+}
+
+}  // namespace lorelin

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/Document.h"
+#include "app/StartupState.h"
+#include "app/commands.h"
+#include "extensions/modAddin.h"
+#include "platform/BrowserPane.h"
+#include "platform/Clipboard.h"
+#include "platform/DocumentEditor.h"
+#include "platform/Log.h"
+#include "platform/MainView.h"
+#include "platform/MessageBoxes.h"
+#include "platform/Shell.h"
+#include "platform/StatusBar.h"
+#include "platform/TaskPane.h"
+#include "settings/SettingsStore.h"
+#include "speech/modSpeak.h"
+
+namespace lorelin {
+
+// What the main window does; how it looks is the form's business (MainView and the other ports).
+// User-interface thread only, re-entrant like everything that can wait for speech.
+class MainWindow {
+ public:
+  // What it works with; it owns none of it.
+  struct Parts {
+    MainView& view;
+    DocumentEditor& editor;
+    BrowserPane& browser;
+    TaskPane& taskPane;
+    StatusBar& statusBar;
+    MessageBoxes& messageBoxes;
+    Clipboard& clipboard;
+    Shell& shell;
+    Log& log;
+    SettingsStore& settings;
+    ModSpeak& speech;
+    ModAddin& extensions;
+    StartupState& startup;
+    std::string programFolder;
+  };
+
+  explicit MainWindow(Parts parts);
+  ~MainWindow();
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
+
+  // The load sequence; only the first call does anything. A failing step is logged and skipped.
+  void Load();
+
+  void InteractiveMode();
+  void Textmode();
+  // Adds the user's task scripts to the task pane.
+  void AddUserdefinedScripts();
+  // Creates the folders for scripts and temporary files in the program folder.
+  void CreateScriptDir();
+  void ExitLo();
+
+  // Events of the form. Run-time errors of a command end in a message box.
+  void RunCommand(std::string_view command);
+  void ToolbarClicked(std::string_view key);
+  void TaskItemClicked(std::int32_t number);
+  // Sees every key before the controls do; the code is the system's virtual key code. True when the key is
+  // used up.
+  bool KeyPressed(int code);
+  void EditorChanged(std::size_t characters);
+  // The window is asked to close, by the user or the system.
+  void CloseRequested();
+  // The window goes away by other means.
+  void Unloaded();
+
+  [[nodiscard]] const CommandTable& Commands() const { return commands_; }
+  [[nodiscard]] bool ScriptRunning() const { return scriptRunning_; }
+  [[nodiscard]] const std::string& HomePage() const { return homePage_; }
+
+ private:
+  struct Step {
+    std::string_view name;
+    std::function<void()> run;
+  };
+
+  void FillCommands();
+  void Guarded(std::string_view what, const std::function<void()>& action);
+  void RunSteps(std::string_view sequence, const std::vector<Step>& steps);
+  void StartTimer(WatchTimer timer, const SettingKey& key);
+  void ChooseInitialMode();
+  void FillTaskPane();
+  void OpenLastDocument();
+  void OpenStartupDocument();
+  void SpeakStartupDocument();
+  void RefuseParameterScript();
+  void ShowEditorPane();
+  void MarkMode(bool interactive);
+  void CopySelection();
+  void CutSelection();
+
+  Parts parts_;
+  CommandTable commands_;
+  Document document_;
+  bool loaded_ = false;
+  bool closing_ = false;
+  bool scriptRunning_ = false;
+  std::string homePage_;
+};
+
+}  // namespace lorelin

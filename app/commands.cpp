@@ -1,0 +1,115 @@
+#include "app/commands.h"
+
+#include <array>
+
+namespace lorelin {
+namespace {
+
+constexpr MenuEntry kSeparator{"", "-", "", ""};
+
+constexpr std::array kFileMenu{
+    MenuEntry{"mnuNeu", "Neu", "NewDoc", "Ctrl+N"},
+    MenuEntry{"mnuOpen", "&Öffnen", "OpenDoc", "Ctrl+O"},
+    MenuEntry{"mnuSave", "&Speichern", "SaveDoc", "Ctrl+S"},
+    MenuEntry{"mnuSaveAs", "&Speichern unter", "SaveAs", "Ctrl+Shift+S"},
+    MenuEntry{"mnuSplit", "-", "", ""},
+    MenuEntry{"mnuExport", "Exportieren", "ExportDoc", "Ctrl+E"},
+    MenuEntry{"mnuStrich", "-", "", ""},
+    MenuEntry{"mnuExit", "&Beenden", "ExitLo", "Ctrl+Q"},
+};
+
+// Cut, copy and paste keep the shortcuts that the focused control has for them.
+constexpr std::array kEditMenu{
+    MenuEntry{"mnuCut", "&Ausschneiden", "Cut", ""},
+    MenuEntry{"mnuCopy", "&Kopieren", "Copy", ""},
+    MenuEntry{"mnuInsert", "&Einfügen", "Insert", ""},
+    MenuEntry{"mnuDelete", "&Löschen", "Delete", ""},
+};
+
+constexpr std::array kActionMenu{
+    MenuEntry{"mnuSpeak", "&Sprechen", "Speak", "F5"},
+    MenuEntry{"mnuStop", "Sto&p", "Stop", "F8"},
+    MenuEntry{"mnuPause", "P&ause", "Pause", "F6"},
+    kSeparator,
+    MenuEntry{"mnuReadFromCur", "Text ab Cursorposition lesen", "ReadFromCursor", "F7"},
+};
+
+constexpr std::array kViewMenu{
+    MenuEntry{"mnuTextmode", "Textmodus", "Textmode", "Ctrl+1"},
+    MenuEntry{"mnuInternet", "Interaktivmodus", "InteractiveMode", "Ctrl+2"},
+};
+
+constexpr std::array kExtrasMenu{
+    MenuEntry{"mnuSettings", "Einstellungen", "Settings", ""},
+    MenuEntry{"mnuXMGR", "Erweiterungen verwalten", "ManageExtensions", ""},
+};
+
+constexpr std::array kHelpMenu{
+    MenuEntry{"mnuShowHelp", "Hilfe", "ShowHelp", "F1"},
+    MenuEntry{"mnuGetMoreVoices", "Weitere Stimmen herunterladen", "GetMoreVoices", ""},
+    MenuEntry{"mnuReportError", "Fehler b&erichten", "ReportError", ""},
+    MenuEntry{"mnuNone", "-", "", ""},
+    MenuEntry{"mnuMoreInfo", "Weitere Informationen", "MoreInfo", ""},
+    MenuEntry{"mnuSearchForUpdates", "Aktualisierungen suchen", "SearchForUpdates", ""},
+    MenuEntry{"mnuAbout", "&Über Lorelin", "About", ""},
+};
+
+constexpr std::array kMainMenus{
+    Menu{"mnuDatei", "Datei", kFileMenu},     Menu{"mnuBearbeiten", "Bearbeiten", kEditMenu},
+    Menu{"mnuAktion", "Aktion", kActionMenu}, Menu{"mnuView", "Ansicht", kViewMenu},
+    Menu{"mnuXTras", "Extras", kExtrasMenu},  Menu{"mnuHelp", "?", kHelpMenu},
+};
+
+constexpr ToolbarButton kGap{"", "", "", ""};
+
+// The export button is the tenth, the gaps counted.
+constexpr std::array kToolbarButtons{
+    ToolbarButton{"Neu", "Neues Dokument anlegen", "new", "NewDoc"},
+    kGap,
+    ToolbarButton{"Öffnen", "Dokument öffnen", "open", "OpenDoc"},
+    ToolbarButton{"Speichern", "Dokument speichern", "save", "SaveDoc"},
+    kGap,
+    ToolbarButton{"Sprechen", "Text vorlesen", "speak", "SpeakDocument"},
+    ToolbarButton{"Pause", "Sprachausgabe anhalten oder fortsetzen", "pause", "Pause"},
+    ToolbarButton{"Stop", "Sprachausgabe beenden", "stop", "Stop"},
+    kGap,
+    ToolbarButton{"Exportieren", "Text als *.wav Datei abspeichern", "export", "ExportDoc"},
+};
+
+constexpr std::array kSpeechTasks{
+    TaskPaneEntry{101, "Text vorlesen", "Speak"},
+    TaskPaneEntry{202, "Text abspeichern", "SaveDoc"},
+    TaskPaneEntry{404, "Stimme wählen", "ChooseVoice"},
+    TaskPaneEntry{303, "Lautstärke ändern", "ChangeVolume"},
+    TaskPaneEntry{505, "Geschwindigkeit ändern", "ChangeSpeed"},
+    TaskPaneEntry{606, "Helligkeit ändern", "ChangePitch"},
+};
+
+}  // namespace
+
+std::span<const Menu> MainMenus() {
+  return kMainMenus;
+}
+std::span<const ToolbarButton> ToolbarButtons() {
+  return kToolbarButtons;
+}
+std::span<const TaskPaneEntry> SpeechTasks() {
+  return kSpeechTasks;
+}
+
+void CommandTable::Add(std::string_view name, Effect effect) {
+  effects_.insert_or_assign(std::string(name), std::move(effect));
+}
+
+bool CommandTable::Has(std::string_view name) const {
+  return effects_.find(name) != effects_.end();
+}
+
+bool CommandTable::Run(std::string_view name) const {
+  const auto found = effects_.find(name);
+  if (found == effects_.end()) return false;
+  found->second();
+  return true;
+}
+
+}  // namespace lorelin

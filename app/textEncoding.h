@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace lorelin {
+
+// The text of a file's bytes in UTF-8: taken as UTF-8 when it begins with a byte-order mark (which is
+// dropped) or is valid UTF-8 throughout, else as Windows-1252 (the five unassigned bytes become the C1
+// controls of the same number). After a byte-order mark, bytes that are no UTF-8 become U+FFFD. Line ends
+// stay as they are.
+[[nodiscard]] std::string DecodeText(std::string_view bytes);
+
+// Well-formed by RFC 3629: no overlong forms, surrogates or numbers beyond U+10FFFF.
+[[nodiscard]] bool IsValidUtf8(std::string_view text);
+
+// Number of bytes of the well-formed character at the front of `text`; 0 when there is none.
+[[nodiscard]] std::size_t Utf8Length(std::string_view text);
+
+// Line ends CR LF and CR as LF.
+[[nodiscard]] std::string WithPlainLineEnds(std::string_view text);
+
+// The text from the character with this index (from 0) on; "" behind the end.
+[[nodiscard]] std::string_view FromCharacter(std::string_view text, std::size_t index);
+
+[[nodiscard]] std::size_t CharacterCount(std::string_view text);
+
+}  // namespace lorelin

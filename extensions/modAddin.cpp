@@ -1,0 +1,121 @@
+#include "extensions/modAddin.h"
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+
+namespace lorelin {
+namespace {
+
+constexpr std::string_view kRoot = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions";
+
+char LowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsActiveFilter(std::string_view active) {
+  active.remove_prefix(std::min(active.find_first_not_of(' '), active.size()));
+  std::string lower(active);
+  std::transform(lower.begin(), lower.end(), lower.begin(), LowerAscii);
+  return lower.starts_with("true");
+}
+
+}  // namespace
+
+ModAddin::ModAddin(Registry& registry, Automation& automation, Log& log)
+    : registry_(registry), automation_(automation), log_(log) {}
+
+void ModAddin::Walk(const std::function<bool(const Registration&)>& visit) {
+  const auto names = registry_.SubkeyNames(RegistryHive::CurrentUser, kRoot);
+  if (!names) return;
+  for (const std::string& name : *names) {
+    const std::string key = std::string(kRoot) + "\\" + name;
+    if (!visit({.active = ReadString(key, "Active"), .key = key})) return;
+  }
+}
+
+std::string ModAddin::ReadString(const std::string& key, std::string_view name) {
+  const auto value = registry_.ReadValue(RegistryHive::CurrentUser, key, name);
+  return value && value->type == RegistryType::String ? value->data : std::string();
+}
+
+std::unique_ptr<AutomationObject> ModAddin::Create(const Registration& registration) {
+  return automation_.CreateObject(ReadString(registration.key, "ObjectName"));
+}
+
+void ModAddin::LogFailure(std::string_view hook, const Registration& registration, std::string_view what) {
+  log_.Write("Erweiterung " + registration.key + ", " + std::string(hook) + ": " + std::string(what));
+}
+
+void ModAddin::CallActive(std::string_view method, std::optional<std::string_view> argument) {
+  std::unique_ptr<AutomationObject> object;  // the one reference of this hook
+  Walk([&](const Registration& registration) {
+    if (registration.active != "true") return true;
+    try {
+      object = Create(registration);
+      object->Invoke(method, argument);
+      return true;
+    } catch (const std::exception& error) {
+      LogFailure(method, registration, error.what());
+      return false;
+    }
+  });
+}
+
+void ModAddin::Startup() {
+  CallActive("Startup", std::nullopt);
+}
+void ModAddin::Close() {
+  CallActive("Close", std::nullopt);
+}
+void ModAddin::NewFile() {
+  CallActive("NewFile", std::nullopt);
+}
+void ModAddin::OpenFile(const std::string& path) {
+  CallActive("Startup", path);
+}
+void ModAddin::SaveFile(const std::string& path) {
+  CallActive("SaveFile", path);
+}
+void ModAddin::TaskScript(const std::string& scriptFile) {
+  CallActive("TaskScript", scriptFile);
+}
+
+// An object that cannot be created leaves the reference of the registration before it in place, and that one
+// is called again.
+void ModAddin::Export(const std::string& path) {
+  std::unique_ptr<AutomationObject> object;
+  Walk([&](const Registration& registration) {
+    if (registration.active.find("true") == std::string::npos) return true;
+    try {
+      object = Create(registration);
+    } catch (const std::exception& error) {
+      LogFailure("Export", registration, error.what());
+    }
+    try {
+      if (object) object->Invoke("Export", path);
+    } catch (const std::exception& error) {
+      LogFailure("Export", registration, error.what());
+    }
+    return true;
+  });
+}
+
+std::string ModAddin::FilterText(const std::string& text) {
+  std::string filtered = text;
+  std::unique_ptr<AutomationObject> object;
+  Walk([&](const Registration& registration) {
+    if (!IsActiveFilter(registration.active)) return true;
+    try {
+      object = Create(registration);
+      filtered = object->Invoke("FilterText", filtered);
+      return true;
+    } catch (const std::exception& error) {
+      LogFailure("FilterText", registration, error.what());
+      return false;
+    }
+  });
+  return filtered;
+}
+
+}  // namespace lorelin

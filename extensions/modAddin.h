@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/Automation.h"
+#include "platform/Log.h"
+#include "platform/Registry.h"
+
+namespace lorelin {
+
+// The extension host: calls the registered extensions at fixed points of the program's work. Registrations
+// are the subkeys of HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Lorelin\Extensions with the
+// string values `Active` and `ObjectName`. Objects are created anew for every hook and live no longer than
+// it. No hook throws or shows anything; failures go to the log. User-interface thread.
+class ModAddin {
+ public:
+  // Owns none of them; they must outlive the host.
+  ModAddin(Registry& registry, Automation& automation, Log& log);
+
+  void Startup();
+  void Close();
+  void NewFile();
+  // Calls the extensions' `Startup` with the path: they tell it from start-up by the argument.
+  void OpenFile(const std::string& path);
+  void SaveFile(const std::string& path);
+  void Export(const std::string& path);
+  void TaskScript(const std::string& scriptFile);
+  // The text after every active filter, each given the result of the one before; on a failure the text so
+  // far.
+  [[nodiscard]] std::string FilterText(const std::string& text);
+
+ private:
+  struct Registration {
+    std::string active;
+    std::string key;
+  };
+
+  // Calls `visit` for every registration until it returns false.
+  void Walk(const std::function<bool(const Registration&)>& visit);
+  [[nodiscard]] std::string ReadString(const std::string& key, std::string_view name);
+  [[nodiscard]] std::unique_ptr<AutomationObject> Create(const Registration& registration);
+  // The common hook: exactly "true" is active, the first failure ends it.
+  void CallActive(std::string_view method, std::optional<std::string_view> argument);
+  void LogFailure(std::string_view hook, const Registration& registration, std::string_view what);
+
+  Registry& registry_;
+  Automation& automation_;
+  Log& log_;
+};
+
+}  // namespace lorelin

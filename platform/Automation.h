@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lorelin {
+
+// An object of another program, called by method name. Destroying it releases it.
+class AutomationObject {
+ public:
+  virtual ~AutomationObject() = default;
+  // Invokes the method, with one text by reference when `argument` is given. Returns the result as text (""
+  // when the method has none). Throws RuntimeError: 438 when the object has no such method, 440 when the call
+  // failed or was not answered in 10 s.
+  virtual std::string Invoke(std::string_view method, std::optional<std::string_view> argument) = 0;
+};
+
+// Port: creates objects from their programmatic identifier. User-interface thread only.
+class Automation {
+ public:
+  virtual ~Automation() = default;
+  // Throws RuntimeError 429 when the identifier names no class that can be created.
+  [[nodiscard]] virtual std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) = 0;
+};
+
+}  // namespace lorelin

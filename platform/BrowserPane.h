@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace lorelin {
+
+// Port: the pane that shows the program's local pages. User-interface thread only.
+class BrowserPane {
+ public:
+  virtual ~BrowserPane() = default;
+  // From now on nothing is fetched from the network.
+  virtual void SetOffline() = 0;
+  // Shows the page at this file path; loading runs on after the return.
+  virtual void Navigate(const std::string& path) = 0;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace lorelin {
+
+// Port: the editor that holds the document. Texts are UTF-8 with "\n" line ends; positions and lengths count
+// characters (code points) from 0. User-interface thread only.
+class DocumentEditor {
+ public:
+  virtual ~DocumentEditor() = default;
+  [[nodiscard]] virtual std::string Text() = 0;
+  virtual void SetText(std::string_view text) = 0;
+  // Replaces the document by the file's content. Throws RuntimeError (53, 75 ...) and keeps the old document
+  // when the file cannot be read.
+  virtual void LoadFile(const std::string& path) = 0;
+  // Start of the selection, the caret's position when nothing is selected.
+  [[nodiscard]] virtual std::size_t SelectionStart() = 0;
+  [[nodiscard]] virtual std::string SelectedText() = 0;
+  // Puts `text` in the place of the selection, or at the caret when nothing is selected; can be undone.
+  virtual void ReplaceSelection(std::string_view text) = 0;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+namespace lorelin {
+
+enum class WatchTimer { Clipboard, WindowTitle };
+
+// Port: what the main window can be told to show. It decides nothing. User-interface thread only.
+class MainView {
+ public:
+  virtual ~MainView() = default;
+  virtual void ShowEditor(bool visible) = 0;
+  virtual void ShowBrowser(bool visible) = 0;
+  virtual void FocusEditor() = 0;
+  // Check mark of the menu entry with this name ("mnuTextmode").
+  virtual void CheckMenuEntry(std::string_view name, bool checked) = 0;
+  // Enables the toolbar button with this key ("Exportieren").
+  virtual void EnableToolbarButton(std::string_view key, bool enabled) = 0;
+  virtual void StretchToolbar() = 0;
+  virtual void EnableTimer(WatchTimer timer, bool enabled) = 0;
+  virtual void ShowWindow() = 0;
+  virtual void HideWindow() = 0;
+  // Ends the process: windows and engines go, a wait that is still under way is abandoned.
+  virtual void EndProgram() = 0;
+};
+
+}  // namespace lorelin

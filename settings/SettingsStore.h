@@ -1,0 +1,34 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/Registry.h"
+#include "settings/settingsTable.h"
+
+namespace lorelin {
+
+// The user's preferences: string values by section and key, names compared without case, under
+// HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Lorelin. No call fails: a value that is missing or
+// not a string reads as the default, the result of a write is not reported.
+class SettingsStore {
+ public:
+  // Does not own the registry, which must outlive the store.
+  explicit SettingsStore(Registry& registry) : registry_(registry) {}
+
+  [[nodiscard]] std::string GetSetting(std::string_view section, std::string_view key,
+                                       std::string_view defaultText) const;
+  void SaveSetting(std::string_view section, std::string_view key, std::string_view text);
+
+  [[nodiscard]] std::string Get(const SettingKey& key) const;
+  void Save(const SettingKey& key, std::string_view text);
+  // The value reads as `text` for the rest of this run, without being stored, until it is saved.
+  void Override(const SettingKey& key, std::string_view text);
+
+ private:
+  Registry& registry_;
+  std::map<const SettingKey*, std::string> overrides_;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace lorelin {
+
+// The stored form of a setting. It is fixed for each key: other programs read these values too.
+enum class SettingForm { Text, Path, OneZero, TrueFalse, YesFalse, Number };
+
+struct SettingKey {
+  std::string_view section;
+  std::string_view name;
+  SettingForm form;
+  std::string_view defaultText;  // what a missing value reads as
+  std::string_view meaning;
+};
+
+namespace setting {
+
+inline constexpr SettingKey Path{"settings", "path", SettingForm::Path, "",
+                                 "program folder, written at every start"};
+inline constexpr SettingKey Version{"settings", "version", SettingForm::Text, "",
+                                    "program version, written at every start"};
+inline constexpr SettingKey StartUpFile{"settings", "StartUpFile", SettingForm::Path, "",
+                                        "file to open at start"};
+inline constexpr SettingKey ShowWB{"settings", "ShowWB", SettingForm::OneZero, "1",
+                                   "start in interactive mode"};
+inline constexpr SettingKey ShowLastDoc{"Settings", "ShowLastDoc", SettingForm::OneZero, "0",
+                                        "open the last document at start"};
+inline constexpr SettingKey LastDoc{"settings", "LastDoc", SettingForm::Path, "",
+                                    "document that was open when the program was last closed"};
+// The load sequence reads the same value under the other spelling of the section.
+inline constexpr SettingKey LastDocAtStart{"Settings", "LastDoc", SettingForm::Path, "", LastDoc.meaning};
+inline constexpr SettingKey ReadTitleOnAppChange{"settings", "ReadTitleOnAppChange", SettingForm::OneZero,
+                                                 "0", "speak the title of a newly activated program"};
+inline constexpr SettingKey ReadClipboardOnChange{"settings", "ReadClipboardOnChange", SettingForm::OneZero,
+                                                  "0", "speak the whole clipboard when it changes"};
+inline constexpr SettingKey Prefix{"settings", "prefix", SettingForm::Text, "", "spoken before every text"};
+inline constexpr SettingKey Suffix{"settings", "suffix", SettingForm::Text, "", "spoken after every text"};
+inline constexpr SettingKey VTSAllow{"Settings", "VTSAllow", SettingForm::OneZero, "1",
+                                     "task scripts may run"};
+inline constexpr SettingKey VTSAllowRead{"Settings", "VTSAllowRead", SettingForm::OneZero, "1",
+                                         "scripts may open, show, run and delete local files"};
+inline constexpr SettingKey VTSAllowDownload{"Settings", "VTSAllowDownload", SettingForm::OneZero, "1",
+                                             "scripts may download files"};
+inline constexpr SettingKey ShowVTS{"Settings", "ShowVTS", SettingForm::OneZero, "0",
+                                    "keep the extension in script captions"};
+inline constexpr SettingKey ShowPauseMsg{"Settings", "ShowPauseMsg", SettingForm::YesFalse, "yes",
+                                         "the pause hint is still to be shown"};
+inline constexpr SettingKey Survey{"Settings", "Survey", SettingForm::TrueFalse, "true", "offer the survey"};
+inline constexpr SettingKey Voice{"Voice", "Voice", SettingForm::Number, "1",
+                                  "position of the voice, from 0"};
+inline constexpr SettingKey Speed{"Voice", "Speed", SettingForm::Number, "25", "speaking rate in per cent"};
+inline constexpr SettingKey Pitch{"Voice", "Pitch", SettingForm::Number, "50", "pitch in per cent"};
+inline constexpr SettingKey Volume{"Voice", "Volume", SettingForm::Number, "100", "volume in per cent"};
+// The dialogs propose a faster and brighter voice than the speaker uses until something was saved.
+inline constexpr SettingKey SpeedInDialog{"Voice", "Speed", SettingForm::Number, "60", Speed.meaning};
+inline constexpr SettingKey PitchInDialog{"Voice", "Pitch", SettingForm::Number, "60", Pitch.meaning};
+inline constexpr SettingKey LaunchMailProgram{"Extension Settings", "LaunchMailProgram",
+                                              SettingForm::TrueFalse, "false",
+                                              "open the e-mail program after an export"};
+
+// Every setting, in the order above.
+inline constexpr std::array All{
+    &Path,
+    &Version,
+    &StartUpFile,
+    &ShowWB,
+    &ShowLastDoc,
+    &LastDoc,
+    &LastDocAtStart,
+    &ReadTitleOnAppChange,
+    &Prefix,
+    &Suffix,
+    &ReadClipboardOnChange,
+    &VTSAllow,
+    &VTSAllowRead,
+    &VTSAllowDownload,
+    &ShowVTS,
+    &ShowPauseMsg,
+    &Survey,
+    &Voice,
+    &Speed,
+    &Pitch,
+    &Volume,
+    &SpeedInDialog,
+    &PitchInDialog,
+    &LaunchMailProgram,
+};
+
+}  // namespace setting
+
+// A "1"/"0" switch is on only when its text is "1" exactly; a "true"/"false" one only when it is "true"
+// exactly.
+[[nodiscard]] constexpr bool IsOn(const SettingKey& key, std::string_view text) {
+  return text == (key.form == SettingForm::TrueFalse ? "true" : "1");
+}
+
+}  // namespace lorelin

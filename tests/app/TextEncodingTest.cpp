@@ -1,0 +1,68 @@
+#include "app/textEncoding.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace lorelin {
+namespace {
+
+TEST(DecodeText, TakesValidUtf8AsItIs) {
+  EXPECT_EQ(DecodeText("Grüße – 10 € ♥"), "Grüße – 10 € ♥");
+}
+
+TEST(DecodeText, DropsTheByteOrderMark) {
+  EXPECT_EQ(DecodeText("\xEF\xBB\xBFHallo"), "Hallo");
+}
+
+TEST(DecodeText, TakesEverythingElseAsWindows1252) {
+  EXPECT_EQ(DecodeText("Gr\xFC\xDF"
+                       "e \x96 10 \x80 \x84so\x93"),
+            "Grüße – 10 € „so“");
+}
+
+TEST(DecodeText, KeepsEveryByteOfWindows1252) {
+  std::string bytes;
+  for (int byte = 1; byte < 256; ++byte) bytes.push_back(static_cast<char>(byte));
+  EXPECT_EQ(CharacterCount(DecodeText(bytes)), 255U);
+}
+
+TEST(DecodeText, ReplacesBadBytesBehindAByteOrderMark) {
+  EXPECT_EQ(DecodeText("\xEF\xBB\xBFä\xFFz"), "ä\xEF\xBF\xBDz");
+}
+
+TEST(IsValidUtf8, RefusesOverlongFormsSurrogatesAndNumbersTooLarge) {
+  EXPECT_FALSE(IsValidUtf8("\xC0\x80"));
+  EXPECT_FALSE(IsValidUtf8("\xE0\x80\x80"));
+  EXPECT_FALSE(IsValidUtf8("\xED\xA0\x80"));
+  EXPECT_FALSE(IsValidUtf8("\xF4\x90\x80\x80"));
+  EXPECT_FALSE(IsValidUtf8("\xF5\x80\x80\x80"));
+}
+
+TEST(IsValidUtf8, RefusesATruncatedCharacter) {
+  EXPECT_FALSE(IsValidUtf8("abc\xC3"));
+  EXPECT_FALSE(IsValidUtf8("\xF0\x9F\x8E"));
+}
+
+TEST(IsValidUtf8, AcceptsTheBoundsOfEveryLength) {
+  EXPECT_TRUE(IsValidUtf8("\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"));
+}
+
+TEST(WithPlainLineEnds, TurnsEveryKindIntoLineFeeds) {
+  EXPECT_EQ(WithPlainLineEnds("a\r\nb\rc\nd\r"), "a\nb\nc\nd\n");
+}
+
+TEST(FromCharacter, CountsCharactersNotBytes) {
+  EXPECT_EQ(FromCharacter("äöü🎉x", 0), "äöü🎉x");
+  EXPECT_EQ(FromCharacter("äöü🎉x", 2), "ü🎉x");
+  EXPECT_EQ(FromCharacter("äöü🎉x", 4), "x");
+  EXPECT_EQ(FromCharacter("äöü🎉x", 5), "");
+  EXPECT_EQ(FromCharacter("äöü🎉x", 99), "");
+}
+
+TEST(CharacterCount, CountsACharacterBeyondTheBasicPlaneOnce) {
+  EXPECT_EQ(CharacterCount("ä🎉b"), 3U);
+}
+
+}  // namespace
+}  // namespace lorelin
