@@ -1,22 +1,11 @@
 #include "app/modFileReg.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "app/paths.h"
+#include "app/text.h"
 
 namespace lorelin {
-namespace {
-
-std::string LowerAscii(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return lower;
-}
-
-}  // namespace
-
 ModFileReg::ModFileReg(Registry& registry, MessageBoxes& messageBoxes, std::string programFolder,
                        std::string programFile)
     : registry_(registry),

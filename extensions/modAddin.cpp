@@ -1,23 +1,17 @@
 #include "extensions/modAddin.h"
 
-#include <algorithm>
 #include <exception>
 #include <memory>
+
+#include "app/text.h"
 
 namespace lorelin {
 namespace {
 
 constexpr std::string_view kRoot = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions";
 
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool IsActiveFilter(std::string_view active) {
-  active.remove_prefix(std::min(active.find_first_not_of(' '), active.size()));
-  std::string lower(active);
-  std::transform(lower.begin(), lower.end(), lower.begin(), LowerAscii);
-  return lower.starts_with("true");
+  return LowerAscii(WithoutBlanks(active)).starts_with("true");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "app/RuntimeError.h"
 #include "app/paths.h"
+#include "app/text.h"
 #include "app/textEncoding.h"
 #include "settings/conversion.h"
 
@@ -23,20 +24,6 @@ std::int32_t Checked(std::int64_t number) {
     throw RuntimeError(ErrorNumber::Overflow);
   }
   return static_cast<std::int32_t>(number);
-}
-
-bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(' ') == std::string_view::npos;
-}
-
-void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-  std::string replaced;
-  std::size_t done = 0;
-  for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, done)) {
-    replaced.append(text, done, at - done).append(to);
-    done = at + from.size();
-  }
-  if (done > 0) text = replaced.append(text, done);
 }
 
 }  // namespace
@@ -81,7 +68,7 @@ void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, 
     SetWaveFile(waveFile);
   }
   if (filter) text = parts_.extensions.FilterText(text);
-  if (IsBlank(text)) text = parts_.document.Text();
+  if (WithoutBlanks(text).empty()) text = parts_.document.Text();
   text = Decorate(text);
   ResetBoth();
   parts_.pump.RunPendingEvents();
@@ -217,7 +204,10 @@ void ModSpeak::ReadFromCursor() {
 }
 
 void ModSpeak::SetWaveFile(const std::string& path) {
-  if (path.empty()) tempWavNumber_ = RandomBetween(1, 31000);
+  if (path.empty()) {
+    RemoveFile(TempWavPath());
+    tempWavNumber_ = RandomBetween(1, 31000);
+  }
   parts_.voice2.SetWaveFile(path.empty() ? TempWavPath() : path);
 }
 
@@ -228,10 +218,14 @@ std::string ModSpeak::TempWavPath() const {
 void ModSpeak::ClearTempFolder() {
   for (const std::string& name :
        parts_.fileSearch.FilesMatching(JoinPath(parts_.programFolder, {"temp", "*.*"}))) {
-    std::error_code error;
-    std::filesystem::remove(NativePath(JoinPath(parts_.programFolder, {"temp", name})), error);
-    if (error) parts_.log.Write("temp/" + name + " bleibt: " + error.message());
+    RemoveFile(JoinPath(parts_.programFolder, {"temp", name}));
   }
+}
+
+void ModSpeak::RemoveFile(const std::string& path) {
+  std::error_code error;
+  std::filesystem::remove(NativePath(path), error);
+  if (error) parts_.log.Write(path + " bleibt: " + error.message());
 }
 
 std::int32_t ModSpeak::RandomBetween(std::int32_t low, std::int32_t high) {

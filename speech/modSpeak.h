@@ -68,7 +68,8 @@ class ModSpeak {
   void SpeakToolbar();
   void ReadFromCursor();
 
-  // Where the second instance renders to; "" chooses a new temporary file.
+  // Where the second instance renders to; "" chooses a new temporary file and removes the one before it,
+  // which nothing can reach any more (an hour of speech takes 160 MB).
   void SetWaveFile(const std::string& path);
   [[nodiscard]] std::string TempWavPath() const;
   // Deletes the files in the temporary folder: files only, links as links, folders stay. Never fails.
@@ -82,6 +83,7 @@ class ModSpeak {
 
  private:
   [[nodiscard]] std::string Decorate(const std::string& text) const;
+  void RemoveFile(const std::string& path);
   void ResetBoth();
   void ApplyVoice();
   void ApplyParameters();

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace lorelin {
+
+// Every occurrence of `from` in `text` as `to`, from left to right; an empty `from` changes nothing.
+void ReplaceAll(std::string& text, std::string_view from, std::string_view to);
+
+// The text without the blanks (U+0020 only) at both ends.
+[[nodiscard]] std::string_view WithoutBlanks(std::string_view text);
+
+// A to Z in lower case, everything else as it is.
+[[nodiscard]] std::string LowerAscii(std::string_view text);
+
+}  // namespace lorelin
