@@ -1,0 +1,74 @@
+#pragma once
+
+#include <SDL2/SDL.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <span>
+#include <vector>
+
+namespace lorelin::engine {
+
+// The sound device through SDL2: a queue that the device's own thread empties. Where there is no device that
+// works, the samples pass in real time without a sound. Write, Drain and CloseIdle belong to one thread, the
+// rest to any.
+class AudioOutput {
+ public:
+  using Notice = std::function<void()>;
+
+  // `silent` is called once, when the first text has to pass without a device.
+  AudioOutput(int sampleRate, Notice silent);
+  ~AudioOutput();
+  AudioOutput(const AudioOutput&) = delete;
+  AudioOutput& operator=(const AudioOutput&) = delete;
+
+  // Loads the audio driver, so that opening the device is quick later.
+  void WarmUp();
+  // Opens the device if need be and queues the samples; waits while the queue is full. False after Discard.
+  bool Write(std::span<const std::int16_t> samples);
+  // Waits until the last sample was played. False after Discard.
+  bool Drain();
+  // Closes the device when nothing was played for a while. Returns when to ask again, zero when it is closed.
+  std::chrono::milliseconds CloseIdle();
+
+  // Holds the sound: silence follows within one device buffer, the queue stays as it is.
+  void SetPaused(bool paused);
+  // Empties the queue and fails what waits, until Restart.
+  void Discard();
+  void Restart();
+
+ private:
+  using Guard = std::unique_lock<std::mutex>;
+
+  void Open(Guard& guard);
+  void Close(Guard& guard);
+  void UseSilentDriver(Guard& guard);
+  bool OpenDevice();
+  bool WaitFor(Guard& guard, const std::function<bool()>& ready);
+  // While something waits: a device that takes nothing for long is given up, one that is paused for long is
+  // closed.
+  void TendDevice(Guard& guard);
+  void Take(std::int16_t* samples, std::size_t count);
+  static void Callback(void* self, Uint8* bytes, int size);
+
+  const int sampleRate_;
+  Notice silent_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::vector<std::int16_t> ring_;
+  std::size_t first_ = 0;
+  std::size_t count_ = 0;
+  int silentBuffers_ = 0;  // device buffers filled since the queue ran empty
+  bool paused_ = false;
+  bool discarded_ = false;
+  bool driverLoaded_ = false;
+  bool silentDriver_ = false;
+  std::chrono::steady_clock::time_point lastTaken_{};
+  std::chrono::steady_clock::time_point lastSound_{};
+  SDL_AudioDeviceID device_ = 0;
+};
+
+}  // namespace lorelin::engine

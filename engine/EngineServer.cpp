@@ -1,0 +1,233 @@
+#include "engine/EngineServer.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <memory>
+#include <utility>
+
+#include "engine/WaveFileWriter.h"
+#include "engine/speakableText.h"
+
+namespace lorelin::engine {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr std::int64_t kStuckMilliseconds = 10000;
+constexpr milliseconds kLastWords{2000};
+constexpr int kStuckExitCode = 70;
+constexpr std::string_view kLibraryFailed = "Die Sprachausgabe konnte den Text nicht verarbeiten.";
+
+std::int64_t NowMilliseconds() {
+  return std::chrono::duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+}  // namespace
+
+class EngineServer::DeviceSink final : public SampleSink {
+ public:
+  explicit DeviceSink(AudioOutput& audio) : audio_(audio) {}
+  bool Write(std::span<const std::int16_t> samples) override { return audio_.Write(samples); }
+  bool Finish() override { return audio_.Drain(); }
+  [[nodiscard]] std::string Problem() const override { return {}; }
+
+ private:
+  AudioOutput& audio_;
+};
+
+EngineServer::EngineServer(int socket, bool warmUpAudio)
+    : socket_(socket), warmUpAudio_(warmUpAudio), audio_(synthesizer_.SampleRate(), [this] {
+        Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(NoticeCode::NoAudioDevice)));
+      }) {}
+
+EngineServer::~EngineServer() {
+  close(socket_);
+}
+
+int EngineServer::Run() {
+  if (!Send(FrameHello(synthesizer_.Describe()))) return 0;
+  worker_ = std::thread([this] { Work(); });
+  FrameReader reader;
+  std::array<char, 65536> bytes{};
+  bool open = true;
+  while (open) {
+    pollfd ready{.fd = socket_, .events = POLLIN, .revents = 0};
+    // The program asks regularly while a text is under way, so that a stuck library is noticed here.
+    const int found = poll(&ready, 1, -1);
+    if (found < 0 && errno != EINTR) break;
+    EndIfStuck();
+    if (found <= 0) continue;
+    const ssize_t size = read(socket_, bytes.data(), bytes.size());
+    if (size < 0 && errno == EINTR) continue;
+    if (size <= 0) break;
+    reader.Feed({bytes.data(), static_cast<std::size_t>(size)});
+    while (const auto message = reader.Next()) open = open && Handle(*message);
+    open = open && !reader.Broken();
+  }
+  End();
+  return 0;
+}
+
+void EngineServer::End() {
+  {
+    const std::lock_guard guard(mutex_);
+    closing_ = true;
+  }
+  Discard();
+  std::unique_lock guard(mutex_);
+  if (!changed_.wait_for(guard, kLastWords, [this] { return workEnded_; })) _exit(kStuckExitCode);
+  guard.unlock();
+  worker_.join();
+}
+
+// A library that never comes back cannot be stopped from inside; the program starts a new engine.
+void EngineServer::EndIfStuck() const {
+  const std::int64_t since = inLibrarySince_.load();
+  if (since != 0 && NowMilliseconds() - since > kStuckMilliseconds) _exit(kStuckExitCode);
+}
+
+bool EngineServer::Handle(const Message& message) {
+  switch (message.kind) {
+    case Kind::Speak: {
+      auto utterance = ReadSpeak(message.fields);
+      if (utterance) StartSpeaking(std::move(*utterance));
+      return utterance.has_value();
+    }
+    case Kind::Pause:
+      SetPaused(true);
+      return true;
+    case Kind::Resume:
+      SetPaused(false);
+      return true;
+    case Kind::Reset:
+      Discard();
+      return true;
+    case Kind::Ping: {
+      const auto number = ReadNumber(message.fields);
+      return number && Send(FrameNumber(Kind::Pong, *number));
+    }
+    default:
+      return false;
+  }
+}
+
+void EngineServer::StartSpeaking(Utterance utterance) {
+  Discard();
+  const std::lock_guard guard(mutex_);
+  waiting_ = std::move(utterance);
+  changed_.notify_all();
+}
+
+void EngineServer::Discard() {
+  const std::lock_guard guard(mutex_);
+  waiting_.reset();
+  paused_ = false;
+  discarded_ = true;
+  audio_.Discard();
+  changed_.notify_all();
+}
+
+void EngineServer::SetPaused(bool paused) {
+  const std::lock_guard guard(mutex_);
+  // A pause belongs to a text; without one there is nothing to hold.
+  paused_ = paused && (speaking_ || waiting_);
+  audio_.SetPaused(paused_);
+  changed_.notify_all();
+}
+
+bool EngineServer::Send(const std::string& frame) {
+  const std::lock_guard guard(sending_);
+  std::string_view rest = frame;
+  while (!rest.empty()) {
+    const ssize_t size = send(socket_, rest.data(), rest.size(), MSG_NOSIGNAL);
+    if (size < 0 && errno == EINTR) continue;
+    if (size <= 0) return false;
+    rest.remove_prefix(static_cast<std::size_t>(size));
+  }
+  return true;
+}
+
+std::optional<Utterance> EngineServer::NextUtterance() {
+  std::unique_lock guard(mutex_);
+  speaking_ = false;
+  while (!closing_ && !waiting_) {
+    guard.unlock();
+    const milliseconds again = audio_.CloseIdle();
+    guard.lock();
+    if (closing_ || waiting_) break;
+    if (again == milliseconds::zero()) {
+      changed_.wait(guard);
+    } else {
+      changed_.wait_for(guard, again);
+    }
+  }
+  if (closing_) return std::nullopt;
+  speaking_ = true;
+  discarded_ = false;
+  audio_.Restart();
+  audio_.SetPaused(paused_);
+  return std::exchange(waiting_, std::nullopt);
+}
+
+void EngineServer::Work() {
+  if (warmUpAudio_) audio_.WarmUp();
+  while (const auto utterance = NextUtterance()) Perform(*utterance);
+  const std::lock_guard guard(mutex_);
+  workEnded_ = true;
+  changed_.notify_all();
+}
+
+void EngineServer::Perform(const Utterance& utterance) {
+  std::unique_ptr<SampleSink> sink;
+  if (utterance.waveFile.empty()) {
+    sink = std::make_unique<DeviceSink>(audio_);
+  } else {
+    sink = std::make_unique<WaveFileWriter>(utterance.waveFile,
+                                            static_cast<std::uint32_t>(synthesizer_.SampleRate()));
+  }
+  const std::string reason = Render(utterance, *sink);
+  sink.reset();  // an unfinished file is gone before the end is told
+  const std::lock_guard guard(mutex_);
+  if (discarded_) return;
+  speaking_ = false;
+  paused_ = false;
+  Send(FrameEnded({utterance.id, reason}));
+}
+
+std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink) {
+  if (!sink.Problem().empty()) return sink.Problem();
+  bool started = false;
+  inLibrarySince_ = NowMilliseconds();
+  synthesizer_.Apply(utterance);
+  const bool spoken =
+      synthesizer_.Speak(SpeakableText(utterance.text), [&](std::span<const std::int16_t> samples) {
+        const bool taken = Pass(sink, samples, started ? 0 : utterance.id);
+        started = true;
+        return taken;
+      });
+  inLibrarySince_ = 0;
+  if (!sink.Problem().empty()) return sink.Problem();
+  if (!spoken) return std::string(kLibraryFailed);
+  return sink.Finish() ? std::string() : sink.Problem();
+}
+
+bool EngineServer::Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id) {
+  inLibrarySince_ = 0;  // waiting for the device or for the user is no standstill
+  {
+    std::unique_lock guard(mutex_);
+    changed_.wait(guard, [this] { return !paused_ || discarded_; });
+    if (discarded_) return false;
+  }
+  const bool taken = sink.Write(samples);
+  if (id != 0) Send(FrameNumber(Kind::Started, id));
+  inLibrarySince_ = NowMilliseconds();
+  return taken;
+}
+
+}  // namespace lorelin::engine

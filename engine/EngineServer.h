@@ -1,0 +1,68 @@
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <thread>
+
+#include "engine/AudioOutput.h"
+#include "engine/SampleSink.h"
+#include "engine/Synthesizer.h"
+#include "engine/protocol.h"
+
+namespace lorelin::engine {
+
+// The engine's process: one thread reads the socket, so that pause and reset act at once; one speaks.
+class EngineServer {
+ public:
+  // Serves the connected stream socket, which it closes at the end.
+  EngineServer(int socket, bool warmUpAudio);
+  ~EngineServer();
+  EngineServer(const EngineServer&) = delete;
+  EngineServer& operator=(const EngineServer&) = delete;
+
+  // Returns the process's exit code when the other end has closed the connection or broken the protocol.
+  int Run();
+
+ private:
+  class DeviceSink;
+
+  void Work();
+  std::optional<Utterance> NextUtterance();
+  void Perform(const Utterance& utterance);
+  std::string Render(const Utterance& utterance, SampleSink& sink);
+  bool Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id);
+  bool Handle(const Message& message);
+  void StartSpeaking(Utterance utterance);
+  void Discard();
+  void SetPaused(bool paused);
+  bool Send(const std::string& frame);
+  void EndIfStuck() const;
+  void End();
+
+  const int socket_;
+  const bool warmUpAudio_;
+  Synthesizer synthesizer_;
+  AudioOutput audio_;
+  std::mutex sending_;
+
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  std::optional<Utterance> waiting_;
+  bool speaking_ = false;
+  bool discarded_ = false;
+  bool paused_ = false;
+  bool closing_ = false;
+  bool workEnded_ = false;
+
+  // When the library was last entered or called back; zero while it does not run.
+  std::atomic<std::int64_t> inLibrarySince_{0};
+  std::thread worker_;
+};
+
+}  // namespace lorelin::engine

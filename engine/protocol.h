@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lorelin::engine {
+
+// What passes between the program and lorelin-engine, over one stream socket. A message is a frame of a
+// four-byte length (of what follows), a one-byte kind and the fields of that kind; whole numbers are 32 bits,
+// least significant byte first; a text is its length in bytes and the bytes. Both ends are of one build:
+// another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
+// filled by its fields.
+
+inline constexpr std::uint32_t kProtocolVersion = 1;
+inline constexpr std::uint32_t kMaxFrame = 256U << 20;
+
+enum class Kind : std::uint8_t {
+  // from the engine
+  Hello = 1,    // Capabilities
+  Started = 2,  // utterance: its first samples are on their way to the device or file
+  Ended = 3,    // utterance, outcome, reason
+  Pong = 4,     // number of the ping
+  Notice = 5,   // NoticeCode
+  // to the engine
+  Speak = 16,  // Utterance
+  Pause = 17,
+  Resume = 18,
+  Reset = 19,
+  Ping = 20,  // number
+};
+
+enum class NoticeCode : std::uint32_t { NoAudioDevice = 1 };
+
+struct Voice {
+  std::string name;
+  std::int32_t languageId = 0;
+  std::int32_t gender = 0;  // 1 male, 2 female
+};
+
+struct Range {
+  std::int32_t lowest = 0;
+  std::int32_t highest = 100;
+};
+
+struct Capabilities {
+  Range pitch;
+  Range speed;
+  Range volume;
+  std::vector<Voice> voices;
+};
+
+struct Utterance {
+  std::uint32_t id = 0;
+  std::int32_t voice = 1;
+  std::int32_t pitch = 0;
+  std::int32_t speed = 0;
+  std::int32_t volumeLeft = 0;
+  std::int32_t volumeRight = 0;
+  std::string waveFile;  // "" for the sound device
+  std::string text;
+};
+
+struct Ended {
+  std::uint32_t id = 0;
+  std::string reason;  // German sentence; "" when the whole text was processed
+};
+
+struct Message {
+  Kind kind = Kind::Ping;
+  std::string fields;
+};
+
+[[nodiscard]] std::string Frame(Kind kind, std::string_view fields = {});
+[[nodiscard]] std::string FrameNumber(Kind kind, std::uint32_t number);
+[[nodiscard]] std::string FrameHello(const Capabilities& capabilities);
+[[nodiscard]] std::string FrameSpeak(const Utterance& utterance);
+[[nodiscard]] std::string FrameEnded(const Ended& ended);
+
+// The fields of a message; absent when they are not exactly what the kind has (for Hello: of this version).
+[[nodiscard]] std::optional<std::uint32_t> ReadNumber(std::string_view fields);
+[[nodiscard]] std::optional<Capabilities> ReadHello(std::string_view fields);
+[[nodiscard]] std::optional<Utterance> ReadSpeak(std::string_view fields);
+[[nodiscard]] std::optional<Ended> ReadEnded(std::string_view fields);
+
+// Puts frames together from the bytes of a stream.
+class FrameReader {
+ public:
+  void Feed(std::string_view bytes) { buffer_.append(bytes); }
+  // The next whole message, if there is one.
+  [[nodiscard]] std::optional<Message> Next();
+  // The stream holds a frame that cannot be; nothing more comes out of it.
+  [[nodiscard]] bool Broken() const { return broken_; }
+
+ private:
+  std::string buffer_;
+  std::size_t done_ = 0;
+  bool broken_ = false;
+};
+
+}  // namespace lorelin::engine

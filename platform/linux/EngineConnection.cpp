@@ -1,0 +1,324 @@
+#include "platform/linux/EngineConnection.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "app/RuntimeError.h"
+
+namespace lorelin {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr milliseconds kHandshake{3000};
+constexpr milliseconds kFarewell{500};
+constexpr int kChildSocket = 3;
+
+constexpr std::string_view kCutShort =
+    "Die Sprachausgabe wurde unterbrochen. Der Text wurde nicht vollständig vorgelesen.";
+constexpr std::string_view kGivenUp =
+    "Die Sprachausgabe ist mehrmals nacheinander ausgefallen. Bitte versuchen Sie es in zwei Minuten noch "
+    "einmal.";
+
+void RemoveRegularFile(const std::string& path) {
+  std::error_code error;
+  if (std::filesystem::is_regular_file(path, error)) std::filesystem::remove(path, error);
+}
+
+// Spawns the engine with `socket` as its descriptor 3; its process number or -1.
+pid_t Spawn(const std::string& file, bool audible, int socket) {
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, socket, kChildSocket);
+  // Sound libraries complain there about devices that they try and do not need.
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  std::string program = file;
+  std::string number = std::to_string(kChildSocket);
+  std::string audio = "audio";
+  std::array<char*, 4> arguments{program.data(), number.data(), audible ? audio.data() : nullptr, nullptr};
+  pid_t process = -1;
+  const int error = posix_spawn(&process, file.c_str(), &actions, nullptr, arguments.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  return error == 0 ? process : -1;
+}
+
+// Waits for the process, and kills it when it takes too long to end by itself.
+void WaitFor(pid_t process, milliseconds time) {
+  const auto until = steady_clock::now() + time;
+  while (waitpid(process, nullptr, WNOHANG) == 0) {
+    if (steady_clock::now() >= until) {
+      kill(process, SIGKILL);
+      waitpid(process, nullptr, 0);
+      return;
+    }
+    poll(nullptr, 0, 5);
+  }
+}
+
+}  // namespace
+
+EngineConnection::EngineConnection(std::string engineFile, bool audible, milliseconds patience,
+                                   Handlers handlers, Clock& clock, Log& log)
+    : engineFile_(std::move(engineFile)),
+      audible_(audible),
+      patience_(patience),
+      handlers_(std::move(handlers)),
+      clock_(clock),
+      log_(log),
+      wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  if (!Start()) log_.Write("Sprachausgabe: " + engineFile_ + " lässt sich nicht starten");
+  thread_ = std::thread([this] { Run(); });
+}
+
+EngineConnection::~EngineConnection() {
+  {
+    const std::lock_guard guard(mutex_);
+    closing_ = true;
+  }
+  Wake();
+  thread_.join();
+  if (socket_ >= 0) close(socket_);
+  if (process_ > 0) WaitFor(process_, kFarewell);
+  if (current_ != 0 && !currentFile_.empty()) RemoveRegularFile(currentFile_);
+  close(wake_);
+}
+
+bool EngineConnection::Start() {
+  std::array<int, 2> ends{};
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return false;
+  const pid_t process = Spawn(engineFile_, audible_, ends[1]);
+  close(ends[1]);
+  if (process < 0) {
+    close(ends[0]);
+    return false;
+  }
+  fcntl(ends[0], F_SETFL, O_NONBLOCK);
+  process_ = process;
+  socket_ = ends[0];
+  inbox_ = {};
+  outbox_.clear();
+  sent_ = pings_ = pongs_ = 0;
+  return true;
+}
+
+void EngineConnection::Wake() const {
+  const std::uint64_t one = 1;
+  (void)!write(wake_, &one, sizeof one);
+}
+
+void EngineConnection::Send(std::string frame) {
+  {
+    const std::lock_guard guard(mutex_);
+    if (socket_ < 0) return;
+    if (outbox_.empty()) {
+      outbox_ = std::move(frame);
+    } else {
+      outbox_ += frame;
+    }
+  }
+  Wake();
+}
+
+void EngineConnection::Speak(const engine::Utterance& utterance) {
+  {
+    Guard guard(mutex_);
+    current_ = utterance.id;
+    currentFile_ = utterance.waveFile;
+    spokenAt_ = lastPing_ = steady_clock::now();
+    pongs_ = pings_;
+    if (socket_ < 0) Restart(guard);
+    if (socket_ < 0) {
+      current_ = 0;
+      guard.unlock();
+      handlers_.ended(utterance.id, std::string(kGivenUp));
+      return;
+    }
+  }
+  Send(engine::FrameSpeak(utterance));
+}
+
+void EngineConnection::Reset() {
+  {
+    const std::lock_guard guard(mutex_);
+    current_ = 0;
+  }
+  Send(engine::Frame(engine::Kind::Reset));
+}
+
+bool EngineConnection::Speaking() const {
+  const std::lock_guard guard(mutex_);
+  return current_ != 0;
+}
+
+int EngineConnection::ProcessId() const {
+  const std::lock_guard guard(mutex_);
+  return process_;
+}
+
+std::chrono::microseconds EngineConnection::LastStartLatency() const {
+  const std::lock_guard guard(mutex_);
+  return startLatency_;
+}
+
+const engine::Capabilities& EngineConnection::WaitForCapabilities() {
+  Guard guard(mutex_);
+  told_.wait_for(guard, kHandshake, [this] { return capabilities_ || socket_ < 0; });
+  if (!capabilities_) throw RuntimeError(ErrorNumber::AutomationFailed, "Die Sprachausgabe antwortet nicht.");
+  return *capabilities_;
+}
+
+int EngineConnection::PollTimeout() const {
+  if (current_ == 0 || socket_ < 0) return -1;
+  const auto next = std::chrono::duration_cast<milliseconds>(lastPing_ + patience_ / 2 - steady_clock::now());
+  return static_cast<int>(std::max<std::int64_t>(0, next.count() + 1));
+}
+
+void EngineConnection::Run() {
+  Guard guard(mutex_);
+  while (!closing_) {
+    std::array<pollfd, 2> ready{pollfd{.fd = wake_, .events = POLLIN, .revents = 0},
+                                pollfd{.fd = socket_, .events = POLLIN, .revents = 0}};
+    if (!outbox_.empty()) ready[1].events |= POLLOUT;
+    const int timeout = PollTimeout();
+    guard.unlock();
+    poll(ready.data(), ready.size(), timeout);
+    guard.lock();
+    std::uint64_t count = 0;
+    (void)!read(wake_, &count, sizeof count);
+    // The socket may be another one by now: a text found its engine dead and started the next.
+    if (socket_ < 0 || ready[1].fd != socket_) continue;
+    const bool alive = ready[1].revents == 0 || Receive(guard);
+    if (!alive || !Transmit()) {
+      Lost(guard);
+    } else {
+      WatchPatience(guard);
+    }
+  }
+}
+
+void EngineConnection::WatchPatience(Guard& guard) {
+  const auto now = steady_clock::now();
+  if (current_ == 0 || now - lastPing_ < patience_ / 2) return;
+  if (pongs_ != pings_ && now - lastPing_ >= patience_) {
+    log_.Write("Sprachausgabe: keine Antwort, wird neu gestartet");
+    Lost(guard);
+    return;
+  }
+  if (pongs_ != pings_) return;
+  lastPing_ = now;
+  outbox_ += engine::FrameNumber(engine::Kind::Ping, ++pings_);
+}
+
+void EngineConnection::Reap() {
+  kill(process_, SIGKILL);
+  waitpid(process_, nullptr, 0);
+  process_ = -1;
+  close(std::exchange(socket_, -1));
+  outbox_.clear();
+  sent_ = 0;
+}
+
+void EngineConnection::Lost(Guard& guard) {
+  const std::uint32_t lost = std::exchange(current_, 0);
+  const std::string file = std::exchange(currentFile_, {});
+  Reap();
+  if (lost != 0 && !file.empty()) RemoveRegularFile(file);
+  log_.Write("Sprachausgabe: Prozess beendet" + std::string(lost != 0 ? " mitten im Text" : ""));
+  Restart(guard);
+  told_.notify_all();
+  const bool givenUp = socket_ < 0;
+  guard.unlock();
+  if (lost != 0) handlers_.ended(lost, std::string(kCutShort));
+  if (givenUp) handlers_.notice(std::string(kGivenUp));
+  guard.lock();
+}
+
+void EngineConnection::Restart(Guard&) {
+  while (socket_ < 0 && budget_.Take(clock_.Steady())) {
+    if (!Start()) log_.Write("Sprachausgabe: " + engineFile_ + " lässt sich nicht starten");
+  }
+}
+
+bool EngineConnection::Transmit() {
+  while (sent_ < outbox_.size()) {
+    const ssize_t size = send(socket_, outbox_.data() + sent_, outbox_.size() - sent_, MSG_NOSIGNAL);
+    if (size < 0 && errno == EINTR) continue;
+    if (size < 0) return errno == EAGAIN || errno == EWOULDBLOCK;
+    sent_ += static_cast<std::size_t>(size);
+  }
+  outbox_.clear();
+  if (outbox_.capacity() > 65536) outbox_.shrink_to_fit();
+  sent_ = 0;
+  return true;
+}
+
+bool EngineConnection::Receive(Guard& guard) {
+  std::array<char, 65536> bytes{};
+  const ssize_t size = recv(socket_, bytes.data(), bytes.size(), 0);
+  if (size < 0) return errno == EINTR || errno == EAGAIN || errno == EWOULDBLOCK;
+  if (size == 0) return false;
+  inbox_.Feed({bytes.data(), static_cast<std::size_t>(size)});
+  while (const auto message = inbox_.Next()) {
+    if (!Handle(*message, guard)) return false;
+  }
+  return !inbox_.Broken();
+}
+
+bool EngineConnection::Handle(const engine::Message& message, Guard& guard) {
+  const std::uint32_t number = engine::ReadNumber(message.fields).value_or(0);
+  switch (message.kind) {
+    case engine::Kind::Hello: {
+      auto capabilities = engine::ReadHello(message.fields);
+      // Callers hold references to the first one; the engine's abilities do not change from one start to the
+      // next.
+      if (capabilities && !capabilities_) capabilities_ = std::move(capabilities);
+      told_.notify_all();
+      return capabilities_.has_value();
+    }
+    case engine::Kind::Started:
+      if (number == current_) {
+        startLatency_ =
+            std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now() - spokenAt_);
+      }
+      return true;
+    case engine::Kind::Pong:
+      pongs_ = number;
+      return true;
+    case engine::Kind::Ended:
+      HandleEnded(message, guard);
+      return true;
+    case engine::Kind::Notice:
+      guard.unlock();
+      handlers_.notice("Es wurde kein Audiogerät gefunden. Der Text wird stumm vorgelesen.");
+      guard.lock();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void EngineConnection::HandleEnded(const engine::Message& message, Guard& guard) {
+  const auto ended = engine::ReadEnded(message.fields);
+  if (!ended || ended->id != current_) return;
+  current_ = 0;
+  guard.unlock();
+  handlers_.ended(ended->id, ended->reason);
+  guard.lock();
+}
+
+}  // namespace lorelin

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include "engine/protocol.h"
+#include "platform/Clock.h"
+#include "platform/Log.h"
+#include "speech/RestartBudget.h"
+
+namespace lorelin {
+
+// One engine process and the socket to it. A thread of its own does all reading and writing, so that no
+// caller ever waits for the engine; it sleeps while nothing is under way.
+class EngineConnection {
+ public:
+  struct Handlers {
+    // Called on the connection's thread.
+    std::function<void(std::uint32_t utterance, const std::string& reason)> ended;
+    std::function<void(const std::string&)> notice;
+  };
+
+  EngineConnection(std::string engineFile, bool audible, std::chrono::milliseconds patience,
+                   Handlers handlers, Clock& clock, Log& log);
+  // Ends the process and waits for it.
+  ~EngineConnection();
+  EngineConnection(const EngineConnection&) = delete;
+  EngineConnection& operator=(const EngineConnection&) = delete;
+
+  // Sends the text; every text's end is told by `ended` or forgotten by Reset.
+  void Speak(const engine::Utterance& utterance);
+  void Pause() { Send(engine::Frame(engine::Kind::Pause)); }
+  void Resume() { Send(engine::Frame(engine::Kind::Resume)); }
+  void Reset();
+  [[nodiscard]] bool Speaking() const;
+  // What the engine told of itself; waits for it 3 s at most. Throws RuntimeError 440.
+  [[nodiscard]] const engine::Capabilities& WaitForCapabilities();
+  [[nodiscard]] int ProcessId() const;
+  [[nodiscard]] std::chrono::microseconds LastStartLatency() const;
+
+ private:
+  using Time = std::chrono::steady_clock::time_point;
+  using Guard = std::unique_lock<std::mutex>;
+
+  void Run();
+  void Send(std::string frame);
+  void Wake() const;
+  bool Start();
+  // The process is gone or given up: tells the end of its text and starts another while the budget lasts.
+  void Lost(Guard& guard);
+  void Reap();
+  void Restart(Guard& guard);
+  void WatchPatience(Guard& guard);
+  [[nodiscard]] int PollTimeout() const;
+  bool Receive(Guard& guard);
+  bool Transmit();
+  bool Handle(const engine::Message& message, Guard& guard);
+  void HandleEnded(const engine::Message& message, Guard& guard);
+
+  const std::string engineFile_;
+  const bool audible_;
+  const std::chrono::milliseconds patience_;
+  const Handlers handlers_;
+  Clock& clock_;
+  Log& log_;
+
+  mutable std::mutex mutex_;
+  std::condition_variable told_;
+  RestartBudget budget_;
+  pid_t process_ = -1;
+  int socket_ = -1;
+  int wake_ = -1;
+  bool closing_ = false;
+  std::string outbox_;
+  std::size_t sent_ = 0;
+  engine::FrameReader inbox_;
+  std::optional<engine::Capabilities> capabilities_;
+  std::uint32_t current_ = 0;  // the utterance under way; 0 for none
+  std::string currentFile_;
+  std::uint32_t pings_ = 0;
+  std::uint32_t pongs_ = 0;
+  Time lastPing_{};
+  Time spokenAt_{};
+  std::chrono::microseconds startLatency_{};
+  std::thread thread_;
+};
+
+}  // namespace lorelin

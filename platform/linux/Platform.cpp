@@ -1,0 +1,40 @@
+#include "platform/Platform.h"
+
+#include <utility>
+
+#include "platform/linux/DirectorySearch.h"
+#include "platform/linux/EngineClient.h"
+#include "platform/linux/FlockSingleInstance.h"
+#include "platform/linux/LogFile.h"
+#include "platform/linux/NullAutomation.h"
+#include "platform/linux/SqliteRegistry.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/linux/XdgShell.h"
+
+namespace lorelin {
+
+PlatformServices MakePlatformServices(bool verbose) {
+  PlatformServices services;
+  services.paths = FindProgramPaths();
+  services.log = std::make_unique<LogFile>(services.paths.logFile, verbose);
+  services.clock = std::make_unique<SystemClock>();
+  services.fileSearch = std::make_unique<DirectorySearch>();
+  services.shell = std::make_unique<XdgShell>(*services.log);
+  services.automation = std::make_unique<NullAutomation>();
+  services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
+  OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
+  services.registry = std::move(opened.registry);
+  services.registryNotice = std::move(opened.notice);
+  services.settingsLost = opened.lost;
+  return services;
+}
+
+std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool audible,
+                                             std::function<void(const std::string&)> notice) {
+  return std::make_unique<EngineClient>(EngineClient::Options{.engineFile = services.paths.engineFile,
+                                                              .audible = audible,
+                                                              .notice = std::move(notice)},
+                                        pump, *services.clock, *services.log);
+}
+
+}  // namespace lorelin

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Log.h"
+#include "platform/Registry.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace lorelin {
+
+class SqliteRegistry;
+
+// The registry as it could be opened. `notice` is a German text for the user when it is not the one that was
+// asked for; `lost` says that settings were lost, which a person has to be told of before anything else
+// happens.
+struct OpenedRegistry {
+  std::unique_ptr<SqliteRegistry> registry;
+  std::string notice;
+  bool lost = false;
+};
+
+// A registry in an SQLite 3 database (https://www.sqlite.org/fileformat2.html) with a write-ahead log:
+// several processes at once, and what was written survives a kill of the process at any moment.
+class SqliteRegistry final : public Registry {
+ public:
+  // Opens or creates the store. A damaged file is set aside under a new name beside the old one. Where
+  // nothing can be written, an existing store is only read, and without one the settings live in memory.
+  // Never throws.
+  [[nodiscard]] static OpenedRegistry Open(const std::string& file, Log& log);
+
+  ~SqliteRegistry() override;
+  SqliteRegistry(const SqliteRegistry&) = delete;
+  SqliteRegistry& operator=(const SqliteRegistry&) = delete;
+
+  bool CreateKey(RegistryHive hive, std::string_view path) override;
+  bool KeyExists(RegistryHive hive, std::string_view path) override;
+  bool DeleteKey(RegistryHive hive, std::string_view path) override;
+  std::optional<std::vector<std::string>> SubkeyNames(RegistryHive hive, std::string_view path) override;
+  std::optional<std::vector<std::string>> ValueNames(RegistryHive hive, std::string_view path) override;
+  std::optional<RegistryValue> ReadValue(RegistryHive hive, std::string_view path,
+                                         std::string_view name) override;
+  bool WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
+                  const RegistryValue& value) override;
+  bool DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) override;
+
+ private:
+  class Statement;
+  struct StatementCloser {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  struct DatabaseCloser {
+    void operator()(sqlite3* database) const;
+  };
+  using Prepared = std::unique_ptr<sqlite3_stmt, StatementCloser>;
+
+  enum class OpenMode { Writable, ReadOnly, Memory };
+  enum class OpenResult { Ok, Damaged, Inaccessible };
+
+  explicit SqliteRegistry(Log& log) : log_(log) {}
+
+  OpenResult Connect(const std::string& file, OpenMode mode);
+  OpenResult PrepareStore(OpenMode mode);
+  OpenResult Judge(int code);
+  bool PrepareStatements();
+  bool Execute(const char* sql);
+  bool InsertKeys(const std::string& folded, std::string_view spelled);
+  // Runs the changes as one transaction.
+  template <typename Changes>
+  bool Transact(const Changes& changes);
+  [[nodiscard]] bool Exists(const std::string& folded);
+  std::vector<std::string> Names(sqlite3_stmt* statement, const std::string& folded);
+  void LogProblem(std::string_view what);
+
+  Log& log_;
+  // The statements go before the database.
+  std::unique_ptr<sqlite3, DatabaseCloser> database_;
+  Prepared readValue_, writeValue_, deleteValue_, deleteValues_, findKey_, insertKey_, deleteKey_, subkeys_,
+      values_;
+};
+
+}  // namespace lorelin
