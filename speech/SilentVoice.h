@@ -4,9 +4,9 @@
 
 namespace lorelin {
 
-// An instance that produces nothing and follows another one: for a front end that either plays or renders. It has the
-// leader's voices and ranges and properties of its own; it speaks as long as the leader does, and hands on the leader's
-// end of text.
+// An instance that produces nothing and follows another one: for a front end that either plays or renders. It
+// has the leader's voices and ranges and properties of its own; it speaks as long as the leader does, and
+// hands on the leader's end of text.
 class SilentVoice final : public DirectSS {
  public:
   // Does not own the leader, which must outlive it.

@@ -135,7 +135,7 @@ void ModSpeak::Voice2Ended(const EndOfText& end) {
   if (!end.complete) {
     parts_.statusBar.SetMessage(end.reason);
   } else if (!voiceCutShort_) {
-    parts_.statusBar.SetMessage("Der Text wurde vollständig vorgelesen.");
+    parts_.statusBar.SetMessage(kReadToTheEnd);
   }
   if (exportAvailable_) exportAvailable_(true);
 }

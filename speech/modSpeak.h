@@ -42,6 +42,9 @@ class ModSpeak {
     std::string programFolder;  // without trailing separator
   };
 
+  // What the status bar says when a text was rendered whole and nothing cut off its playing.
+  static constexpr std::string_view kReadToTheEnd = "Der Text wurde vollständig vorgelesen.";
+
   explicit ModSpeak(Parts parts);
   ~ModSpeak();
   ModSpeak(const ModSpeak&) = delete;

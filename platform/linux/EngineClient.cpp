@@ -86,8 +86,8 @@ void EngineClient::ResumeAudio() {
 }
 
 void EngineClient::ResetAudio() {
-  listener_->current = 0;
-  connection_->Reset();
+  // A text that had ended already was not discarded; its end is still told.
+  if (connection_->Reset()) listener_->current = 0;
 }
 
 bool EngineClient::Speaking() {

@@ -152,12 +152,14 @@ void EngineConnection::Speak(const engine::Utterance& utterance) {
   Send(engine::FrameSpeak(utterance));
 }
 
-void EngineConnection::Reset() {
+bool EngineConnection::Reset() {
+  bool discarded = false;
   {
     const std::lock_guard guard(mutex_);
-    current_ = 0;
+    discarded = std::exchange(current_, 0) != 0;
   }
   Send(engine::Frame(engine::Kind::Reset));
+  return discarded;
 }
 
 bool EngineConnection::Speaking() const {
@@ -234,7 +236,7 @@ void EngineConnection::Reap() {
 }
 
 void EngineConnection::Lost(Guard& guard) {
-  const std::uint32_t lost = std::exchange(current_, 0);
+  const std::uint32_t lost = current_;
   const std::string file = std::exchange(currentFile_, {});
   Reap();
   if (lost != 0 && !file.empty()) RemoveRegularFile(file);
@@ -242,10 +244,20 @@ void EngineConnection::Lost(Guard& guard) {
   Restart(guard);
   told_.notify_all();
   const bool givenUp = socket_ < 0;
+  TellEnd(lost, std::string(kCutShort), guard);
+  if (!givenUp) return;
   guard.unlock();
-  if (lost != 0) handlers_.ended(lost, std::string(kCutShort));
-  if (givenUp) handlers_.notice(std::string(kGivenUp));
+  handlers_.notice(std::string(kGivenUp));
   guard.lock();
+}
+
+// The end is on its way before `Speaking` turns false, so that who waits for the one finds the other.
+void EngineConnection::TellEnd(std::uint32_t utterance, const std::string& reason, Guard& guard) {
+  if (utterance == 0) return;
+  guard.unlock();
+  handlers_.ended(utterance, reason);
+  guard.lock();
+  if (current_ == utterance) current_ = 0;
 }
 
 void EngineConnection::Restart(Guard&) {
@@ -314,11 +326,7 @@ bool EngineConnection::Handle(const engine::Message& message, Guard& guard) {
 
 void EngineConnection::HandleEnded(const engine::Message& message, Guard& guard) {
   const auto ended = engine::ReadEnded(message.fields);
-  if (!ended || ended->id != current_) return;
-  current_ = 0;
-  guard.unlock();
-  handlers_.ended(ended->id, ended->reason);
-  guard.lock();
+  if (ended && ended->id == current_) TellEnd(ended->id, ended->reason, guard);
 }
 
 }  // namespace lorelin

@@ -40,7 +40,8 @@ class EngineConnection {
   void Speak(const engine::Utterance& utterance);
   void Pause() { Send(engine::Frame(engine::Kind::Pause)); }
   void Resume() { Send(engine::Frame(engine::Kind::Resume)); }
-  void Reset();
+  // Whether a text was under way.
+  bool Reset();
   [[nodiscard]] bool Speaking() const;
   // What the engine told of itself; waits for it 3 s at most. Throws RuntimeError 440.
   [[nodiscard]] const engine::Capabilities& WaitForCapabilities();
@@ -64,6 +65,7 @@ class EngineConnection {
   bool Receive(Guard& guard);
   bool Transmit();
   bool Handle(const engine::Message& message, Guard& guard);
+  void TellEnd(std::uint32_t utterance, const std::string& reason, Guard& guard);
   void HandleEnded(const engine::Message& message, Guard& guard);
 
   const std::string engineFile_;

@@ -31,10 +31,10 @@ PlatformServices MakePlatformServices(bool verbose) {
 
 std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool audible,
                                              std::function<void(const std::string&)> notice) {
-  return std::make_unique<EngineClient>(EngineClient::Options{.engineFile = services.paths.engineFile,
-                                                              .audible = audible,
-                                                              .notice = std::move(notice)},
-                                        pump, *services.clock, *services.log);
+  return std::make_unique<EngineClient>(
+      EngineClient::Options{
+          .engineFile = services.paths.engineFile, .audible = audible, .notice = std::move(notice)},
+      pump, *services.clock, *services.log);
 }
 
 }  // namespace lorelin

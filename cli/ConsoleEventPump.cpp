@@ -1,0 +1,39 @@
+#include "cli/ConsoleEventPump.h"
+
+#include <chrono>
+#include <exception>
+
+namespace lorelin {
+
+void ConsoleEventPump::Post(std::function<void()> task) {
+  {
+    const std::lock_guard guard(mutex_);
+    tasks_.push_back(std::move(task));
+  }
+  posted_.notify_all();
+}
+
+std::function<void()> ConsoleEventPump::Next() {
+  const std::lock_guard guard(mutex_);
+  if (tasks_.empty()) return {};
+  auto task = std::move(tasks_.front());
+  tasks_.pop_front();
+  return task;
+}
+
+void ConsoleEventPump::RunPendingEvents() {
+  {
+    std::unique_lock guard(mutex_);
+    posted_.wait_for(guard, std::chrono::milliseconds(10), [this] { return !tasks_.empty(); });
+  }
+  while (const auto task = Next()) {
+    try {
+      task();
+    } catch (const std::exception&) {
+      continue;  // a task has nobody to tell
+    }
+  }
+  if (turn_) turn_();
+}
+
+}  // namespace lorelin

@@ -1,0 +1,40 @@
+#include "cli/Progress.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace lorelin::cli {
+namespace {
+
+constexpr std::chrono::milliseconds kFirst{1000};
+constexpr std::chrono::milliseconds kInterval{250};
+constexpr std::uintmax_t kBytesPerSecond = 44100;
+
+}  // namespace
+
+Progress::Progress(std::string file)
+    : file_(isatty(STDERR_FILENO) == 1 ? std::move(file) : std::string()),
+      next_(std::chrono::steady_clock::now() + kFirst) {}
+
+Progress::~Progress() {
+  if (shown_) std::fputs("\r\033[K", stderr);
+}
+
+void Progress::Turn() {
+  if (file_.empty() || std::chrono::steady_clock::now() < next_) return;
+  next_ = std::chrono::steady_clock::now() + kInterval;
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(file_, error);
+  if (error) return;
+  const std::uintmax_t seconds = size / kBytesPerSecond;
+  std::fprintf(stderr, "\r\033[K%ju:%02ju:%02ju Sprache, %ju MB", seconds / 3600, seconds / 60 % 60,
+               seconds % 60, size / 1000000);
+  std::fflush(stderr);
+  shown_ = true;
+}
+
+}  // namespace lorelin::cli

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+namespace lorelin::cli {
+
+// One line on standard error that tells how much of a WAV file is there, from the file's size; it appears
+// after a second, and only on a terminal.
+class Progress {
+ public:
+  explicit Progress(std::string file);
+  ~Progress();
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  void Turn();
+
+ private:
+  std::string file_;
+  bool shown_ = false;
+  std::chrono::steady_clock::time_point next_;
+};
+
+}  // namespace lorelin::cli

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/DocumentEditor.h"
+#include "platform/MessageBoxes.h"
+#include "platform/StatusBar.h"
+
+namespace lorelin {
+
+// Message boxes as text on standard error. Nobody is asked: a question is answered with Yes or, when it has
+// no Yes, Ok.
+class ConsoleMessageBoxes final : public MessageBoxes {
+ public:
+  MessageAnswer Show(std::string_view text, std::string_view title, MessageIcon icon,
+                     MessageButtons buttons) override;
+};
+
+// The status bar as lines on standard error, when they are wanted.
+class ConsoleStatusBar final : public StatusBar {
+ public:
+  explicit ConsoleStatusBar(bool wanted) : wanted_(wanted) {}
+  void SetMessage(std::string_view text) override;
+  void SetFirstPanel(std::string_view) override {}
+  [[nodiscard]] const std::string& LastMessage() const { return lastMessage_; }
+
+ private:
+  bool wanted_;
+  std::string lastMessage_;
+};
+
+// A document that is only held, nothing is selected in it.
+class ConsoleDocument final : public DocumentEditor {
+ public:
+  std::string Text() override { return text_; }
+  void SetText(std::string_view text) override { text_ = text; }
+  void LoadFile(const std::string& path) override;
+  std::size_t SelectionStart() override { return 0; }
+  std::string SelectedText() override { return {}; }
+  void ReplaceSelection(std::string_view text) override { text_.insert(0, text); }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace lorelin

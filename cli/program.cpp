@@ -1,0 +1,218 @@
+#include "cli/program.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <iomanip>
+#include <iostream>
+#include <iterator>
+#include <system_error>
+
+#include "app/RuntimeError.h"
+#include "app/StartupState.h"
+#include "app/modFile.h"
+#include "app/paths.h"
+#include "app/text.h"
+#include "app/textEncoding.h"
+#include "cli/ConsoleEventPump.h"
+#include "cli/Progress.h"
+#include "cli/consolePorts.h"
+#include "platform/Platform.h"
+#include "platform/version.h"
+#include "speech/SilentVoice.h"
+#include "speech/modSpeak.h"
+
+namespace lorelin::cli {
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void OnInterrupt(int) {
+  interrupted = 1;
+}
+
+// An end of the program that is no success; what() is the German sentence for standard error.
+class Failure : public std::runtime_error {
+ public:
+  Failure(ExitCode code, const std::string& text) : std::runtime_error(text), code_(code) {}
+  [[nodiscard]] ExitCode Code() const { return code_; }
+
+ private:
+  ExitCode code_;
+};
+
+// Thrown out of the wait for the end of the speech; nothing inside Speak holds what would have to be undone.
+struct Interruption {};
+
+std::string ReadStandardInput() {
+  return WithPlainLineEnds(DecodeText(std::string(std::istreambuf_iterator<char>(std::cin), {})));
+}
+
+std::string ReadInput(const Options& options) {
+  try {
+    std::string text = options.input == "-" ? ReadStandardInput() : ReadTextFile(options.input);
+    if (text.find_first_not_of(" \t\n") == std::string::npos) {
+      throw Failure(ExitCode::NoInput, "Der Text ist leer: es gibt nichts vorzulesen.");
+    }
+    return text;
+  } catch (const RuntimeError& error) {
+    throw Failure(ExitCode::NoInput,
+                  "„" + options.input + "“ kann nicht gelesen werden: " + error.what() + ".");
+  }
+}
+
+// Before anything is spoken; whether the file existed is left as it was.
+void RequireWritable(const std::string& target) {
+  const std::filesystem::path path = NativePath(target);
+  std::error_code error;
+  const bool existed = std::filesystem::exists(path, error);
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (file < 0) {
+    throw Failure(ExitCode::NoTarget, "„" + target + "“ kann nicht geschrieben werden: " +
+                                          std::generic_category().message(errno) + ".");
+  }
+  close(file);
+  if (!existed) std::filesystem::remove(path, error);
+}
+
+void RequireVoice(DirectSS& engine, std::int32_t number) {
+  if (number <= engine.VoiceCount()) return;
+  throw Failure(ExitCode::Usage, "Eine Stimme Nummer " + std::to_string(number) +
+                                     " gibt es nicht, nur 1 bis " + std::to_string(engine.VoiceCount()) +
+                                     " (siehe „lorelin-cli voices“).");
+}
+
+void ApplyOptions(SettingsStore& settings, const Options& options) {
+  if (options.voice) settings.Override(setting::Voice, std::to_string(*options.voice - 1));
+  if (options.speed) settings.Override(setting::Speed, std::to_string(*options.speed));
+  if (options.pitch) settings.Override(setting::Pitch, std::to_string(*options.pitch));
+  if (options.volume) settings.Override(setting::Volume, std::to_string(*options.volume));
+}
+
+std::string LanguageColumn(DirectSS& engine, std::int32_t number) {
+  const std::int32_t id = engine.VoiceLanguage(number);
+  return id == 0 ? "-" : std::to_string(id);
+}
+
+std::string_view GenderText(std::int32_t gender) {
+  return gender == 1 ? "männlich" : "weiblich";
+}
+
+// The program's objects, in the order in which they need each other.
+class Session {
+ public:
+  explicit Session(const Options& options)
+      : options_(options),
+        services_(MakePlatformServices(options.verbose)),
+        statusBar_(options.verbose),
+        settings_(*services_.registry),
+        extensions_(*services_.registry, *services_.automation, *services_.log),
+        engine_(MakeSpeechInstance(services_, pump_,
+                                   options.waveFile.empty() && options.action == Action::Say,
+                                   [](const std::string& notice) { std::cerr << notice << '\n'; })) {
+    if (!services_.registryNotice.empty()) std::cerr << services_.registryNotice << '\n';
+  }
+
+  ExitCode ListVoices() {
+    std::cout << std::right << std::setw(4) << "Nr."
+              << "  Sprache  Geschlecht  Name\n";
+    for (std::int32_t number = 1; number <= engine_->VoiceCount(); ++number) {
+      std::cout << std::right << std::setw(4) << number << "  " << std::left << std::setw(7)
+                << LanguageColumn(*engine_, number) << "  " << GenderText(engine_->VoiceGender(number))
+                << "    " << engine_->VoiceName(number) << '\n';
+    }
+    return ExitCode::Done;
+  }
+
+  ExitCode Say() {
+    const std::string input = ReadInput(options_);
+    if (!options_.waveFile.empty()) RequireWritable(options_.waveFile);
+    if (options_.voice) RequireVoice(*engine_, *options_.voice);
+    ApplyOptions(settings_, options_);
+    document_.SetText(input);
+    const bool rendering = !options_.waveFile.empty();
+    SilentVoice silent(*engine_);
+    StartupState startup;
+    ModSpeak speech({.voice = rendering ? static_cast<DirectSS&>(silent) : *engine_,
+                     .voice2 = rendering ? *engine_ : static_cast<DirectSS&>(silent),
+                     .document = document_,
+                     .statusBar = statusBar_,
+                     .messageBoxes = messageBoxes_,
+                     .pump = pump_,
+                     .clock = *services_.clock,
+                     .fileSearch = *services_.fileSearch,
+                     .log = *services_.log,
+                     .settings = settings_,
+                     .extensions = extensions_,
+                     .startup = startup,
+                     .programFolder = services_.paths.programFolder});
+    return SpeakToTheEnd(speech, input);
+  }
+
+ private:
+  ExitCode SpeakToTheEnd(ModSpeak& speech, std::string text) {
+    bool ended = false;
+    speech.OnExportAvailable([&](bool available) { ended = available; });
+    Progress progress(options_.waveFile);
+    pump_.OnTurn([&] {
+      progress.Turn();
+      if (interrupted != 0) throw Interruption{};
+    });
+    std::signal(SIGINT, OnInterrupt);
+    std::signal(SIGTERM, OnInterrupt);
+    speech.Speak(text, true, options_.waveFile.empty() ? "-1" : options_.waveFile, true);
+    while (!ended) pump_.RunPendingEvents();
+    if (statusBar_.LastMessage() == ModSpeak::kReadToTheEnd) return ExitCode::Done;
+    throw Failure(ExitCode::NotToTheEnd, options_.verbose ? std::string() : statusBar_.LastMessage());
+  }
+
+  const Options& options_;
+  PlatformServices services_;
+  ConsoleEventPump pump_;
+  ConsoleMessageBoxes messageBoxes_;
+  ConsoleStatusBar statusBar_;
+  ConsoleDocument document_;
+  SettingsStore settings_;
+  ModAddin extensions_;
+  std::unique_ptr<DirectSS> engine_;
+};
+
+ExitCode Perform(const Options& options) {
+  switch (options.action) {
+    case Action::Help:
+      std::cout << HelpText();
+      return ExitCode::Done;
+    case Action::Version:
+      std::cout << "Lorelin " << kVersionText << '\n';
+      return ExitCode::Done;
+    case Action::Voices:
+      return Session(options).ListVoices();
+    case Action::Say:
+      return Session(options).Say();
+  }
+  return ExitCode::Usage;
+}
+
+}  // namespace
+
+ExitCode Run(std::span<const std::string> arguments) {
+  try {
+    return Perform(ParseOptions(arguments));
+  } catch (const UsageError& error) {
+    std::cerr << "lorelin-cli: " << error.what() << "\nMehr sagt „lorelin-cli --help“.\n";
+    return ExitCode::Usage;
+  } catch (const Failure& failure) {
+    if (*failure.what() != '\0') std::cerr << "lorelin-cli: " << failure.what() << '\n';
+    return failure.Code();
+  } catch (const RuntimeError& error) {
+    std::cerr << "lorelin-cli: " << error.what() << " (" << error.Number() << ")\n";
+    return ExitCode::NotToTheEnd;
+  } catch (const Interruption&) {
+    std::cerr << "lorelin-cli: abgebrochen\n";
+    return ExitCode::Interrupted;
+  }
+}
+
+}  // namespace lorelin::cli
