@@ -72,6 +72,7 @@ ProgramPaths FindProgramPaths() {
           .engineFile = PathText(beside / "lorelin-engine"),
           .registryFile = PathText(settings / "registry.sqlite"),
           .logFile = PathText(state / "lorelin.log"),
+          .cacheFolder = PathText(moved ? folder / "cache" : BaseFolder("XDG_CACHE_HOME", ".cache")),
           .lockFile = PathText(settings / "lorelin.lock")};
 }
 

@@ -1,0 +1,162 @@
+#include "platform/wx/App.h"
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "app/MainWindow.h"
+#include "app/frmMain.h"
+#include "app/modAppMain.h"
+#include "app/modFileReg.h"
+#include "platform/Platform.h"
+#include "platform/wx/WxClipboard.h"
+#include "platform/wx/WxEventPump.h"
+#include "platform/wx/WxMessageBoxes.h"
+
+namespace lorelin {
+
+// Everything that lives for the whole run, in the order in which the one needs the other.
+class App::Program {
+ public:
+  Program()
+      : services_(MakePlatformServices(false)),
+        settings_(*services_.registry),
+        voice_(MakeSpeechInstance(services_, pump_, true, Notice())),
+        voice2_(MakeSpeechInstance(services_, pump_, false, Notice())),
+        extensions_(*services_.registry, *services_.automation, *services_.log),
+        form_(new FrmMain(
+            services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
+        speech_({.voice = *voice_,
+                 .voice2 = *voice2_,
+                 .document = form_->Editor(),
+                 .statusBar = *form_,
+                 .messageBoxes = messageBoxes_,
+                 .pump = pump_,
+                 .clock = *services_.clock,
+                 .fileSearch = *services_.fileSearch,
+                 .log = *services_.log,
+                 .settings = settings_,
+                 .extensions = extensions_,
+                 .startup = startup_,
+                 .programFolder = services_.paths.programFolder}),
+        window_({.view = *form_,
+                 .editor = form_->Editor(),
+                 .browser = form_->Browser(),
+                 .taskPane = form_->Tasks(),
+                 .statusBar = *form_,
+                 .messageBoxes = messageBoxes_,
+                 .clipboard = clipboard_,
+                 .shell = *services_.shell,
+                 .log = *services_.log,
+                 .settings = settings_,
+                 .speech = speech_,
+                 .extensions = extensions_,
+                 .startup = startup_,
+                 .programFolder = services_.paths.programFolder}),
+        fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
+                   services_.paths.programFile) {
+    form_->Attach(window_);
+    messageBoxes_.SetParent(form_);
+  }
+
+  // The form goes first: it still tells the window that it goes.
+  ~Program() {
+    messageBoxes_.SetParent(nullptr);
+    ending_ = true;
+    delete form_;
+  }
+
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  bool Start(const std::string& commandLine) {
+    const MainParts parts{.singleInstance = *services_.singleInstance,
+                          .messageBoxes = messageBoxes_,
+                          .settings = settings_,
+                          .startup = startup_,
+                          .log = *services_.log,
+                          .registerFileType =
+                              [this] {
+                                TellRegistryNotice();
+                                fileTypes_.RegisterFileType(".vts");
+                              },
+                          .loadMainWindow = [this] { window_.Load(); },
+                          .textmode = [this] { window_.Textmode(); }};
+    return Main(parts, commandLine) == StartResult::Started;
+  }
+
+  [[nodiscard]] bool Ending() const { return ending_; }
+
+ private:
+  std::function<void(const std::string&)> Notice() {
+    return [this](const std::string& text) { form_->SetMessage(text); };
+  }
+
+  void TellRegistryNotice() {
+    if (services_.registryNotice.empty()) return;
+    services_.log->Write(services_.registryNotice);
+    form_->SetMessage(services_.registryNotice);
+    if (!services_.settingsLost) return;
+    messageBoxes_.Show(services_.registryNotice, "Lorelin", MessageIcon::Exclamation, MessageButtons::Ok);
+  }
+
+  // A routine that waits somewhere down the stack cannot be unwound; then the engines are let go and the
+  // process ends.
+  void End() {
+    if (std::exchange(ending_, true)) return;
+    voice_->ResetAudio();
+    voice2_->ResetAudio();
+    if (pump_.IsWaiting()) {
+      voice_.reset();
+      voice2_.reset();
+      services_.registry.reset();
+      std::_Exit(EXIT_SUCCESS);
+    }
+    wxTheApp->ExitMainLoop();
+  }
+
+  PlatformServices services_;
+  WxEventPump pump_;
+  WxMessageBoxes messageBoxes_;
+  WxClipboard clipboard_;
+  StartupState startup_;
+  SettingsStore settings_;
+  std::unique_ptr<DirectSS> voice_;
+  std::unique_ptr<DirectSS> voice2_;
+  ModAddin extensions_;
+  FrmMain* form_;
+  ModSpeak speech_;
+  MainWindow window_;
+  ModFileReg fileTypes_;
+  bool ending_ = false;
+};
+
+App::App(std::vector<std::string> arguments) : arguments_(std::move(arguments)) {}
+App::~App() = default;
+
+bool App::Initialize(int& argc, wxChar** argv) {
+  SetAppName("lorelin");
+  SetAppDisplayName("Lorelin");
+  return wxApp::Initialize(argc, argv);
+}
+
+// The base class would take a document's name for an option of the toolkit.
+bool App::OnInit() {
+  SetExitOnFrameDelete(false);
+  program_ = std::make_unique<Program>();
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments_) pointers.push_back(argument.data());
+  if (!program_->Start(CommandLineText(pointers))) program_.reset();
+  return true;
+}
+
+int App::OnRun() {
+  return program_ && !program_->Ending() ? wxApp::OnRun() : EXIT_SUCCESS;
+}
+
+int App::OnExit() {
+  program_.reset();
+  return wxApp::OnExit();
+}
+
+}  // namespace lorelin

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <wx/panel.h>
+#include <wx/webview.h>
+
+#include <string>
+
+#include "platform/BrowserPane.h"
+#include "platform/Log.h"
+
+namespace lorelin {
+
+// The web view with the program's pages. The view itself is made when it is first needed: starting in text
+// mode does without it.
+class WxBrowserPane final : public wxPanel, public BrowserPane {
+ public:
+  // `filterFolder` keeps the compiled rule that holds the view offline.
+  WxBrowserPane(wxWindow* parent, std::string filterFolder, Log& log);
+
+  void SetOffline() override { offline_ = true; }
+  void Navigate(const std::string& path) override;
+  void SetFocus() override;
+
+ private:
+  void CreateView();
+  void OnNavigating(wxWebViewEvent& event);
+  void OnError(wxWebViewEvent& event);
+
+  std::string filterFolder_;
+  Log& log_;
+  wxWebView* view_ = nullptr;  // owned by the window tree
+  bool offline_ = false;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,49 @@
+#include "platform/wx/WxEventPump.h"
+
+#include <wx/app.h>
+#include <wx/apptrait.h>
+#include <wx/evtloop.h>
+#include <wx/log.h>
+
+#include <exception>
+#include <memory>
+
+#include "platform/wx/text.h"
+
+namespace lorelin {
+namespace {
+
+constexpr unsigned long kLongestSleep = 10;  // milliseconds
+
+}  // namespace
+
+void WxEventPump::RunPendingEvents() {
+  ++depth_;
+  std::unique_ptr<wxEventLoopBase> own;
+  std::unique_ptr<wxEventLoopActivator> activator;
+  if (wxEventLoopBase::GetActive() == nullptr) {
+    // The load sequence runs before the main loop does.
+    own.reset(wxTheApp->GetTraits()->CreateEventLoop());
+    activator = std::make_unique<wxEventLoopActivator>(own.get());
+  }
+  wxEventLoopBase& loop = *wxEventLoopBase::GetActive();
+  if (loop.Pending() || wxTheApp->HasPendingEvents()) {
+    loop.YieldFor(wxEVT_CATEGORY_ALL);
+  } else {
+    loop.DispatchTimeout(kLongestSleep);
+  }
+  wxTheApp->ProcessPendingEvents();
+  --depth_;
+}
+
+void WxEventPump::Post(std::function<void()> task) {
+  wxTheApp->CallAfter([task = std::move(task)] {
+    try {
+      task();
+    } catch (const std::exception& error) {
+      wxLogDebug("%s", ToWx(error.what()));
+    }
+  });
+}
+
+}  // namespace lorelin

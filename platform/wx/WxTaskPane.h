@@ -1,0 +1,29 @@
+#pragma once
+
+#include <wx/scrolwin.h>
+#include <wx/sizer.h>
+
+#include <map>
+#include <string>
+
+#include "platform/TaskPane.h"
+
+namespace lorelin {
+
+// The side panel: groups of flat buttons under bold headings.
+class WxTaskPane final : public wxScrolledWindow, public TaskPane {
+ public:
+  explicit WxTaskPane(wxWindow* parent);
+
+  void AddGroup(std::string_view group) override;
+  void AddItem(std::string_view group, std::int32_t number, std::string_view caption) override;
+  void OnClick(std::function<void(std::int32_t)> handler) override { handler_ = std::move(handler); }
+
+ private:
+  void Arrange();
+
+  std::map<std::string, wxSizer*, std::less<>> groups_;
+  std::function<void(std::int32_t)> handler_;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,39 @@
+#include "platform/wx/accessibility.h"
+
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
+#include <string>
+
+namespace lorelin {
+
+#ifdef __WXGTK__
+
+namespace {
+
+// A control that scrolls is wrapped in one that does not speak.
+void NameWidget(GtkWidget* widget, gpointer name) {
+  if (AtkObject* const object = gtk_widget_get_accessible(widget)) {
+    atk_object_set_name(object, static_cast<const std::string*>(name)->c_str());
+  }
+  if (GTK_IS_SCROLLED_WINDOW(widget)) gtk_container_foreach(GTK_CONTAINER(widget), &NameWidget, name);
+}
+
+}  // namespace
+
+void SetAccessibleName(wxWindow& window, std::string_view name) {
+  std::string text(name);
+  NameWidget(static_cast<GtkWidget*>(window.GetHandle()), &text);
+}
+
+#else
+
+// Other systems take the window's own name.
+void SetAccessibleName(wxWindow& window, std::string_view name) {
+  window.SetLabel(wxString::FromUTF8(name.data(), name.size()));
+}
+
+#endif
+
+}  // namespace lorelin
