@@ -3,6 +3,7 @@
 #include "app/modFile.h"
 #include "app/text.h"
 #include "platform/wx/accessibility.h"
+#include "platform/wx/innerMargins.h"
 #include "platform/wx/text.h"
 
 namespace lorelin {
@@ -21,7 +22,7 @@ WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
     : wxTextCtrl(parent, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                  wxTE_MULTILINE | wxTE_RICH2 | wxTE_NOHIDESEL, wxDefaultValidator, "rtfText") {
   SetFont(GetFont().Scaled(1.2F));
-  SetMargins(FromDIP(10), FromDIP(8));
+  SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
 }
 

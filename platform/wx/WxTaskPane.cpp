@@ -24,9 +24,9 @@ void WxTaskPane::AddGroup(std::string_view group) {
   }
   auto* const heading = new wxStaticText(this, wxID_ANY, ToWx(group));
   heading->SetFont(heading->GetFont().Bold());
-  GetSizer()->Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(10)));
+  GetSizer()->Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(12)));
   auto* const items = new wxBoxSizer(wxVERTICAL);
-  GetSizer()->Add(items, wxSizerFlags().Expand().Border(wxALL, FromDIP(4)));
+  GetSizer()->Add(items, wxSizerFlags().Expand().Border(wxALL, FromDIP(8)));
   groups_.emplace(group, items);
   Arrange();
 }

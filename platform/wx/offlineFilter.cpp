@@ -11,8 +11,11 @@ namespace lorelin {
 namespace {
 
 // Content blocker rules as WebKit reads them (https://webkit.org/blog/3476/content-blockers-first-look/).
-constexpr const char* kRules =
-    R"([{"trigger": {"url-filter": "^(https?|wss?|ftp)://.*"}, "action": {"type": "block"}}])";
+constexpr const char* kRules = R"([
+  {"trigger": {"url-filter": "^https?://.*"}, "action": {"type": "block"}},
+  {"trigger": {"url-filter": "^wss?://.*"}, "action": {"type": "block"}},
+  {"trigger": {"url-filter": "^ftp://.*"}, "action": {"type": "block"}}
+])";
 
 void AddFilter(GObject* store, GAsyncResult* result, gpointer view) {
   WebKitUserContentFilter* const filter =

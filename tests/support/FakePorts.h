@@ -1,0 +1,231 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/RuntimeError.h"
+#include "app/textEncoding.h"
+#include "platform/Automation.h"
+#include "platform/BrowserPane.h"
+#include "platform/Clipboard.h"
+#include "platform/Clock.h"
+#include "platform/DocumentEditor.h"
+#include "platform/EventPump.h"
+#include "platform/FileSearch.h"
+#include "platform/Log.h"
+#include "platform/MainView.h"
+#include "platform/MessageBoxes.h"
+#include "platform/Shell.h"
+#include "platform/SingleInstance.h"
+#include "platform/StatusBar.h"
+#include "platform/TaskPane.h"
+#include "tests/support/CallLog.h"
+
+namespace lorelin {
+
+// The small fakes of the ports. Those that act write what they do into a CallLog.
+
+class FakeLog final : public Log {
+ public:
+  void Write(std::string_view line) override { lines.emplace_back(line); }
+  std::vector<std::string> lines;
+};
+
+class FakeClock final : public Clock {
+ public:
+  LocalTime Now() override { return now; }
+  std::chrono::steady_clock::time_point Steady() override { return steady; }
+  LocalTime now{2026, 10, 3, 9, 5, 7, 7};
+  std::chrono::steady_clock::time_point steady{};
+};
+
+// Runs what was posted; before that, whatever a test wants to happen while the program waits.
+class FakeEventPump final : public EventPump {
+ public:
+  void RunPendingEvents() override {
+    ++turns;
+    if (onTurn) onTurn();
+    while (!tasks.empty()) {
+      const auto task = std::move(tasks.front());
+      tasks.pop_front();
+      task();
+    }
+  }
+  void Post(std::function<void()> task) override { tasks.push_back(std::move(task)); }
+  std::function<void()> onTurn;
+  std::deque<std::function<void()>> tasks;
+  int turns = 0;
+};
+
+class FakeMessageBoxes final : public MessageBoxes {
+ public:
+  struct Box {
+    std::string text;
+    std::string title;
+    MessageIcon icon;
+    MessageButtons buttons;
+  };
+  MessageAnswer Show(std::string_view text, std::string_view title, MessageIcon icon,
+                     MessageButtons buttons) override {
+    boxes.push_back({std::string(text), std::string(title), icon, buttons});
+    if (onShow) onShow();
+    if (answers.empty()) return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Yes;
+    const MessageAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  std::vector<Box> boxes;
+  std::deque<MessageAnswer> answers;
+  std::function<void()> onShow;
+};
+
+class FakeDocumentEditor final : public DocumentEditor {
+ public:
+  explicit FakeDocumentEditor(CallLog& log) : log_(log) {}
+  std::string Text() override { return text; }
+  void SetText(std::string_view newText) override { text = newText; }
+  void LoadFile(const std::string& path) override {
+    log_.Add("editor.LoadFile " + path);
+    const auto found = files.find(path);
+    if (found == files.end()) throw RuntimeError(ErrorNumber::FileNotFound);
+    text = found->second;
+  }
+  std::size_t SelectionStart() override { return selectionStart; }
+  std::string SelectedText() override {
+    return std::string(FromCharacter(text, selectionStart)).substr(0, selectionBytes);
+  }
+  void ReplaceSelection(std::string_view replacement) override {
+    text.replace(text.size() - FromCharacter(text, selectionStart).size(), selectionBytes, replacement);
+    selectionBytes = 0;
+  }
+  std::string text;
+  std::size_t selectionStart = 0;
+  std::size_t selectionBytes = 0;
+  std::map<std::string, std::string> files;
+
+ private:
+  CallLog& log_;
+};
+
+class FakeStatusBar final : public StatusBar {
+ public:
+  void SetMessage(std::string_view text) override { message = text; }
+  void SetFirstPanel(std::string_view text) override { firstPanel = text; }
+  std::string message;
+  std::string firstPanel;
+};
+
+class FakeClipboard final : public Clipboard {
+ public:
+  std::string Text() override { return text; }
+  void SetText(std::string_view newText) override { text = newText; }
+  std::string text;
+};
+
+class FakeShell final : public Shell {
+ public:
+  bool OpenFolder(const std::string& folder) override { return folders.push_back(folder), works; }
+  std::vector<std::string> folders;
+  bool works = true;
+};
+
+class FakeFileSearch final : public FileSearch {
+ public:
+  std::vector<std::string> FilesMatching(const std::string& pattern) override {
+    patterns.push_back(pattern);
+    return names;
+  }
+  std::vector<std::string> names;
+  std::vector<std::string> patterns;
+};
+
+class FakeSingleInstance final : public SingleInstance {
+ public:
+  bool IsAlreadyRunning() override { return running; }
+  bool running = false;
+};
+
+class FakeTaskPane final : public TaskPane {
+ public:
+  explicit FakeTaskPane(CallLog& log) : log_(log) {}
+  void AddGroup(std::string_view group) override { log_.Add("pane.group " + std::string(group)); }
+  void AddItem(std::string_view group, std::int32_t number, std::string_view caption) override {
+    log_.Add("pane.item " + std::string(group) + " " + std::to_string(number) + " " + std::string(caption));
+  }
+  void OnClick(std::function<void(std::int32_t)> handler) override { click = std::move(handler); }
+  std::function<void(std::int32_t)> click;
+
+ private:
+  CallLog& log_;
+};
+
+class FakeBrowserPane final : public BrowserPane {
+ public:
+  explicit FakeBrowserPane(CallLog& log) : log_(log) {}
+  void SetOffline() override { log_.Add("browser.offline"); }
+  void Navigate(const std::string& path) override { log_.Add("browser.navigate " + path); }
+
+ private:
+  CallLog& log_;
+};
+
+class FakeMainView final : public MainView {
+ public:
+  explicit FakeMainView(CallLog& log) : log_(log) {}
+  void ShowEditor(bool visible) override { editorVisible = visible; }
+  void ShowBrowser(bool visible) override { browserVisible = visible; }
+  void FocusEditor() override {
+    log_.Add("view.focus");
+    if (focusFails) throw RuntimeError(ErrorNumber::InvalidCall);
+  }
+  void CheckMenuEntry(std::string_view name, bool checked) override { checks[std::string(name)] = checked; }
+  void EnableToolbarButton(std::string_view key, bool enabled) override {
+    log_.Add("toolbar." + std::string(key) + (enabled ? " on" : " off"));
+  }
+  void StretchToolbar() override { log_.Add("view.stretch"); }
+  void EnableTimer(WatchTimer timer, bool enabled) override {
+    log_.Add(std::string(timer == WatchTimer::Clipboard ? "tmrClipboard" : "tmrWinTasks") +
+             (enabled ? " on" : " off"));
+  }
+  void ShowWindow() override { log_.Add("view.show"); }
+  void HideWindow() override { log_.Add("view.hide"); }
+  void EndProgram() override { log_.Add("view.end"); }
+  bool editorVisible = false;
+  bool browserVisible = false;
+  bool focusFails = false;
+  std::map<std::string, bool> checks;
+
+ private:
+  CallLog& log_;
+};
+
+// Objects by identifier; each is a function of method and argument.
+class FakeAutomation final : public Automation {
+ public:
+  using Object = std::function<std::string(const std::string& method, std::optional<std::string> argument)>;
+
+  std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) override {
+    const auto found = objects.find(std::string(identifier));
+    if (found == objects.end()) throw RuntimeError(ErrorNumber::CannotCreateObject);
+    return std::make_unique<Instance>(found->second);
+  }
+  std::map<std::string, Object> objects;
+
+ private:
+  class Instance final : public AutomationObject {
+   public:
+    explicit Instance(Object object) : object_(std::move(object)) {}
+    std::string Invoke(std::string_view method, std::optional<std::string_view> argument) override {
+      return object_(std::string(method), argument ? std::optional<std::string>(*argument) : std::nullopt);
+    }
+
+   private:
+    Object object_;
+  };
+};
+
+}  // namespace lorelin

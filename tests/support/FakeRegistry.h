@@ -1,0 +1,40 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/Registry.h"
+
+namespace lorelin {
+
+// A registry in memory.
+class FakeRegistry final : public Registry {
+ public:
+  bool CreateKey(RegistryHive hive, std::string_view path) override;
+  bool KeyExists(RegistryHive hive, std::string_view path) override;
+  bool DeleteKey(RegistryHive hive, std::string_view path) override;
+  std::optional<std::vector<std::string>> SubkeyNames(RegistryHive hive, std::string_view path) override;
+  std::optional<std::vector<std::string>> ValueNames(RegistryHive hive, std::string_view path) override;
+  std::optional<RegistryValue> ReadValue(RegistryHive hive, std::string_view path,
+                                         std::string_view name) override;
+  bool WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
+                  const RegistryValue& value) override;
+  bool DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) override;
+
+ private:
+  struct Value {
+    std::string name;
+    RegistryValue value;
+  };
+  struct Key {
+    std::string name;
+    std::map<std::string, Key> subkeys;
+    std::map<std::string, Value> values;
+  };
+
+  [[nodiscard]] Key* Find(RegistryHive hive, std::string_view path, bool create = false);
+
+  std::map<RegistryHive, Key> hives_;
+};
+
+}  // namespace lorelin
