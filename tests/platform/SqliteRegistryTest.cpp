@@ -1,0 +1,131 @@
+#include "platform/linux/SqliteRegistry.h"
+
+#include <sqlite3.h>
+
+#include <filesystem>
+
+#include "tests/support/FakePorts.h"
+#include "tests/support/RegistryContract.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace lorelin {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::unique_ptr<Registry> MakeInMemory() {
+  static FakeLog log;
+  return std::move(SqliteRegistry::Open("/proc/nicht/da/registry.sqlite", log).registry);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sqlite, RegistryContract, testing::Values(&MakeInMemory));
+
+class SqliteRegistryTest : public testing::Test {
+ protected:
+  TemporaryFolder folder;
+  std::string file = folder.File("config/lorelin/registry.sqlite");
+  FakeLog log;
+
+  OpenedRegistry Open() { return SqliteRegistry::Open(file, log); }
+  static void Write(Registry& registry, const std::string& text) {
+    EXPECT_TRUE(registry.WriteValue(RegistryHive::CurrentUser, "K", "x", {RegistryType::String, text}));
+  }
+  static std::string Read(Registry& registry) {
+    const auto value = registry.ReadValue(RegistryHive::CurrentUser, "K", "x");
+    return value ? value->data : "(fehlt)";
+  }
+  std::vector<std::string> SetAside() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(fs::path(file).parent_path())) {
+      const std::string name = entry.path().filename().string();
+      if (name.find(".beschaedigt-") != std::string::npos && !name.ends_with("-wal") &&
+          !name.ends_with("-shm")) {
+        names.push_back(entry.path().string());
+      }
+    }
+    return names;
+  }
+};
+
+TEST_F(SqliteRegistryTest, KeepsValuesFromOneStartToTheNext) {
+  Write(*Open().registry, "eins");
+  const auto opened = Open();
+  EXPECT_EQ(Read(*opened.registry), "eins");
+  EXPECT_EQ(opened.notice, "");
+  EXPECT_FALSE(opened.lost);
+}
+
+TEST_F(SqliteRegistryTest, ShowsWhatAnotherConnectionWrote) {
+  const auto one = Open();
+  const auto two = Open();
+  Write(*one.registry, "eins");
+  EXPECT_EQ(Read(*two.registry), "eins");
+  Write(*two.registry, "zwei");
+  EXPECT_EQ(Read(*one.registry), "zwei");
+}
+
+TEST_F(SqliteRegistryTest, SetsAFileAsideThatIsNoDatabase) {
+  const std::string noise(5000, 'z');
+  WriteFile(file, noise);
+  const auto opened = Open();
+  EXPECT_TRUE(opened.lost);
+  const auto aside = SetAside();
+  ASSERT_EQ(aside.size(), 1U);
+  EXPECT_NE(opened.notice.find(aside[0]), std::string::npos);
+  EXPECT_EQ(ReadFile(aside[0]), noise);
+  Write(*opened.registry, "neu");
+  EXPECT_EQ(Read(*opened.registry), "neu");
+}
+
+TEST_F(SqliteRegistryTest, SetsADamagedDatabaseAside) {
+  {
+    const auto opened = Open();
+    for (int i = 0; i < 500; ++i) {
+      opened.registry->WriteValue(RegistryHive::CurrentUser, "K" + std::to_string(i), "x",
+                                  {RegistryType::String, std::string(200, 'a')});
+    }
+  }
+  std::string bytes = ReadFile(file);
+  ASSERT_GT(bytes.size(), 20000U);
+  bytes.replace(4096, 12000, std::string(12000, '\x55'));
+  WriteFile(file, bytes);
+  EXPECT_TRUE(Open().lost);
+  EXPECT_EQ(SetAside().size(), 1U);
+}
+
+TEST_F(SqliteRegistryTest, NeverOverwritesWhatItSetAside) {
+  for (int i = 0; i < 3; ++i) {
+    fs::remove(file);
+    WriteFile(file, "Unsinn " + std::string(200, static_cast<char>('a' + i)));
+    EXPECT_TRUE(Open().lost);
+  }
+  EXPECT_EQ(SetAside().size(), 3U);
+}
+
+TEST_F(SqliteRegistryTest, SetsAFileOfANewerVersionAside) {
+  Open();
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, "PRAGMA user_version = 99", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(database);
+  EXPECT_TRUE(Open().lost);
+}
+
+TEST_F(SqliteRegistryTest, TakesAnEmptyFileForANewOne) {
+  WriteFile(file, "");
+  const auto opened = Open();
+  EXPECT_FALSE(opened.lost);
+  Write(*opened.registry, "neu");
+}
+
+TEST_F(SqliteRegistryTest, LivesInMemoryWhereNothingCanBeWritten) {
+  file = "/proc/nicht/da/registry.sqlite";
+  const auto opened = Open();
+  EXPECT_NE(opened.notice, "");
+  EXPECT_FALSE(opened.lost);
+  Write(*opened.registry, "neu");
+  EXPECT_EQ(Read(*opened.registry), "neu");
+}
+
+}  // namespace
+}  // namespace lorelin

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "app/paths.h"
+#include "speech/modSpeak.h"
+#include "tests/support/FakeDirectSS.h"
+#include "tests/support/FakePorts.h"
+#include "tests/support/FakeRegistry.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace lorelin {
+
+// The speaking part of the program on fakes, with a program folder of its own.
+class SpeechFixture : public testing::Test {
+ protected:
+  void Set(const SettingKey& key, std::string_view text) { settings.Save(key, text); }
+  std::string Spoken(std::string text) {
+    speech.Speak(text, false, "-1", false);
+    return voice.SpokenText();
+  }
+  void RegisterFilter(const std::string& name, FakeAutomation::Object object) {
+    const std::string key = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions\\" + name;
+    registry.WriteValue(RegistryHive::CurrentUser, key, "Active", {RegistryType::String, "true"});
+    registry.WriteValue(RegistryHive::CurrentUser, key, "ObjectName", {RegistryType::String, name});
+    automation.objects[name] = std::move(object);
+  }
+
+  TemporaryFolder folder;
+  CallLog calls;
+  FakeLog log;
+  FakeDirectSS voice{"Voice", calls};
+  FakeDirectSS voice2{"Voice2", calls};
+  FakeDocumentEditor document{calls};
+  FakeStatusBar statusBar;
+  FakeMessageBoxes messageBoxes;
+  FakeEventPump pump;
+  FakeClock clock;
+  FakeFileSearch fileSearch;
+  FakeRegistry registry;
+  FakeAutomation automation;
+  SettingsStore settings{registry};
+  ModAddin extensions{registry, automation, log};
+  StartupState startup;
+  ModSpeak speech{{.voice = voice,
+                   .voice2 = voice2,
+                   .document = document,
+                   .statusBar = statusBar,
+                   .messageBoxes = messageBoxes,
+                   .pump = pump,
+                   .clock = clock,
+                   .fileSearch = fileSearch,
+                   .log = log,
+                   .settings = settings,
+                   .extensions = extensions,
+                   .startup = startup,
+                   .programFolder = folder.Path()}};
+};
+
+}  // namespace lorelin
