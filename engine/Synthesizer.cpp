@@ -95,8 +95,8 @@ bool Synthesizer::Speak(std::string_view text, const Samples& samples) {
     const std::size_t size = NextPiece(text);
     const std::string piece(text.substr(0, size));
     text.remove_prefix(size);
-    const auto result = espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0, espeakCHARS_UTF8,
-                                     nullptr, const_cast<Samples*>(&take));
+    const auto result = espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0,
+                                     espeakCHARS_UTF8 | espeakENDPAUSE, nullptr, const_cast<Samples*>(&take));
     if (result != EE_OK) return false;
   }
   return wanted;

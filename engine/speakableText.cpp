@@ -21,8 +21,17 @@ bool IsControl(char c) {
   return (byte < 0x20 && c != '\t' && c != '\n' && c != '\r') || byte == 0x7F;
 }
 
-bool IsSentenceEnd(char c) {
+bool IsSentenceSign(char c) {
   return c == '.' || c == '!' || c == '?' || c == ':' || c == ';';
+}
+
+// Whether a sentence ends right before `at`: a sign behind a word that is too long for an abbreviation like
+// "z. B.".
+bool IsSentenceEnd(std::string_view text, std::size_t at) {
+  constexpr std::size_t kShortestWord = 3;
+  if (at <= kShortestWord || !IsSentenceSign(text[at - 1])) return false;
+  const std::string_view word = text.substr(at - 1 - kShortestWord, kShortestWord);
+  return std::none_of(word.begin(), word.end(), [](char c) { return IsBlank(c) || IsSentenceSign(c); });
 }
 
 bool IsCapital(std::string_view text) {
@@ -74,7 +83,7 @@ std::size_t NextPiece(std::string_view text) {
       if (end == text.size()) return end;
       if (at > 0 && IsParagraphEnd(text, at, end)) return end;
       const bool enough = stops >= kEnoughStops || at >= kEnoughBytes;
-      if (enough && at > 0 && IsSentenceEnd(text[at - 1]) && IsCapital(text.substr(end))) return end;
+      if (enough && IsSentenceEnd(text, at) && IsCapital(text.substr(end))) return end;
       if (stops >= kTooManyStops || at >= kTooManyBytes) return end;
       at = end - 1;
     } else if (stops >= kTooManyStops + 10 || at >= 2 * kTooManyBytes) {
