@@ -24,8 +24,8 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar {
  public:
   // `filterFolder` is the browser pane's; `endProgram` ends the process once the window has gone.
   FrmMain(std::string filterFolder, std::function<void()> endProgram, Log& log);
-  // Where the events go. Must outlive the window.
-  void Attach(MainWindow& window) { window_ = &window; }
+  // Where the events go; nullptr when it goes before the window does.
+  void Attach(MainWindow* window) { window_ = window; }
   ~FrmMain() override;
   FrmMain(const FrmMain&) = delete;
   FrmMain& operator=(const FrmMain&) = delete;

@@ -24,7 +24,7 @@ class App::Program {
         voice_(MakeSpeechInstance(services_, pump_, true, Notice())),
         voice2_(MakeSpeechInstance(services_, pump_, false, Notice())),
         extensions_(*services_.registry, *services_.automation, *services_.log),
-        form_(new FrmMain(
+        form_(std::make_unique<FrmMain>(
             services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
         speech_({.voice = *voice_,
                  .voice2 = *voice2_,
@@ -55,15 +55,13 @@ class App::Program {
                  .programFolder = services_.paths.programFolder}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
-    form_->Attach(window_);
-    messageBoxes_.SetParent(form_);
+    form_->Attach(&window_);
+    messageBoxes_.SetParent(form_.get());
   }
 
-  // The form goes first: it still tells the window that it goes.
   ~Program() {
     messageBoxes_.SetParent(nullptr);
-    ending_ = true;
-    delete form_;
+    form_->Attach(nullptr);
   }
 
   Program(const Program&) = delete;
@@ -124,7 +122,7 @@ class App::Program {
   std::unique_ptr<DirectSS> voice_;
   std::unique_ptr<DirectSS> voice2_;
   ModAddin extensions_;
-  FrmMain* form_;
+  std::unique_ptr<FrmMain> form_;
   ModSpeak speech_;
   MainWindow window_;
   ModFileReg fileTypes_;

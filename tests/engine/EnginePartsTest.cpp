@@ -122,7 +122,7 @@ std::string Repeated(std::string_view text, int times) {
 }
 
 TEST(NextPiece, LeavesAnOrdinaryParagraphWhole) {
-  const std::string text = Repeated("Das ist ein Satz, z. B. dieser. ", 15);
+  const std::string text = Repeated("Das ist ein Satz, z. B. dieser. ", 12);
   EXPECT_EQ(Pieces(text), std::vector<std::string>{text});
 }
 

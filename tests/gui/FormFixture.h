@@ -1,0 +1,96 @@
+#pragma once
+
+#include <wx/menu.h>
+#include <wx/statusbr.h>
+#include <wx/toolbar.h>
+
+#include <chrono>
+
+#include "app/MainWindow.h"
+#include "app/frmMain.h"
+#include "platform/wx/WxClipboard.h"
+#include "platform/wx/WxEventPump.h"
+#include "platform/wx/text.h"
+#include "tests/support/SpeechFixture.h"
+
+namespace lorelin {
+
+// The real main window on the modules, with the engine and the rest of the world as fakes.
+class FormFixture : public testing::Test {
+ protected:
+  FormFixture() {
+    form.Attach(&window);
+    std::filesystem::copy(LORELIN_PAGES, folder.File("hypertext"));
+  }
+  ~FormFixture() override { form.Attach(nullptr); }
+
+  // Lets the window system work until `done`; false after ten seconds.
+  bool WaitUntil(const std::function<bool()>& done) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!done()) {
+      if (std::chrono::steady_clock::now() > end) return false;
+      pump.RunPendingEvents();
+    }
+    return true;
+  }
+  // A menu entry as a user sees it.
+  wxMenuItem& Entry(const char* menu, const char* caption) {
+    wxMenuBar& bar = *form.GetMenuBar();
+    const int id = bar.FindMenuItem(ToWx(menu), ToWx(caption));
+    EXPECT_NE(id, wxNOT_FOUND) << menu << " " << caption;
+    return *bar.FindItem(id);
+  }
+  void Choose(const char* menu, const char* caption) {
+    wxCommandEvent event(wxEVT_MENU, Entry(menu, caption).GetId());
+    form.ProcessWindowEvent(event);
+  }
+  std::string Panel(int number) { return FromWx(form.GetStatusBar()->GetStatusText(number)); }
+
+  TemporaryFolder folder;
+  CallLog calls;
+  FakeLog log;
+  FakeDirectSS voice{"Voice", calls};
+  FakeDirectSS voice2{"Voice2", calls};
+  FakeMessageBoxes messageBoxes;
+  FakeClock clock;
+  FakeFileSearch fileSearch;
+  FakeRegistry registry;
+  FakeAutomation automation;
+  FakeShell shell;
+  WxClipboard clipboard;
+  WxEventPump pump;
+  StartupState startup;
+  SettingsStore settings{registry};
+  ModAddin extensions{registry, automation, log};
+  bool ended = false;
+  FrmMain form{folder.File("cache"), [this] { ended = true; }, log};
+  ModSpeak speech{{.voice = voice,
+                   .voice2 = voice2,
+                   .document = form.Editor(),
+                   .statusBar = form,
+                   .messageBoxes = messageBoxes,
+                   .pump = pump,
+                   .clock = clock,
+                   .fileSearch = fileSearch,
+                   .log = log,
+                   .settings = settings,
+                   .extensions = extensions,
+                   .startup = startup,
+                   .programFolder = folder.Path()}};
+  MainWindow window{{.view = form,
+                     .editor = form.Editor(),
+                     .browser = form.Browser(),
+                     .taskPane = form.Tasks(),
+                     .statusBar = form,
+                     .messageBoxes = messageBoxes,
+                     .clipboard = clipboard,
+                     .shell = shell,
+                     .log = log,
+                     .settings = settings,
+                     .speech = speech,
+                     .extensions = extensions,
+                     .startup = startup,
+                     .programFolder = folder.Path()}};
+};
+
+}  // namespace lorelin

@@ -1,0 +1,262 @@
+#include <wx/button.h>
+#include <wx/clipbrd.h>
+
+#include <ctime>
+#include <thread>
+
+#include "tests/gui/FormFixture.h"
+
+namespace lorelin {
+namespace {
+
+class MainForm : public FormFixture {};
+
+TEST_F(MainForm, HasTheMenusOfTheTableInTheirOrder) {
+  wxMenuBar& bar = *form.GetMenuBar();
+  ASSERT_EQ(bar.GetMenuCount(), MainMenus().size());
+  for (std::size_t i = 0; i < MainMenus().size(); ++i) {
+    const Menu& menu = MainMenus()[i];
+    EXPECT_EQ(FromWx(bar.GetMenuLabel(i)), menu.caption);
+    const auto& items = bar.GetMenu(i)->GetMenuItems();
+    ASSERT_EQ(items.size(), menu.entries.size()) << menu.caption;
+    for (std::size_t j = 0; j < items.size(); ++j) {
+      EXPECT_EQ(items[j]->IsSeparator(), menu.entries[j].caption == "-");
+      if (!items[j]->IsSeparator()) {
+        EXPECT_EQ(FromWx(items[j]->GetItemLabel().BeforeFirst('\t')), menu.entries[j].caption);
+      }
+    }
+  }
+}
+
+TEST_F(MainForm, HasSixMenusWithTheirFirstEntries) {
+  Entry("Datei", "Neu");
+  Entry("Bearbeiten", "Ausschneiden");
+  Entry("Aktion", "Text ab Cursorposition lesen");
+  Entry("Ansicht", "Interaktivmodus");
+  Entry("Extras", "Erweiterungen verwalten");
+  Entry("?", "Über Lorelin");
+}
+
+TEST_F(MainForm, HasTheExportAsItsTenthButton) {
+  const wxToolBar& bar = *form.GetToolBar();
+  ASSERT_EQ(bar.GetToolsCount(), 10U);
+  const wxToolBarToolBase& button = *bar.GetToolByPos(9);
+  EXPECT_EQ(FromWx(button.GetLabel()), "Exportieren");
+  EXPECT_EQ(FromWx(button.GetShortHelp()), "Text als *.wav Datei abspeichern");
+}
+
+TEST_F(MainForm, HasADrawingOnEveryButton) {
+  const wxToolBar& bar = *form.GetToolBar();
+  for (std::size_t i = 0; i < ToolbarButtons().size(); ++i) {
+    const ToolbarButton& button = ToolbarButtons()[i];
+    const wxToolBarToolBase& tool = *bar.GetToolByPos(static_cast<int>(i));
+    EXPECT_EQ(tool.IsSeparator(), button.key.empty());
+    EXPECT_TRUE(button.key.empty() || tool.GetNormalBitmapBundle().IsOk()) << button.key;
+  }
+}
+
+TEST_F(MainForm, ShowsExactlyOneOfEditorAndPage) {
+  window.Load();
+  EXPECT_TRUE(form.IsShown());
+  EXPECT_FALSE(form.Editor().IsShown());
+  EXPECT_TRUE(form.Browser().IsShown());
+  EXPECT_TRUE(Entry("Ansicht", "Interaktivmodus").IsChecked());
+  EXPECT_FALSE(Entry("Ansicht", "Textmodus").IsChecked());
+  Choose("Ansicht", "Textmodus");
+  EXPECT_TRUE(form.Editor().IsShown());
+  EXPECT_FALSE(form.Browser().IsShown());
+  EXPECT_FALSE(Entry("Ansicht", "Interaktivmodus").IsChecked());
+  EXPECT_TRUE(Entry("Ansicht", "Textmodus").IsChecked());
+}
+
+TEST_F(MainForm, CountsCharactersWhateverTheirLength) {
+  form.Editor().SetText("Zwölf Zeich.");
+  EXPECT_EQ(Panel(0), "12 Zeichen.");
+  form.Editor().SetText("ä🎉b");
+  EXPECT_EQ(Panel(0), "3 Zeichen.");
+  form.Editor().SetText("");
+  EXPECT_EQ(Panel(0), "0 Zeichen.");
+}
+
+TEST_F(MainForm, KeepsEveryCharacterOfTheDocument) {
+  for (const auto* const text : {"Grüße – 10 € ♥", "a\nb\n\nc\n", "🎉🎉", "  führend", "\tTab"}) {
+    form.Editor().SetText(text);
+    EXPECT_EQ(form.Editor().Text(), text);
+  }
+}
+
+TEST_F(MainForm, ShowsThatAZeroByteStoodInTheFile) {
+  form.Editor().SetText(std::string_view("a\0b", 3));
+  EXPECT_EQ(form.Editor().Text(),
+            "a\uFFFD"
+            "b");
+}
+
+TEST_F(MainForm, LoadsADocumentOrKeepsTheOldOne) {
+  WriteFile(folder.File("alt.txt"),
+            "Gr\xFC\xDF"
+            "e\r\nLeser");
+  form.Editor().LoadFile(folder.File("alt.txt"));
+  EXPECT_EQ(form.Editor().Text(), "Grüße\nLeser");
+  EXPECT_THROW(form.Editor().LoadFile(folder.File("fehlt.txt")), RuntimeError);
+  EXPECT_EQ(form.Editor().Text(), "Grüße\nLeser");
+}
+
+TEST_F(MainForm, TellsTheSelectionInCharacters) {
+  form.Editor().SetText("ä🎉bc");
+  form.Editor().SetSelection(1, 3);
+  EXPECT_EQ(form.Editor().SelectionStart(), 1U);
+  EXPECT_EQ(form.Editor().SelectedText(), "🎉b");
+  form.Editor().ReplaceSelection("X");
+  EXPECT_EQ(form.Editor().Text(), "äXc");
+}
+
+TEST_F(MainForm, CutsCopiesAndInsertsThroughTheRealClipboard) {
+  form.Editor().SetText("Hallo Welt");
+  form.Editor().SetSelection(6, 10);
+  Choose("Bearbeiten", "Ausschneiden");
+  EXPECT_EQ(form.Editor().Text(), "Hallo ");
+  EXPECT_EQ(clipboard.Text(), "Welt");
+  Choose("Bearbeiten", "Einfügen");
+  EXPECT_EQ(form.Editor().Text(), "Hallo Welt");
+  form.Editor().SetSelection(0, 5);
+  Choose("Bearbeiten", "Kopieren");
+  EXPECT_EQ(clipboard.Text(), "Hallo");
+  Choose("Bearbeiten", "Löschen");
+  EXPECT_EQ(form.Editor().Text(), " Welt");
+}
+
+void Press(FrmMain& form, long key, int modifiers = 0) {
+  wxKeyEvent event(wxEVT_CHAR_HOOK);
+  event.m_keyCode = key;
+  event.SetControlDown((modifiers & wxMOD_CONTROL) != 0);
+  event.SetAltDown((modifiers & wxMOD_ALT) != 0);
+  form.ProcessWindowEvent(event);
+}
+
+TEST_F(MainForm, HandsEscapeAndF4ToTheWindow) {
+  Press(form, WXK_ESCAPE);
+  EXPECT_TRUE(calls.Has("Voice.ResetAudio"));
+  Press(form, WXK_F4, wxMOD_ALT);
+  EXPECT_TRUE(shell.folders.empty());
+  Press(form, WXK_F4);
+  EXPECT_EQ(shell.folders.size(), 1U);
+}
+
+TEST_F(MainForm, RunsTheToolbarsCommands) {
+  form.Editor().SetText("Guten Tag");
+  const wxToolBarToolBase& button = *form.GetToolBar()->GetToolByPos(5);
+  ASSERT_EQ(FromWx(button.GetLabel()), "Sprechen");
+  wxCommandEvent event(wxEVT_TOOL, button.GetId());
+  form.ProcessWindowEvent(event);
+  EXPECT_EQ(voice.SpokenText(), " Guten Tag ");
+  EXPECT_FALSE(form.GetToolBar()->GetToolEnabled(form.GetToolBar()->GetToolByPos(9)->GetId()));
+  voice2.Finish();
+  EXPECT_TRUE(form.GetToolBar()->GetToolEnabled(form.GetToolBar()->GetToolByPos(9)->GetId()));
+  EXPECT_EQ(Panel(1), "Der Text wurde vollständig vorgelesen.");
+}
+
+TEST_F(MainForm, OffersItsTasksAsButtonsThatTheKeyboardReaches) {
+  window.Load();
+  std::vector<std::string> captions;
+  for (wxWindow* child : form.Tasks().GetChildren()) {
+    if (auto* const button = dynamic_cast<wxButton*>(child)) {
+      EXPECT_TRUE(button->IsFocusable());
+      captions.push_back(FromWx(button->GetLabelText()));
+    }
+  }
+  EXPECT_EQ(captions,
+            (std::vector<std::string>{"Text vorlesen", "Text abspeichern", "Stimme wählen",
+                                      "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern"}));
+}
+
+TEST_F(MainForm, EmptiesAGroupOfTasksThatIsAddedAgain) {
+  form.Tasks().AddGroup("Tasks");
+  form.Tasks().AddItem("Tasks", 1, "eins");
+  const auto before = form.Tasks().GetChildren().size();
+  form.Tasks().AddGroup("Tasks");
+  form.Tasks().AddItem("Tasks", 2, "zwei");
+  EXPECT_EQ(form.Tasks().GetChildren().size(), before);
+}
+
+TEST_F(MainForm, EndsThroughTheModuleWhenItIsClosed) {
+  window.Load();
+  form.Close();
+  EXPECT_TRUE(ended);
+  EXPECT_FALSE(form.IsShown());
+  EXPECT_EQ(settings.GetSetting("settings", "LastDoc", "fehlt"), "");
+}
+
+TEST_F(MainForm, StaysUsableWhileAMenuCommandWaitsForTheSpeech) {
+  window.Load();
+  form.Editor().SetText("Guten Tag");
+  bool stopped = false;
+  std::thread user([&] {
+    // From outside, as a key comes: the engine's log tells that the speech runs.
+    std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+    pump.Post([&] {
+      EXPECT_TRUE(voice.Speaking());
+      Press(form, WXK_ESCAPE);
+      stopped = true;
+    });
+  });
+  const std::clock_t before = std::clock();
+  Choose("Aktion", "Sprechen");
+  std::printf("cpu %f\n", double(std::clock() - before) / CLOCKS_PER_SEC);
+  user.join();
+  EXPECT_TRUE(stopped);
+  EXPECT_FALSE(voice.Speaking());
+}
+
+class Pump : public FormFixture {};
+
+TEST_F(Pump, IsWokenByAPostFromAnotherThread) {
+  bool done = false;
+  std::thread other([&] { pump.Post([&] { done = true; }); });
+  EXPECT_TRUE(WaitUntil([&] { return done; }));
+  other.join();
+}
+
+TEST_F(Pump, RunsTasksInTheirOrderAndNested) {
+  std::vector<int> order;
+  pump.Post([&] {
+    order.push_back(1);
+    pump.Post([&] { order.push_back(2); });
+    pump.RunPendingEvents();
+    order.push_back(3);
+  });
+  EXPECT_TRUE(WaitUntil([&] { return order.size() == 3; }));
+  EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
+}
+
+TEST_F(Pump, SurvivesATaskThatThrows) {
+  bool after = false;
+  pump.Post([] { throw RuntimeError(ErrorNumber::Overflow); });
+  pump.Post([&] { after = true; });
+  EXPECT_TRUE(WaitUntil([&] { return after; }));
+}
+
+TEST_F(Pump, SleepsWhenNothingHappens) {
+  window.Load();
+  const auto settle = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+  (void)WaitUntil([&] { return std::chrono::steady_clock::now() > settle; });
+  const std::clock_t before = std::clock();
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+  int turns = 0;
+  while (std::chrono::steady_clock::now() < end) {
+    pump.RunPendingEvents();
+    ++turns;
+  }
+  std::printf("turns %d cpu %f\n", turns, double(std::clock() - before) / CLOCKS_PER_SEC);
+  EXPECT_LT(turns, 300);
+}
+
+TEST_F(Pump, TellsThatItWaitsOnlyInside) {
+  bool inside = false;
+  pump.Post([&] { inside = pump.IsWaiting(); });
+  EXPECT_TRUE(WaitUntil([&] { return inside; }));
+  EXPECT_FALSE(pump.IsWaiting());
+}
+
+}  // namespace
+}  // namespace lorelin
