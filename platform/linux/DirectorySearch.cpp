@@ -1,28 +1,47 @@
 #include "platform/linux/DirectorySearch.h"
 
-#include <fnmatch.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
 
 #include "app/paths.h"
-#include "app/text.h"
+#include "app/textEncoding.h"
 
 namespace lorelin {
 namespace {
 
 namespace fs = std::filesystem;
 
-// The pattern for fnmatch: only "*" and "?" have a meaning.
-std::string NamePattern(std::string_view pattern) {
-  if (pattern == "*.*") return "*";
-  std::string escaped;
-  for (const char c : pattern) {
-    if (c == '[' || c == '\\') escaped.push_back('\\');
-    escaped.push_back(c);
+// A byte of a name that is no UTF-8 counts as one character.
+std::size_t CharacterLength(std::string_view text) {
+  return std::max<std::size_t>(Utf8Length(text), 1);
+}
+
+// Whatever the language of the process: fnmatch would refuse some names there.
+bool Matches(std::string_view pattern, std::string_view name) {
+  std::string_view afterStar;
+  std::string_view retry;
+  bool starred = false;
+  while (!name.empty()) {
+    if (pattern.starts_with('*')) {
+      starred = true;
+      afterStar = pattern = pattern.substr(1);
+      retry = name;
+    } else if (pattern.starts_with('?')) {
+      pattern.remove_prefix(1);
+      name.remove_prefix(CharacterLength(name));
+    } else if (!pattern.empty() && pattern[0] == name[0]) {
+      pattern.remove_prefix(1);
+      name.remove_prefix(1);
+    } else if (starred) {
+      retry.remove_prefix(CharacterLength(retry));
+      name = retry;
+      pattern = afterStar;
+    } else {
+      return false;
+    }
   }
-  return escaped;
+  return pattern.find_first_not_of('*') == std::string_view::npos;
 }
 
 bool IsFile(const fs::directory_entry& entry) {
@@ -35,15 +54,16 @@ bool IsFile(const fs::directory_entry& entry) {
 
 std::vector<std::string> DirectorySearch::FilesMatching(const std::string& pattern) {
   const auto slash = pattern.find_last_of("/\\");
-  const std::string folder = slash == std::string::npos ? "." : pattern.substr(0, slash == 0 ? 1 : slash);
-  const std::string names =
-      NamePattern(std::string_view(pattern).substr(slash == std::string::npos ? 0 : slash + 1));
+  const bool inFolder = slash != std::string::npos;
+  const std::string folder = inFolder ? pattern.substr(0, std::max<std::size_t>(slash, 1)) : ".";
+  std::string_view names = std::string_view(pattern).substr(inFolder ? slash + 1 : 0);
+  if (names == "*.*") names = "*";
   std::vector<std::string> found;
   std::error_code error;
   for (fs::directory_iterator entry(NativePath(folder), error), end; !error && entry != end;
        entry.increment(error)) {
     std::string name = PathText(entry->path().filename());
-    if (fnmatch(names.c_str(), name.c_str(), 0) == 0 && IsFile(*entry)) found.push_back(std::move(name));
+    if (Matches(names, name) && IsFile(*entry)) found.push_back(std::move(name));
   }
   return found;
 }

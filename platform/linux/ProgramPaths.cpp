@@ -1,12 +1,15 @@
 #include "platform/ProgramPaths.h"
 
+#include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
+#include <string>
 #include <system_error>
 
 #include "app/paths.h"
+#include "platform/linux/SystemFacts.h"
 
 namespace lorelin {
 namespace {
@@ -20,11 +23,10 @@ fs::path Environment(const char* name) {
   return value != nullptr ? fs::path(value) : fs::path();
 }
 
-// An XDG base directory (XDG Base Directory Specification 0.8): a relative one counts as unset.
-fs::path BaseFolder(const char* name, const char* belowHome) {
-  const fs::path folder = Environment(name);
-  if (folder.is_absolute()) return folder / "lorelin";
-  return Environment("HOME") / belowHome / "lorelin";
+fs::path UserHome() {
+  if (const fs::path home = Environment("HOME"); home.is_absolute()) return home;
+  const passwd* const user = getpwuid(getuid());
+  return user != nullptr ? fs::path(user->pw_dir) : fs::path("/");
 }
 
 fs::path Executable() {
@@ -32,12 +34,74 @@ fs::path Executable() {
   return fs::read_symlink("/proc/self/exe", error);
 }
 
+fs::path TemporaryFolder() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  return error ? fs::path("/tmp") : folder;
+}
+
+// Absolute, without "." and "..", without a separator at the end.
+fs::path Clean(const fs::path& folder) {
+  std::error_code error;
+  const fs::path clean = fs::absolute(folder, error).lexically_normal();
+  return clean.has_filename() ? clean : clean.parent_path();
+}
+
+// An XDG base directory (XDG Base Directory Specification 0.8): a relative one counts as unset.
+fs::path BaseFolder(const SystemFacts& facts, const char* name, const char* belowHome) {
+  const fs::path folder = facts.environment(name);
+  return Clean((folder.is_absolute() ? folder : facts.home / belowHome) / "lorelin");
+}
+
+bool IsWritable(const fs::path& folder) {
+  return access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+bool MakeWritable(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder.parent_path(), error);
+  mkdir(folder.c_str(), 0700);
+  return IsWritable(folder);
+}
+
+// In a folder that everybody writes to, another user may have been first.
+bool IsPrivate(const fs::path& folder) {
+  struct stat status {};
+  return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+         (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+fs::path WritableFolder(const fs::path& wanted, const SystemFacts& facts) {
+  if (MakeWritable(wanted)) return wanted;
+  const fs::path runtime = facts.environment("XDG_RUNTIME_DIR");
+  const fs::path forUser = "lorelin-" + std::to_string(geteuid());
+  for (const fs::path& base : {runtime, facts.temporaryFolder}) {
+    const fs::path folder = base / forUser;
+    if (folder.is_absolute() && MakeWritable(folder) && IsPrivate(folder)) return folder;
+  }
+  return wanted;
+}
+
+// A start that is killed leaves no half page.
+void CopyWhole(const fs::path& from, const fs::path& to) {
+  fs::path unfinished = to;
+  unfinished += ".neu";
+  std::error_code error;
+  fs::create_directories(to.parent_path(), error);
+  if (fs::copy_file(from, unfinished, fs::copy_options::overwrite_existing, error)) {
+    fs::rename(unfinished, to, error);
+  }
+}
+
 // What a user has changed or added is kept.
 void Seed(const fs::path& folder, const fs::path& shared) {
   std::error_code error;
-  fs::create_directories(folder, error);
-  fs::copy(shared / kPages, folder / kPages, fs::copy_options::recursive | fs::copy_options::skip_existing,
-           error);
+  for (fs::recursive_directory_iterator entry(shared / kPages, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const fs::path copy = folder / entry->path().lexically_relative(shared);
+    std::error_code ignored;
+    if (entry->is_regular_file(ignored) && !fs::exists(copy, ignored)) CopyWhole(entry->path(), copy);
+  }
 }
 
 // The pages that came with the program: beside it, or in the shared data of an installation.
@@ -49,31 +113,42 @@ fs::path SharedData(const fs::path& programFolder) {
 
 bool IsOwnFolder(const fs::path& folder) {
   std::error_code error;
-  return fs::is_directory(folder / kPages, error) && access(folder.c_str(), W_OK) == 0;
+  return fs::is_directory(folder / kPages, error) && IsWritable(folder);
+}
+
+fs::path SeededFolder(const fs::path& wanted, const fs::path& beside, const SystemFacts& facts) {
+  const fs::path folder = WritableFolder(wanted, facts);
+  Seed(folder, SharedData(beside));
+  return folder;
 }
 
 }  // namespace
 
-ProgramPaths FindProgramPaths() {
-  const fs::path executable = Executable();
-  const fs::path beside = executable.parent_path();
-  const fs::path home = Environment("LORELIN_HOME");
-  const bool moved = !home.empty();
-  std::error_code error;
-  fs::path folder = moved ? fs::absolute(home, error) : beside;
-  if (moved || !IsOwnFolder(beside)) {
-    if (!moved) folder = BaseFolder("XDG_DATA_HOME", ".local/share");
-    Seed(folder, SharedData(beside));
-  }
-  const fs::path settings = moved ? folder : BaseFolder("XDG_CONFIG_HOME", ".config");
-  const fs::path state = moved ? folder : BaseFolder("XDG_STATE_HOME", ".local/state");
-  return {.programFolder = PathText(folder),
-          .programFile = PathText(executable),
+ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
+  const fs::path beside = facts.executable.parent_path();
+  const fs::path named = facts.environment("LORELIN_HOME");
+  const bool moved = !named.empty();
+  const fs::path home = moved ? Clean(named) : fs::path();
+  const auto base = [&](const char* name, const char* belowHome) {
+    return moved ? home : BaseFolder(facts, name, belowHome);
+  };
+  const fs::path data = base("XDG_DATA_HOME", ".local/share");
+  const fs::path settings = base("XDG_CONFIG_HOME", ".config");
+  const bool own = !moved && IsOwnFolder(beside);
+  return {.programFolder = PathText(own ? beside : SeededFolder(data, beside, facts)),
+          .programFile = PathText(facts.executable),
           .engineFile = PathText(beside / "lorelin-engine"),
           .registryFile = PathText(settings / "registry.sqlite"),
-          .logFile = PathText(state / "lorelin.log"),
-          .cacheFolder = PathText(moved ? folder / "cache" : BaseFolder("XDG_CACHE_HOME", ".cache")),
+          .logFile = PathText(base("XDG_STATE_HOME", ".local/state") / "lorelin.log"),
+          .cacheFolder = PathText(moved ? home / "cache" : BaseFolder(facts, "XDG_CACHE_HOME", ".cache")),
           .lockFile = PathText(settings / "lorelin.lock")};
+}
+
+ProgramPaths FindProgramPaths() {
+  return ChooseProgramPaths({.executable = Executable(),
+                             .home = UserHome(),
+                             .temporaryFolder = TemporaryFolder(),
+                             .environment = &Environment});
 }
 
 }  // namespace lorelin

@@ -1,8 +1,11 @@
 #include "platform/linux/SqliteRegistry.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/file.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ctime>
@@ -21,14 +24,14 @@ namespace fs = std::filesystem;
 
 constexpr int kBusyMilliseconds = 10000;
 constexpr int kSchemaVersion = 1;
+constexpr const char* kMemory = ":memory:";
 
 constexpr const char* kSchema =
     "CREATE TABLE IF NOT EXISTS keys (path TEXT PRIMARY KEY, parent TEXT NOT NULL, name TEXT NOT NULL) "
     "WITHOUT ROWID;"
     "CREATE INDEX IF NOT EXISTS subkeys ON keys (parent, path);"
     "CREATE TABLE IF NOT EXISTS vals (path TEXT, folded TEXT, name TEXT NOT NULL, type INTEGER NOT NULL, "
-    "data BLOB NOT "
-    "NULL, PRIMARY KEY (path, folded)) WITHOUT ROWID;"
+    "data BLOB NOT NULL, PRIMARY KEY (path, folded)) WITHOUT ROWID;"
     "PRAGMA user_version = 1;";
 
 constexpr std::string_view HiveName(RegistryHive hive) {
@@ -51,11 +54,15 @@ constexpr std::string_view HiveName(RegistryHive hive) {
   return "HKEY_CURRENT_USER";
 }
 
+// Separators at the ends and doubled ones count as none.
 std::string FullPath(RegistryHive hive, std::string_view path) {
-  while (path.starts_with('\\')) path.remove_prefix(1);
-  while (path.ends_with('\\')) path.remove_suffix(1);
   std::string full(HiveName(hive));
-  if (!path.empty()) full.append("\\").append(path);
+  full.reserve(full.size() + path.size() + 1);
+  while (!path.empty()) {
+    const auto end = std::min(path.find('\\'), path.size());
+    if (end > 0) full.append("\\").append(path.substr(0, end));
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
   return full;
 }
 
@@ -69,24 +76,42 @@ std::string TimeStamp() {
 }
 
 // A name beside `file` that nothing has yet.
-std::string FreeName(const std::string& file) {
-  const std::string base = file + ".beschaedigt-" + TimeStamp();
+std::string FreeName(const std::string& file, std::string_view reason) {
+  const std::string base = file + "." + std::string(reason) + "-" + TimeStamp();
   std::string name = base;
   std::error_code error;
-  for (int i = 2; fs::exists(name, error); ++i) name = base + "-" + std::to_string(i);
+  for (int i = 2; fs::symlink_status(name, error).type() != fs::file_type::not_found; ++i) {
+    name = base + "-" + std::to_string(i);
+  }
   return name;
 }
 
+// The store's own file goes last: a new store must not begin beside the old one's log.
 bool SetAside(const std::string& file, const std::string& name, Log& log) {
   std::error_code error;
-  fs::rename(file, name, error);
-  if (error) {
-    log.Write("Einstellungen: " + file + " lässt sich nicht umbenennen: " + error.message());
-    return false;
-  }
   for (const auto* const suffix : {"-wal", "-shm"}) fs::rename(file + suffix, name + suffix, error);
-  return true;
+  fs::rename(file, name, error);
+  if (!error) return true;
+  log.Write("Einstellungen: " + file + " lässt sich nicht umbenennen: " + error.message());
+  return false;
 }
+
+// Two programs that find the same damage must not set each other's new store aside.
+class RepairLock {
+ public:
+  explicit RepairLock(const std::string& file)
+      : lock_(open((file + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+    if (lock_ >= 0) flock(lock_, LOCK_EX);
+  }
+  ~RepairLock() {
+    if (lock_ >= 0) close(lock_);
+  }
+  RepairLock(const RepairLock&) = delete;
+  RepairLock& operator=(const RepairLock&) = delete;
+
+ private:
+  int lock_;
+};
 
 // The change to the write-ahead log does not wait for other processes by itself.
 int ExecutePatiently(sqlite3* database, const char* sql) {
@@ -116,10 +141,23 @@ std::string ImmutableUri(std::string path) {
   return "file:" + path + "?immutable=1";
 }
 
+std::string SetAsideNotice(bool newer, const std::string& name) {
+  return (newer
+              ? std::string("Die Einstellungen stammen von einer neueren Version von Lorelin und lassen sich "
+                            "nicht lesen. Ihre Datei wurde aufgehoben als:\n\n")
+              : std::string("Die Einstellungen von Lorelin waren beschädigt. Die beschädigte Datei wurde "
+                            "aufgehoben als:\n\n")) +
+         name +
+         "\n\nAlle Einstellungen stehen wieder auf ihren Anfangswerten. Auch Taskscripts sind damit wieder "
+         "erlaubt; bitte prüfen Sie die Sicherheitseinstellungen.";
+}
+
 bool CanWriteBeside(const std::string& file) {
   const fs::path path = NativePath(file);
   std::error_code error;
-  fs::create_directories(path.parent_path(), error);
+  if (fs::create_directories(path.parent_path(), error)) {
+    fs::permissions(path.parent_path(), fs::perms::owner_all, error);
+  }
   return access(path.parent_path().c_str(), W_OK | X_OK) == 0 &&
          (!fs::exists(path, error) || access(path.c_str(), R_OK | W_OK) == 0);
 }
@@ -180,12 +218,6 @@ void SqliteRegistry::LogProblem(std::string_view what) {
   log_.Write("Einstellungen, " + std::string(what) + ": " + sqlite3_errmsg(database_.get()));
 }
 
-bool SqliteRegistry::Execute(const char* sql) {
-  if (sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK) return true;
-  LogProblem(sql);
-  return false;
-}
-
 SqliteRegistry::OpenResult SqliteRegistry::Judge(int code) {
   if (code == SQLITE_OK) return OpenResult::Ok;
   LogProblem("Öffnen");
@@ -193,125 +225,166 @@ SqliteRegistry::OpenResult SqliteRegistry::Judge(int code) {
                                                                                  : OpenResult::Inaccessible;
 }
 
-SqliteRegistry::OpenResult SqliteRegistry::Connect(const std::string& file, OpenMode mode) {
-  const int flags =
-      SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX |
-      (mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  std::string name = file;
-  if (mode == OpenMode::Memory) name = ":memory:";
+SqliteRegistry::OpenResult SqliteRegistry::OpenDatabase(const std::string& name, int flags) {
   sqlite3* database = nullptr;
-  int code = sqlite3_open_v2(name.c_str(), &database, flags, nullptr);
+  const int code =
+      sqlite3_open_v2(name.c_str(), &database, flags | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
   database_.reset(database);
-  if (code != SQLITE_OK) return Judge(code);
   sqlite3_busy_timeout(database, kBusyMilliseconds);
-  return PrepareStore(mode);
+  return Judge(code);
 }
 
-SqliteRegistry::OpenResult SqliteRegistry::PrepareStore(OpenMode mode) {
+SqliteRegistry::OpenResult SqliteRegistry::Connect(const std::string& name) {
+  const OpenResult result = OpenDatabase(name, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  return result == OpenResult::Ok ? PrepareStore() : result;
+}
+
+SqliteRegistry::OpenResult SqliteRegistry::ConnectToCopy(const std::string& name) {
+  SqliteRegistry source(log_);
+  OpenResult result = source.OpenDatabase(name, SQLITE_OPEN_READONLY);
+  if (result == OpenResult::Ok) result = OpenDatabase(kMemory, SQLITE_OPEN_READWRITE);
+  if (result != OpenResult::Ok) return result;
+  sqlite3_backup* const copy = sqlite3_backup_init(database_.get(), "main", source.database_.get(), "main");
+  if (copy == nullptr) return Judge(sqlite3_errcode(database_.get()));
+  sqlite3_backup_step(copy, -1);
+  result = Judge(sqlite3_backup_finish(copy));
+  return result == OpenResult::Ok ? PrepareStore() : result;
+}
+
+SqliteRegistry::OpenResult SqliteRegistry::PrepareStore() {
   sqlite3* const database = database_.get();
   int version = 0;
   const auto readVersion = [](void* target, int, char** columns, char**) {
     *static_cast<int*>(target) = std::atoi(columns[0]);
     return 0;
   };
-  if (const int code = sqlite3_exec(database, "PRAGMA user_version", readVersion, &version, nullptr);
-      code != SQLITE_OK) {
-    return Judge(code);
-  }
+  int code = sqlite3_exec(database, "PRAGMA user_version", readVersion, &version, nullptr);
+  if (code != SQLITE_OK) return Judge(code);
   if (version > kSchemaVersion) {
     log_.Write("Einstellungen: die Datei stammt von einer neueren Version");
-    return OpenResult::Damaged;
+    return OpenResult::Newer;
   }
-  if (mode != OpenMode::ReadOnly) {
-    const int code = CreateSchema(database, version);
-    if (code != SQLITE_OK) return Judge(code);
-  }
+  code = CreateSchema(database, version);
+  if (code == SQLITE_OK) code = PrepareStatements();
+  return code == SQLITE_OK ? Check() : Judge(code);
+}
+
+SqliteRegistry::OpenResult SqliteRegistry::Check() {
   std::string verdict;
   const auto readText = [](void* target, int, char** columns, char**) {
     *static_cast<std::string*>(target) = columns[0] != nullptr ? columns[0] : "";
     return 0;
   };
-  const int code = sqlite3_exec(database, "PRAGMA quick_check(1)", readText, &verdict, nullptr);
+  const int code = sqlite3_exec(database_.get(), "PRAGMA quick_check(1)", readText, &verdict, nullptr);
   if (code != SQLITE_OK) return Judge(code);
-  if (verdict != "ok") {
-    log_.Write("Einstellungen: " + verdict);
-    return OpenResult::Damaged;
-  }
-  return PrepareStatements() ? OpenResult::Ok : OpenResult::Damaged;
+  if (verdict == "ok") return OpenResult::Ok;
+  log_.Write("Einstellungen: " + verdict);
+  return OpenResult::Damaged;
 }
 
-bool SqliteRegistry::PrepareStatements() {
-  const auto prepare = [&](Prepared& prepared, const char* sql) {
+int SqliteRegistry::PrepareStatements() {
+  const std::array<std::pair<Prepared*, const char*>, 11> statements{{
+      {&begin_, "BEGIN IMMEDIATE"},
+      {&commit_, "COMMIT"},
+      {&readValue_, "SELECT type, data FROM vals WHERE path = ? AND folded = ?"},
+      {&writeValue_,
+       "INSERT INTO vals (path, folded, name, type, data) VALUES (?, ?, ?, ?, ?) "
+       "ON CONFLICT (path, folded) DO UPDATE SET type = excluded.type, data = excluded.data"},
+      {&deleteValue_, "DELETE FROM vals WHERE path = ? AND folded = ?"},
+      {&deleteValues_, "DELETE FROM vals WHERE path = ?"},
+      {&findKey_, "SELECT 1 FROM keys WHERE path = ?"},
+      {&insertKey_, "INSERT OR IGNORE INTO keys (path, parent, name) VALUES (?, ?, ?)"},
+      {&deleteKey_, "DELETE FROM keys WHERE path = ?"},
+      {&subkeys_, "SELECT name FROM keys WHERE parent = ? ORDER BY path"},
+      {&values_, "SELECT name FROM vals WHERE path = ? ORDER BY folded"},
+  }};
+  for (const auto& [prepared, sql] : statements) {
     sqlite3_stmt* statement = nullptr;
     const int code =
         sqlite3_prepare_v3(database_.get(), sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
-    if (code != SQLITE_OK) LogProblem(sql);
-    prepared.reset(statement);
-    return code == SQLITE_OK;
-  };
-  return prepare(readValue_, "SELECT type, data FROM vals WHERE path = ? AND folded = ?") &&
-         prepare(writeValue_,
-                 "INSERT INTO vals (path, folded, name, type, data) VALUES (?, ?, ?, ?, ?) ON CONFLICT "
-                 "(path, folded) "
-                 "DO UPDATE SET type = excluded.type, data = excluded.data") &&
-         prepare(deleteValue_, "DELETE FROM vals WHERE path = ? AND folded = ?") &&
-         prepare(deleteValues_, "DELETE FROM vals WHERE path = ?") &&
-         prepare(findKey_, "SELECT 1 FROM keys WHERE path = ?") &&
-         prepare(insertKey_, "INSERT OR IGNORE INTO keys (path, parent, name) VALUES (?, ?, ?)") &&
-         prepare(deleteKey_, "DELETE FROM keys WHERE path = ?") &&
-         prepare(subkeys_, "SELECT name FROM keys WHERE parent = ? ORDER BY path") &&
-         prepare(values_, "SELECT name FROM vals WHERE path = ? ORDER BY folded");
+    if (code != SQLITE_OK) return code;
+    prepared->reset(statement);
+  }
+  return SQLITE_OK;
+}
+
+SqliteRegistry::Attempt SqliteRegistry::Try(Log& log, const std::string& name, Connection connection) {
+  Attempt attempt{std::unique_ptr<SqliteRegistry>(new SqliteRegistry(log)), OpenResult::Inaccessible};
+  attempt.result = (*attempt.registry.*connection)(name);
+  return attempt;
+}
+
+OpenedRegistry SqliteRegistry::Repair(const std::string& file, Log& log) {
+  const RepairLock lock(file);
+  // Another program may have been faster.
+  Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
+  OpenedRegistry opened;
+  if (attempt.result == OpenResult::Damaged || attempt.result == OpenResult::Newer) {
+    attempt.registry.reset();
+    const bool newer = attempt.result == OpenResult::Newer;
+    const std::string aside = FreeName(file, newer ? "neuere-version" : "beschaedigt");
+    if (!SetAside(file, aside, log)) return opened;
+    opened.lost = true;
+    opened.notice = SetAsideNotice(newer, aside);
+    attempt = Try(log, file, &SqliteRegistry::Connect);
+  }
+  if (attempt.result == OpenResult::Ok) opened.registry = std::move(attempt.registry);
+  return opened;
+}
+
+OpenedRegistry SqliteRegistry::OpenFile(const std::string& file, Log& log) {
+  OpenedRegistry opened;
+  if (!CanWriteBeside(file)) return opened;
+  Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
+  if (attempt.result == OpenResult::Damaged || attempt.result == OpenResult::Newer) {
+    attempt.registry.reset();
+    return Repair(file, log);
+  }
+  if (attempt.result == OpenResult::Ok) opened.registry = std::move(attempt.registry);
+  return opened;
+}
+
+std::unique_ptr<SqliteRegistry> SqliteRegistry::OpenInMemory(const std::string& file, Log& log) {
+  std::error_code error;
+  if (fs::is_regular_file(file, error)) {
+    // The second form reads a store whose folder allows no lock file beside it.
+    for (const std::string& name : {file, ImmutableUri(file)}) {
+      Attempt attempt = Try(log, name, &SqliteRegistry::ConnectToCopy);
+      if (attempt.result == OpenResult::Ok) return std::move(attempt.registry);
+    }
+  }
+  return std::move(Try(log, kMemory, &SqliteRegistry::Connect).registry);
 }
 
 OpenedRegistry SqliteRegistry::Open(const std::string& file, Log& log) {
-  const auto make = [&] { return std::unique_ptr<SqliteRegistry>(new SqliteRegistry(log)); };
-  OpenedRegistry opened;
-  opened.registry = make();
-  const bool writable = CanWriteBeside(file);
-  OpenResult result = OpenResult::Inaccessible;
-  if (writable) result = opened.registry->Connect(file, OpenMode::Writable);
-  if (result == OpenResult::Damaged) {
-    opened.registry = make();
-    const std::string aside = FreeName(file);
-    if (SetAside(file, aside, log)) {
-      opened.lost = true;
-      opened.notice =
-          "Die Einstellungen von Lorelin waren beschädigt. Die beschädigte Datei wurde aufgehoben als:\n\n" +
-          aside +
-          "\n\nAlle Einstellungen stehen wieder auf ihren Anfangswerten. Auch Taskscripts sind damit wieder "
-          "erlaubt; "
-          "bitte prüfen Sie die Sicherheitseinstellungen.";
-      result = opened.registry->Connect(file, OpenMode::Writable);
-    }
-  }
-  if (result == OpenResult::Ok) return opened;
-  std::error_code error;
-  if (fs::is_regular_file(file, error)) {
-    opened.registry = make();
-    result = opened.registry->Connect(ImmutableUri(file), OpenMode::ReadOnly);
-  }
-  if (result != OpenResult::Ok) {
-    opened.registry = make();
-    opened.registry->Connect("", OpenMode::Memory);
-  }
+  OpenedRegistry opened = OpenFile(file, log);
+  if (opened.registry != nullptr) return opened;
+  opened.registry = OpenInMemory(file, log);
   opened.notice += opened.notice.empty() ? "" : "\n\n";
   opened.notice +=
       "Die Einstellungen können nicht gespeichert werden; Änderungen gelten nur bis zum Programmende.";
   return opened;
 }
 
+bool SqliteRegistry::Run(sqlite3_stmt* statement, std::string_view what) {
+  if (Statement(statement).Step() == SQLITE_DONE) return true;
+  LogProblem(what);
+  return false;
+}
+
 template <typename Changes>
 bool SqliteRegistry::Transact(const Changes& changes) {
-  if (!Execute("BEGIN IMMEDIATE")) return false;
-  const bool changed = changes();
-  if (changed && Execute("COMMIT")) return true;
+  if (!Run(begin_.get(), "Schreiben beginnen")) return false;
+  if (changes() && Run(commit_.get(), "Schreiben abschließen")) return true;
   sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
   return false;
 }
 
 bool SqliteRegistry::Exists(const std::string& folded) {
   if (folded.find('\\') == std::string::npos) return true;  // a hive
-  return Statement(findKey_.get()).Text(folded).Step() == SQLITE_ROW;
+  const int code = Statement(findKey_.get()).Text(folded).Step();
+  if (code != SQLITE_ROW && code != SQLITE_DONE) LogProblem("Schlüssel suchen");
+  return code == SQLITE_ROW;
 }
 
 // The key and its missing parents.

@@ -26,9 +26,9 @@ struct OpenedRegistry {
 // several processes at once, and what was written survives a kill of the process at any moment.
 class SqliteRegistry final : public Registry {
  public:
-  // Opens or creates the store. A damaged file is set aside under a new name beside the old one. Where
-  // nothing can be written, an existing store is only read, and without one the settings live in memory.
-  // Never throws.
+  // Opens or creates the store. A damaged file, or one of a newer version, is set aside under a new name
+  // beside the old one. Where nothing can be written the settings live in memory, beginning with those of a
+  // store that can be read.
   [[nodiscard]] static OpenedRegistry Open(const std::string& file, Log& log);
 
   ~SqliteRegistry() override;
@@ -56,16 +56,27 @@ class SqliteRegistry final : public Registry {
   };
   using Prepared = std::unique_ptr<sqlite3_stmt, StatementCloser>;
 
-  enum class OpenMode { Writable, ReadOnly, Memory };
-  enum class OpenResult { Ok, Damaged, Inaccessible };
+  enum class OpenResult { Ok, Damaged, Newer, Inaccessible };
+  struct Attempt {
+    std::unique_ptr<SqliteRegistry> registry;
+    OpenResult result;
+  };
+  using Connection = OpenResult (SqliteRegistry::*)(const std::string& name);
 
   explicit SqliteRegistry(Log& log) : log_(log) {}
 
-  OpenResult Connect(const std::string& file, OpenMode mode);
-  OpenResult PrepareStore(OpenMode mode);
+  static Attempt Try(Log& log, const std::string& name, Connection connection);
+  static OpenedRegistry OpenFile(const std::string& file, Log& log);
+  static OpenedRegistry Repair(const std::string& file, Log& log);
+  static std::unique_ptr<SqliteRegistry> OpenInMemory(const std::string& file, Log& log);
+  OpenResult OpenDatabase(const std::string& name, int flags);
+  OpenResult Connect(const std::string& name);
+  OpenResult ConnectToCopy(const std::string& name);
+  OpenResult PrepareStore();
+  OpenResult Check();
   OpenResult Judge(int code);
-  bool PrepareStatements();
-  bool Execute(const char* sql);
+  int PrepareStatements();
+  bool Run(sqlite3_stmt* statement, std::string_view what);
   bool InsertKeys(const std::string& folded, std::string_view spelled);
   // Runs the changes as one transaction.
   template <typename Changes>
@@ -77,8 +88,8 @@ class SqliteRegistry final : public Registry {
   Log& log_;
   // The statements go before the database.
   std::unique_ptr<sqlite3, DatabaseCloser> database_;
-  Prepared readValue_, writeValue_, deleteValue_, deleteValues_, findKey_, insertKey_, deleteKey_, subkeys_,
-      values_;
+  Prepared begin_, commit_, readValue_, writeValue_, deleteValue_, deleteValues_, findKey_, insertKey_,
+      deleteKey_, subkeys_, values_;
 };
 
 }  // namespace lorelin

@@ -18,7 +18,14 @@ std::unique_ptr<Registry> MakeInMemory() {
   return std::move(SqliteRegistry::Open("/proc/nicht/da/registry.sqlite", log).registry);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, RegistryContract, testing::Values(&MakeInMemory));
+std::unique_ptr<Registry> MakeInAFile() {
+  static FakeLog log;
+  static const TemporaryFolder folder;
+  static int number = 0;
+  return std::move(SqliteRegistry::Open(folder.File(std::to_string(++number) + ".sqlite"), log).registry);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sqlite, RegistryContract, testing::Values(&MakeInMemory, &MakeInAFile));
 
 class SqliteRegistryTest : public testing::Test {
  protected:
@@ -108,7 +115,37 @@ TEST_F(SqliteRegistryTest, SetsAFileOfANewerVersionAside) {
   ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
   EXPECT_EQ(sqlite3_exec(database, "PRAGMA user_version = 99", nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(database);
+  const auto opened = Open();
+  EXPECT_TRUE(opened.lost);
+  EXPECT_NE(opened.notice.find("neueren Version"), std::string::npos);
+}
+
+TEST_F(SqliteRegistryTest, SetsTheLogOfADamagedDatabaseAsideWithIt) {
+  WriteFile(file, std::string(5000, 'z'));
+  WriteFile(file + "-wal", "Protokoll");
   EXPECT_TRUE(Open().lost);
+  ASSERT_EQ(SetAside().size(), 1U);
+  EXPECT_EQ(ReadFile(SetAside()[0] + "-wal"), "Protokoll");
+}
+
+TEST_F(SqliteRegistryTest, GivesDefaultsForWhatIsDamagedWhileItRuns) {
+  const auto fill = Open();
+  for (int i = 0; i < 20000; ++i) {
+    fill.registry->WriteValue(RegistryHive::CurrentUser, "K", std::to_string(i),
+                              {RegistryType::String, std::string(200, 'a')});
+  }
+  std::string bytes = ReadFile(file);
+  ASSERT_GT(bytes.size(), 1000000U);
+  std::fill(bytes.begin() + 8192, bytes.end(), '\xFF');
+  WriteFile(file, bytes);
+  int missing = 0;
+  for (int i = 0; i < 20000; ++i) {
+    const auto value = fill.registry->ReadValue(RegistryHive::CurrentUser, "K", std::to_string(i));
+    missing += !value;
+    EXPECT_EQ(value.value_or(RegistryValue{}).data, value ? std::string(200, 'a') : std::string());
+  }
+  EXPECT_GT(missing, 0);
+  EXPECT_GE(log.lines.size(), static_cast<std::size_t>(missing));
 }
 
 TEST_F(SqliteRegistryTest, TakesAnEmptyFileForANewOne) {
@@ -125,6 +162,11 @@ TEST_F(SqliteRegistryTest, LivesInMemoryWhereNothingCanBeWritten) {
   EXPECT_FALSE(opened.lost);
   Write(*opened.registry, "neu");
   EXPECT_EQ(Read(*opened.registry), "neu");
+}
+
+TEST_F(SqliteRegistryTest, KeepsItsFolderFromOthers) {
+  Open();
+  EXPECT_EQ(fs::status(fs::path(file).parent_path()).permissions(), fs::perms::owner_all);
 }
 
 }  // namespace

@@ -1,21 +1,8 @@
 #include "tests/support/FakeRegistry.h"
 
-#include <glib.h>
+#include "platform/linux/caseFold.h"
 
 namespace lorelin {
-namespace {
-
-std::string Fold(std::string_view name) {
-  std::string folded;
-  for (const char* at = name.data(); at < name.data() + name.size(); at = g_utf8_next_char(at)) {
-    char bytes[6];
-    const int size = g_unichar_to_utf8(g_unichar_toupper(g_utf8_get_char(at)), bytes);
-    folded.append(bytes, static_cast<std::size_t>(size));
-  }
-  return folded;
-}
-
-}  // namespace
 
 FakeRegistry::Key* FakeRegistry::Find(RegistryHive hive, std::string_view path, bool create) {
   Key* key = &hives_[hive];
@@ -23,9 +10,9 @@ FakeRegistry::Key* FakeRegistry::Find(RegistryHive hive, std::string_view path, 
     const std::string_view part = path.substr(0, path.find('\\'));
     path.remove_prefix(std::min(part.size() + 1, path.size()));
     if (part.empty()) continue;
-    const auto found = key->subkeys.find(Fold(part));
+    const auto found = key->subkeys.find(FoldCase(part));
     if (found == key->subkeys.end() && !create) return nullptr;
-    Key& next = key->subkeys[Fold(part)];
+    Key& next = key->subkeys[FoldCase(part)];
     if (next.name.empty()) next.name = part;
     key = &next;
   }
@@ -45,7 +32,7 @@ bool FakeRegistry::DeleteKey(RegistryHive hive, std::string_view path) {
   const auto end = path.rfind('\\');
   const bool top = end == std::string_view::npos;
   Key* const parent = Find(hive, top ? "" : path.substr(0, end));
-  return parent->subkeys.erase(Fold(top ? path : path.substr(end + 1))) > 0;
+  return parent->subkeys.erase(FoldCase(top ? path : path.substr(end + 1))) > 0;
 }
 
 std::optional<std::vector<std::string>> FakeRegistry::SubkeyNames(RegistryHive hive, std::string_view path) {
@@ -68,7 +55,7 @@ std::optional<RegistryValue> FakeRegistry::ReadValue(RegistryHive hive, std::str
                                                      std::string_view name) {
   const Key* const key = Find(hive, path);
   if (key == nullptr) return std::nullopt;
-  const auto found = key->values.find(Fold(name));
+  const auto found = key->values.find(FoldCase(name));
   if (found == key->values.end()) return std::nullopt;
   return found->second.value;
 }
@@ -76,14 +63,14 @@ std::optional<RegistryValue> FakeRegistry::ReadValue(RegistryHive hive, std::str
 bool FakeRegistry::WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
                               const RegistryValue& value) {
   Value& stored =
-      Find(hive, path, true)->values.try_emplace(Fold(name), Value{std::string(name), {}}).first->second;
+      Find(hive, path, true)->values.try_emplace(FoldCase(name), Value{std::string(name), {}}).first->second;
   stored.value = value;
   return true;
 }
 
 bool FakeRegistry::DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) {
   Key* const key = Find(hive, path);
-  return key != nullptr && key->values.erase(Fold(name)) > 0;
+  return key != nullptr && key->values.erase(FoldCase(name)) > 0;
 }
 
 }  // namespace lorelin

@@ -7,7 +7,7 @@
 
 namespace lorelin {
 
-// A registry in memory.
+// A registry in memory; names are compared as the real store compares them.
 class FakeRegistry final : public Registry {
  public:
   bool CreateKey(RegistryHive hive, std::string_view path) override;

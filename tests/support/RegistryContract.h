@@ -68,6 +68,18 @@ TEST_P(RegistryContract, CreatesMissingParents) {
   EXPECT_TRUE(registry->CreateKey(kHive, "a\\b\\c"));
 }
 
+TEST_P(RegistryContract, TakesSuperfluousSeparatorsForNone) {
+  Write("\\a\\\\b\\", "x", "1");
+  EXPECT_EQ(Read("a\\b", "x"), "1");
+  EXPECT_EQ(registry->SubkeyNames(kHive, "a"), Names{"b"});
+}
+
+TEST_P(RegistryContract, KeepsNamesOfAnyBytes) {
+  Write("K\xFF", "\xC3", "1");
+  EXPECT_EQ(Read("k\xFF", "\xC3"), "1");
+  EXPECT_EQ(registry->ValueNames(kHive, "K\xFF"), Names{"\xC3"});
+}
+
 TEST_P(RegistryContract, SeparatesTheHives) {
   Write("K", "x", "1");
   EXPECT_FALSE(registry->KeyExists(RegistryHive::LocalMachine, "K"));

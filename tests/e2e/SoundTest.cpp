@@ -1,0 +1,215 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <vector>
+
+#include "tests/support/RealEngine.h"
+
+namespace lorelin {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr std::size_t kRate = 22050;
+
+// A program of the test's own, ended with the object.
+class Child {
+ public:
+  Child(std::vector<std::string> arguments, const std::string& outputFile) {
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, outputFile.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, (outputFile + ".err").c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    EXPECT_EQ(posix_spawnp(&process_, pointers[0], &actions, nullptr, pointers.data(), environ), 0)
+        << arguments[0];
+    posix_spawn_file_actions_destroy(&actions);
+  }
+  ~Child() { End(); }
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+
+  void End() {
+    if (process_ <= 0) return;
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+    process_ = -1;
+  }
+
+ private:
+  pid_t process_ = -1;
+};
+
+// A PulseAudio server of the test's own whose only sink goes nowhere, and a recorder on that sink's monitor.
+class Sound : public testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string socket = folder.File("native");
+    setenv("XDG_RUNTIME_DIR", folder.Path().c_str(), 1);
+    setenv("HOME", folder.Path().c_str(), 1);
+    setenv("PULSE_SERVER", ("unix:" + socket).c_str(), 1);
+    setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
+    server = std::make_unique<Child>(
+        std::vector<std::string>{"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
+                                 "--use-pid-file=no",
+                                 "--load=module-native-protocol-unix auth-anonymous=1 socket=" + socket,
+                                 "--load=module-null-sink sink_name=stille"},
+        folder.File("server.log"));
+    ASSERT_TRUE(Within(seconds(10), [&] { return std::filesystem::exists(socket); }));
+    recorder = std::make_unique<Child>(
+        std::vector<std::string>{"parec", "--device=stille.monitor", "--format=s16le", "--channels=1",
+                                 "--rate=" + std::to_string(kRate), "--latency-msec=20"},
+        folder.File("aufnahme.raw"));
+    ASSERT_TRUE(
+        Within(seconds(10), [&] { return std::filesystem::file_size(folder.File("aufnahme.raw")) > 0; }));
+  }
+
+  static milliseconds seconds(int count) { return std::chrono::seconds(count); }
+
+  bool Within(milliseconds time, const std::function<bool()>& done) {
+    const auto end = steady_clock::now() + time;
+    while (!done()) {
+      if (steady_clock::now() > end) return false;
+      usleep(5000);
+    }
+    return true;
+  }
+
+  std::vector<std::int16_t> Recording() {
+    usleep(400000);  // what is on its way to the recorder
+    const std::string bytes = ReadFile(folder.File("aufnahme.raw"));
+    std::vector<std::int16_t> samples(bytes.size() / 2);
+    std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+    return samples;
+  }
+
+  TemporaryFolder folder;
+  std::unique_ptr<Child> server;
+  std::unique_ptr<Child> recorder;
+};
+
+bool IsLoud(std::int16_t sample) {
+  return sample > 200 || sample < -200;
+}
+
+// From the first to the last loud sample.
+std::vector<std::int16_t> Heard(const std::vector<std::int16_t>& samples) {
+  const auto first = std::find_if(samples.begin(), samples.end(), IsLoud);
+  const auto last = std::find_if(samples.rbegin(), samples.rend(), IsLoud).base();
+  return first < last ? std::vector<std::int16_t>(first, last) : std::vector<std::int16_t>();
+}
+
+struct Silence {
+  std::size_t begin = 0;
+  std::size_t length = 0;
+};
+
+Silence LongestSilence(const std::vector<std::int16_t>& samples) {
+  Silence longest;
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    if (samples[i] != 0) {
+      begin = i + 1;
+    } else if (i + 1 - begin > longest.length) {
+      longest = {begin, i + 1 - begin};
+    }
+  }
+  return longest;
+}
+
+constexpr std::string_view kSentence =
+    "Ein Satz ohne jede Pause, aber lang genug, um ihn mittendrin anzuhalten.";
+
+TEST_F(Sound, OfASpokenTextReachesTheAudioServer) {
+  RealEngine real(true);
+  real.engine.Speak(kSentence);
+  ASSERT_TRUE(real.WaitForEnd());
+  const auto heard = Heard(Recording());
+  EXPECT_TRUE(real.notices.empty());
+  RealEngine rendering;
+  rendering.engine.SetWaveFile(rendering.folder.File("a.wav"));
+  rendering.engine.Speak(kSentence);
+  ASSERT_TRUE(rendering.WaitForEnd());
+  const auto length = (std::filesystem::file_size(rendering.folder.File("a.wav")) - 44) / 2;
+  EXPECT_GT(heard.size(), length * 7 / 10);
+  EXPECT_LT(heard.size(), length + kRate / 20);
+}
+
+TEST_F(Sound, PausesSoonAndLosesNothing) {
+  RealEngine plain(true);
+  plain.engine.Speak(kSentence);
+  ASSERT_TRUE(plain.WaitForEnd());
+  const std::vector<std::int16_t> whole = Heard(Recording());
+  recorder->End();
+  recorder = std::make_unique<Child>(
+      std::vector<std::string>{"parec", "--device=stille.monitor", "--format=s16le", "--channels=1",
+                               "--rate=" + std::to_string(kRate), "--latency-msec=20"},
+      folder.File("aufnahme.raw"));
+  ASSERT_TRUE(
+      Within(seconds(10), [&] { return std::filesystem::file_size(folder.File("aufnahme.raw")) > 0; }));
+
+  RealEngine real(true);
+  real.engine.Speak(kSentence);
+  ASSERT_TRUE(real.WaitUntil([&] { return real.engine.LastStartLatency().count() > 0; }));
+  const auto Let = [&](milliseconds time) {
+    const auto end = steady_clock::now() + time;
+    (void)real.WaitUntil([&] { return steady_clock::now() > end; });
+  };
+  Let(milliseconds(1000));
+  real.engine.PauseAudio();
+  Let(milliseconds(1500));
+  EXPECT_TRUE(real.engine.Speaking());
+  real.engine.ResumeAudio();
+  ASSERT_TRUE(real.WaitForEnd());
+  std::vector<std::int16_t> heard = Heard(Recording());
+  const Silence silence = LongestSilence(heard);
+  // The silence is as long as the pause, less what was still on its way when it began.
+  EXPECT_GT(silence.length, kRate * 14 / 10);
+  EXPECT_LT(silence.length, kRate * 17 / 10);
+  heard.erase(heard.begin() + static_cast<std::ptrdiff_t>(silence.begin),
+              heard.begin() + static_cast<std::ptrdiff_t>(silence.begin + silence.length));
+  EXPECT_NEAR(static_cast<double>(heard.size()), static_cast<double>(whole.size()), 600);
+}
+
+TEST_F(Sound, StopsAtOnceOnAReset) {
+  RealEngine real(true);
+  real.engine.Speak(kSentence);
+  ASSERT_TRUE(real.WaitUntil([&] { return real.engine.LastStartLatency().count() > 0; }));
+  const auto end = steady_clock::now() + milliseconds(1000);
+  (void)real.WaitUntil([&] { return steady_clock::now() > end; });
+  real.engine.ResetAudio();
+  EXPECT_FALSE(real.engine.Speaking());
+  const auto heard = Heard(Recording());
+  EXPECT_LT(heard.size(), kRate * 12 / 10);
+  EXPECT_TRUE(real.ends.empty());
+}
+
+TEST_F(Sound, GoesOnSilentlyWithOneNoticeWhenThereIsNoServer) {
+  recorder->End();
+  server->End();
+  setenv("PULSE_SERVER", "unix:/gibt/es/nicht", 1);
+  RealEngine real(true);
+  real.engine.Speak("Guten Tag.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_TRUE(real.ends[0].complete);
+  EXPECT_EQ(real.notices,
+            std::vector<std::string>{"Es wurde kein Audiogerät gefunden. Der Text wird stumm vorgelesen."});
+  real.engine.Speak("Noch einmal.");
+  ASSERT_TRUE(real.WaitForEnd(2));
+  EXPECT_EQ(real.notices.size(), 1U);
+}
+
+}  // namespace
+}  // namespace lorelin

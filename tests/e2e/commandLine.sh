@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# lorelin-cli as a user runs it, with the real engine.
+bin=$1
+top=$2
+. "$(dirname "$0")/expect.sh"
+export SDL_AUDIODRIVER=dummy
+cli=$bin/lorelin-cli
+wave=$home/a.wav
+repeat() { local i; for ((i = 0; i < $2; i++)); do printf '%s' "$1"; done; }
+
+check "the welcome text becomes a WAV file" exits 0 "$cli" say --wav "$wave" "$top/hypertext/willkommen.txt"
+check "it is long enough and not silent" is_wave "$wave" 20
+printf 'Guten Tag.' >"$home/kurz.txt"
+check "a text is read aloud" exits 0 "$cli" say "$home/kurz.txt"
+check "nothing is said about it" test ! -s "$home/err"
+check "standard input is read" bash -c "echo 'Guten Tag.' | '$cli' say --wav '$wave' -"
+printf 'Gr\374\337e' >"$home/alt.txt"
+check "an old text is read" exits 0 "$cli" say --wav "$wave" "$home/alt.txt"
+
+"$cli" say --wav "$home/langsam.wav" --speed 0 "$home/kurz.txt"
+"$cli" say --wav "$home/schnell.wav" --speed 100 "$home/kurz.txt"
+check "the speed counts" test "$(stat -c %s "$home/langsam.wav")" -gt "$(($(stat -c %s "$home/schnell.wav") * 2))"
+"$cli" say --wav "$home/vorgabe.wav" "$home/kurz.txt"
+"$cli" say --wav "$home/fuenfundzwanzig.wav" --speed 25 --pitch 50 --volume 100 --voice 2 "$home/kurz.txt"
+check "the defaults are voice 2, speed 25, pitch 50, volume 100" cmp -s "$home/vorgabe.wav" "$home/fuenfundzwanzig.wav"
+
+check "voices are listed" exits 0 "$cli" voices
+check "the second one is German" grep -qE '^ +2 +1031 +weiblich +Deutsch' "$home/out"
+check "help" exits 0 "$cli" --help
+check "help tells the codes" grep -q Rückgabewerte "$home/out"
+check "version" exits 0 "$cli" --version
+
+for text in 'z.B. :43' 'i.d.R. :29' 'a.:85' 'z.B. :5000'; do
+  repeat "${text%:*}" "${text##*:}" >"$home/abbruch.txt"
+  check "survives $text" exits 0 "$cli" say --wav "$wave" "$home/abbruch.txt"
+  check "reads $text to the end" is_wave "$wave" 4
+done
+
+check "no command" exits 2 "$cli"
+check "an unknown option" exits 2 "$cli" say --laut
+check "it is named" says "--laut"
+check "a percentage too high" exits 2 "$cli" say --speed 101 "$home/kurz.txt"
+check "a percentage that is none" exits 2 "$cli" say --pitch hoch "$home/kurz.txt"
+check "a voice that does not exist" exits 2 "$cli" say --voice 9999 "$home/kurz.txt"
+check "the voices are counted" says "nur 1 bis"
+check "a missing file" exits 3 "$cli" say "$home/fehlt.txt"
+check "the reason is told" says "Datei nicht gefunden"
+check "a folder" exits 3 "$cli" say "$home"
+printf ' \n \n' >"$home/leer.txt"
+check "an empty text" exits 3 "$cli" say "$home/leer.txt"
+check "a target in a missing folder" exits 4 "$cli" say --wav "$home/fehlt/a.wav" "$home/kurz.txt"
+check "a target that is a folder" exits 4 "$cli" say --wav "$home" "$home/kurz.txt"
+check "a full disk" exits 1 "$cli" say --wav /dev/full "$top/hypertext/willkommen.txt"
+check "it is told" says "kein Speicherplatz"
+
+repeat 'Ein langer Text. ' 200000 >"$home/lang.txt"
+rm -f "$wave"
+"$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
+process=$!
+check "the file grows" within 10 test -s "$wave"
+kill -INT $process
+wait $process
+check "Ctrl+C ends with 130" test $? -eq 130
+check "the unfinished file is gone" test ! -e "$wave"
+
+"$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
+process=$!
+check "the file grows" within 10 test -s "$wave"
+check "the engine runs" within 5 pgrep -P $process
+pkill -KILL -P $process
+wait $process
+check "a killed engine ends with 1" test $? -eq 1
+check "it is not called complete" says "nicht vollständig"
+check "the unfinished file is gone" test ! -e "$wave"
+
+"$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
+process=$!
+check "the file grows" within 10 test -s "$wave"
+kill -KILL $process
+check "a killed program leaves no engine" within 10 no_engine_left "$bin"
+check "and no unfinished file" within 5 test ! -e "$wave"
+
+mkdir "$home/nur-lesen"
+check "settings that cannot be kept" exits 0 env LORELIN_HOME=/proc/nicht/da "$cli" say --wav "$wave" "$home/kurz.txt"
+check "that is told" says "nicht gespeichert"
+
+exit $((failures > 0))

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# The window program as a user runs it: real engine, virtual screen, keys from outside.
+if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
+  exec env LORELIN_ON_SCREEN=1 "$2/tools/with-display" "$0" "$@"
+fi
+bin=$1
+. "$(dirname "$0")/expect.sh"
+lorelin=$bin/lorelin
+
+start() {
+  "$lorelin" "$@" >"$home/log" 2>&1 &
+  process=$!
+  within 20 window_is_there
+}
+window_is_there() { window=$(xdotool search --onlyvisible --name '^Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
+keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
+close_window() { keys alt+F4; }
+ended() { ! kill -0 "$process" 2>/dev/null; }
+temporary() { ls "$LORELIN_HOME"/temp/*.wav 2>/dev/null | head -n 1; }
+wave_of() { is_wave "$(temporary)" "$1"; }
+
+check "the window appears" start
+keys ctrl+1
+sleep 0.5
+xdotool type --delay 15 "Guten Tag, das ist ein Versuch mit einem Satz."
+keys F5
+check "the typed text becomes a WAV file" within 10 wave_of 2
+sleep 3
+keys Escape
+check "a second instance ends" timeout -s KILL 10 bash -c "
+  '$lorelin' >/dev/null 2>&1 &
+  second=\$!
+  for i in \$(seq 100); do
+    box=\$(xdotool search --onlyvisible --pid \$second 2>/dev/null | tail -n 1)
+    [ -n \"\$box\" ] && break
+    sleep 0.1
+  done
+  xdotool key --window \"\$box\" Return
+  xdotool windowactivate --sync \"\$box\" key Return
+  wait \$second"
+check "the first goes on" kill -0 "$process"
+window_is_there
+close_window
+check "it ends when it is closed" within 10 ended
+wait "$process"
+check "with code 0" test $? -eq 0
+check "no engine is left" within 5 no_engine_left "$bin"
+check "no warning was printed" test ! -s "$home/log"
+cat "$home/log"
+
+printf 'Lieber Leser, das steht in der Datei.' >"$home/brief.txt"
+cd "$home" || exit 1
+check "a document is read aloud at the start" start brief.txt /s
+check "it becomes a WAV file" within 10 wave_of 1
+keys F5
+sleep 1
+close_window
+check "it ends while it waits for the speech" within 10 ended
+wait "$process"
+check "with code 0" test $? -eq 0
+check "no engine is left" within 5 no_engine_left "$bin"
+
+for ((i = 0; i < 5; i++)); do
+  check "it starts after a kill" start
+  kill -KILL "$process"
+  wait "$process" 2>/dev/null
+done
+check "no engine is left" within 5 no_engine_left "$bin"
+exit $((failures > 0))
