@@ -40,7 +40,7 @@ int WindowKey(const wxKeyEvent& event) {
 
 }  // namespace
 
-FrmMain::FrmMain(std::string filterFolder, std::function<void()> endProgram, Log& log)
+FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log)
     : wxFrame(nullptr, wxID_ANY, "Lorelin", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE,
               "frmMain"),
       endProgram_(std::move(endProgram)),

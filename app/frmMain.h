@@ -23,7 +23,7 @@ class MainWindow;
 class FrmMain final : public wxFrame, public MainView, public StatusBar {
  public:
   // `filterFolder` is the browser pane's; `endProgram` ends the process once the window has gone.
-  FrmMain(std::string filterFolder, std::function<void()> endProgram, Log& log);
+  FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log);
   // Where the events go; nullptr when it goes before the window does.
   void Attach(MainWindow* window) { window_ = window; }
   ~FrmMain() override;

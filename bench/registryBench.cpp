@@ -81,7 +81,7 @@ void WriteSetting(benchmark::State& state) {
   for (auto _ : state) store.settings.Save(setting::Speed, std::to_string(++number % 100));
   state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(WriteSetting);
+BENCHMARK(WriteSetting)->UseRealTime();
 
 void OpenStore(benchmark::State& state) {
   const Store store;

@@ -18,7 +18,8 @@
 
 namespace lorelin {
 
-// The adapters of the system that need no window. One implementation per system; both front ends begin with it.
+// The adapters of the system that need no window. One implementation per system; both front ends begin with
+// it.
 struct PlatformServices {
   ProgramPaths paths;
   std::unique_ptr<Log> log;
@@ -35,8 +36,8 @@ struct PlatformServices {
 // `verbose` copies the log to standard error. Never throws.
 [[nodiscard]] PlatformServices MakePlatformServices(bool verbose);
 
-// An engine instance. `audible` prepares the sound device. `notice` gets German sentences for the status bar, on the
-// pump's thread; the services and the pump must outlive the instance.
+// An engine instance. `audible` prepares the sound device. `notice` gets German sentences for the status bar,
+// on the pump's thread; the services and the pump must outlive the instance.
 [[nodiscard]] std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump,
                                                            bool audible,
                                                            std::function<void(const std::string&)> notice);
