@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <bit>
 #include <cerrno>
 #include <utility>
 
@@ -90,11 +91,9 @@ bool WaveFileWriter::Write(std::span<const std::int16_t> samples) {
     problem_ = "Der Text ist zu lang für eine WAV-Datei (höchstens 4 GB). Es wurde keine Datei geschrieben.";
     return false;
   }
-  for (const std::int16_t sample : samples) {
-    const auto bits = static_cast<std::uint16_t>(sample);
-    buffer_.push_back(static_cast<char>(bits));
-    buffer_.push_back(static_cast<char>(bits >> 8));
-  }
+  static_assert(std::endian::native == std::endian::little, "the samples go into the file as they are");
+  const auto* const bytes = reinterpret_cast<const char*>(samples.data());
+  buffer_.insert(buffer_.end(), bytes, bytes + samples.size_bytes());
   return buffer_.size() < kBufferSize || Flush();
 }
 

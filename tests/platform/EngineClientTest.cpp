@@ -126,7 +126,7 @@ TEST_F(Engine, RemovesTheFileOfADiscardedText) {
 }
 
 TEST_F(Engine, HoldsARenderingWhilePaused) {
-  real.engine.Speak(Repeated("Ein langer Text. ", 20000));
+  real.engine.Speak(Repeated("Ein langer Text. ", 4000));
   ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(wave); }));
   real.engine.PauseAudio();
   const auto begin = std::chrono::steady_clock::now();
