@@ -96,18 +96,19 @@ bool SetAside(const std::string& file, const std::string& name, Log& log) {
   return false;
 }
 
-// Two programs that find the same damage must not set each other's new store aside.
-class RepairLock {
+// Opening (shared) and setting aside (exclusive) keep apart: SQLite opens a store and its log by name one
+// after the other, and would take the damaged store's file together with the new store's log.
+class OpeningLock {
  public:
-  explicit RepairLock(const std::string& file)
+  OpeningLock(const std::string& file, int operation)
       : lock_(open((file + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-    if (lock_ >= 0) flock(lock_, LOCK_EX);
+    if (lock_ >= 0) flock(lock_, operation);
   }
-  ~RepairLock() {
+  ~OpeningLock() {
     if (lock_ >= 0) close(lock_);
   }
-  RepairLock(const RepairLock&) = delete;
-  RepairLock& operator=(const RepairLock&) = delete;
+  OpeningLock(const OpeningLock&) = delete;
+  OpeningLock& operator=(const OpeningLock&) = delete;
 
  private:
   int lock_;
@@ -315,7 +316,7 @@ SqliteRegistry::Attempt SqliteRegistry::Try(Log& log, const std::string& name, C
 }
 
 OpenedRegistry SqliteRegistry::Repair(const std::string& file, Log& log) {
-  const RepairLock lock(file);
+  const OpeningLock lock(file, LOCK_EX);
   // Another program may have been faster.
   Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
   OpenedRegistry opened;
@@ -335,13 +336,13 @@ OpenedRegistry SqliteRegistry::Repair(const std::string& file, Log& log) {
 OpenedRegistry SqliteRegistry::OpenFile(const std::string& file, Log& log) {
   OpenedRegistry opened;
   if (!CanWriteBeside(file)) return opened;
-  Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
-  if (attempt.result == OpenResult::Damaged || attempt.result == OpenResult::Newer) {
-    attempt.registry.reset();
-    return Repair(file, log);
+  {
+    const OpeningLock lock(file, LOCK_SH);
+    Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
+    if (attempt.result == OpenResult::Ok) opened.registry = std::move(attempt.registry);
+    if (attempt.result == OpenResult::Ok || attempt.result == OpenResult::Inaccessible) return opened;
   }
-  if (attempt.result == OpenResult::Ok) opened.registry = std::move(attempt.registry);
-  return opened;
+  return Repair(file, log);
 }
 
 std::unique_ptr<SqliteRegistry> SqliteRegistry::OpenInMemory(const std::string& file, Log& log) {
