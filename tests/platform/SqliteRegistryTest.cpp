@@ -120,14 +120,6 @@ TEST_F(SqliteRegistryTest, SetsAFileOfANewerVersionAside) {
   EXPECT_NE(opened.notice.find("neueren Version"), std::string::npos);
 }
 
-TEST_F(SqliteRegistryTest, SetsTheLogOfADamagedDatabaseAsideWithIt) {
-  WriteFile(file, std::string(5000, 'z'));
-  WriteFile(file + "-wal", "Protokoll");
-  EXPECT_TRUE(Open().lost);
-  ASSERT_EQ(SetAside().size(), 1U);
-  EXPECT_EQ(ReadFile(SetAside()[0] + "-wal"), "Protokoll");
-}
-
 TEST_F(SqliteRegistryTest, GivesDefaultsForWhatIsDamagedWhileItRuns) {
   const auto fill = Open();
   for (int i = 0; i < 20000; ++i) {
