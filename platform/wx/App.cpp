@@ -20,6 +20,7 @@ class App::Program {
  public:
   Program()
       : services_(MakePlatformServices(false)),
+        pump_(*services_.log),
         settings_(*services_.registry),
         voice_(MakeSpeechInstance(services_, pump_, true, Notice())),
         voice2_(MakeSpeechInstance(services_, pump_, false, Notice())),
@@ -93,8 +94,10 @@ class App::Program {
   void TellRegistryNotice() {
     if (services_.registryNotice.empty()) return;
     services_.log->Write(services_.registryNotice);
-    form_->SetMessage(services_.registryNotice);
-    if (!services_.settingsLost) return;
+    if (!services_.settingsLost) {
+      form_->SetMessage(services_.registryNotice);
+      return;
+    }
     messageBoxes_.Show(services_.registryNotice, "Lorelin", MessageIcon::Exclamation, MessageButtons::Ok);
   }
 

@@ -3,12 +3,10 @@
 #include <wx/app.h>
 #include <wx/apptrait.h>
 #include <wx/evtloop.h>
-#include <wx/log.h>
 
 #include <exception>
 #include <memory>
-
-#include "platform/wx/text.h"
+#include <utility>
 
 namespace lorelin {
 namespace {
@@ -37,11 +35,11 @@ void WxEventPump::RunPendingEvents() {
 }
 
 void WxEventPump::Post(std::function<void()> task) {
-  wxTheApp->CallAfter([task = std::move(task)] {
+  wxTheApp->CallAfter([&log = log_, task = std::move(task)] {
     try {
       task();
     } catch (const std::exception& error) {
-      wxLogDebug("%s", ToWx(error.what()));
+      log.Write(error.what());
     }
   });
 }

@@ -58,7 +58,7 @@ class FormFixture : public testing::Test {
   FakeAutomation automation;
   FakeShell shell;
   WxClipboard clipboard;
-  WxEventPump pump;
+  WxEventPump pump{log};
   StartupState startup;
   SettingsStore settings{registry};
   ModAddin extensions{registry, automation, log};

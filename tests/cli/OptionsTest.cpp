@@ -1,0 +1,82 @@
+#include "cli/options.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace lorelin::cli {
+namespace {
+
+Options Parse(const std::vector<std::string>& arguments) {
+  return ParseOptions(arguments);
+}
+
+std::string Refusal(const std::vector<std::string>& arguments) {
+  try {
+    (void)ParseOptions(arguments);
+    return "(angenommen)";
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+}
+
+TEST(Options, TakeAFileAndNumbers) {
+  const Options options =
+      Parse({"say", "--voice", "3", "--speed=0", "--pitch", "100", "--volume", "50", "a.txt"});
+  EXPECT_EQ(options.action, Action::Say);
+  EXPECT_EQ(options.voice, 3);
+  EXPECT_EQ(options.speed, 0);
+  EXPECT_EQ(options.pitch, 100);
+  EXPECT_EQ(options.volume, 50);
+  EXPECT_EQ(options.input, "a.txt");
+  EXPECT_EQ(options.waveFile, "");
+}
+
+TEST(Options, LeaveWhatIsNotGivenToTheSettings) {
+  const Options options = Parse({"say"});
+  EXPECT_FALSE(options.voice);
+  EXPECT_FALSE(options.speed);
+  EXPECT_EQ(options.input, "-");
+}
+
+TEST(Options, MayStandBehindTheFile) {
+  const Options options = Parse({"say", "a.txt", "--wav", "b.wav", "--verbose"});
+  EXPECT_EQ(options.input, "a.txt");
+  EXPECT_EQ(options.waveFile, "b.wav");
+  EXPECT_TRUE(options.verbose);
+}
+
+TEST(Options, EndAtTwoDashes) {
+  EXPECT_EQ(Parse({"say", "--", "--wav"}).input, "--wav");
+}
+
+TEST(Options, TakeADashForStandardInput) {
+  EXPECT_EQ(Parse({"say", "-"}).input, "-");
+}
+
+TEST(Options, ShowHelpAndVersionWhateverElseStandsThere) {
+  EXPECT_EQ(Parse({"--help"}).action, Action::Help);
+  EXPECT_EQ(Parse({"say", "-h", "--unsinn"}).action, Action::Help);
+  EXPECT_EQ(Parse({"--version"}).action, Action::Version);
+}
+
+TEST(Options, AreRefusedWithTheReason) {
+  EXPECT_EQ(Refusal({}), "Es fehlt ein Befehl: „say“ oder „voices“.");
+  EXPECT_EQ(Refusal({"sing"}), "Den Befehl „sing“ gibt es nicht.");
+  EXPECT_EQ(Refusal({"say", "--laut"}), "Die Option „--laut“ gibt es nicht.");
+  EXPECT_EQ(Refusal({"say", "a", "b"}), "Es kann nur eine Datei vorgelesen werden.");
+  EXPECT_EQ(Refusal({"voices", "a"}), "„voices“ nimmt keine Datei.");
+  EXPECT_EQ(Refusal({"say", "--wav"}), "Hinter „--wav“ fehlt der Wert.");
+  EXPECT_EQ(Refusal({"say", "--wav="}), "Hinter „--wav“ fehlt der Dateiname.");
+}
+
+TEST(Options, RefuseNumbersThatAreNoneOrOutOfRange) {
+  for (const auto* const text : {"101", "-1", "", "x", "5x", "1.5", "99999999999"}) {
+    EXPECT_EQ(Refusal({"say", "--speed", text}),
+              "„--speed " + std::string(text) + "“ geht nicht: erwartet wird eine ganze Zahl von 0 bis 100.");
+  }
+  EXPECT_NE(Refusal({"say", "--voice", "0"}), "(angenommen)");
+}
+
+}  // namespace
+}  // namespace lorelin::cli
