@@ -4,6 +4,12 @@
 #include <exception>
 
 namespace lorelin {
+namespace {
+
+constexpr int kIdleTurnsBeforeSleep = 3;
+constexpr std::chrono::milliseconds kLongestSleep{10};
+
+}  // namespace
 
 void ConsoleEventPump::Post(std::function<void()> task) {
   {
@@ -21,12 +27,19 @@ std::function<void()> ConsoleEventPump::Next() {
   return task;
 }
 
-void ConsoleEventPump::RunPendingEvents() {
-  {
-    std::unique_lock guard(mutex_);
-    posted_.wait_for(guard, std::chrono::milliseconds(10), [this] { return !tasks_.empty(); });
+void ConsoleEventPump::SleepWhenIdle() {
+  if (idleTurns_ < kIdleTurnsBeforeSleep) {
+    ++idleTurns_;
+    return;
   }
+  std::unique_lock guard(mutex_);
+  posted_.wait_for(guard, kLongestSleep, [this] { return !tasks_.empty(); });
+}
+
+void ConsoleEventPump::RunPendingEvents() {
+  SleepWhenIdle();
   while (const auto task = Next()) {
+    idleTurns_ = 0;
     try {
       task();
     } catch (const std::exception&) {

@@ -9,7 +9,8 @@
 
 namespace lorelin {
 
-// The event pump of a program without windows: its events are the posted tasks.
+// The event pump of a program without windows: its events are the posted tasks. It sleeps for one only when
+// it is asked again and again: who lets events in between two steps of some work is not held up.
 class ConsoleEventPump final : public EventPump {
  public:
   void RunPendingEvents() override;
@@ -19,11 +20,13 @@ class ConsoleEventPump final : public EventPump {
 
  private:
   [[nodiscard]] std::function<void()> Next();
+  void SleepWhenIdle();
 
   std::mutex mutex_;
   std::condition_variable posted_;
   std::deque<std::function<void()>> tasks_;
   std::function<void()> turn_;
+  int idleTurns_ = 0;  // since the last task
 };
 
 }  // namespace lorelin

@@ -142,7 +142,7 @@ std::string HelpText() {
          "\n"
          "Rückgabewerte: 0 bis zum Ende vorgelesen, 1 nicht bis zum Ende, 2 falscher Aufruf, 3 Text nicht "
          "lesbar,\n"
-         "4 WAV-Datei nicht schreibbar, 130 mit Strg+C abgebrochen.\n";
+         "4 Ziel nicht schreibbar, 130 mit Strg+C abgebrochen.\n";
 }
 
 }  // namespace lorelin::cli

@@ -14,7 +14,7 @@ enum class ExitCode : int {
   NotToTheEnd = 1,    // the speech broke off
   Usage = 2,          // the command line is wrong
   NoInput = 3,        // the text cannot be read
-  NoTarget = 4,       // the WAV file cannot be written
+  NoTarget = 4,       // the WAV file or the output cannot be written
   Interrupted = 130,  // Ctrl+C
 };
 

@@ -1,24 +1,17 @@
 #include "cli/program.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <csignal>
-#include <filesystem>
+#include <exception>
 #include <iomanip>
 #include <iostream>
-#include <iterator>
-#include <system_error>
 
 #include "app/RuntimeError.h"
 #include "app/StartupState.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "app/text.h"
-#include "app/textEncoding.h"
 #include "cli/ConsoleEventPump.h"
+#include "cli/Failure.h"
 #include "cli/Progress.h"
 #include "cli/consolePorts.h"
+#include "cli/files.h"
+#include "cli/interruption.h"
 #include "platform/Platform.h"
 #include "platform/version.h"
 #include "speech/SilentVoice.h"
@@ -26,56 +19,6 @@
 
 namespace lorelin::cli {
 namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-void OnInterrupt(int) {
-  interrupted = 1;
-}
-
-// An end of the program that is no success; what() is the German sentence for standard error.
-class Failure : public std::runtime_error {
- public:
-  Failure(ExitCode code, const std::string& text) : std::runtime_error(text), code_(code) {}
-  [[nodiscard]] ExitCode Code() const { return code_; }
-
- private:
-  ExitCode code_;
-};
-
-// Thrown out of the wait for the end of the speech; nothing inside Speak holds what would have to be undone.
-struct Interruption {};
-
-std::string ReadStandardInput() {
-  return WithPlainLineEnds(DecodeText(std::string(std::istreambuf_iterator<char>(std::cin), {})));
-}
-
-std::string ReadInput(const Options& options) {
-  try {
-    std::string text = options.input == "-" ? ReadStandardInput() : ReadTextFile(options.input);
-    if (text.find_first_not_of(" \t\n") == std::string::npos) {
-      throw Failure(ExitCode::NoInput, "Der Text ist leer: es gibt nichts vorzulesen.");
-    }
-    return text;
-  } catch (const RuntimeError& error) {
-    throw Failure(ExitCode::NoInput,
-                  "„" + options.input + "“ kann nicht gelesen werden: " + error.what() + ".");
-  }
-}
-
-// Before anything is spoken; whether the file existed is left as it was.
-void RequireWritable(const std::string& target) {
-  const std::filesystem::path path = NativePath(target);
-  std::error_code error;
-  const bool existed = std::filesystem::exists(path, error);
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-  if (file < 0) {
-    throw Failure(ExitCode::NoTarget, "„" + target + "“ kann nicht geschrieben werden: " +
-                                          std::generic_category().message(errno) + ".");
-  }
-  close(file);
-  if (!existed) std::filesystem::remove(path, error);
-}
 
 void RequireVoice(DirectSS& engine, std::int32_t number) {
   if (number <= engine.VoiceCount()) return;
@@ -97,7 +40,8 @@ std::string LanguageColumn(DirectSS& engine, std::int32_t number) {
 }
 
 std::string_view GenderText(std::int32_t gender) {
-  return gender == 1 ? "männlich" : "weiblich";
+  if (gender == 1) return "männlich";
+  return gender == 2 ? "weiblich" : "-       ";
 }
 
 // The program's objects, in the order in which they need each other.
@@ -127,8 +71,8 @@ class Session {
   }
 
   ExitCode Say() {
-    const std::string input = ReadInput(options_);
-    if (!options_.waveFile.empty()) RequireWritable(options_.waveFile);
+    const std::string input = ReadInput(options_.input);
+    if (!options_.waveFile.empty()) RequireTarget(options_.waveFile, options_.input);
     if (options_.voice) RequireVoice(*engine_, *options_.voice);
     ApplyOptions(settings_, options_);
     document_.SetText(input);
@@ -158,10 +102,8 @@ class Session {
     Progress progress(options_.waveFile);
     pump_.OnTurn([&] {
       progress.Turn();
-      if (interrupted != 0) throw Interruption{};
+      ThrowIfInterrupted();  // nothing inside Speak holds what would have to be undone
     });
-    std::signal(SIGINT, OnInterrupt);
-    std::signal(SIGTERM, OnInterrupt);
     speech.Speak(text, true, options_.waveFile.empty() ? "-1" : options_.waveFile, true);
     while (!ended) pump_.RunPendingEvents();
     if (statusBar_.LastMessage() == ModSpeak::kReadToTheEnd) return ExitCode::Done;
@@ -190,6 +132,7 @@ ExitCode Perform(const Options& options) {
     case Action::Voices:
       return Session(options).ListVoices();
     case Action::Say:
+      NoteInterruptions();
       return Session(options).Say();
   }
   return ExitCode::Usage;
@@ -199,7 +142,9 @@ ExitCode Perform(const Options& options) {
 
 ExitCode Run(std::span<const std::string> arguments) {
   try {
-    return Perform(ParseOptions(arguments));
+    const ExitCode code = Perform(ParseOptions(arguments));
+    if (!std::cout.flush()) throw Failure(ExitCode::NoTarget, "Die Ausgabe kann nicht geschrieben werden.");
+    return code;
   } catch (const UsageError& error) {
     std::cerr << "lorelin-cli: " << error.what() << "\nMehr sagt „lorelin-cli --help“.\n";
     return ExitCode::Usage;
@@ -212,6 +157,9 @@ ExitCode Run(std::span<const std::string> arguments) {
   } catch (const Interruption&) {
     std::cerr << "lorelin-cli: abgebrochen\n";
     return ExitCode::Interrupted;
+  } catch (const std::exception& error) {
+    std::cerr << "lorelin-cli: unerwarteter Fehler: " << error.what() << '\n';
+    return ExitCode::NotToTheEnd;
   }
 }
 

@@ -14,6 +14,10 @@ printf 'Guten Tag.' >"$home/kurz.txt"
 check "a text is read aloud" exits 0 "$cli" say "$home/kurz.txt"
 check "nothing is said about it" test ! -s "$home/err"
 check "standard input is read" bash -c "echo 'Guten Tag.' | '$cli' say --wav '$wave' -"
+check "a pipe with a name is read" exits 0 "$cli" say --wav "$wave" <(echo 'Guten Tag.')
+check "it is in the file" is_wave "$wave" 1
+check "a missing sound device is told" exits 0 env SDL_AUDIODRIVER=keiner "$cli" say "$home/kurz.txt"
+check "the text is read silently" says "kein Audiogerät gefunden"
 printf 'Gr\374\337e' >"$home/alt.txt"
 check "an old text is read" exits 0 "$cli" say --wav "$wave" "$home/alt.txt"
 
@@ -43,13 +47,19 @@ check "a percentage too high" exits 2 "$cli" say --speed 101 "$home/kurz.txt"
 check "a percentage that is none" exits 2 "$cli" say --pitch hoch "$home/kurz.txt"
 check "a voice that does not exist" exits 2 "$cli" say --voice 9999 "$home/kurz.txt"
 check "the voices are counted" says "nur 1 bis"
+cp "$home/kurz.txt" "$home/text.txt"
+check "a target that is the text" exits 2 "$cli" say --wav "$home/../${home##*/}/text.txt" "$home/text.txt"
+check "the text is still there" cmp -s "$home/kurz.txt" "$home/text.txt"
 check "a missing file" exits 3 "$cli" say "$home/fehlt.txt"
 check "the reason is told" says "Datei nicht gefunden"
 check "a folder" exits 3 "$cli" say "$home"
 printf ' \n \n' >"$home/leer.txt"
 check "an empty text" exits 3 "$cli" say "$home/leer.txt"
+check "standard input that cannot be read" bash -c "'$cli' say --wav '$wave' <'$home' 2>'$home/err'; test \$? -eq 3"
+check "the reason is told" says "Das ist ein Ordner"
 check "a target in a missing folder" exits 4 "$cli" say --wav "$home/fehlt/a.wav" "$home/kurz.txt"
 check "a target that is a folder" exits 4 "$cli" say --wav "$home" "$home/kurz.txt"
+check "a list that cannot be printed" bash -c "'$cli' voices >/dev/full 2>'$home/err'; test \$? -eq 4"
 check "a full disk" exits 1 "$cli" say --wav /dev/full "$top/hypertext/willkommen.txt"
 check "it is told" says "kein Speicherplatz"
 
@@ -62,6 +72,26 @@ kill -INT $process
 wait $process
 check "Ctrl+C ends with 130" test $? -eq 130
 check "the unfinished file is gone" test ! -e "$wave"
+
+"$cli" say "$home/lang.txt" 2>"$home/err" &
+process=$!
+check "the engine speaks" within 5 pgrep -P $process
+sleep 0.3
+kill -INT $process
+wait $process
+check "Ctrl+C ends the speaking with 130" test $? -eq 130
+check "no engine is left" within 5 no_engine_left "$bin"
+
+mkfifo "$home/pipe"
+exec 7<>"$home/pipe"
+"$cli" say --wav "$wave" <"$home/pipe" 2>"$home/err" &
+process=$!
+check "the engine runs while it waits for standard input" within 5 pgrep -P $process
+sleep 0.3
+kill -INT $process
+wait $process
+check "Ctrl+C ends that too with 130" test $? -eq 130
+exec 7>&-
 
 "$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
 process=$!

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace lorelin::cli {
+
+// The text to be read: of a file, of a pipe that has a name, or of standard input ("-"); decoded, with "\n"
+// line ends, and not blank. Throws Failure with NoInput, and Interruption while it waits.
+[[nodiscard]] std::string ReadInput(const std::string& input);
+
+// Throws Failure unless a WAV file can be written there: NoTarget when it cannot, Usage when `target` is the
+// very file that `input` names, which would be lost. Leaves behind whatever was there before.
+void RequireTarget(const std::string& target, const std::string& input);
+
+}  // namespace lorelin::cli

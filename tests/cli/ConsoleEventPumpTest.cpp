@@ -1,0 +1,74 @@
+#include "cli/ConsoleEventPump.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+namespace lorelin {
+namespace {
+
+TEST(ConsoleEventPump, RunsWhatWasPostedInOrder) {
+  ConsoleEventPump pump;
+  std::string order;
+  pump.Post([&] { order += "a"; });
+  pump.Post([&] { order += "b"; });
+  EXPECT_EQ(order, "");
+  pump.RunPendingEvents();
+  EXPECT_EQ(order, "ab");
+  pump.RunPendingEvents();
+  EXPECT_EQ(order, "ab");
+}
+
+TEST(ConsoleEventPump, RunsWhatATaskPosts) {
+  ConsoleEventPump pump;
+  bool ran = false;
+  pump.Post([&] { pump.Post([&] { ran = true; }); });
+  pump.RunPendingEvents();
+  EXPECT_TRUE(ran);
+}
+
+TEST(ConsoleEventPump, MayBePumpedByATask) {
+  ConsoleEventPump pump;
+  std::string order;
+  pump.Post([&] {
+    pump.RunPendingEvents();
+    order += "outer";
+  });
+  pump.Post([&] { order += "inner "; });
+  pump.RunPendingEvents();
+  EXPECT_EQ(order, "inner outer");
+}
+
+TEST(ConsoleEventPump, GoesOnBehindATaskThatFails) {
+  ConsoleEventPump pump;
+  bool ran = false;
+  pump.Post([] { throw std::runtime_error("task"); });
+  pump.Post([&] { ran = true; });
+  EXPECT_NO_THROW(pump.RunPendingEvents());
+  EXPECT_TRUE(ran);
+}
+
+TEST(ConsoleEventPump, RunsOnItsOwnThreadWhatAnotherOnePosts) {
+  ConsoleEventPump pump;
+  std::thread::id ranOn;
+  std::thread poster([&] { pump.Post([&] { ranOn = std::this_thread::get_id(); }); });
+  while (ranOn == std::thread::id()) pump.RunPendingEvents();
+  poster.join();
+  EXPECT_EQ(ranOn, std::this_thread::get_id());
+}
+
+TEST(ConsoleEventPump, CallsTheTurnEveryTimeAndLetsItsExceptionOut) {
+  ConsoleEventPump pump;
+  int turns = 0;
+  pump.OnTurn([&] {
+    if (++turns == 2) throw std::runtime_error("turn");
+  });
+  pump.RunPendingEvents();
+  EXPECT_EQ(turns, 1);
+  EXPECT_THROW(pump.RunPendingEvents(), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace lorelin

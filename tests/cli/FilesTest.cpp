@@ -1,0 +1,104 @@
+#include "cli/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+#include "cli/Failure.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace lorelin::cli {
+namespace {
+
+class CliFiles : public testing::Test {
+ protected:
+  // The code and the text that `work` fails with.
+  static std::string Ending(const std::function<void()>& work) {
+    try {
+      work();
+      return "(gelungen)";
+    } catch (const Failure& failure) {
+      return std::to_string(static_cast<int>(failure.Code())) + ": " + failure.what();
+    }
+  }
+  std::string Reading(const std::string& path) {
+    return Ending([&] { (void)ReadInput(path); });
+  }
+  std::string Writing(const std::string& target, const std::string& input = "-") {
+    return Ending([&] { RequireTarget(target, input); });
+  }
+  std::string Path(const std::string& name) { return folder_.File(name); }
+  static bool Exists(const std::string& path) { return std::filesystem::exists(path); }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(CliFiles, ReadADecodedText) {
+  WriteFile(Path("alt.txt"), "Gr\374\337e\r\nEnde");
+  EXPECT_EQ(ReadInput(Path("alt.txt")), "Grüße\nEnde");
+}
+
+TEST_F(CliFiles, ReadAPipeThatHasAName) {
+  const std::string pipe = Path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] { WriteFile(pipe, "Gr\374\337e\r\nEnde"); });
+  EXPECT_EQ(ReadInput(pipe), "Grüße\nEnde");
+  writer.join();
+}
+
+TEST_F(CliFiles, TellWhyATextCannotBeRead) {
+  EXPECT_EQ(Reading(Path("fehlt")),
+            "3: „" + Path("fehlt") + "“ kann nicht gelesen werden: Datei nicht gefunden.");
+  EXPECT_EQ(Reading(folder_.Path()),
+            "3: „" + folder_.Path() + "“ kann nicht gelesen werden: Das ist ein Ordner.");
+}
+
+TEST_F(CliFiles, RefuseABlankText) {
+  for (const std::string text : {"", " ", "\n\t \r\n", "\f\v"}) {
+    WriteFile(Path("leer.txt"), text);
+    EXPECT_EQ(Reading(Path("leer.txt")), "3: Der Text ist leer: es gibt nichts vorzulesen.");
+  }
+}
+
+TEST_F(CliFiles, GiveUpADeviceWithoutEndAndAFileAsLong) {
+  EXPECT_EQ(Reading("/dev/zero"), "3: „/dev/zero“ kann nicht gelesen werden: Der Text ist zu lang.");
+  WriteFile(Path("lang.txt"), "");
+  std::filesystem::resize_file(Path("lang.txt"), std::uintmax_t{1} << 40);
+  EXPECT_EQ(Reading(Path("lang.txt")),
+            "3: „" + Path("lang.txt") + "“ kann nicht gelesen werden: Der Text ist zu lang.");
+}
+
+TEST_F(CliFiles, LeaveATargetAsItWas) {
+  EXPECT_EQ(Writing(Path("neu.wav")), "(gelungen)");
+  EXPECT_FALSE(Exists(Path("neu.wav")));
+  WriteFile(Path("alt.wav"), "RIFF");
+  EXPECT_EQ(Writing(Path("alt.wav")), "(gelungen)");
+  EXPECT_EQ(ReadFile(Path("alt.wav")), "RIFF");
+}
+
+TEST_F(CliFiles, TellWhyATargetCannotBeWritten) {
+  EXPECT_EQ(Writing(Path("fehlt/a.wav")),
+            "4: „" + Path("fehlt/a.wav") + "“ kann nicht geschrieben werden: Pfad nicht gefunden.");
+  EXPECT_EQ(Writing(folder_.Path()),
+            "4: „" + folder_.Path() + "“ kann nicht geschrieben werden: Das ist ein Ordner.");
+}
+
+TEST_F(CliFiles, RefuseAPipeAsTarget) {
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(Writing(Path("pipe")),
+            "4: „" + Path("pipe") + "“ kann nicht geschrieben werden: Das ist keine Datei.");
+}
+
+TEST_F(CliFiles, RefuseToReplaceTheTextUnderWhateverName) {
+  WriteFile(Path("a.txt"), "Text");
+  std::filesystem::create_symlink("a.txt", Path("b.wav"));
+  EXPECT_EQ(Writing(Path("b.wav"), Path("a.txt")),
+            "2: Die WAV-Datei würde den Text „" + Path("a.txt") + "“ ersetzen.");
+  EXPECT_EQ(ReadFile(Path("a.txt")), "Text");
+}
+
+}  // namespace
+}  // namespace lorelin::cli
