@@ -55,9 +55,13 @@ bool FileExists(const std::string& path) {
   }
 }
 
-std::string ReadTextFile(const std::string& path) {
+std::string ReadFileBytes(const std::string& path) {
   std::ifstream file = OpenForReading(path);
-  return WithPlainLineEnds(DecodeText(ReadWhole(file)));
+  return ReadWhole(file);
+}
+
+std::string ReadTextFile(const std::string& path) {
+  return WithPlainLineEnds(DecodeText(ReadFileBytes(path)));
 }
 
 }  // namespace lorelin

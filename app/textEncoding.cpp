@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace lorelin {
 namespace {
@@ -59,6 +60,36 @@ std::string WithBadBytesReplaced(std::string_view bytes) {
   return text;
 }
 
+// The code point of the first `length` bytes of a well-formed text.
+unsigned CodePoint(std::string_view text, std::size_t length) {
+  if (length == 1) return Byte(text[0]);
+  unsigned code = Byte(text[0]) & (0x7FU >> length);
+  for (const char c : text.substr(1, length - 1)) code = (code << 6) | (Byte(c) & 0x3FU);
+  return code;
+}
+
+// Nothing for a character that has no place there.
+std::optional<char> Windows1252Byte(unsigned code) {
+  if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
+  const auto* const found = std::find(kWindows1252.begin(), kWindows1252.end(), code);
+  if (found == kWindows1252.end()) return std::nullopt;
+  return static_cast<char>(0x80 + (found - kWindows1252.begin()));
+}
+
+// Nothing when a character has no place there, or the text is not well-formed.
+std::optional<std::string> ToWindows1252(std::string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t length = Utf8Length(text);
+    const auto byte = length == 0 ? std::nullopt : Windows1252Byte(CodePoint(text, length));
+    if (!byte) return std::nullopt;
+    bytes.push_back(*byte);
+    text.remove_prefix(length);
+  }
+  return bytes;
+}
+
 // Length of the sequence that the first byte announces and the bounds of the second byte (RFC 3629, section
 // 4).
 struct Lead {
@@ -103,6 +134,12 @@ bool IsValidUtf8(std::string_view text) {
 std::string DecodeText(std::string_view bytes) {
   if (bytes.starts_with(kByteOrderMark)) return WithBadBytesReplaced(bytes.substr(kByteOrderMark.size()));
   return IsValidUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
+}
+
+std::string EncodeText(std::string_view text) {
+  const auto bytes = ToWindows1252(text);
+  if (bytes && (bytes->size() == text.size() || !IsValidUtf8(*bytes))) return *bytes;
+  return std::string(kByteOrderMark).append(text);
 }
 
 std::string WithPlainLineEnds(std::string_view text) {

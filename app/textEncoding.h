@@ -12,6 +12,11 @@ namespace lorelin {
 // stay as they are.
 [[nodiscard]] std::string DecodeText(std::string_view bytes);
 
+// The bytes in which UTF-8 text is stored so that DecodeText gives it back: Windows-1252 when every character
+// has a place there, else (and where those bytes could be taken for UTF-8) UTF-8 behind a byte-order mark.
+// Line ends stay as they are.
+[[nodiscard]] std::string EncodeText(std::string_view text);
+
 // Well-formed by RFC 3629: no overlong forms, surrogates or numbers beyond U+10FFFF.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 

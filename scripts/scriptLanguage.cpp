@@ -120,13 +120,20 @@ std::span<const ScriptCommand> ScriptCommands() {
   return kTable;
 }
 
-std::vector<std::string_view> SplitScript(std::string_view text) {
-  std::vector<std::string_view> lines;
+void ForEachScriptLine(std::string_view text, const std::function<bool(std::string_view)>& line) {
   for (auto end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
-    lines.push_back(text.substr(0, end));
+    if (!line(text.substr(0, end))) return;
     text.remove_prefix(end + 2);
   }
-  lines.push_back(text);
+  line(text);
+}
+
+std::vector<std::string_view> SplitScript(std::string_view text) {
+  std::vector<std::string_view> lines;
+  ForEachScriptLine(text, [&](std::string_view line) {
+    lines.push_back(line);
+    return true;
+  });
   return lines;
 }
 

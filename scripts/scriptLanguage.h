@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,7 +35,9 @@ struct ScriptCommand {
 // The table in its stored order, cut from four lists that are read by the same index.
 [[nodiscard]] std::span<const ScriptCommand> ScriptCommands();
 
-// The lines between the CR LF pairs; a lone CR or LF ends no line. The views point into `text`.
+// Walks the lines between the CR LF pairs; a lone CR or LF ends no line. `line` answers whether to go on; the
+// views point into `text`.
+void ForEachScriptLine(std::string_view text, const std::function<bool(std::string_view)>& line);
 [[nodiscard]] std::vector<std::string_view> SplitScript(std::string_view text);
 
 // The line as a command, or nothing for everything that is skipped: comments, lines without "(" and lines of

@@ -31,6 +31,41 @@ TEST(DecodeText, ReplacesBadBytesBehindAByteOrderMark) {
   EXPECT_EQ(DecodeText("\xEF\xBB\xBFä\xFFz"), "ä\xEF\xBF\xBDz");
 }
 
+TEST(EncodeText, WritesSingleBytesWhenEveryCharacterFits) {
+  EXPECT_EQ(EncodeText("Grüße – 5 €"),
+            "Gr\xFC\xDF"
+            "e \x96 5 \x80");
+  EXPECT_EQ(EncodeText("nur ASCII\r\n"), "nur ASCII\r\n");
+}
+
+TEST(EncodeText, WritesUtf8WhenACharacterDoesNotFit) {
+  EXPECT_EQ(EncodeText("a♥"),
+            "\xEF\xBB\xBF"
+            "a♥");
+  EXPECT_EQ(EncodeText("\xC2\x80"), "\xEF\xBB\xBF\xC2\x80");
+}
+
+// As single bytes this would be read back as "ä".
+TEST(EncodeText, WritesUtf8WhenTheBytesCouldBeTakenForIt) {
+  EXPECT_EQ(EncodeText("Ã¤"), "\xEF\xBB\xBFÃ¤");
+}
+
+TEST(EncodeText, GivesBackEveryCharacterOfTheBasicPlane) {
+  for (unsigned code = 1; code <= 0xFFFF; ++code) {
+    if (code >= 0xD800 && code <= 0xDFFF) continue;
+    std::string text;
+    if (code >= 0x800) {
+      text = {static_cast<char>(0xE0U | (code >> 12)), static_cast<char>(0x80U | ((code >> 6) & 0x3FU)),
+              static_cast<char>(0x80U | (code & 0x3FU))};
+    } else if (code >= 0x80) {
+      text = {static_cast<char>(0xC0U | (code >> 6)), static_cast<char>(0x80U | (code & 0x3FU))};
+    } else {
+      text = {static_cast<char>(code)};
+    }
+    ASSERT_EQ(DecodeText(EncodeText(text)), text) << code;
+  }
+}
+
 TEST(IsValidUtf8, RefusesOverlongFormsSurrogatesAndNumbersTooLarge) {
   EXPECT_FALSE(IsValidUtf8("\xC0\x80"));
   EXPECT_FALSE(IsValidUtf8("\xE0\x80\x80"));

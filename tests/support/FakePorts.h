@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,11 +15,15 @@
 #include "platform/Clipboard.h"
 #include "platform/Clock.h"
 #include "platform/DocumentEditor.h"
+#include "platform/Downloader.h"
 #include "platform/EventPump.h"
+#include "platform/FileDialogs.h"
 #include "platform/FileSearch.h"
+#include "platform/FileWriter.h"
 #include "platform/Log.h"
 #include "platform/MainView.h"
 #include "platform/MessageBoxes.h"
+#include "platform/ProgramLauncher.h"
 #include "platform/Shell.h"
 #include "platform/SingleInstance.h"
 #include "platform/StatusBar.h"
@@ -141,6 +146,54 @@ class FakeFileSearch final : public FileSearch {
   }
   std::vector<std::string> names;
   std::vector<std::string> patterns;
+};
+
+class FakeProgramLauncher final : public ProgramLauncher {
+ public:
+  void Start(const std::vector<std::string>& arguments) override {
+    if (error) throw RuntimeError(*error);
+    started.push_back(arguments);
+  }
+  std::vector<std::vector<std::string>> started;
+  std::optional<ErrorNumber> error;
+};
+
+// Asks `turns` times whether to go on, then keeps what was fetched.
+class FakeDownloader final : public Downloader {
+ public:
+  void Download(const std::string& url, const std::string& targetFile,
+                const std::function<bool()>& keepGoing) override {
+    for (int turn = 0; turn < turns; ++turn) {
+      if (!keepGoing()) return;
+    }
+    fetched.emplace_back(url, targetFile);
+  }
+  std::vector<std::pair<std::string, std::string>> fetched;
+  int turns = 1;
+};
+
+// Files in memory; `error` is thrown instead of writing.
+class FakeFileWriter final : public FileWriter {
+ public:
+  void Replace(const std::string& path, std::string_view bytes) override {
+    if (error) throw RuntimeError(*error);
+    files[path] = bytes;
+  }
+  std::map<std::string, std::string> files;
+  std::optional<ErrorNumber> error;
+};
+
+// Answers with `answer`; without one the user cancels.
+class FakeFileDialogs final : public FileDialogs {
+ public:
+  std::optional<std::string> AskForFile(const FileDialogRequest& request) override {
+    return requests.push_back(request), answer;
+  }
+  std::optional<std::string> AskForTarget(const FileDialogRequest& request) override {
+    return requests.push_back(request), answer;
+  }
+  std::vector<FileDialogRequest> requests;
+  std::optional<std::string> answer;
 };
 
 class FakeSingleInstance final : public SingleInstance {

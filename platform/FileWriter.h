@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace lorelin {
+
+// Port: writing a file so that a crash, a kill or a full disk leaves the old content or the new, never a
+// part.
+class FileWriter {
+ public:
+  virtual ~FileWriter() = default;
+  // Makes `bytes` the content of the file at `path` (UTF-8, either separator), created when it is missing.
+  // When the call returns the content survives a loss of power. An existing file keeps its permissions; a
+  // link keeps pointing to it. Throws RuntimeError and leaves the old file as it was: 76 when the folder does
+  // not exist, 70 when it may not be written, 61 when the disk is full, 52 for an impossible name, 75 for
+  // anything else.
+  virtual void Replace(const std::string& path, std::string_view bytes) = 0;
+};
+
+}  // namespace lorelin
