@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/RuntimeError.h"
+#include "app/modFile.h"
 #include "app/paths.h"
 #include "platform/version.h"
 
@@ -17,6 +18,8 @@ namespace {
 constexpr int kEscapeKey = 27;
 constexpr int kF4Key = 115;
 constexpr std::string_view kSpeechTaskGroup = "Lorelin";
+constexpr std::string_view kExportGroup = "Export";
+constexpr std::int32_t kExportItem = 1001;
 
 }  // namespace
 
@@ -24,7 +27,8 @@ MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
   FillCommands();
   parts_.speech.OnExportAvailable(
       [this](bool available) { parts_.view.EnableToolbarButton("Exportieren", available); });
-  parts_.taskPane.OnClick([this](std::int32_t number) { TaskItemClicked(number); });
+  parts_.taskPane.OnClick(
+      [this](std::int32_t number, TaskPaneRequest request) { TaskItemClicked(number, request); });
 }
 
 MainWindow::~MainWindow() {
@@ -89,7 +93,8 @@ void MainWindow::Load() {
             {"wave file", [&] { parts_.speech.SetWaveFile(""); }},
             {"task pane", [&] { FillTaskPane(); }},
             {"last document", [&] { OpenLastDocument(); }},
-            {"scripts", [&] { AddUserdefinedScripts(); }},
+            {"scripts", [&] { parts_.tasks.AddUserdefinedScripts(); }},
+            {"export link", [&] { AddExportLink(); }},
             {"document", [&] { OpenStartupDocument(); }},
             {"speak", [&] { SpeakStartupDocument(); }},
             {"script parameter", [&] { RefuseParameterScript(); }},
@@ -146,8 +151,11 @@ void MainWindow::RefuseParameterScript() {
                            MessageButtons::Ok);
 }
 
-// The task scripts join the pane here.
-void MainWindow::AddUserdefinedScripts() {}
+void MainWindow::AddExportLink() {
+  parts_.taskPane.AddGroup(kExportGroup);
+  parts_.taskPane.AddItem(kExportGroup, kExportItem, "Sprachausgabe als WAV speichern",
+                          TaskPaneRequest::ExportLink);
+}
 
 void MainWindow::CreateScriptDir() {
   for (const auto name : {"scripts", "temp"}) {
@@ -215,16 +223,24 @@ void MainWindow::ToolbarClicked(std::string_view key) {
   if (found != buttons.end() && !key.empty()) RunCommand(found->command);
 }
 
-void MainWindow::TaskItemClicked(std::int32_t number) {
+void MainWindow::TaskItemClicked(std::int32_t number, TaskPaneRequest request) {
+  if (request == TaskPaneRequest::ExportLink) return ExportLinkClicked();
   const auto tasks = SpeechTasks();
   const auto found =
       std::find_if(tasks.begin(), tasks.end(), [&](const auto& t) { return t.number == number; });
-  if (found != tasks.end()) RunCommand(found->command);
+  if (found != tasks.end()) return RunCommand(found->command);
+  parts_.tasks.Clicked(number);
+}
+
+void MainWindow::ExportLinkClicked() {
+  if (FileExists(parts_.speech.TempWavPath())) return RunCommand("ExportDoc");
+  parts_.messageBoxes.Show("Diese Funktion steht Ihnen erst nach einem Exportvorgang zur Verfügung.",
+                           "Information", MessageIcon::Information, MessageButtons::Ok);
 }
 
 bool MainWindow::KeyPressed(int code) {
   if (code == kEscapeKey) {
-    scriptRunning_ = false;
+    parts_.interpreter.Cancel();
     RunCommand("Stop");
     return true;
   }
@@ -242,7 +258,7 @@ void MainWindow::EditorChanged(std::size_t characters) {
 void MainWindow::CloseRequested() {
   if (closing_) return;
   closing_ = true;
-  scriptRunning_ = false;
+  parts_.interpreter.Cancel();
   RunSteps("Schließen", {{"extensions", [&] { parts_.extensions.Close(); }},
                          {"LastDoc", [&] { parts_.settings.Save(setting::LastDoc, document_.path); }},
                          {"hide", [&] { parts_.view.HideWindow(); }}});
@@ -250,7 +266,7 @@ void MainWindow::CloseRequested() {
 }
 
 void MainWindow::Unloaded() {
-  scriptRunning_ = false;
+  parts_.interpreter.Cancel();
   if (std::exchange(closing_, true)) return;
   parts_.view.EndProgram();
 }

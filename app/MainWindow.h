@@ -20,6 +20,8 @@
 #include "platform/Shell.h"
 #include "platform/StatusBar.h"
 #include "platform/TaskPane.h"
+#include "scripts/TaskMenu.h"
+#include "scripts/interpreter.h"
 #include "settings/SettingsStore.h"
 #include "speech/modSpeak.h"
 
@@ -43,6 +45,8 @@ class MainWindow {
     SettingsStore& settings;
     ModSpeak& speech;
     ModAddin& extensions;
+    Interpreter& interpreter;
+    TaskMenu& tasks;
     StartupState& startup;
     std::string programFolder;
   };
@@ -57,8 +61,6 @@ class MainWindow {
 
   void InteractiveMode();
   void Textmode();
-  // Adds the user's task scripts to the task pane.
-  void AddUserdefinedScripts();
   // Creates the folders for scripts and temporary files in the program folder.
   void CreateScriptDir();
   void ExitLo();
@@ -66,7 +68,7 @@ class MainWindow {
   // Events of the form. Run-time errors of a command end in a message box.
   void RunCommand(std::string_view command);
   void ToolbarClicked(std::string_view key);
-  void TaskItemClicked(std::int32_t number);
+  void TaskItemClicked(std::int32_t number, TaskPaneRequest request);
   // Sees every key before the controls do; the code is the system's virtual key code. True when the key is
   // used up.
   bool KeyPressed(int code);
@@ -77,7 +79,6 @@ class MainWindow {
   void Unloaded();
 
   [[nodiscard]] const CommandTable& Commands() const { return commands_; }
-  [[nodiscard]] bool ScriptRunning() const { return scriptRunning_; }
   [[nodiscard]] const std::string& HomePage() const { return homePage_; }
 
  private:
@@ -92,6 +93,8 @@ class MainWindow {
   void StartTimer(WatchTimer timer, const SettingKey& key);
   void ChooseInitialMode();
   void FillTaskPane();
+  void AddExportLink();
+  void ExportLinkClicked();
   void OpenLastDocument();
   void OpenStartupDocument();
   void SpeakStartupDocument();
@@ -106,7 +109,6 @@ class MainWindow {
   Document document_;
   bool loaded_ = false;
   bool closing_ = false;
-  bool scriptRunning_ = false;
   std::string homePage_;
 };
 

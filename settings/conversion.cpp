@@ -30,7 +30,7 @@ std::int32_t RoundToLong(double number) {
   return static_cast<std::int32_t>(rounded);
 }
 
-std::int32_t ToLong(std::string_view text) {
+double ToDouble(std::string_view text) {
   std::string number(Trimmed(text));
   std::replace(number.begin(), number.end(), ',', '.');
   if (number.starts_with('+') && !number.starts_with("+-")) number.erase(0, 1);
@@ -42,7 +42,20 @@ std::int32_t ToLong(std::string_view text) {
   }
   if (error == std::errc::result_out_of_range) throw RuntimeError(ErrorNumber::Overflow);
   if (error != std::errc{}) throw RuntimeError(ErrorNumber::TypeMismatch);
-  return RoundToLong(value);
+  return value;
+}
+
+std::int32_t ToLong(std::string_view text) {
+  return RoundToLong(ToDouble(text));
+}
+
+bool IsNumeric(std::string_view text) {
+  try {
+    (void)ToDouble(text);
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
 }
 
 }  // namespace lorelin

@@ -16,14 +16,21 @@ class WxTaskPane final : public wxScrolledWindow, public TaskPane {
   explicit WxTaskPane(wxWindow* parent);
 
   void AddGroup(std::string_view group) override;
-  void AddItem(std::string_view group, std::int32_t number, std::string_view caption) override;
-  void OnClick(std::function<void(std::int32_t)> handler) override { handler_ = std::move(handler); }
+  void AddItem(std::string_view group, std::int32_t number, std::string_view caption,
+               TaskPaneRequest request) override;
+  void OnClick(std::function<void(std::int32_t, TaskPaneRequest)> handler) override {
+    handler_ = std::move(handler);
+  }
 
  private:
+  void EmptyGroup(wxSizer& items);
+  void AddSeparator(wxSizer& items);
+  void ArrangeSoon();
   void Arrange();
 
   std::map<std::string, wxSizer*, std::less<>> groups_;
-  std::function<void(std::int32_t)> handler_;
+  std::function<void(std::int32_t, TaskPaneRequest)> handler_;
+  bool arranging_ = false;
 };
 
 }  // namespace lorelin

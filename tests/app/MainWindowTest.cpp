@@ -3,17 +3,13 @@
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
 #include "platform/version.h"
-#include "tests/support/SpeechFixture.h"
+#include "tests/support/ScriptFixture.h"
 
 namespace lorelin {
 namespace {
 
-class MainWindowTest : public SpeechFixture {
+class MainWindowTest : public ScriptFixture {
  protected:
-  FakeMainView view{calls};
-  FakeBrowserPane browser{calls};
-  FakeTaskPane taskPane{calls};
-  FakeClipboard clipboard;
   FakeShell shell;
   FakeSingleInstance singleInstance;
   MainWindow window{{.view = view,
@@ -28,6 +24,8 @@ class MainWindowTest : public SpeechFixture {
                      .settings = settings,
                      .speech = speech,
                      .extensions = extensions,
+                     .interpreter = interpreter,
+                     .tasks = tasks,
                      .startup = startup,
                      .programFolder = folder.Path()}};
   ModFileReg fileTypes{registry, messageBoxes, "C:\\Programme\\X", "C:\\Programme\\X\\prog.exe"};
@@ -72,7 +70,7 @@ TEST_F(Loading, StartsInTextModeWhenShowWbIsNotOne) {
   for (const auto* const stored : {"0", "true", ""}) {
     Set(setting::ShowWB, stored);
     MainWindow other({view, document, browser, taskPane, statusBar, messageBoxes, clipboard, shell, log,
-                      settings, speech, extensions, startup, folder.Path()});
+                      settings, speech, extensions, interpreter, tasks, startup, folder.Path()});
     calls.Clear();
     other.Load();
     EXPECT_TRUE(view.editorVisible) << stored;
@@ -98,6 +96,11 @@ TEST_F(Loading, GoesInItsOrder) {
                                        "pane.item Lorelin 303 Lautstärke ändern",
                                        "pane.item Lorelin 505 Geschwindigkeit ändern",
                                        "pane.item Lorelin 606 Helligkeit ändern",
+                                       "pane.group Tasks",
+                                       "pane.item Tasks 1000 Taskscript erstellen",
+                                       "pane.item Tasks 999 ----------",
+                                       "pane.group Export",
+                                       "pane.item Export 1001 Sprachausgabe als WAV speichern",
                                        "view.show"};
   EXPECT_EQ(calls.Entries(), order);
 }
@@ -320,11 +323,53 @@ TEST_F(Commands, AreReachedByTheToolbarsExactKeys) {
 TEST_F(Commands, AreReachedByTheTaskPanesNumbers) {
   document.text = "Dokument";
   pump.onTurn = [&] { voice.Finish(); };
-  taskPane.click(101);
+  taskPane.Click(101);
   EXPECT_EQ(voice.SpokenText(), " Dokument ");
   calls.Clear();
-  taskPane.click(999);
+  taskPane.Click(999);
   EXPECT_TRUE(calls.Entries().empty());
+}
+
+TEST_F(Commands, RunTheScriptsOfTheTaskPane) {
+  fileSearch.names = {"a.vts"};
+  WriteScript("a.vts", "Meldung(läuft);");
+  taskPane.Click(1);
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text, "läuft");
+}
+
+TEST_F(Commands, LetEscapeEndAScriptWithItsSpeech) {
+  fileSearch.names = {"a.vts"};
+  WriteScript("a.vts", "Sprechen2(Hallo);\r\nWarten(1000);\r\nMeldung(nie);");
+  pump.onTurn = [&] {
+    if (voice.Speaking()) window.KeyPressed(27);
+  };
+  taskPane.Click(1);
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
+}
+
+TEST_F(Commands, LetClosingEndAScript) {
+  fileSearch.names = {"a.vts"};
+  WriteScript("a.vts", "Warten(1000);\r\nMeldung(nie);");
+  pump.onTurn = [&] { window.CloseRequested(); };
+  taskPane.Click(1);
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_TRUE(calls.Has("view.end"));
+}
+
+TEST_F(Commands, RefuseTheExportLinkBeforeAnythingWasRendered) {
+  speech.SetWaveFile("");
+  taskPane.Click(1001, TaskPaneRequest::ExportLink);
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].title, "Information");
+  EXPECT_EQ(messageBoxes.boxes[0].icon, MessageIcon::Information);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Diese Funktion steht Ihnen erst nach einem Exportvorgang zur Verfügung.");
+  window.Load();
+  WriteFile(speech.TempWavPath(), "RIFF");
+  taskPane.Click(1001, TaskPaneRequest::ExportLink);
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
 }
 
 TEST_F(Commands, TellARunTimeErrorWithItsNumber) {

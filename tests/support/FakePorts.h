@@ -118,9 +118,10 @@ class FakeDocumentEditor final : public DocumentEditor {
 
 class FakeStatusBar final : public StatusBar {
  public:
-  void SetMessage(std::string_view text) override { message = text; }
+  void SetMessage(std::string_view text) override { messages.push_back(message = text); }
   void SetFirstPanel(std::string_view text) override { firstPanel = text; }
   std::string message;
+  std::vector<std::string> messages;
   std::string firstPanel;
 };
 
@@ -206,13 +207,19 @@ class FakeTaskPane final : public TaskPane {
  public:
   explicit FakeTaskPane(CallLog& log) : log_(log) {}
   void AddGroup(std::string_view group) override { log_.Add("pane.group " + std::string(group)); }
-  void AddItem(std::string_view group, std::int32_t number, std::string_view caption) override {
+  void AddItem(std::string_view group, std::int32_t number, std::string_view caption,
+               TaskPaneRequest) override {
     log_.Add("pane.item " + std::string(group) + " " + std::to_string(number) + " " + std::string(caption));
   }
-  void OnClick(std::function<void(std::int32_t)> handler) override { click = std::move(handler); }
-  std::function<void(std::int32_t)> click;
+  void OnClick(std::function<void(std::int32_t, TaskPaneRequest)> handler) override {
+    handler_ = std::move(handler);
+  }
+  void Click(std::int32_t number, TaskPaneRequest request = TaskPaneRequest::Item) {
+    if (handler_) handler_(number, request);
+  }
 
  private:
+  std::function<void(std::int32_t, TaskPaneRequest)> handler_;
   CallLog& log_;
 };
 

@@ -1,0 +1,353 @@
+#include "scripts/interpreter.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <exception>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+#include "app/RuntimeError.h"
+#include "app/modFile.h"
+#include "app/paths.h"
+#include "app/text.h"
+#include "app/textEncoding.h"
+#include "scripts/scriptLanguage.h"
+#include "settings/conversion.h"
+
+namespace lorelin {
+namespace {
+
+// Between commands that do not wait, events are let in this often: Escape acts soon and long loops lose
+// little.
+constexpr std::chrono::milliseconds kEventInterval{50};
+constexpr std::size_t kNotedCharacters = 200;
+
+std::string ClockText(const LocalTime& time) {
+  const std::string second = std::to_string(time.second);
+  return FormatTimeOfDay(time) + (second.size() < 2 ? ":0" : ":") + second;
+}
+
+// Seconds of the wall clock, leaps of its zone included, as whoever reads the clock counts them.
+std::chrono::sys_seconds WallSeconds(const LocalTime& time) {
+  using namespace std::chrono;
+  return sys_days(year(time.year) / time.month / time.day) + hours(time.hour) + minutes(time.minute) +
+         seconds(time.second);
+}
+
+// Texts can be whole documents; the log is kept small.
+std::string Shortened(const std::string& text) {
+  if (text.size() <= kNotedCharacters) return text;
+  return text.substr(0, text.size() - FromCharacter(text, kNotedCharacters).size()) + "…";
+}
+
+std::string_view EndText(ScriptEnd end) {
+  switch (end) {
+    case ScriptEnd::LastLine:
+      return "zu Ende";
+    case ScriptEnd::Itself:
+      return "durch das Skript beendet";
+    case ScriptEnd::Cancelled:
+      return "abgebrochen";
+    case ScriptEnd::AfterError:
+      return "nach einem Fehler abgebrochen";
+    case ScriptEnd::Forbidden:
+      return "nicht erlaubt";
+  }
+  return "";
+}
+
+// The flag must not survive a run that an exception ends.
+class Running {
+ public:
+  explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Running() { flag_ = false; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+// The values as the running program has them.
+class Interpreter::Variables final : public ScriptVariables {
+ public:
+  explicit Variables(Parts& parts) : parts_(parts) {}
+  std::string Clipboard() override { return parts_.clipboard.Text(); }
+  std::string TimeOfDay() override { return FormatTimeOfDay(parts_.clock.Now()); }
+  std::string Date() override { return FormatDate(parts_.clock.Now()); }
+  std::string WindowsFolder() override {
+    const char* const folder = std::getenv("windir");
+    return folder != nullptr ? folder : "";
+  }
+  std::string Selection() override { return parts_.document.SelectedText(); }
+  std::string DocumentText() override { return parts_.document.Text(); }
+
+ private:
+  Parts& parts_;
+};
+
+Interpreter::Action Interpreter::ActionOf(std::string_view command) {
+  struct Entry {
+    std::string_view name;
+    Action action;
+  };
+  static constexpr std::array kActions{
+      Entry{"Meldung", &Interpreter::Meldung},
+      Entry{"Sprechen", &Interpreter::Sprechen},
+      Entry{"Sprechen2", &Interpreter::Sprechen2},
+      Entry{"Pause", &Interpreter::Pause},
+      Entry{"Stopp", &Interpreter::Stopp},
+      Entry{"Geschwindigkeit", &Interpreter::Geschwindigkeit},
+      Entry{"Lautstärke", &Interpreter::Lautstaerke},
+      Entry{"Helligkeit", &Interpreter::Helligkeit},
+      Entry{"Exportieren", &Interpreter::Exportieren},
+      Entry{"Laden", &Interpreter::Laden},
+      Entry{"Text", &Interpreter::Text},
+      Entry{"Dokument", &Interpreter::Dokument},
+      Entry{"Wiederholen", &Interpreter::Wiederholen},
+      Entry{"Wenn", &Interpreter::Wenn},
+      Entry{"Wenn_nicht", &Interpreter::WennNicht},
+      Entry{"WartenBis", &Interpreter::WartenBis},
+      Entry{"Warten", &Interpreter::Warten},
+      Entry{"Ersetzen", &Interpreter::Ersetzen},
+      Entry{"Ausführen", &Interpreter::Ausfuehren},
+      Entry{"Download", &Interpreter::Download},
+      Entry{"Löschen", &Interpreter::Loeschen},
+  };
+  const auto* const found =
+      std::find_if(kActions.begin(), kActions.end(), [&](const Entry& e) { return e.name == command; });
+  return found != kActions.end() ? found->action : nullptr;
+}
+
+bool Interpreter::ScriptsAreAllowed() {
+  if (parts_.settings.Get(setting::VTSAllow) != "0") return true;
+  parts_.messageBoxes.Show(
+      "Sie haben das Ausführen von Voice Taskscripts in den Einstellungen unterbunden. Die Ausführung wurde "
+      "abgebrochen.",
+      "Warnung", MessageIcon::Exclamation, MessageButtons::Ok);
+  end_ = ScriptEnd::Forbidden;
+  return false;
+}
+
+bool Interpreter::IsAllowed(const SettingKey& permission) const {
+  return IsOn(permission, parts_.settings.Get(permission));
+}
+
+// A repetition is a run in the place of the one before: permission, file and values are read anew, and the
+// stack stays as deep as it was.
+void Interpreter::ExecuteSkript(std::int32_t item) {
+  if (!ScriptsAreAllowed()) return;
+  errors_ = 0;
+  RunOnce(item);
+  while (std::exchange(restartWanted_, false)) RunAgain(item);
+  parts_.runLog.Write(currentScriptFile_ + ": " + std::string(EndText(end_)));
+  parts_.statusBar.SetMessage("Ausführung des Taskscripts beendet.");
+}
+
+void Interpreter::RunAgain(std::int32_t item) {
+  if (!ScriptsAreAllowed()) return;
+  try {
+    RunOnce(item);
+  } catch (const RuntimeError& error) {
+    AskWhetherToGoOn(error.what());
+  }
+}
+
+void Interpreter::RunOnce(std::int32_t item) {
+  scriptItemId_ = item;
+  const std::string script = DecodeText(ReadFileBytes(JoinPath(parts_.scriptFolder, {currentScriptFile_})));
+  parts_.statusBar.SetMessage("Drücken Sie ESC um die Ausführung von '" + parts_.fileOfItem(item) +
+                              "' zu beenden.");
+  end_ = ScriptEnd::LastLine;
+  const Running running(scriptRunning_);
+  WalkLines(script);
+}
+
+void Interpreter::WalkLines(std::string_view script) {
+  ForEachScriptLine(script, [this](std::string_view line) {
+    if (!scriptRunning_) return false;
+    if (auto cut = CutLine(line)) {
+      ExecuteCommand(cut->command, cut->parameter1, cut->parameter2, scriptItemId_);
+    }
+    LetEventsInNowAndThen();
+    return true;
+  });
+}
+
+void Interpreter::LetEventsInNowAndThen() {
+  const auto now = parts_.clock.Steady();
+  if (now - lastEvents_ < kEventInterval) return;
+  parts_.pump.RunPendingEvents();
+  lastEvents_ = parts_.clock.Steady();
+}
+
+void Interpreter::Cancel() {
+  if (scriptRunning_) EndBy(ScriptEnd::Cancelled);
+}
+
+void Interpreter::EndBy(ScriptEnd end) {
+  scriptRunning_ = false;
+  end_ = end;
+}
+
+void Interpreter::ExecuteCommand(const std::string& command, std::string& parameter1, std::string& parameter2,
+                                 std::int32_t item) {
+  scriptItemId_ = item;
+  try {
+    Carry(command, parameter1, parameter2);
+  } catch (const std::bad_alloc&) {
+    AskWhetherToGoOn(ErrorText(ErrorNumber::OutOfMemory));
+  } catch (const std::length_error&) {
+    AskWhetherToGoOn(ErrorText(ErrorNumber::OutOfMemory));
+  } catch (const std::exception& error) {
+    AskWhetherToGoOn(error.what());
+  }
+}
+
+void Interpreter::Carry(const std::string& command, std::string& parameter1, std::string& parameter2) {
+  Variables values(parts_);
+  ExpandVariables(parameter1, values);
+  ExpandVariables(parameter2, values);
+  RestoreCommas(parameter1);
+  RestoreCommas(parameter2);
+  const Action action = ActionOf(WithoutBlanks(command));
+  if (action == nullptr) return;
+  Note(command, parameter1, parameter2);
+  (this->*action)(parameter1, parameter2);
+}
+
+void Interpreter::Note(const std::string& command, const std::string& parameter1,
+                       const std::string& parameter2) {
+  parts_.runLog.Write(currentScriptFile_ + ": " + command + "(" + Shortened(parameter1) +
+                      (parameter2.empty() ? "" : "," + Shortened(parameter2)) + ")");
+}
+
+void Interpreter::AskWhetherToGoOn(const std::string& description) {
+  ++errors_;
+  parts_.runLog.Write(currentScriptFile_ + ": " + description);
+  const MessageAnswer answer =
+      parts_.messageBoxes.Show("Folgender Fehler trat während der Ausführung des Taskscripts auf:\n\n" +
+                                   description + "\n\nMöchten Sie mit der Ausführung fortfahren?",
+                               "Fehler", MessageIcon::Critical, MessageButtons::YesNo);
+  if (answer == MessageAnswer::No) EndBy(ScriptEnd::AfterError);
+}
+
+void Interpreter::Meldung(const std::string& text, const std::string&) {
+  parts_.messageBoxes.Show(text, "Lorelin", MessageIcon::None, MessageButtons::Ok);
+}
+
+void Interpreter::Sprechen(const std::string&, const std::string&) {
+  std::string text = parts_.document.Text();
+  parts_.speech.Speak(text, true, "-1", true);
+}
+
+void Interpreter::Sprechen2(const std::string& text, const std::string&) {
+  std::string spoken = text;
+  parts_.speech.Speak(spoken, false, "", true);
+}
+
+void Interpreter::Pause(const std::string&, const std::string&) {
+  parts_.speech.PauseSpeech();
+}
+
+// Only what is heard stops: the rendering of the text runs on to its end.
+void Interpreter::Stopp(const std::string&, const std::string&) {
+  EndBy(ScriptEnd::Itself);
+  parts_.speech.Voice().ResetAudio();
+}
+
+void Interpreter::Geschwindigkeit(const std::string& percent, const std::string&) {
+  parts_.settings.Save(setting::Speed, percent);
+}
+
+void Interpreter::Lautstaerke(const std::string& percent, const std::string&) {
+  parts_.settings.Save(setting::Volume, percent);
+}
+
+void Interpreter::Helligkeit(const std::string& percent, const std::string&) {
+  parts_.settings.Save(setting::Pitch, percent);
+}
+
+void Interpreter::Exportieren(const std::string& path, const std::string&) {
+  parts_.speech.SetWaveFile(path);
+}
+
+void Interpreter::Laden(const std::string& path, const std::string&) {
+  if (IsAllowed(setting::VTSAllowRead)) parts_.document.LoadFile(path);
+}
+
+void Interpreter::Text(const std::string& text, const std::string&) {
+  parts_.statusBar.SetMessage(text);
+}
+
+void Interpreter::Dokument(const std::string& text, const std::string& mode) {
+  parts_.document.SetText(mode == "0" ? text : parts_.document.Text() + text);
+}
+
+void Interpreter::Wiederholen(const std::string&, const std::string&) {
+  scriptRunning_ = false;
+  restartWanted_ = true;
+}
+
+void Interpreter::Wenn(const std::string& left, const std::string& right) {
+  if (left != right) {
+    EndBy(ScriptEnd::Itself);
+  } else {
+    parts_.pump.RunPendingEvents();
+  }
+}
+
+void Interpreter::WennNicht(const std::string& left, const std::string& right) {
+  if (left == right) EndBy(ScriptEnd::Itself);
+}
+
+// Escape alone does not end this wait: the time has to come while a script runs.
+void Interpreter::WartenBis(const std::string& time, const std::string&) {
+  do {
+    parts_.pump.RunPendingEvents();
+  } while (!scriptRunning_ || ClockText(parts_.clock.Now()) != time);
+}
+
+// The second itself has to be met; one that has passed is not waited for again.
+void Interpreter::Warten(const std::string& seconds, const std::string&) {
+  constexpr double kFarthest = 3e9;  // a century
+  const auto start = WallSeconds(parts_.clock.Now());
+  const double wanted = std::nearbyint(ToDouble(seconds));
+  if (std::abs(wanted) > kFarthest) throw RuntimeError(ErrorNumber::Overflow);
+  const auto target = start + std::chrono::seconds(static_cast<std::int64_t>(wanted));
+  do {
+    parts_.pump.RunPendingEvents();
+  } while (scriptRunning_ && WallSeconds(parts_.clock.Now()) != target);
+}
+
+void Interpreter::Ersetzen(const std::string& from, const std::string& to) {
+  std::string text = parts_.document.Text();
+  ReplaceAll(text, from, to);
+  parts_.document.SetText(text);
+}
+
+void Interpreter::Ausfuehren(const std::string& commandLine, const std::string&) {
+  if (!IsAllowed(setting::VTSAllowRead)) return;
+  // A path with blanks that names a program needs no quotes.
+  parts_.launcher.Start(FileExists(commandLine) ? std::vector{commandLine} : SplitCommandLine(commandLine));
+}
+
+void Interpreter::Download(const std::string& url, const std::string& target) {
+  if (!IsAllowed(setting::VTSAllowDownload)) return;
+  parts_.downloader.Download(url, target, [this] {
+    parts_.pump.RunPendingEvents();
+    return scriptRunning_;
+  });
+  parts_.pump.RunPendingEvents();
+}
+
+void Interpreter::Loeschen(const std::string& pattern, const std::string&) {
+  if (IsAllowed(setting::VTSAllowRead)) DeleteFiles(pattern, parts_.fileSearch);
+}
+
+}  // namespace lorelin

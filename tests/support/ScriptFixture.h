@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+
+#include "help/errorPage.h"
+#include "scripts/TaskMenu.h"
+#include "scripts/interpreter.h"
+#include "tests/support/SpeechFixture.h"
+
+namespace lorelin {
+
+// Everything that scripts run on, on fakes.
+class ScriptFixture : public SpeechFixture {
+ protected:
+  void WriteScript(const std::string& name, std::string_view text) {
+    std::filesystem::create_directories(folder.File("scripts"));
+    WriteFile(folder.File("scripts/" + name), text);
+  }
+
+  FakeClipboard clipboard;
+  FakeProgramLauncher launcher;
+  FakeDownloader downloader;
+  FakeFileWriter files;
+  FakeLog runLog;
+  FakeMainView view{calls};
+  FakeBrowserPane browser{calls};
+  FakeTaskPane taskPane{calls};
+  Interpreter interpreter{{.speech = speech,
+                           .document = document,
+                           .statusBar = statusBar,
+                           .messageBoxes = messageBoxes,
+                           .clipboard = clipboard,
+                           .pump = pump,
+                           .clock = clock,
+                           .fileSearch = fileSearch,
+                           .launcher = launcher,
+                           .downloader = downloader,
+                           .settings = settings,
+                           .runLog = runLog,
+                           .scriptFolder = folder.File("scripts"),
+                           .fileOfItem = [this](std::int32_t item) { return tasks.GetSelectedItem(item); }}};
+  ErrorPage errorPage{
+      {.view = view, .browser = browser, .files = files, .log = log, .programFolder = folder.Path()}};
+  int editorsOpened = 0;
+  TaskMenu tasks{{.taskPane = taskPane,
+                  .fileSearch = fileSearch,
+                  .messageBoxes = messageBoxes,
+                  .settings = settings,
+                  .extensions = extensions,
+                  .interpreter = interpreter,
+                  .programFolder = folder.Path(),
+                  .createScript = [this] { ++editorsOpened; },
+                  .reportError =
+                      [this](std::int32_t number, const std::string& description) {
+                        errorPage.ShowErrorPage(number, description);
+                      }}};
+};
+
+}  // namespace lorelin
