@@ -1,15 +1,27 @@
 #include "cli/consolePorts.h"
 
+#include <unistd.h>
+
 #include <iostream>
 
 #include "app/modFile.h"
+#include "app/text.h"
+#include "cli/interruption.h"
 
 namespace lorelin {
 
 MessageAnswer ConsoleMessageBoxes::Show(std::string_view text, std::string_view title, MessageIcon,
                                         MessageButtons buttons) {
   std::cerr << title << ": " << text << '\n';
-  return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Yes;
+  const bool asked = !answer_ && isatty(STDIN_FILENO) == 1;
+  if (buttons == MessageButtons::Ok) {
+    if (asked) (void)cli::AskOnTerminal("Weiter mit der Eingabetaste ");
+    return MessageAnswer::Ok;
+  }
+  if (answer_) return *answer_;
+  if (!asked) return MessageAnswer::No;
+  const std::string answer = LowerAscii(WithoutBlanks(cli::AskOnTerminal("Ja oder nein? [j/n] ")));
+  return answer.starts_with('j') || answer.starts_with('y') ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
 void ConsoleStatusBar::SetMessage(std::string_view text) {

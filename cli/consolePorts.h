@@ -1,20 +1,37 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/Clipboard.h"
 #include "platform/DocumentEditor.h"
 #include "platform/MessageBoxes.h"
 #include "platform/StatusBar.h"
 
 namespace lorelin {
 
-// Message boxes as text on standard error. Nobody is asked: a question is answered with Yes or, when it has
-// no Yes, Ok.
+// Message boxes as text on standard error.
 class ConsoleMessageBoxes final : public MessageBoxes {
  public:
+  // `answer` is given to every question without asking. Without one a person at the terminal is asked; where
+  // there is none, a question is answered with No.
+  explicit ConsoleMessageBoxes(std::optional<MessageAnswer> answer) : answer_(answer) {}
   MessageAnswer Show(std::string_view text, std::string_view title, MessageIcon icon,
                      MessageButtons buttons) override;
+
+ private:
+  std::optional<MessageAnswer> answer_;
+};
+
+// The clipboard of a program without windows: its own.
+class ConsoleClipboard final : public Clipboard {
+ public:
+  std::string Text() override { return text_; }
+  void SetText(std::string_view text) override { text_ = text; }
+
+ private:
+  std::string text_;
 };
 
 // The status bar as lines on standard error, when they are wanted.

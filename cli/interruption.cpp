@@ -1,6 +1,10 @@
 #include "cli/interruption.h"
 
+#include <unistd.h>
+
+#include <cerrno>
 #include <csignal>
+#include <iostream>
 
 namespace lorelin::cli {
 namespace {
@@ -23,6 +27,19 @@ void NoteInterruptions() {
 
 void ThrowIfInterrupted() {
   if (interrupted != 0) throw Interruption{};
+}
+
+std::string AskOnTerminal(std::string_view question) {
+  std::cerr << question << std::flush;
+  std::string line;
+  char character = 0;
+  while (true) {
+    const ssize_t size = read(STDIN_FILENO, &character, 1);
+    ThrowIfInterrupted();
+    if (size < 0 && errno == EINTR) continue;
+    if (size <= 0 || character == '\n') return line;
+    line.push_back(character);
+  }
 }
 
 }  // namespace lorelin::cli

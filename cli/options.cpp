@@ -1,5 +1,6 @@
 #include "cli/options.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
@@ -29,18 +30,61 @@ constexpr std::array kNumberOptions{
     NumberOption{"--voice", &Options::voice, 1, 100000}, NumberOption{"--speed", &Options::speed, 0, 100},
     NumberOption{"--pitch", &Options::pitch, 0, 100}, NumberOption{"--volume", &Options::volume, 0, 100}};
 
+struct Command {
+  std::string_view name;
+  Action action;
+};
+
+constexpr std::array kCommands{Command{"say", Action::Say}, Command{"voices", Action::Voices},
+                               Command{"run", Action::Run}, Command{"check", Action::Check}};
+
 class Parser {
  public:
   explicit Parser(std::span<const std::string> arguments) : rest_(arguments) {}
 
   Options Parse() {
     while (!rest_.empty()) Take(Next());
-    if (!command_) throw UsageError("Es fehlt ein Befehl: „say“ oder „voices“.");
-    if (inputs_ > 0 && options_.action != Action::Say) throw UsageError("„voices“ nimmt keine Datei.");
+    if (!command_) throw UsageError("Es fehlt ein Befehl: „say“, „voices“, „run“ oder „check“.");
+    CheckFiles();
     return options_;
   }
 
  private:
+  void CheckFiles() {
+    const std::size_t count = files_.size();
+    switch (options_.action) {
+      case Action::Say:
+        if (count > 1) throw UsageError("Es kann nur eine Datei vorgelesen werden.");
+        if (count == 1) options_.input = files_.front();
+        break;
+      case Action::Run:
+        if (count != 1) throw UsageError("„run“ führt genau ein Taskscript aus.");
+        options_.scripts = files_;
+        break;
+      case Action::Check:
+        if (count == 0) throw UsageError("„check“ braucht mindestens ein Taskscript.");
+        options_.scripts = files_;
+        break;
+      case Action::Voices:
+        if (count > 0) throw UsageError("„voices“ nimmt keine Datei.");
+        break;
+      case Action::Help:
+      case Action::Version:
+        break;
+    }
+    if (options_.action != Action::Run && (options_.answer || options_.denyRead || options_.denyDownload)) {
+      throw UsageError("„--yes“, „--no“ und „--deny“ gehören zu „run“.");
+    }
+  }
+
+  void Deny(const std::string& what) {
+    if (what != "read" && what != "download" && what != "all") {
+      throw UsageError("„--deny " + what + "“ geht nicht: erwartet wird „read“, „download“ oder „all“.");
+    }
+    options_.denyRead = options_.denyRead || what != "download";
+    options_.denyDownload = options_.denyDownload || what != "read";
+  }
+
   std::string Next() {
     std::string argument = rest_.front();
     rest_ = rest_.subspan(1);
@@ -67,16 +111,13 @@ class Parser {
   void TakeWord(const std::string& word) {
     if (!command_) {
       command_ = true;
-      if (word == "say")
-        options_.action = Action::Say;
-      else if (word == "voices")
-        options_.action = Action::Voices;
-      else
-        throw UsageError("Den Befehl „" + word + "“ gibt es nicht.");
+      const auto* const found =
+          std::find_if(kCommands.begin(), kCommands.end(), [&](const Command& c) { return c.name == word; });
+      if (found == kCommands.end()) throw UsageError("Den Befehl „" + word + "“ gibt es nicht.");
+      options_.action = found->action;
       return;
     }
-    if (++inputs_ > 1) throw UsageError("Es kann nur eine Datei vorgelesen werden.");
-    options_.input = word;
+    files_.push_back(word);
   }
 
   template <typename ValueOf>
@@ -89,6 +130,12 @@ class Parser {
     if (option == "--wav") {
       options_.waveFile = value();
       if (options_.waveFile.empty()) throw UsageError("Hinter „--wav“ fehlt der Dateiname.");
+    } else if (option == "--deny") {
+      Deny(value());
+    } else if (option == "--yes") {
+      options_.answer = MessageAnswer::Yes;
+    } else if (option == "--no") {
+      options_.answer = MessageAnswer::No;
     } else if (option == "--verbose") {
       options_.verbose = true;
     } else if (option == "--help" || option == "-h") {
@@ -105,7 +152,7 @@ class Parser {
   void Finish(Action action) {
     options_.action = action;
     command_ = true;
-    inputs_ = 0;
+    files_.clear();
     rest_ = {};
   }
 
@@ -113,7 +160,7 @@ class Parser {
   Options options_;
   bool command_ = false;
   bool onlyFiles_ = false;
-  int inputs_ = 0;
+  std::vector<std::string> files_;
 };
 
 }  // namespace
@@ -127,6 +174,8 @@ std::string HelpText() {
          "\n"
          "  lorelin-cli say [Optionen] [DATEI|-]   liest die Datei vor, ohne Datei die Standardeingabe\n"
          "  lorelin-cli voices                     nennt die Stimmen\n"
+         "  lorelin-cli run [Optionen] SCRIPT.vts  führt ein Taskscript aus\n"
+         "  lorelin-cli check SCRIPT.vts ...       nennt Fehler in Taskscripts\n"
          "\n"
          "Optionen:\n"
          "  --voice N      Stimme Nummer N aus „voices“\n"
@@ -134,15 +183,19 @@ std::string HelpText() {
          "  --pitch P      Helligkeit in Prozent, 0 bis 100\n"
          "  --volume P     Lautstärke in Prozent, 0 bis 100\n"
          "  --wav DATEI    schreibt eine WAV-Datei, statt vorzulesen\n"
+         "  --yes, --no    beantwortet alle Fragen eines Taskscripts so\n"
+         "  --deny WAS     verbietet dem Taskscript „read“ (Dateien), „download“ oder „all“\n"
          "  --verbose      zeigt auch, was sonst nur im Protokoll steht\n"
          "  --help         zeigt diese Hilfe\n"
          "  --version      nennt die Version\n"
          "\n"
          "Was nicht angegeben ist, gilt wie im Fenster eingestellt.\n"
          "\n"
-         "Rückgabewerte: 0 bis zum Ende vorgelesen, 1 nicht bis zum Ende, 2 falscher Aufruf, 3 Text nicht "
-         "lesbar,\n"
-         "4 Ziel nicht schreibbar, 130 mit Strg+C abgebrochen.\n";
+         "Rückgabewerte: 0 bis zum Ende, 1 nicht bis zum Ende oder Fehler gefunden, 2 falscher Aufruf,\n"
+         "3 Text oder Taskscript nicht lesbar, 4 Ziel nicht schreibbar, 5 Befehle des Taskscripts schlugen "
+         "fehl,\n"
+         "6 das Taskscript beendete sich selbst, 7 Taskscripts sind in den Einstellungen unterbunden,\n"
+         "130 mit Strg+C abgebrochen.\n";
 }
 
 }  // namespace lorelin::cli

@@ -5,30 +5,40 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <vector>
+
+#include "platform/MessageBoxes.h"
 
 namespace lorelin::cli {
 
 // What a run of lorelin-cli ends with.
 enum class ExitCode : int {
   Done = 0,           // read to the end
-  NotToTheEnd = 1,    // the speech broke off
+  NotToTheEnd = 1,    // the speech broke off; a script broke off after an error; findings in a script
   Usage = 2,          // the command line is wrong
   NoInput = 3,        // the text cannot be read
   NoTarget = 4,       // the WAV file or the output cannot be written
+  ScriptErrors = 5,   // the script ran to its end, but commands failed
+  ScriptStopped = 6,  // the script ended itself before its last line
+  Forbidden = 7,      // the settings forbid scripts
   Interrupted = 130,  // Ctrl+C
 };
 
-enum class Action { Say, Voices, Help, Version };
+enum class Action { Say, Voices, Run, Check, Help, Version };
 
 struct Options {
   Action action = Action::Help;
   bool verbose = false;
-  std::optional<std::int32_t> voice;   // from 1
-  std::optional<std::int32_t> speed;   // per cent
-  std::optional<std::int32_t> pitch;   // per cent
-  std::optional<std::int32_t> volume;  // per cent
-  std::string waveFile;                // "" to play aloud
-  std::string input = "-";             // a file, or "-" for standard input
+  std::optional<std::int32_t> voice;    // from 1
+  std::optional<std::int32_t> speed;    // per cent
+  std::optional<std::int32_t> pitch;    // per cent
+  std::optional<std::int32_t> volume;   // per cent
+  std::string waveFile;                 // "" to play aloud
+  std::string input = "-";              // a file, or "-" for standard input
+  std::vector<std::string> scripts;     // of Run (one) and Check
+  std::optional<MessageAnswer> answer;  // to every question of a script; else the user is asked
+  bool denyRead = false;
+  bool denyDownload = false;
 };
 
 // A command line that is wrong; what() says in German why.

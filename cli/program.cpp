@@ -9,9 +9,12 @@
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
 #include "cli/Progress.h"
+#include "cli/check.h"
 #include "cli/consolePorts.h"
 #include "cli/files.h"
 #include "cli/interruption.h"
+#include "cli/overrideSettings.h"
+#include "cli/runScript.h"
 #include "platform/Platform.h"
 #include "platform/version.h"
 #include "speech/SilentVoice.h"
@@ -25,13 +28,6 @@ void RequireVoice(DirectSS& engine, std::int32_t number) {
   throw Failure(ExitCode::Usage, "Eine Stimme Nummer " + std::to_string(number) +
                                      " gibt es nicht, nur 1 bis " + std::to_string(engine.VoiceCount()) +
                                      " (siehe „lorelin-cli voices“).");
-}
-
-void ApplyOptions(SettingsStore& settings, const Options& options) {
-  if (options.voice) settings.Override(setting::Voice, std::to_string(*options.voice - 1));
-  if (options.speed) settings.Override(setting::Speed, std::to_string(*options.speed));
-  if (options.pitch) settings.Override(setting::Pitch, std::to_string(*options.pitch));
-  if (options.volume) settings.Override(setting::Volume, std::to_string(*options.volume));
 }
 
 std::string LanguageColumn(DirectSS& engine, std::int32_t number) {
@@ -74,7 +70,7 @@ class Session {
     const std::string input = ReadInput(options_.input);
     if (!options_.waveFile.empty()) RequireTarget(options_.waveFile, options_.input);
     if (options_.voice) RequireVoice(*engine_, *options_.voice);
-    ApplyOptions(settings_, options_);
+    OverrideSettings(settings_, options_);
     document_.SetText(input);
     const bool rendering = !options_.waveFile.empty();
     SilentVoice silent(*engine_);
@@ -113,7 +109,7 @@ class Session {
   const Options& options_;
   PlatformServices services_;
   ConsoleEventPump pump_;
-  ConsoleMessageBoxes messageBoxes_;
+  ConsoleMessageBoxes messageBoxes_{MessageAnswer::Yes};  // of extensions; nobody is asked
   ConsoleStatusBar statusBar_;
   ConsoleDocument document_;
   SettingsStore settings_;
@@ -134,6 +130,11 @@ ExitCode Perform(const Options& options) {
     case Action::Say:
       NoteInterruptions();
       return Session(options).Say();
+    case Action::Run:
+      NoteInterruptions();
+      return RunScript(options);
+    case Action::Check:
+      return CheckScripts(options.scripts, std::cout, std::cerr);
   }
   return ExitCode::Usage;
 }

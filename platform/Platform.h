@@ -7,9 +7,12 @@
 
 #include "platform/Automation.h"
 #include "platform/Clock.h"
+#include "platform/Downloader.h"
 #include "platform/EventPump.h"
 #include "platform/FileSearch.h"
+#include "platform/FileWriter.h"
 #include "platform/Log.h"
+#include "platform/ProgramLauncher.h"
 #include "platform/ProgramPaths.h"
 #include "platform/Registry.h"
 #include "platform/Shell.h"
@@ -26,6 +29,10 @@ struct PlatformServices {
   std::unique_ptr<Clock> clock;
   std::unique_ptr<FileSearch> fileSearch;
   std::unique_ptr<Shell> shell;
+  std::unique_ptr<ProgramLauncher> launcher;
+  std::unique_ptr<Downloader> downloader;
+  std::unique_ptr<FileWriter> fileWriter;
+  std::unique_ptr<Log> scriptLog;  // what task scripts did
   std::unique_ptr<Automation> automation;
   std::unique_ptr<SingleInstance> singleInstance;
   std::unique_ptr<Registry> registry;

@@ -11,8 +11,9 @@ struct ProgramPaths {
   std::string engineFile;     // lorelin-engine
   std::string registryFile;   // settings store; "" where the system has a registry of its own
   std::string logFile;
-  std::string cacheFolder;  // what can be made again
-  std::string lockFile;     // of the single instance
+  std::string scriptLogFile;  // of what task scripts did
+  std::string cacheFolder;    // what can be made again
+  std::string lockFile;       // of the single instance
 };
 
 // The one place that asks the system for paths. The program folder is the executable's own folder when that

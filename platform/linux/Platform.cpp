@@ -2,11 +2,14 @@
 
 #include <utility>
 
+#include "platform/linux/AtomicFileWriter.h"
+#include "platform/linux/CurlDownloader.h"
 #include "platform/linux/DirectorySearch.h"
 #include "platform/linux/EngineClient.h"
 #include "platform/linux/FlockSingleInstance.h"
 #include "platform/linux/LogFile.h"
 #include "platform/linux/NullAutomation.h"
+#include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/XdgShell.h"
@@ -20,6 +23,10 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.clock = std::make_unique<SystemClock>();
   services.fileSearch = std::make_unique<DirectorySearch>();
   services.shell = std::make_unique<XdgShell>(*services.log);
+  services.launcher = std::make_unique<SpawnLauncher>();
+  services.downloader = std::make_unique<CurlDownloader>(*services.log);
+  services.fileWriter = std::make_unique<AtomicFileWriter>();
+  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, false);
   services.automation = std::make_unique<NullAutomation>();
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);

@@ -17,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kPages = "hypertext";
+constexpr const char* kScripts = "scripts";
 
 fs::path Environment(const char* name) {
   const char* const value = std::getenv(name);
@@ -94,14 +95,20 @@ void CopyWhole(const fs::path& from, const fs::path& to) {
 }
 
 // What a user has changed or added is kept.
-void Seed(const fs::path& folder, const fs::path& shared) {
+void Seed(const fs::path& folder, const fs::path& shared, const char* name) {
   std::error_code error;
-  for (fs::recursive_directory_iterator entry(shared / kPages, error), end; !error && entry != end;
+  for (fs::recursive_directory_iterator entry(shared / name, error), end; !error && entry != end;
        entry.increment(error)) {
     const fs::path copy = folder / entry->path().lexically_relative(shared);
     std::error_code ignored;
     if (entry->is_regular_file(ignored) && !fs::exists(copy, ignored)) CopyWhole(entry->path(), copy);
   }
+}
+
+// An example that the user deleted stays away.
+void SeedScripts(const fs::path& folder, const fs::path& shared) {
+  std::error_code error;
+  if (!fs::exists(folder / kScripts, error)) Seed(folder, shared, kScripts);
 }
 
 // The pages that came with the program: beside it, or in the shared data of an installation.
@@ -118,7 +125,8 @@ bool IsOwnFolder(const fs::path& folder) {
 
 fs::path SeededFolder(const fs::path& wanted, const fs::path& beside, const SystemFacts& facts) {
   const fs::path folder = WritableFolder(wanted, facts);
-  Seed(folder, SharedData(beside));
+  Seed(folder, SharedData(beside), kPages);
+  SeedScripts(folder, SharedData(beside));
   return folder;
 }
 
@@ -135,11 +143,13 @@ ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
   const fs::path data = base("XDG_DATA_HOME", ".local/share");
   const fs::path settings = base("XDG_CONFIG_HOME", ".config");
   const bool own = !moved && IsOwnFolder(beside);
-  return {.programFolder = PathText(own ? beside : SeededFolder(data, beside, facts)),
+  const fs::path folder = own ? beside : SeededFolder(data, beside, facts);
+  return {.programFolder = PathText(folder),
           .programFile = PathText(facts.executable),
           .engineFile = PathText(beside / "lorelin-engine"),
           .registryFile = PathText(settings / "registry.sqlite"),
           .logFile = PathText(base("XDG_STATE_HOME", ".local/state") / "lorelin.log"),
+          .scriptLogFile = PathText(folder / "taskscripts.log"),
           .cacheFolder = PathText(moved ? home / "cache" : BaseFolder(facts, "XDG_CACHE_HOME", ".cache")),
           .lockFile = PathText(settings / "lorelin.lock")};
 }

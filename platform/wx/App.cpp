@@ -8,10 +8,14 @@
 #include "app/frmMain.h"
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
+#include "app/paths.h"
+#include "help/errorPage.h"
 #include "platform/Platform.h"
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxEventPump.h"
 #include "platform/wx/WxMessageBoxes.h"
+#include "scripts/TaskMenu.h"
+#include "scripts/interpreter.h"
 
 namespace lorelin {
 
@@ -40,6 +44,37 @@ class App::Program {
                  .extensions = extensions_,
                  .startup = startup_,
                  .programFolder = services_.paths.programFolder}),
+        interpreter_({.speech = speech_,
+                      .document = form_->Editor(),
+                      .statusBar = *form_,
+                      .messageBoxes = messageBoxes_,
+                      .clipboard = clipboard_,
+                      .pump = pump_,
+                      .clock = *services_.clock,
+                      .fileSearch = *services_.fileSearch,
+                      .launcher = *services_.launcher,
+                      .downloader = *services_.downloader,
+                      .settings = settings_,
+                      .runLog = *services_.scriptLog,
+                      .scriptFolder = JoinPath(services_.paths.programFolder, {"scripts"}),
+                      .fileOfItem = [this](std::int32_t item) { return tasks_.GetSelectedItem(item); }}),
+        errorPage_({.view = *form_,
+                    .browser = form_->Browser(),
+                    .files = *services_.fileWriter,
+                    .log = *services_.log,
+                    .programFolder = services_.paths.programFolder}),
+        tasks_({.taskPane = form_->Tasks(),
+                .fileSearch = *services_.fileSearch,
+                .messageBoxes = messageBoxes_,
+                .settings = settings_,
+                .extensions = extensions_,
+                .interpreter = interpreter_,
+                .programFolder = services_.paths.programFolder,
+                .createScript = [this] { CreateScript(); },
+                .reportError =
+                    [this](std::int32_t number, const std::string& description) {
+                      errorPage_.ShowErrorPage(number, description);
+                    }}),
         window_({.view = *form_,
                  .editor = form_->Editor(),
                  .browser = form_->Browser(),
@@ -52,6 +87,8 @@ class App::Program {
                  .settings = settings_,
                  .speech = speech_,
                  .extensions = extensions_,
+                 .interpreter = interpreter_,
+                 .tasks = tasks_,
                  .startup = startup_,
                  .programFolder = services_.paths.programFolder}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
@@ -87,6 +124,8 @@ class App::Program {
   [[nodiscard]] bool Ending() const { return ending_; }
 
  private:
+  void CreateScript() {}
+
   std::function<void(const std::string&)> Notice() {
     return [this](const std::string& text) { form_->SetMessage(text); };
   }
@@ -127,6 +166,9 @@ class App::Program {
   ModAddin extensions_;
   std::unique_ptr<FrmMain> form_;
   ModSpeak speech_;
+  Interpreter interpreter_;
+  ErrorPage errorPage_;
+  TaskMenu tasks_;
   MainWindow window_;
   ModFileReg fileTypes_;
   bool ending_ = false;

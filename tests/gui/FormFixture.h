@@ -57,6 +57,8 @@ class FormFixture : public testing::Test {
   FakeRegistry registry;
   FakeAutomation automation;
   FakeShell shell;
+  FakeProgramLauncher launcher;
+  FakeDownloader downloader;
   WxClipboard clipboard;
   WxEventPump pump{log};
   StartupState startup;
@@ -77,6 +79,31 @@ class FormFixture : public testing::Test {
                    .extensions = extensions,
                    .startup = startup,
                    .programFolder = folder.Path()}};
+  Interpreter interpreter{{.speech = speech,
+                           .document = form.Editor(),
+                           .statusBar = form,
+                           .messageBoxes = messageBoxes,
+                           .clipboard = clipboard,
+                           .pump = pump,
+                           .clock = clock,
+                           .fileSearch = fileSearch,
+                           .launcher = launcher,
+                           .downloader = downloader,
+                           .settings = settings,
+                           .runLog = log,
+                           .scriptFolder = folder.File("scripts"),
+                           .fileOfItem = [this](std::int32_t item) { return tasks.GetSelectedItem(item); }}};
+  TaskMenu tasks{{.taskPane = form.Tasks(),
+                  .fileSearch = fileSearch,
+                  .messageBoxes = messageBoxes,
+                  .settings = settings,
+                  .extensions = extensions,
+                  .interpreter = interpreter,
+                  .programFolder = folder.Path(),
+                  .createScript = [this] { ++editorsOpened; },
+                  .reportError = [this](std::int32_t number, const std::string&) { reported = number; }}};
+  int editorsOpened = 0;
+  std::int32_t reported = 0;
   MainWindow window{{.view = form,
                      .editor = form.Editor(),
                      .browser = form.Browser(),
@@ -89,6 +116,8 @@ class FormFixture : public testing::Test {
                      .settings = settings,
                      .speech = speech,
                      .extensions = extensions,
+                     .interpreter = interpreter,
+                     .tasks = tasks,
                      .startup = startup,
                      .programFolder = folder.Path()}};
 };

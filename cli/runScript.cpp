@@ -1,0 +1,168 @@
+#include "cli/runScript.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <system_error>
+
+#include "app/RuntimeError.h"
+#include "app/StartupState.h"
+#include "app/modFile.h"
+#include "app/paths.h"
+#include "cli/ConsoleEventPump.h"
+#include "cli/Failure.h"
+#include "cli/WaveCollector.h"
+#include "cli/consolePorts.h"
+#include "cli/files.h"
+#include "cli/interruption.h"
+#include "cli/overrideSettings.h"
+#include "platform/Platform.h"
+#include "scripts/interpreter.h"
+#include "speech/SilentVoice.h"
+#include "speech/modSpeak.h"
+
+namespace lorelin::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The two instances: one that is heard and one that renders; or, for a WAV file, the one that renders and
+// another that follows it.
+class Instances {
+ public:
+  Instances(const PlatformServices& services, EventPump& pump, const std::string& waveFile)
+      : rendering_(Make(services, pump, false)) {
+    if (waveFile.empty()) {
+      audible_ = Make(services, pump, true);
+    } else {
+      collector_.emplace(*rendering_, waveFile);
+      follower_.emplace(*collector_);
+    }
+  }
+  [[nodiscard]] DirectSS& Voice() { return audible_ ? *audible_ : *follower_; }
+  [[nodiscard]] DirectSS& Voice2() { return collector_ ? *collector_ : *rendering_; }
+  [[nodiscard]] bool Speaking() { return Voice().Speaking() || Voice2().Speaking(); }
+  void FinishFile() {
+    if (collector_ && !collector_->Finish()) throw Failure(ExitCode::NoTarget, collector_->Problem());
+  }
+
+ private:
+  static std::unique_ptr<DirectSS> Make(const PlatformServices& services, EventPump& pump, bool audible) {
+    return MakeSpeechInstance(services, pump, audible,
+                              [](const std::string& notice) { std::cerr << notice << '\n'; });
+  }
+
+  std::unique_ptr<DirectSS> rendering_;
+  std::unique_ptr<DirectSS> audible_;
+  std::optional<WaveCollector> collector_;
+  std::optional<SilentVoice> follower_;
+};
+
+ExitCode CodeOf(const Interpreter& interpreter) {
+  switch (interpreter.LastEnd()) {
+    case ScriptEnd::LastLine:
+      return interpreter.LastErrors() > 0 ? ExitCode::ScriptErrors : ExitCode::Done;
+    case ScriptEnd::Itself:
+      return ExitCode::ScriptStopped;
+    case ScriptEnd::Cancelled:
+      return ExitCode::Interrupted;
+    case ScriptEnd::AfterError:
+      return ExitCode::NotToTheEnd;
+    case ScriptEnd::Forbidden:
+      return ExitCode::Forbidden;
+  }
+  return ExitCode::Done;
+}
+
+// A script's own files are found where it lies; everything that it names, where the user stands.
+void RequireScript(const std::string& script) {
+  try {
+    (void)ReadFileBytes(script);
+  } catch (const RuntimeError& error) {
+    throw Failure(ExitCode::NoInput, "„" + script + "“ kann nicht gelesen werden: " + error.what() + ".");
+  }
+}
+
+// Where texts are rendered to that no command gives a file: away from the window's own, which it empties.
+class RenderingFolder {
+ public:
+  explicit RenderingFolder(const std::string& cacheFolder)
+      : folder_(NativePath(cacheFolder) / ("run-" + std::to_string(getpid()))) {
+    std::error_code error;
+    fs::create_directories(folder_ / "temp", error);
+  }
+  ~RenderingFolder() {
+    std::error_code error;
+    fs::remove_all(folder_, error);
+  }
+  RenderingFolder(const RenderingFolder&) = delete;
+  RenderingFolder& operator=(const RenderingFolder&) = delete;
+  [[nodiscard]] std::string Path() const { return PathText(folder_); }
+
+ private:
+  fs::path folder_;
+};
+
+}  // namespace
+
+ExitCode RunScript(const Options& options) {
+  const std::string& script = options.scripts.front();
+  RequireScript(script);
+  if (!options.waveFile.empty()) RequireTarget(options.waveFile, script);
+  const fs::path path = fs::absolute(NativePath(script));
+  const std::string name = PathText(path.filename());
+
+  const PlatformServices services = MakePlatformServices(options.verbose);
+  if (!services.registryNotice.empty()) std::cerr << services.registryNotice << '\n';
+  ConsoleEventPump pump;
+  ConsoleMessageBoxes messageBoxes(options.answer);
+  ConsoleStatusBar statusBar(options.verbose || isatty(STDERR_FILENO) == 1);
+  ConsoleDocument document;
+  ConsoleClipboard clipboard;
+  SettingsStore settings(*services.registry);
+  OverrideSettings(settings, options);
+  ModAddin extensions(*services.registry, *services.automation, *services.log);
+  const RenderingFolder renderingFolder(services.paths.cacheFolder);
+  Instances instances(services, pump, options.waveFile);
+  StartupState startup;
+  ModSpeak speech({.voice = instances.Voice(),
+                   .voice2 = instances.Voice2(),
+                   .document = document,
+                   .statusBar = statusBar,
+                   .messageBoxes = messageBoxes,
+                   .pump = pump,
+                   .clock = *services.clock,
+                   .fileSearch = *services.fileSearch,
+                   .log = *services.log,
+                   .settings = settings,
+                   .extensions = extensions,
+                   .startup = startup,
+                   .programFolder = renderingFolder.Path()});
+  Interpreter interpreter({.speech = speech,
+                           .document = document,
+                           .statusBar = statusBar,
+                           .messageBoxes = messageBoxes,
+                           .clipboard = clipboard,
+                           .pump = pump,
+                           .clock = *services.clock,
+                           .fileSearch = *services.fileSearch,
+                           .launcher = *services.launcher,
+                           .downloader = *services.downloader,
+                           .settings = settings,
+                           .runLog = *services.scriptLog,
+                           .scriptFolder = PathText(path.parent_path()),
+                           .fileOfItem = [&](std::int32_t) { return name; }});
+  pump.OnTurn([] { ThrowIfInterrupted(); });
+  speech.SetWaveFile("");
+  interpreter.SetCurrentScriptFile(name);
+  extensions.TaskScript(name);
+  interpreter.ExecuteSkript(1);
+  while (instances.Speaking()) pump.RunPendingEvents();
+  pump.RunPendingEvents();
+  instances.FinishFile();
+  return CodeOf(interpreter);
+}
+
+}  // namespace lorelin::cli
