@@ -217,7 +217,7 @@ class Checker {
     if (end == std::string_view::npos) {
       Error(visible.ends_with(')') ? "Am Ende fehlt das „;“: die Klammer „)“ wird Teil des Textes."
                                    : "Am Ende fehlt „);“.");
-      return visible.ends_with(')') && signature.parameters == 0;
+      return false;
     }
     if (end + 2 != visible.size()) {
       Error(
@@ -323,7 +323,7 @@ class Checker {
     if (known) return;
     const auto end = std::find_if_not(text.begin() + 1, text.end(), IsLetter);
     const std::string_view name = text.substr(0, static_cast<std::size_t>(end - text.begin()));
-    if (name.size() < 3) return;  // an amount of money
+    if (name.size() < 4) return;  // an amount of money
     const auto meant = Nearest(name, kVariables);
     if (meant) {
       Error("Eine Variable " + Quoted(name) + " gibt es nicht. Meinten Sie " + Quoted(*meant) + "?");

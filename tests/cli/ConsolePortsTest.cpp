@@ -17,7 +17,7 @@ std::string ErrorOutput(const Work& work) {
 }
 
 TEST(ConsoleMessageBoxes, PrintAndAnswerByThemselves) {
-  ConsoleMessageBoxes boxes;
+  ConsoleMessageBoxes boxes(MessageAnswer::Yes);
   MessageAnswer answer{};
   EXPECT_EQ(ErrorOutput([&] {
               answer = boxes.Show("Weiter?", "Frage", MessageIcon::Question, MessageButtons::YesNo);
@@ -25,6 +25,16 @@ TEST(ConsoleMessageBoxes, PrintAndAnswerByThemselves) {
             "Frage: Weiter?\n");
   EXPECT_EQ(answer, MessageAnswer::Yes);
   ErrorOutput([&] { answer = boxes.Show("So.", "Hinweis", MessageIcon::Information, MessageButtons::Ok); });
+  EXPECT_EQ(answer, MessageAnswer::Ok);
+}
+
+TEST(ConsoleMessageBoxes, AnswerNoWhenTheyAreTold) {
+  ConsoleMessageBoxes boxes(MessageAnswer::No);
+  MessageAnswer answer{};
+  ErrorOutput(
+      [&] { answer = boxes.Show("Weiter?", "Fehler", MessageIcon::Critical, MessageButtons::YesNo); });
+  EXPECT_EQ(answer, MessageAnswer::No);
+  ErrorOutput([&] { answer = boxes.Show("So.", "Lorelin", MessageIcon::None, MessageButtons::Ok); });
   EXPECT_EQ(answer, MessageAnswer::Ok);
 }
 

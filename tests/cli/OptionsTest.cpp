@@ -61,13 +61,42 @@ TEST(Options, ShowHelpAndVersionWhateverElseStandsThere) {
 }
 
 TEST(Options, AreRefusedWithTheReason) {
-  EXPECT_EQ(Refusal({}), "Es fehlt ein Befehl: „say“ oder „voices“.");
+  EXPECT_EQ(Refusal({}), "Es fehlt ein Befehl: „say“, „voices“, „run“ oder „check“.");
   EXPECT_EQ(Refusal({"sing"}), "Den Befehl „sing“ gibt es nicht.");
   EXPECT_EQ(Refusal({"say", "--laut"}), "Die Option „--laut“ gibt es nicht.");
   EXPECT_EQ(Refusal({"say", "a", "b"}), "Es kann nur eine Datei vorgelesen werden.");
   EXPECT_EQ(Refusal({"voices", "a"}), "„voices“ nimmt keine Datei.");
   EXPECT_EQ(Refusal({"say", "--wav"}), "Hinter „--wav“ fehlt der Wert.");
   EXPECT_EQ(Refusal({"say", "--wav="}), "Hinter „--wav“ fehlt der Dateiname.");
+}
+
+TEST(Options, TakeAScriptAndWhatItMayDo) {
+  const Options options = Parse({"run", "--yes", "--deny", "read", "a.vts", "--wav", "a.wav"});
+  EXPECT_EQ(options.action, Action::Run);
+  EXPECT_EQ(options.scripts, std::vector<std::string>{"a.vts"});
+  EXPECT_EQ(options.answer, MessageAnswer::Yes);
+  EXPECT_TRUE(options.denyRead);
+  EXPECT_FALSE(options.denyDownload);
+  EXPECT_EQ(options.waveFile, "a.wav");
+  EXPECT_EQ(Parse({"run", "a.vts", "--no"}).answer, MessageAnswer::No);
+  EXPECT_FALSE(Parse({"run", "a.vts"}).answer);
+  EXPECT_TRUE(Parse({"run", "a.vts", "--deny=download"}).denyDownload);
+  EXPECT_FALSE(Parse({"run", "a.vts", "--deny=download"}).denyRead);
+  EXPECT_TRUE(Parse({"run", "a.vts", "--deny=all"}).denyRead);
+  EXPECT_TRUE(Parse({"run", "a.vts", "--deny=all"}).denyDownload);
+}
+
+TEST(Options, TakeManyScriptsToCheck) {
+  EXPECT_EQ(Parse({"check", "a.vts", "b.vts"}).scripts, (std::vector<std::string>{"a.vts", "b.vts"}));
+}
+
+TEST(Options, AreRefusedWhenTheyDoNotFitTheCommand) {
+  EXPECT_EQ(Refusal({"run"}), "„run“ führt genau ein Taskscript aus.");
+  EXPECT_EQ(Refusal({"run", "a", "b"}), "„run“ führt genau ein Taskscript aus.");
+  EXPECT_EQ(Refusal({"check"}), "„check“ braucht mindestens ein Taskscript.");
+  EXPECT_EQ(Refusal({"say", "--yes"}), "„--yes“, „--no“ und „--deny“ gehören zu „run“.");
+  EXPECT_EQ(Refusal({"run", "a.vts", "--deny", "alles"}),
+            "„--deny alles“ geht nicht: erwartet wird „read“, „download“ oder „all“.");
 }
 
 TEST(Options, RefuseNumbersThatAreNoneOrOutOfRange) {
