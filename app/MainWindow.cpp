@@ -189,6 +189,11 @@ void MainWindow::InteractiveMode() {
   MarkMode(true);
 }
 
+void MainWindow::ShowPage(std::string_view name) {
+  InteractiveMode();
+  parts_.browser.Navigate(JoinPath(parts_.programFolder, {"hypertext", name}));
+}
+
 void MainWindow::CopySelection() {
   const std::string selected = parts_.editor.SelectedText();
   // Nothing selected: what the clipboard holds is worth more than nothing.
@@ -256,7 +261,7 @@ void MainWindow::EditorChanged(std::size_t characters) {
 }
 
 void MainWindow::CloseRequested() {
-  if (closing_) return;
+  if (closing_ || !parts_.mayClose()) return;
   closing_ = true;
   parts_.interpreter.Cancel();
   RunSteps("Schließen", {{"extensions", [&] { parts_.extensions.Close(); }},

@@ -49,6 +49,7 @@ class MainWindow {
     TaskMenu& tasks;
     StartupState& startup;
     std::string programFolder;
+    std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
   };
 
   explicit MainWindow(Parts parts);
@@ -64,6 +65,8 @@ class MainWindow {
   // Creates the folders for scripts and temporary files in the program folder.
   void CreateScriptDir();
   void ExitLo();
+  // Shows a page of the folder hypertext.
+  void ShowPage(std::string_view name);
 
   // Events of the form. Run-time errors of a command end in a message box.
   void RunCommand(std::string_view command);

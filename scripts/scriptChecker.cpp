@@ -19,9 +19,6 @@ constexpr std::size_t kNearest = 2;  // edits that still make a likely slip
 
 constexpr std::array<std::string_view, 4> kWithoutAction{"Speichern", "Stimme", "Beenden", "Springe"};
 
-constexpr std::array<std::string_view, 6> kVariables{"$Zwischenablage", "$Zeit",     "$Datum",
-                                                     "$Windows",        "$Markiert", "$Text"};
-
 struct Signature {
   std::string_view name;
   std::string_view kind;
@@ -31,11 +28,11 @@ struct Signature {
 // The table of the picker, and what has to be typed.
 std::vector<Signature> AllSignatures() {
   std::vector<Signature> all;
-  for (const ScriptCommand& command : ScriptCommands()) {
-    all.push_back({command.name, command.kind, static_cast<std::size_t>(command.count[0] - '0')});
+  for (const auto& commands : {ScriptCommands(), TypedCommands()}) {
+    for (const ScriptCommand& command : commands) {
+      all.push_back({command.name, command.kind, static_cast<std::size_t>(command.count[0] - '0')});
+    }
   }
-  all.push_back({"Lautstärke", "Prozent", 1});
-  all.push_back({"Löschen", "Text", 1});
   return all;
 }
 
@@ -74,8 +71,9 @@ std::optional<std::string_view> Nearest(std::string_view typed, const Names& nam
 }
 
 bool HasVariable(std::string_view parameter) {
-  return std::any_of(kVariables.begin(), kVariables.end(),
-                     [&](std::string_view name) { return parameter.find(name) != std::string_view::npos; });
+  return std::ranges::any_of(ScriptVariableNames(), [&](std::string_view name) {
+    return parameter.find(name) != std::string_view::npos;
+  });
 }
 
 bool IsCommentMark(std::string_view text) {
@@ -318,13 +316,13 @@ class Checker {
           "„$Zeit[h]“ und "
           "„$Zeit[w]“ wirken nur im Dokument.");
     }
-    const bool known = std::any_of(kVariables.begin(), kVariables.end(),
-                                   [&](std::string_view name) { return text.starts_with(name); });
+    const bool known = std::ranges::any_of(ScriptVariableNames(),
+                                           [&](std::string_view name) { return text.starts_with(name); });
     if (known) return;
     const auto end = std::find_if_not(text.begin() + 1, text.end(), IsLetter);
     const std::string_view name = text.substr(0, static_cast<std::size_t>(end - text.begin()));
     if (name.size() < 4) return;  // an amount of money
-    const auto meant = Nearest(name, kVariables);
+    const auto meant = Nearest(name, ScriptVariableNames());
     if (meant) {
       Error("Eine Variable " + Quoted(name) + " gibt es nicht. Meinten Sie " + Quoted(*meant) + "?");
     } else {

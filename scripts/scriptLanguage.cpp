@@ -92,6 +92,13 @@ constexpr std::array<ScriptCommand, kCommandCount> CutTable() {
 
 constexpr auto kTable = CutTable();
 
+constexpr std::array kTypedCommands{
+    ScriptCommand{.name = "Lautstärke", .kind = "Prozent", .count = "1", .description = ""},
+    ScriptCommand{.name = "Löschen", .kind = "Text", .count = "1", .description = ""}};
+
+constexpr std::array<std::string_view, 6> kVariableNames{"$Zwischenablage", "$Zeit",     "$Datum",
+                                                         "$Windows",        "$Markiert", "$Text"};
+
 bool IsComment(std::string_view command) {
   return command.starts_with('#') || command.starts_with("//");
 }
@@ -118,6 +125,14 @@ std::string FormatDate(const LocalTime& time) {
 
 std::span<const ScriptCommand> ScriptCommands() {
   return kTable;
+}
+
+std::span<const ScriptCommand> TypedCommands() {
+  return kTypedCommands;
+}
+
+std::span<const std::string_view> ScriptVariableNames() {
+  return kVariableNames;
 }
 
 void ForEachScriptLine(std::string_view text, const std::function<bool(std::string_view)>& line) {

@@ -34,6 +34,11 @@ struct ScriptCommand {
 
 // The table in its stored order, cut from four lists that are read by the same index.
 [[nodiscard]] std::span<const ScriptCommand> ScriptCommands();
+// The commands that the picker does not offer; they have no description.
+[[nodiscard]] std::span<const ScriptCommand> TypedCommands();
+
+// The names of the variables, in the order in which they are expanded.
+[[nodiscard]] std::span<const std::string_view> ScriptVariableNames();
 
 // Walks the lines between the CR LF pairs; a lone CR or LF ends no line. `line` answers whether to go on; the
 // views point into `text`.

@@ -13,8 +13,10 @@
 #include "platform/Platform.h"
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxEventPump.h"
+#include "platform/wx/WxFileDialogs.h"
 #include "platform/wx/WxMessageBoxes.h"
 #include "scripts/TaskMenu.h"
+#include "scripts/frmTaskEditor.h"
 #include "scripts/interpreter.h"
 
 namespace lorelin {
@@ -90,11 +92,13 @@ class App::Program {
                  .interpreter = interpreter_,
                  .tasks = tasks_,
                  .startup = startup_,
-                 .programFolder = services_.paths.programFolder}),
+                 .programFolder = services_.paths.programFolder,
+                 .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); }}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     form_->Attach(&window_);
     messageBoxes_.SetParent(form_.get());
+    fileDialogs_.SetParent(form_.get());
   }
 
   ~Program() {
@@ -124,7 +128,23 @@ class App::Program {
   [[nodiscard]] bool Ending() const { return ending_; }
 
  private:
-  void CreateScript() {}
+  void CreateScript() {
+    if (taskEditor_ == nullptr) {
+      taskEditor_ =
+          new FrmTaskEditor(form_.get(), {.fileDialogs = fileDialogs_,
+                                          .files = *services_.fileWriter,
+                                          .messageBoxes = messageBoxes_,
+                                          .programFolder = services_.paths.programFolder,
+                                          .scriptsChanged = [this] { tasks_.AddUserdefinedScripts(); },
+                                          .showHelp = [this] { ShowScriptHelp(); }});
+    }
+    taskEditor_->Open();
+  }
+
+  void ShowScriptHelp() {
+    window_.ShowPage("taskscripts.htm");
+    form_->Raise();
+  }
 
   std::function<void(const std::string&)> Notice() {
     return [this](const std::string& text) { form_->SetMessage(text); };
@@ -158,6 +178,7 @@ class App::Program {
   PlatformServices services_;
   WxEventPump pump_;
   WxMessageBoxes messageBoxes_;
+  WxFileDialogs fileDialogs_{messageBoxes_};
   WxClipboard clipboard_;
   StartupState startup_;
   SettingsStore settings_;
@@ -171,6 +192,7 @@ class App::Program {
   TaskMenu tasks_;
   MainWindow window_;
   ModFileReg fileTypes_;
+  FrmTaskEditor* taskEditor_ = nullptr;  // goes with the main form
   bool ending_ = false;
 };
 

@@ -358,6 +358,14 @@ TEST_F(Commands, LetClosingEndAScript) {
   EXPECT_TRUE(calls.Has("view.end"));
 }
 
+TEST_F(Commands, KeepTheWindowOpenForSomethingUndecided) {
+  MainWindow other({view, document, browser, taskPane, statusBar, messageBoxes, clipboard, shell, log,
+                    settings, speech, extensions, interpreter, tasks, startup, folder.Path(),
+                    [] { return false; }});
+  other.CloseRequested();
+  EXPECT_FALSE(calls.Has("view.end"));
+}
+
 TEST_F(Commands, RefuseTheExportLinkBeforeAnythingWasRendered) {
   speech.SetWaveFile("");
   taskPane.Click(1001, TaskPaneRequest::ExportLink);
