@@ -28,7 +28,7 @@ void Disable(wxTextCtrl& field) {
 }  // namespace
 
 FrmTask::FrmTask(wxWindow* parent, MessageBoxes& messageBoxes, std::function<void(const std::string&)> insert)
-    : wxDialog(parent, wxID_ANY, "Befehl hinzufügen", wxDefaultPosition, wxDefaultSize,
+    : wxDialog(parent, wxID_ANY, ToWx("Befehl hinzufügen"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "frmTask"),
       messageBoxes_(messageBoxes),
       insert_(std::move(insert)) {
@@ -43,7 +43,7 @@ FrmTask::FrmTask(wxWindow* parent, MessageBoxes& messageBoxes, std::function<voi
 void FrmTask::BuildControls() {
   const int gap = FromDIP(8);
   auto* const sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(new wxStaticText(this, wxID_ANY, "Hier können Sie Ihrem Taskscript Befehle hinzufügen."),
+  sizer->Add(new wxStaticText(this, wxID_ANY, ToWx("Hier können Sie Ihrem Taskscript Befehle hinzufügen.")),
              wxSizerFlags().Border(wxALL, 2 * gap));
   auto* const fields = new wxFlexGridSizer(2, gap, gap);
   fields->AddGrowableCol(1);
@@ -52,24 +52,24 @@ void FrmTask::BuildControls() {
     fields->Add(control, wxSizerFlags().Expand());
   };
   // The labels come before their fields, so that the access keys lead to these.
-  auto* const commandLabel = new wxStaticText(this, wxID_ANY, "Befehl:");
+  auto* const commandLabel = new wxStaticText(this, wxID_ANY, "&Befehl:");
   cmbCommand_ = new wxChoice(this, wxID_ANY);
   cmbCommand_->SetName("cmbCommand");
   fields->Add(commandLabel, wxSizerFlags().CenterVertical());
   fields->Add(cmbCommand_, wxSizerFlags().Expand());
   txtParameter_ = new wxTextCtrl(this, wxID_ANY);
   txtParameter_->SetName("txtParameter");
-  add("1. Parameter:", txtParameter_);
+  add("&1. Parameter:", txtParameter_);
   txtParameter2_ = new wxTextCtrl(this, wxID_ANY);
   txtParameter2_->SetName("txtParameter2");
-  add("2. Parameter:", txtParameter2_);
+  add("&2. Parameter:", txtParameter2_);
   sizer->Add(fields, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, 2 * gap));
   sizer->Add(BuildInfo(), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, 2 * gap));
   auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
-  auto* const insert = new wxButton(this, wxID_ANY, "&Einfügen");
+  auto* const insert = new wxButton(this, wxID_ANY, ToWx("&Einfügen"));
   insert->SetDefault();
   insert->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { InsertLine(); });
-  auto* const close = new wxButton(this, wxID_CANCEL, "&Schließen");
+  auto* const close = new wxButton(this, wxID_CANCEL, ToWx("&Schließen"));
   close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Hide(); });
   buttons->AddStretchSpacer();
   buttons->Add(close, wxSizerFlags().Border(wxRIGHT, gap));

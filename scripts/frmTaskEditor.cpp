@@ -1,10 +1,12 @@
 #include "scripts/frmTaskEditor.h"
 
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
 #include <array>
 
 #include "app/text.h"
@@ -33,6 +35,20 @@ constexpr Colours kColours{.light = {"#5f6b62", "#1a4fa0", "#7a3e00", "#7b1fa2"}
 
 bool IsDark(const wxColour& colour) {
   return colour.GetLuminance() < kDark;
+}
+
+// To the right of the script when there is room, so that both can be seen.
+void PlaceBeside(wxWindow& picker, const wxWindow& editor) {
+  const wxRect screen = wxDisplay(&editor).GetClientArea();
+  const wxRect beside(wxPoint(editor.GetScreenRect().GetRight(), editor.GetScreenRect().GetTop()),
+                      picker.GetSize());
+  if (screen.Contains(beside)) {
+    picker.SetPosition(beside.GetPosition());
+  } else {
+    picker.SetPosition(wxPoint(
+        std::max(screen.x, std::min(beside.x, screen.GetRight() - beside.width)),
+        std::max(screen.y, std::min(beside.y + beside.height / 3, screen.GetBottom() - beside.height))));
+  }
 }
 
 }  // namespace
@@ -102,9 +118,10 @@ wxWindow* FrmTaskEditor::BuildText(wxWindow* parent) {
 wxWindow* FrmTaskEditor::BuildFindings(wxWindow* parent) {
   auto* const panel = new wxPanel(parent);
   auto* const sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(new wxStaticText(panel, wxID_ANY, "&Prüfung:"),
+  sizer->Add(new wxStaticText(panel, wxID_ANY, ToWx("&Prüfung:")),
              wxSizerFlags().Border(wxTOP | wxBOTTOM, FromDIP(6)));
   findings_ = new wxListBox(panel, wxID_ANY);
+  findings_->SetName("findings");
   SetAccessibleName(*findings_, "Prüfung");
   findings_->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { GoToFinding(); });
   sizer->Add(findings_, wxSizerFlags(1).Expand());
@@ -116,9 +133,10 @@ wxSizer* FrmTaskEditor::BuildButtons() {
   auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
   wxWindow* const parent = splitter_->GetParent();
   const auto add = [&](const char* label, const std::function<void()>& action) {
-    auto* const button = new wxButton(parent, wxID_ANY, label);
+    auto* const button = new wxButton(parent, wxID_ANY, ToWx(label));
     button->Bind(wxEVT_BUTTON, [action](wxCommandEvent&) { action(); });
-    buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(8)));
+    const bool first = buttons->IsEmpty();
+    buttons->Add(button, wxSizerFlags().Border(wxLEFT, first ? 0 : FromDIP(8)));
   };
   add("&Neues Taskscript", [this] { editor_.New(); });
   add("Taskscript ö&ffnen", [this] { editor_.Open(); });
@@ -154,6 +172,7 @@ void FrmTaskEditor::BindKeys() {
 }
 
 void FrmTaskEditor::Open() {
+  if (!IsShown()) CentreOnParent();
   Show();
   if (IsIconized()) Iconize(false);
   Raise();
@@ -182,8 +201,10 @@ FrmTask& FrmTaskEditor::Picker() {
 }
 
 void FrmTaskEditor::ShowPicker() {
-  Picker().Show();
-  Picker().Raise();
+  FrmTask& picker = Picker();
+  if (!picker.IsShown()) PlaceBeside(picker, *this);
+  picker.Show();
+  picker.Raise();
 }
 
 std::string FrmTaskEditor::ScriptName() {
@@ -228,11 +249,11 @@ void FrmTaskEditor::CheckText() {
   wxArrayString lines;
   findingLines_.clear();
   for (const ScriptFinding& finding : CheckScript(text)) {
-    lines.Add("Zeile " + std::to_string(finding.line) +
-              (finding.kind == FindingKind::Hint ? ", Hinweis: " : ": ") + ToWx(finding.message));
+    lines.Add(ToWx("Zeile " + std::to_string(finding.line) +
+                   (finding.kind == FindingKind::Hint ? ", Hinweis: " : ": ") + finding.message));
     findingLines_.push_back(finding.line);
   }
-  if (lines.empty()) lines.Add("Keine Auffälligkeiten.");
+  if (lines.empty()) lines.Add(ToWx("Keine Auffälligkeiten."));
   if (lines != findings_->GetStrings()) findings_->Set(lines);
 }
 

@@ -44,6 +44,16 @@ class FormFixture : public testing::Test {
     wxCommandEvent event(wxEVT_MENU, Entry(menu, caption).GetId());
     form.ProcessWindowEvent(event);
   }
+  // Activates the item of the task pane with this caption.
+  void PressTask(const std::string& caption) {
+    for (wxWindow* const child : form.Tasks().GetChildren()) {
+      if (FromWx(wxControl::RemoveMnemonics(child->GetLabel())) != caption) continue;
+      wxCommandEvent event(wxEVT_BUTTON, child->GetId());
+      child->ProcessWindowEvent(event);
+      return;
+    }
+    ADD_FAILURE() << caption;
+  }
   std::string Panel(int number) { return FromWx(form.GetStatusBar()->GetStatusText(number)); }
 
   TemporaryFolder folder;

@@ -167,15 +167,16 @@ TEST_F(MainForm, OffersItsTasksAsButtonsThatTheKeyboardReaches) {
   }
   EXPECT_EQ(captions,
             (std::vector<std::string>{"Text vorlesen", "Text abspeichern", "Stimme wählen",
-                                      "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern"}));
+                                      "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern",
+                                      "Taskscript erstellen", "Sprachausgabe als WAV speichern"}));
 }
 
 TEST_F(MainForm, EmptiesAGroupOfTasksThatIsAddedAgain) {
   form.Tasks().AddGroup("Tasks");
-  form.Tasks().AddItem("Tasks", 1, "eins");
+  form.Tasks().AddItem("Tasks", 1, "eins", TaskPaneRequest::Item);
   const auto before = form.Tasks().GetChildren().size();
   form.Tasks().AddGroup("Tasks");
-  form.Tasks().AddItem("Tasks", 2, "zwei");
+  form.Tasks().AddItem("Tasks", 2, "zwei", TaskPaneRequest::Item);
   EXPECT_EQ(form.Tasks().GetChildren().size(), before);
 }
 
@@ -248,6 +249,61 @@ TEST_F(Pump, TellsThatItWaitsOnlyInside) {
   pump.Post([&] { inside = pump.IsWaiting(); });
   EXPECT_TRUE(WaitUntil([&] { return inside; }));
   EXPECT_FALSE(pump.IsWaiting());
+}
+
+TEST_F(MainForm, RunsAScriptFromItsItem) {
+  fileSearch.names = {"a.vts"};
+  std::filesystem::create_directories(folder.File("scripts"));
+  WriteFile(folder.File("scripts/a.vts"), "Dokument(Guten Tag,0);\r\nText(fertig);\r\nMeldung(x);");
+  window.Load();
+  std::string status;
+  messageBoxes.onShow = [&] { status = Panel(1); };
+  PressTask("a");
+  ASSERT_TRUE(WaitUntil([&] { return !status.empty(); }));
+  EXPECT_EQ(form.Editor().Text(), "Guten Tag");
+  EXPECT_EQ(status, "fertig");
+  EXPECT_EQ(Panel(1), "Ausführung des Taskscripts beendet.");
+}
+
+TEST_F(MainForm, BuildsTheTasksAnewInTheirPlace) {
+  fileSearch.names = {"a.vts"};
+  window.Load();
+  const std::size_t before = form.Tasks().GetChildren().size();
+  fileSearch.names = {"a.vts", "b.vts"};
+  tasks.AddUserdefinedScripts();
+  EXPECT_EQ(form.Tasks().GetChildren().size(), before + 1);
+  tasks.AddUserdefinedScripts();
+  EXPECT_EQ(form.Tasks().GetChildren().size(), before + 1);
+}
+
+// Its own item is gone when the script ends.
+TEST_F(MainForm, SurvivesThatAScriptsListIsBuiltAnewWhileItRuns) {
+  fileSearch.names = {"a.vts"};
+  std::filesystem::create_directories(folder.File("scripts"));
+  WriteFile(folder.File("scripts/a.vts"), "Meldung(x);\r\nText(danach);\r\nMeldung(y);");
+  window.Load();
+  messageBoxes.onShow = [&] { tasks.AddUserdefinedScripts(); };
+  PressTask("a");
+  EXPECT_TRUE(WaitUntil([&] { return messageBoxes.boxes.size() == 2; }));
+}
+
+TEST_F(MainForm, OpensTheScriptEditorFromItsItem) {
+  window.Load();
+  PressTask("Taskscript erstellen");
+  EXPECT_TRUE(WaitUntil([&] { return editorsOpened == 1; }));
+}
+
+TEST_F(MainForm, EndsAWaitingScriptWithEscape) {
+  fileSearch.names = {"a.vts"};
+  std::filesystem::create_directories(folder.File("scripts"));
+  WriteFile(folder.File("scripts/a.vts"), "Warten(100000);\r\nMeldung(nie);");
+  window.Load();
+  wxTimer escape;
+  escape.Bind(wxEVT_TIMER, [&](wxTimerEvent&) { window.KeyPressed(27); });
+  escape.StartOnce(200);
+  PressTask("a");
+  EXPECT_TRUE(WaitUntil([&] { return Panel(1) == "Ausführung des Taskscripts beendet."; }));
+  EXPECT_TRUE(messageBoxes.boxes.empty());
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <cctype>
 #include <filesystem>
 
 #include "app/textEncoding.h"
@@ -75,7 +76,7 @@ TEST_P(RunningExamples, RunWithoutAnError) {
 
 INSTANTIATE_TEST_SUITE_P(Scripts, RunningExamples, testing::ValuesIn(Examples()), [](const auto& info) {
   std::string name = std::filesystem::path(info.param).stem().string();
-  std::replace(name.begin(), name.end(), ' ', '_');
+  std::erase_if(name, [](unsigned char c) { return std::isalnum(c) == 0 || c >= 0x80; });
   return name;
 });
 
