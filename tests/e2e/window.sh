@@ -60,6 +60,23 @@ wait "$process"
 check "with code 0" test $? -eq 0
 check "no engine is left" within 5 no_engine_left "$bin"
 
+rm -rf "$LORELIN_HOME/scripts"
+mkdir "$LORELIN_HOME/scripts"
+printf 'Dokument(Ein Skript spricht.,0);\r\nExportieren(%s);\r\nSprechen();\r\nWarten(1000);\r\nExportieren(%s);\r\nSprechen();\r\n' \
+  "$home/skript.wav" "$home/nie.wav" >"$LORELIN_HOME/scripts/probe.vts"
+check "it starts with a script" start
+# The first script stands below the separator.
+xdotool windowactivate --sync "$window" mousemove --window "$window" 70 386 click 1
+check "a click on it speaks" within 10 is_wave "$home/skript.wav" 1
+sleep 3
+keys Escape
+check "Escape ends its wait" within 1 grep -q 'probe.vts: abgebrochen' "$LORELIN_HOME/taskscripts.log"
+check "and what would have come" test ! -e "$home/nie.wav"
+close_window
+check "it ends" within 10 ended
+wait "$process"
+check "with code 0" test $? -eq 0
+
 for ((i = 0; i < 5; i++)); do
   check "it starts after a kill" start
   kill -KILL "$process"
