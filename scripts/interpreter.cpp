@@ -170,11 +170,11 @@ void Interpreter::RunOnce(std::int32_t item) {
 
 void Interpreter::WalkLines(std::string_view script) {
   ForEachScriptLine(script, [this](std::string_view line) {
+    if (scriptRunning_) LetEventsInNowAndThen();
     if (!scriptRunning_) return false;
     if (auto cut = CutLine(line)) {
       ExecuteCommand(cut->command, cut->parameter1, cut->parameter2, scriptItemId_);
     }
-    LetEventsInNowAndThen();
     return true;
   });
 }

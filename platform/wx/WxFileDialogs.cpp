@@ -5,6 +5,7 @@
 #include <wx/filename.h>
 #include <wx/tokenzr.h>
 
+#include "platform/wx/activeWindow.h"
 #include "platform/wx/text.h"
 
 namespace lorelin {
@@ -26,8 +27,8 @@ wxString EndingFor(const FileDialogRequest& request, int filter) {
 
 std::optional<WxFileDialogs::Choice> WxFileDialogs::Ask(const FileDialogRequest& request, long style) {
   const wxString folder = request.folder.empty() ? lastFolder_ : ToWx(request.folder);
-  wxFileDialog dialog(parent_, ToWx(request.title), folder, ToWx(request.fileName), ToWx(request.filter),
-                      style);
+  wxFileDialog dialog(OwnerOfDialog(parent_), ToWx(request.title), folder, ToWx(request.fileName),
+                      ToWx(request.filter), style);
   if (dialog.ShowModal() != wxID_OK) return std::nullopt;
   lastFolder_ = wxFileName(dialog.GetPath()).GetPath();
   return Choice{.path = dialog.GetPath(), .filter = dialog.GetFilterIndex()};

@@ -2,6 +2,7 @@
 
 #include <wx/msgdlg.h>
 
+#include "platform/wx/activeWindow.h"
 #include "platform/wx/text.h"
 
 namespace lorelin {
@@ -46,8 +47,8 @@ MessageAnswer Answer(int id, MessageButtons buttons) {
 
 MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title, MessageIcon icon,
                                    MessageButtons buttons) {
-  wxWindow* const parent = parent_ != nullptr && parent_->IsShown() ? parent_ : nullptr;
-  wxMessageDialog dialog(parent, ToWx(text), ToWx(title), ButtonStyle(buttons) | IconStyle(icon) | wxCENTRE);
+  wxMessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title),
+                         ButtonStyle(buttons) | IconStyle(icon) | wxCENTRE);
   // The program speaks German whatever the system's language is.
   if (buttons == MessageButtons::Ok) {
     dialog.SetOKLabel("OK");

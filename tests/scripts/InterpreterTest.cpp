@@ -121,9 +121,19 @@ TEST_F(InterpreterTest, RepeatsUntilItIsCancelled) {
   EXPECT_EQ(statusBar.messages.back(), kEnd);
 }
 
+TEST_F(InterpreterTest, RepeatsNothingButARepetitionUntilItIsCancelled) {
+  clock.step = std::chrono::milliseconds(100);
+  atTurn[7] = [&] {
+    EXPECT_TRUE(interpreter.ScriptRunning());
+    interpreter.Cancel();
+  };
+  Run("Wiederholen();");
+  EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
+}
+
 TEST_F(InterpreterTest, LetsEventsInBetweenCommandsThatDoNotWait) {
-  clock.steady += std::chrono::hours(1);
-  atTurn[1] = [&] { interpreter.Cancel(); };
+  clock.step = std::chrono::milliseconds(100);
+  atTurn[2] = [&] { interpreter.Cancel(); };
   Run("Text(eins);\r\nText(zwei);");
   EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
   EXPECT_EQ(statusBar.messages.size(), 3U);

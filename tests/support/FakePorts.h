@@ -43,9 +43,10 @@ class FakeLog final : public Log {
 class FakeClock final : public Clock {
  public:
   LocalTime Now() override { return now; }
-  std::chrono::steady_clock::time_point Steady() override { return steady; }
+  std::chrono::steady_clock::time_point Steady() override { return steady += step; }
   LocalTime now{2026, 10, 3, 9, 5, 7, 7};
   std::chrono::steady_clock::time_point steady{};
+  std::chrono::milliseconds step{0};  // that every look at the clock takes
 };
 
 // Runs what was posted; before that, whatever a test wants to happen while the program waits.
