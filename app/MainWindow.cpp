@@ -49,10 +49,17 @@ void MainWindow::FillCommands() {
   commands_.Add("Copy", [this] { CopySelection(); });
   commands_.Add("Insert", [this] { parts_.editor.ReplaceSelection(parts_.clipboard.Text()); });
   commands_.Add("Delete", [this] { parts_.editor.ReplaceSelection(""); });
-  for (const auto name :
-       {"NewDoc", "OpenDoc", "SaveDoc", "SaveAs", "ExportDoc", "Settings", "ManageExtensions", "ShowHelp",
-        "GetMoreVoices", "ReportError", "MoreInfo", "SearchForUpdates", "About", "ChooseVoice",
-        "ChangeVolume", "ChangeSpeed", "ChangePitch"}) {
+  commands_.Add("NewDoc", [this] { parts_.documents.NewDoc(); });
+  commands_.Add("OpenDoc", [this] { OpenDoc(); });
+  commands_.Add("SaveDoc", [this] { parts_.documents.SaveDoc(); });
+  commands_.Add("SaveAs", [this] { parts_.documents.SaveAs(); });
+  commands_.Add("ExportDoc", [this] { parts_.exporter.ExportDoc(); });
+  commands_.Add("ChooseVoice", [this] { parts_.voiceDialogs.ChooseVoice(); });
+  commands_.Add("ChangeVolume", [this] { parts_.voiceDialogs.ChangeParameter(VoiceParameter::Volume); });
+  commands_.Add("ChangeSpeed", [this] { parts_.voiceDialogs.ChangeParameter(VoiceParameter::Speed); });
+  commands_.Add("ChangePitch", [this] { parts_.voiceDialogs.ChangeParameter(VoiceParameter::Pitch); });
+  for (const auto name : {"Settings", "ManageExtensions", "ShowHelp", "GetMoreVoices", "ReportError",
+                          "MoreInfo", "SearchForUpdates", "About"}) {
     commands_.Add(name, [] {});
   }
 }
@@ -87,7 +94,7 @@ void MainWindow::Load() {
             {"title timer", [&] { StartTimer(WatchTimer::WindowTitle, setting::ReadTitleOnAppChange); }},
             {"clipboard timer", [&] { StartTimer(WatchTimer::Clipboard, setting::ReadClipboardOnChange); }},
             {"mode", [&] { ChooseInitialMode(); }},
-            {"default extension", [&] { document_.defaultExtension = ".txt"; }},
+            {"default extension", [&] { parts_.documents.SetDefaultExtension(".txt"); }},
             {"temporary folder", [&] { parts_.speech.ClearTempFolder(); }},
             {"folders", [&] { CreateScriptDir(); }},
             {"wave file", [&] { parts_.speech.SetWaveFile(""); }},
@@ -125,15 +132,16 @@ void MainWindow::FillTaskPane() {
 
 void MainWindow::OpenLastDocument() {
   if (!IsOn(setting::ShowLastDoc, parts_.settings.Get(setting::ShowLastDoc))) return;
-  document_.path = parts_.settings.Get(setting::LastDocAtStart);
-  Guarded("Letztes Dokument", [this] { parts_.editor.LoadFile(document_.path); });
+  const std::string path = parts_.settings.Get(setting::LastDocAtStart);
+  parts_.documents.SetPath(path);
+  Guarded("Letztes Dokument", [&] { parts_.documents.Load(path); });
   Textmode();
 }
 
 void MainWindow::OpenStartupDocument() {
   const std::string& path = parts_.startup.startupFilePath;
   if (path.empty()) return;
-  Guarded("Dokument beim Start", [&] { parts_.editor.LoadFile(path); });
+  Guarded("Dokument beim Start", [&] { parts_.documents.Load(path); });
   // The name of a file that could not be loaded is better than an empty window.
   if (parts_.editor.Text().empty()) parts_.editor.SetText(path);
   Textmode();
@@ -206,7 +214,14 @@ void MainWindow::CutSelection() {
 }
 
 void MainWindow::ExitLo() {
-  CloseRequested();
+  if (parts_.documents.MayExit()) CloseRequested();
+}
+
+// A document that was opened wants to be seen.
+void MainWindow::OpenDoc() {
+  const std::string before = parts_.documents.Current().path;
+  parts_.documents.OpenDoc();
+  if (parts_.documents.Current().path != before && !parts_.documents.Modified()) Textmode();
 }
 
 void MainWindow::RunCommand(std::string_view command) {
@@ -258,15 +273,17 @@ bool MainWindow::KeyPressed(int code) {
 
 void MainWindow::EditorChanged(std::size_t characters) {
   parts_.statusBar.SetFirstPanel(std::to_string(characters) + " Zeichen.");
+  parts_.documents.Changed();
 }
 
 void MainWindow::CloseRequested() {
   if (closing_ || !parts_.mayClose()) return;
   closing_ = true;
   parts_.interpreter.Cancel();
-  RunSteps("Schließen", {{"extensions", [&] { parts_.extensions.Close(); }},
-                         {"LastDoc", [&] { parts_.settings.Save(setting::LastDoc, document_.path); }},
-                         {"hide", [&] { parts_.view.HideWindow(); }}});
+  RunSteps("Schließen",
+           {{"extensions", [&] { parts_.extensions.Close(); }},
+            {"LastDoc", [&] { parts_.settings.Save(setting::LastDoc, parts_.documents.Current().path); }},
+            {"hide", [&] { parts_.view.HideWindow(); }}});
   parts_.view.EndProgram();
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/Document.h"
+#include "app/Documents.h"
 #include "app/StartupState.h"
 #include "app/commands.h"
 #include "extensions/modAddin.h"
@@ -20,9 +20,11 @@
 #include "platform/Shell.h"
 #include "platform/StatusBar.h"
 #include "platform/TaskPane.h"
+#include "platform/VoiceDialogs.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
 #include "settings/SettingsStore.h"
+#include "speech/modExport.h"
 #include "speech/modSpeak.h"
 
 namespace lorelin {
@@ -43,7 +45,10 @@ class MainWindow {
     Shell& shell;
     Log& log;
     SettingsStore& settings;
+    Documents& documents;
     ModSpeak& speech;
+    ModExport& exporter;
+    VoiceDialogs& voiceDialogs;
     ModAddin& extensions;
     Interpreter& interpreter;
     TaskMenu& tasks;
@@ -104,12 +109,12 @@ class MainWindow {
   void RefuseParameterScript();
   void ShowEditorPane();
   void MarkMode(bool interactive);
+  void OpenDoc();
   void CopySelection();
   void CutSelection();
 
   Parts parts_;
   CommandTable commands_;
-  Document document_;
   bool loaded_ = false;
   bool closing_ = false;
   std::string homePage_;

@@ -171,6 +171,10 @@ void FrmMain::EnableTimer(WatchTimer timer, bool enabled) {
   }
 }
 
+void FrmMain::SetTitle(std::string_view title) {
+  wxFrame::SetTitle(ToWx(title));
+}
+
 void FrmMain::ShowWindow() {
   Show();
   Raise();

@@ -41,6 +41,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar {
   void EnableToolbarButton(std::string_view key, bool enabled) override;
   void StretchToolbar() override;
   void EnableTimer(WatchTimer timer, bool enabled) override;
+  void SetTitle(std::string_view title) override;
   void ShowWindow() override;
   void HideWindow() override;
   void EndProgram() override { endProgram_(); }

@@ -64,4 +64,16 @@ std::string ReadTextFile(const std::string& path) {
   return WithPlainLineEnds(DecodeText(ReadFileBytes(path)));
 }
 
+int WriteTextFile(const std::string& path, const std::string& bytes, FileWriter& files, EventPump& pump) {
+  std::error_code error;
+  const bool there = fs::exists(fs::symlink_status(NativePath(path), error));
+  pump.RunPendingEvents();
+  try {
+    files.Replace(path, bytes);
+  } catch (const RuntimeError& failure) {
+    return failure.Number();
+  }
+  return there ? 0 : static_cast<int>(ErrorNumber::FileNotFound);
+}
+
 }  // namespace lorelin

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "platform/EventPump.h"
+#include "platform/FileWriter.h"
+
 namespace lorelin {
 
 // Whether the path names a file that can be opened for reading. A folder, an empty path or any error is "no".
@@ -13,5 +16,11 @@ namespace lorelin {
 
 // The text of a file, decoded (see DecodeText), with "\n" line ends. Throws like ReadFileBytes.
 [[nodiscard]] std::string ReadTextFile(const std::string& path);
+
+// Replaces the file by these bytes and answers with the number of the last error: 0 when there was an old
+// file and everything worked, 53 when there was none and the new one is there, else why nothing was written
+// (the old file is as it was). Lets events in before it writes. Never throws a RuntimeError.
+[[nodiscard]] int WriteTextFile(const std::string& path, const std::string& bytes, FileWriter& files,
+                                EventPump& pump);
 
 }  // namespace lorelin

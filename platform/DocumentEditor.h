@@ -13,8 +13,10 @@ class DocumentEditor {
   virtual ~DocumentEditor() = default;
   [[nodiscard]] virtual std::string Text() = 0;
   virtual void SetText(std::string_view text) = 0;
-  // Replaces the document by the file's content. Throws RuntimeError (53, 75 ...) and keeps the old document
-  // when the file cannot be read.
+  // The document as RTF (Rich Text Format Specification 1.9.1), with the format that the editor can show.
+  [[nodiscard]] virtual std::string RichText() = 0;
+  // Replaces the document by the file's content, rich text or plain. Throws RuntimeError (53, 75 ...) and
+  // keeps the old document when the file cannot be read.
   virtual void LoadFile(const std::string& path) = 0;
   // Start of the selection, the caret's position when nothing is selected.
   [[nodiscard]] virtual std::size_t SelectionStart() = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,11 @@ class FileWriter {
   // not exist, 70 when it may not be written, 61 when the disk is full, 52 for an impossible name, 75 for
   // anything else.
   virtual void Replace(const std::string& path, std::string_view bytes) = 0;
+  // Makes a copy of a file of any size in the same way. `keepGoing` is called every few megabytes with the
+  // part that is done (0 to 1); when it answers false, nothing is written and the result is false. Throws
+  // RuntimeError like Replace, and 53 when there is no file at `from`.
+  virtual bool Copy(const std::string& from, const std::string& to,
+                    const std::function<bool(double done)>& keepGoing) = 0;
 };
 
 }  // namespace lorelin

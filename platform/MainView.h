@@ -19,6 +19,7 @@ class MainView {
   virtual void EnableToolbarButton(std::string_view key, bool enabled) = 0;
   virtual void StretchToolbar() = 0;
   virtual void EnableTimer(WatchTimer timer, bool enabled) = 0;
+  virtual void SetTitle(std::string_view title) = 0;
   virtual void ShowWindow() = 0;
   virtual void HideWindow() = 0;
   // Ends the process: windows and engines go, a wait that is still under way is abandoned.

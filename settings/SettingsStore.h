@@ -25,6 +25,8 @@ class SettingsStore {
   void Save(const SettingKey& key, std::string_view text);
   // The value reads as `text` for the rest of this run, without being stored, until it is saved.
   void Override(const SettingKey& key, std::string_view text);
+  // What is stored counts again.
+  void EndOverride(const SettingKey& key) { overrides_.erase(&key); }
 
  private:
   Registry& registry_;

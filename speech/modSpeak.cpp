@@ -26,6 +26,21 @@ std::int32_t Checked(std::int64_t number) {
   return static_cast<std::int32_t>(number);
 }
 
+class OverriddenSetting {
+ public:
+  OverriddenSetting(SettingsStore& settings, const SettingKey& key, const std::string& value)
+      : settings_(settings), key_(key) {
+    settings_.Override(key_, value);
+  }
+  ~OverriddenSetting() { settings_.EndOverride(key_); }
+  OverriddenSetting(const OverriddenSetting&) = delete;
+  OverriddenSetting& operator=(const OverriddenSetting&) = delete;
+
+ private:
+  SettingsStore& settings_;
+  const SettingKey& key_;
+};
+
 }  // namespace
 
 std::int32_t MapPercent(std::int32_t percent, std::int32_t lowest, std::int32_t highest) {
@@ -81,6 +96,15 @@ void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, 
   parts_.voice.Speak(text);
   parts_.voice2.Speak(text);
   if (wait) WaitForEnd();
+}
+
+void ModSpeak::SpeakSample(const std::string& text, const SettingKey& key, const std::string& value) {
+  if (parts_.startup.loadingInProgress) return;
+  const OverriddenSetting sample(parts_.settings, key, value);
+  parts_.voice.ResetAudio();
+  ApplyVoice();
+  ApplyParameters();
+  parts_.voice.Speak(text);
 }
 
 std::string ModSpeak::Decorate(const std::string& text) const {

@@ -61,6 +61,10 @@ class ModSpeak {
   // loading.
   void Speak(std::string& text, bool wait, const std::string& waveFile, bool filter);
 
+  // Speaks a sample with these voice settings instead of the stored ones, by the audible instance only: what
+  // can be exported stays as it is. Throws RuntimeError like Speak.
+  void SpeakSample(const std::string& text, const SettingKey& key, const std::string& value);
+
   // Pauses when speech is running by this switch, else resumes; the first time ever it explains itself.
   void PauseSpeech();
   void Stop();

@@ -1,6 +1,11 @@
 #include "platform/linux/AtomicFileWriter.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+#include <vector>
 
 #include "app/RuntimeError.h"
 #include "app/paths.h"
@@ -8,6 +13,8 @@
 
 namespace lorelin {
 namespace {
+
+constexpr std::streamsize kBlock = 4 << 20;
 
 ErrorNumber NumberOf(int error) {
   switch (error) {
@@ -41,6 +48,29 @@ void AtomicFileWriter::Replace(const std::string& path, std::string_view bytes) 
   Require(file.Open());
   Require(file.Write(bytes));
   Require(file.PutInPlace());
+}
+
+bool AtomicFileWriter::Copy(const std::string& from, const std::string& to,
+                            const std::function<bool(double done)>& keepGoing) {
+  if (to.empty()) throw RuntimeError(ErrorNumber::BadFileName);
+  const std::filesystem::path source = NativePath(from);
+  std::ifstream bytes(source, std::ios::binary);
+  std::error_code error;
+  const auto size = static_cast<double>(std::filesystem::file_size(source, error));
+  if (!bytes || error) throw RuntimeError(ErrorNumber::FileNotFound);
+  UnfinishedFile file(NativePath(to));
+  Require(file.Open());
+  std::vector<char> block(kBlock);
+  double done = 0;
+  while (bytes) {
+    bytes.read(block.data(), kBlock);
+    Require(file.Write({block.data(), static_cast<std::size_t>(bytes.gcount())}));
+    done += static_cast<double>(bytes.gcount());
+    if (!keepGoing(size > 0 ? std::min(done / size, 1.0) : 1.0)) return false;
+  }
+  if (bytes.bad()) throw RuntimeError(ErrorNumber::PathFileAccess);
+  Require(file.PutInPlace());
+  return true;
 }
 
 }  // namespace lorelin

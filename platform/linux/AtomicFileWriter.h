@@ -8,6 +8,8 @@ namespace lorelin {
 class AtomicFileWriter final : public FileWriter {
  public:
   void Replace(const std::string& path, std::string_view bytes) override;
+  bool Copy(const std::string& from, const std::string& to,
+            const std::function<bool(double done)>& keepGoing) override;
 };
 
 }  // namespace lorelin

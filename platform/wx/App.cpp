@@ -15,9 +15,12 @@
 #include "platform/wx/WxEventPump.h"
 #include "platform/wx/WxFileDialogs.h"
 #include "platform/wx/WxMessageBoxes.h"
+#include "platform/wx/WxProgressWindow.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/frmTaskEditor.h"
 #include "scripts/interpreter.h"
+#include "speech/frmVoiceDialogs.h"
+#include "speech/modExport.h"
 
 namespace lorelin {
 
@@ -46,6 +49,23 @@ class App::Program {
                  .extensions = extensions_,
                  .startup = startup_,
                  .programFolder = services_.paths.programFolder}),
+        documents_({.editor = form_->Editor(),
+                    .fileDialogs = fileDialogs_,
+                    .files = *services_.fileWriter,
+                    .messageBoxes = messageBoxes_,
+                    .pump = pump_,
+                    .extensions = extensions_,
+                    .log = *services_.log,
+                    .stateChanged = [this] { form_->SetTitle(documents_.Title()); }}),
+        exporter_({.speech = speech_,
+                   .statusBar = *form_,
+                   .messageBoxes = messageBoxes_,
+                   .fileDialogs = fileDialogs_,
+                   .files = *services_.fileWriter,
+                   .progress = progress_,
+                   .clock = *services_.clock,
+                   .extensions = extensions_}),
+        voiceDialogs_(speech_, settings_),
         interpreter_({.speech = speech_,
                       .document = form_->Editor(),
                       .statusBar = *form_,
@@ -87,7 +107,10 @@ class App::Program {
                  .shell = *services_.shell,
                  .log = *services_.log,
                  .settings = settings_,
+                 .documents = documents_,
                  .speech = speech_,
+                 .exporter = exporter_,
+                 .voiceDialogs = voiceDialogs_,
                  .extensions = extensions_,
                  .interpreter = interpreter_,
                  .tasks = tasks_,
@@ -99,6 +122,7 @@ class App::Program {
     form_->Attach(&window_);
     messageBoxes_.SetParent(form_.get());
     fileDialogs_.SetParent(form_.get());
+    voiceDialogs_.SetParent(form_.get());
   }
 
   ~Program() {
@@ -179,6 +203,7 @@ class App::Program {
   WxEventPump pump_;
   WxMessageBoxes messageBoxes_;
   WxFileDialogs fileDialogs_{messageBoxes_};
+  WxProgressWindow progress_;
   WxClipboard clipboard_;
   StartupState startup_;
   SettingsStore settings_;
@@ -187,6 +212,9 @@ class App::Program {
   ModAddin extensions_;
   std::unique_ptr<FrmMain> form_;
   ModSpeak speech_;
+  Documents documents_;
+  ModExport exporter_;
+  FrmVoiceDialogs voiceDialogs_;
   Interpreter interpreter_;
   ErrorPage errorPage_;
   TaskMenu tasks_;

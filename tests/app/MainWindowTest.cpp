@@ -22,7 +22,10 @@ class MainWindowTest : public ScriptFixture {
                      .shell = shell,
                      .log = log,
                      .settings = settings,
+                     .documents = documents,
                      .speech = speech,
+                     .exporter = exporter,
+                     .voiceDialogs = voiceDialogs,
                      .extensions = extensions,
                      .interpreter = interpreter,
                      .tasks = tasks,
@@ -70,7 +73,8 @@ TEST_F(Loading, StartsInTextModeWhenShowWbIsNotOne) {
   for (const auto* const stored : {"0", "true", ""}) {
     Set(setting::ShowWB, stored);
     MainWindow other({view, document, browser, taskPane, statusBar, messageBoxes, clipboard, shell, log,
-                      settings, speech, extensions, interpreter, tasks, startup, folder.Path()});
+                      settings, documents, speech, exporter, voiceDialogs, extensions, interpreter, tasks,
+                      startup, folder.Path()});
     calls.Clear();
     other.Load();
     EXPECT_TRUE(view.editorVisible) << stored;
@@ -359,9 +363,10 @@ TEST_F(Commands, LetClosingEndAScript) {
 }
 
 TEST_F(Commands, KeepTheWindowOpenForSomethingUndecided) {
-  MainWindow other({view, document, browser, taskPane, statusBar, messageBoxes, clipboard, shell, log,
-                    settings, speech, extensions, interpreter, tasks, startup, folder.Path(),
-                    [] { return false; }});
+  MainWindow other({view,         document,  browser,  taskPane,      statusBar,
+                    messageBoxes, clipboard, shell,    log,           settings,
+                    documents,    speech,    exporter, voiceDialogs,  extensions,
+                    interpreter,  tasks,     startup,  folder.Path(), [] { return false; }});
   other.CloseRequested();
   EXPECT_FALSE(calls.Has("view.end"));
 }

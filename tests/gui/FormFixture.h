@@ -11,6 +11,7 @@
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxEventPump.h"
 #include "platform/wx/text.h"
+#include "speech/frmVoiceDialogs.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {
@@ -89,6 +90,26 @@ class FormFixture : public testing::Test {
                    .extensions = extensions,
                    .startup = startup,
                    .programFolder = folder.Path()}};
+  FakeFileDialogs fileDialogs;
+  FakeFileWriter files;
+  FakeProgressWindow progress;
+  Documents documents{{.editor = form.Editor(),
+                       .fileDialogs = fileDialogs,
+                       .files = files,
+                       .messageBoxes = messageBoxes,
+                       .pump = pump,
+                       .extensions = extensions,
+                       .log = log,
+                       .stateChanged = [this] { form.SetTitle(documents.Title()); }}};
+  ModExport exporter{{.speech = speech,
+                      .statusBar = form,
+                      .messageBoxes = messageBoxes,
+                      .fileDialogs = fileDialogs,
+                      .files = files,
+                      .progress = progress,
+                      .clock = clock,
+                      .extensions = extensions}};
+  FrmVoiceDialogs voiceDialogs{speech, settings};
   Interpreter interpreter{{.speech = speech,
                            .document = form.Editor(),
                            .statusBar = form,
@@ -124,7 +145,10 @@ class FormFixture : public testing::Test {
                      .shell = shell,
                      .log = log,
                      .settings = settings,
+                     .documents = documents,
                      .speech = speech,
+                     .exporter = exporter,
+                     .voiceDialogs = voiceDialogs,
                      .extensions = extensions,
                      .interpreter = interpreter,
                      .tasks = tasks,

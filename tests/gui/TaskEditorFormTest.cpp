@@ -46,7 +46,6 @@ class TaskEditorForm : public FormFixture {
   }
 
   FakeFileDialogs dialogs;
-  FakeFileWriter files;
   int saves = 0;
   int helps = 0;
   FrmTaskEditor* editor = new FrmTaskEditor(&form, {.fileDialogs = dialogs,

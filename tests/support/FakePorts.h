@@ -24,10 +24,12 @@
 #include "platform/MainView.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ProgramLauncher.h"
+#include "platform/ProgressWindow.h"
 #include "platform/Shell.h"
 #include "platform/SingleInstance.h"
 #include "platform/StatusBar.h"
 #include "platform/TaskPane.h"
+#include "platform/VoiceDialogs.h"
 #include "tests/support/CallLog.h"
 
 namespace lorelin {
@@ -94,6 +96,7 @@ class FakeDocumentEditor final : public DocumentEditor {
   explicit FakeDocumentEditor(CallLog& log) : log_(log) {}
   std::string Text() override { return text; }
   void SetText(std::string_view newText) override { text = newText; }
+  std::string RichText() override { return "{\\rtf1 " + text + "}"; }
   void LoadFile(const std::string& path) override {
     log_.Add("editor.LoadFile " + path);
     const auto found = files.find(path);
@@ -181,6 +184,16 @@ class FakeFileWriter final : public FileWriter {
     if (error) throw RuntimeError(*error);
     files[path] = bytes;
   }
+  bool Copy(const std::string& from, const std::string& to,
+            const std::function<bool(double done)>& keepGoing) override {
+    if (error) throw RuntimeError(*error);
+    for (const double done : {0.5, 1.0}) {
+      if (!keepGoing(done)) return false;
+    }
+    copies.emplace_back(from, to);
+    return true;
+  }
+  std::vector<std::pair<std::string, std::string>> copies;
   std::map<std::string, std::string> files;
   std::optional<ErrorNumber> error;
 };
@@ -196,6 +209,27 @@ class FakeFileDialogs final : public FileDialogs {
   }
   std::vector<FileDialogRequest> requests;
   std::optional<std::string> answer;
+};
+
+class FakeProgressWindow final : public ProgressWindow {
+ public:
+  bool Show(std::string_view text, double done) override {
+    shown.emplace_back(std::string(text) + " " + std::to_string(static_cast<int>(done * 100)));
+    return !cancelled;
+  }
+  void Close() override { ++closed; }
+  std::vector<std::string> shown;
+  bool cancelled = false;
+  int closed = 0;
+};
+
+class FakeVoiceDialogs final : public VoiceDialogs {
+ public:
+  void ChooseVoice() override { shown.emplace_back("Voice"); }
+  void ChangeParameter(VoiceParameter parameter) override {
+    shown.push_back(std::to_string(static_cast<int>(parameter)));
+  }
+  std::vector<std::string> shown;
 };
 
 class FakeSingleInstance final : public SingleInstance {
@@ -252,12 +286,14 @@ class FakeMainView final : public MainView {
     log_.Add(std::string(timer == WatchTimer::Clipboard ? "tmrClipboard" : "tmrWinTasks") +
              (enabled ? " on" : " off"));
   }
+  void SetTitle(std::string_view text) override { title = text; }
   void ShowWindow() override { log_.Add("view.show"); }
   void HideWindow() override { log_.Add("view.hide"); }
   void EndProgram() override { log_.Add("view.end"); }
   bool editorVisible = false;
   bool browserVisible = false;
   bool focusFails = false;
+  std::string title;
   std::map<std::string, bool> checks;
 
  private:

@@ -2,14 +2,16 @@
 
 #include <string>
 
+#include "app/Documents.h"
 #include "help/errorPage.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
+#include "speech/modExport.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {
 
-// Everything that scripts run on, on fakes.
+// Everything that scripts and documents run on, on fakes.
 class ScriptFixture : public SpeechFixture {
  protected:
   void WriteScript(const std::string& name, std::string_view text) {
@@ -25,6 +27,25 @@ class ScriptFixture : public SpeechFixture {
   FakeMainView view{calls};
   FakeBrowserPane browser{calls};
   FakeTaskPane taskPane{calls};
+  FakeFileDialogs fileDialogs;
+  FakeProgressWindow progress;
+  FakeVoiceDialogs voiceDialogs;
+  Documents documents{{.editor = document,
+                       .fileDialogs = fileDialogs,
+                       .files = files,
+                       .messageBoxes = messageBoxes,
+                       .pump = pump,
+                       .extensions = extensions,
+                       .log = log,
+                       .stateChanged = [this] { view.SetTitle(documents.Title()); }}};
+  ModExport exporter{{.speech = speech,
+                      .statusBar = statusBar,
+                      .messageBoxes = messageBoxes,
+                      .fileDialogs = fileDialogs,
+                      .files = files,
+                      .progress = progress,
+                      .clock = clock,
+                      .extensions = extensions}};
   Interpreter interpreter{{.speech = speech,
                            .document = document,
                            .statusBar = statusBar,

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/VoiceDialogs.h"
+#include "settings/SettingsStore.h"
+#include "speech/DirectSS.h"
+
+namespace lorelin {
+
+// What the dialogs that set the voice show and store. They change settings only; the next text is spoken with
+// them.
+
+// One of the dialogs with a slider.
+struct SliderDialog {
+  VoiceParameter parameter;
+  std::string_view caption;
+  std::string_view label;
+  const SettingKey& shown;   // read when it opens; its default is the dialog's own
+  const SettingKey& stored;  // what speaking reads
+};
+
+[[nodiscard]] const SliderDialog& SliderDialogFor(VoiceParameter parameter);
+
+// The percentage that the dialog shows when it opens, 0 to 100; a stored value beyond that is shown as the
+// nearest. Throws RuntimeError when the stored text is no number.
+[[nodiscard]] std::int32_t ShownPercentage(const SliderDialog& dialog, const SettingsStore& settings);
+
+// "Deutsch" for 1031 and so on, "Unbekannt" for an identifier that the program does not know.
+[[nodiscard]] std::string_view LanguageName(std::int32_t languageId);
+
+// The list of voices; positions count from 0. `engine` and `settings` must outlive it.
+class VoiceChoice {
+ public:
+  VoiceChoice(DirectSS& engine, SettingsStore& settings) : engine_(engine), settings_(settings) {}
+
+  [[nodiscard]] std::vector<std::string> Names() const;
+  // The stored position; it may lie beyond the list. Throws RuntimeError when the stored text is no number.
+  [[nodiscard]] std::int32_t StoredPosition() const;
+  // What the dialog says about the voice. Throw RuntimeError 6 for a position that no list can have.
+  [[nodiscard]] std::string LanguageLabel(std::int32_t position) const;
+  [[nodiscard]] std::string GenderLabel(std::int32_t position) const;
+  void Save(std::int32_t position);
+
+ private:
+  DirectSS& engine_;
+  SettingsStore& settings_;
+};
+
+}  // namespace lorelin
