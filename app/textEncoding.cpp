@@ -60,14 +60,6 @@ std::string WithBadBytesReplaced(std::string_view bytes) {
   return text;
 }
 
-// The code point of the first `length` bytes of a well-formed text.
-unsigned CodePoint(std::string_view text, std::size_t length) {
-  if (length == 1) return Byte(text[0]);
-  unsigned code = Byte(text[0]) & (0x7FU >> length);
-  for (const char c : text.substr(1, length - 1)) code = (code << 6) | (Byte(c) & 0x3FU);
-  return code;
-}
-
 // Nothing for a character that has no place there.
 std::optional<char> Windows1252Byte(unsigned code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
@@ -82,7 +74,8 @@ std::optional<std::string> ToWindows1252(std::string_view text) {
   bytes.reserve(text.size());
   while (!text.empty()) {
     const std::size_t length = Utf8Length(text);
-    const auto byte = length == 0 ? std::nullopt : Windows1252Byte(CodePoint(text, length));
+    const auto byte =
+        length == 0 ? std::nullopt : Windows1252Byte(static_cast<unsigned>(FirstCharacter(text)));
     if (!byte) return std::nullopt;
     bytes.push_back(*byte);
     text.remove_prefix(length);
@@ -120,6 +113,27 @@ std::size_t Utf8Length(std::string_view text) {
   if (Byte(text[1]) < lead.low || Byte(text[1]) > lead.high) return 0;
   const auto rest = text.substr(2, lead.length - 2);
   return std::all_of(rest.begin(), rest.end(), IsContinuation) ? lead.length : 0;
+}
+
+char32_t FirstCharacter(std::string_view text) {
+  const std::size_t length = Utf8Length(text);
+  if (length <= 1) return text.empty() ? 0 : Byte(text[0]);
+  char32_t code = Byte(text[0]) & (0x7FU >> length);
+  for (const char c : text.substr(1, length - 1)) code = (code << 6) | (Byte(c) & 0x3FU);
+  return code;
+}
+
+void AppendUtf8(std::string& text, char32_t character) {
+  if (character > 0x10FFFF || (character >= 0xD800 && character <= 0xDFFF)) {
+    text += kReplacement;
+  } else if (character < 0x10000) {
+    AppendBasicPlane(text, static_cast<unsigned>(character));
+  } else {
+    text.push_back(static_cast<char>(0xF0U | (character >> 18)));
+    text.push_back(static_cast<char>(0x80U | ((character >> 12) & 0x3FU)));
+    text.push_back(static_cast<char>(0x80U | ((character >> 6) & 0x3FU)));
+    text.push_back(static_cast<char>(0x80U | (character & 0x3FU)));
+  }
 }
 
 bool IsValidUtf8(std::string_view text) {

@@ -17,6 +17,12 @@ namespace lorelin {
 // Line ends stay as they are.
 [[nodiscard]] std::string EncodeText(std::string_view text);
 
+// Appends a character; what is none (a surrogate, a number beyond U+10FFFF) as U+FFFD.
+void AppendUtf8(std::string& text, char32_t character);
+
+// The first character of a text that begins with a well-formed one.
+[[nodiscard]] char32_t FirstCharacter(std::string_view text);
+
 // Well-formed by RFC 3629: no overlong forms, surrogates or numbers beyond U+10FFFF.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 
