@@ -5,8 +5,8 @@
 namespace lorelin {
 namespace {
 
-// The mappings of https://www.unicode.org/Public/MAPPINGS/VENDORS (MICSFT and APPLE); bytes that Windows-1252 leaves
-// free stand for the control characters of the same number.
+// The mappings of https://www.unicode.org/Public/MAPPINGS/VENDORS (MICSFT and APPLE); bytes that Windows-1252
+// leaves free stand for the control characters of the same number.
 struct NumberedPage {
   int number;
   CodePage page;
@@ -190,7 +190,8 @@ constexpr std::array kPages{
 
 const CodePage& CodePageFor(int number) {
   const auto find = [](int wanted) {
-    return std::find_if(kPages.begin(), kPages.end(), [&](const NumberedPage& p) { return p.number == wanted; });
+    return std::find_if(kPages.begin(), kPages.end(),
+                        [&](const NumberedPage& p) { return p.number == wanted; });
   };
   const auto* found = find(number);
   if (found == kPages.end()) found = find(1252);

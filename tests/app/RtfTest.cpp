@@ -191,7 +191,8 @@ TEST(ReadRtf, TakesAFontTableOfAnySize) {
 }
 
 TEST(ReadRtf, TakesNumbersBeyondTheirRange) {
-  EXPECT_EQ(Text("\\fs-5 a\\fs99999999999 b\\li-2000000000 c\\cf-1 d\\f-3 e\\u9999999 ?f\\uc-1 g"), "abcdefg");
+  EXPECT_EQ(Text("\\fs-5 a\\fs99999999999 b\\li-2000000000 c\\cf-1 d\\f-3 e\\u9999999 ?f\\uc-1 g"),
+            "abcdefg");
 }
 
 TEST(IsRtf, LooksAtTheBeginning) {
