@@ -47,7 +47,6 @@ void Documents::NewDoc() {
         SaveDoc();
         break;
       case MessageAnswer::No:
-        parts_.beforeReplacing();
         parts_.editor.SetText("");
         document_.path.clear();
         document_.format = {};
@@ -72,33 +71,33 @@ bool Documents::IsTextFile(const std::string& path) {
              "Frage", MessageIcon::Question, MessageButtons::YesNo) == MessageAnswer::Yes;
 }
 
-void Documents::OpenDoc() {
+bool Documents::OpenDoc() {
   const auto path = parts_.fileDialogs.AskForFile({.title = "Öffnen",
                                                    .folder = Folder(document_.path),
                                                    .fileName = {},
                                                    .filter = std::string(kOpenFilter),
                                                    .defaultExtension = document_.defaultExtension});
-  if (path) OpenPath(*path);
+  return path && OpenPath(*path);
 }
 
-void Documents::OpenPath(const std::string& path) {
-  if (!IsTextFile(path)) return;
+bool Documents::OpenPath(const std::string& path) {
+  if (!IsTextFile(path)) return false;
   parts_.pump.RunPendingEvents();
   parts_.extensions.OpenFile(path);
   try {
     Load(path);
   } catch (const RuntimeError& error) {
     parts_.log.Write(path + ": " + error.what());
-    return;
+    return false;
   }
   // Only now: a name whose file is not shown would be overwritten with another text.
   SetPath(path);
   parts_.used(path);
+  return true;
 }
 
 void Documents::Load(const std::string& path) {
   const TextFormat format = FormatOfFile(path);
-  parts_.beforeReplacing();
   loading_ = true;
   try {
     parts_.editor.LoadFile(path);
@@ -111,6 +110,14 @@ void Documents::Load(const std::string& path) {
   Stored();
 }
 
+void Documents::Restore(const std::string& snapshot) {
+  Load(snapshot);
+  document_.format = {};
+  document_.path.clear();
+  modified_ = true;
+  parts_.stateChanged();
+}
+
 void Documents::SetPath(const std::string& path) {
   document_.path = path;
   parts_.stateChanged();
@@ -118,6 +125,7 @@ void Documents::SetPath(const std::string& path) {
 
 void Documents::Stored() {
   modified_ = false;
+  parts_.stored();
   parts_.stateChanged();
 }
 
@@ -196,7 +204,7 @@ bool Documents::MayExit() {
     case MessageAnswer::Yes:
       return SaveDoc();
     case MessageAnswer::No:
-      modified_ = false;
+      Stored();
       return true;
     case MessageAnswer::Ok:
     case MessageAnswer::Cancel:

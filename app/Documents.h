@@ -28,8 +28,8 @@ class Documents {
     Log& log;
     // The document is another one, or was stored: its name and state may have changed.
     std::function<void()> stateChanged = [] {};
-    // The document is about to be replaced.
-    std::function<void()> beforeReplacing = [] {};
+    // Nothing of the document would be lost now: it was stored or loaded, or the user does not want it.
+    std::function<void()> stored = [] {};
     // This file was opened or saved.
     std::function<void(const std::string& path)> used = [](const std::string&) {};
   };
@@ -37,9 +37,10 @@ class Documents {
   explicit Documents(Parts parts) : parts_(std::move(parts)) {}
 
   void NewDoc();
-  void OpenDoc();
+  // Whether a file is shown now.
+  bool OpenDoc();
   // Opens this file as OpenDoc does the chosen one.
-  void OpenPath(const std::string& path);
+  bool OpenPath(const std::string& path);
   // Always asks for a name; false when the user cancelled or it could not be saved.
   bool SaveDoc();
   // Writes the plain text to the current path without a word; asks for a name only when there is none.
@@ -51,6 +52,9 @@ class Documents {
   void Load(const std::string& path);
   // The path that the file dialogs share, whatever becomes of loading it.
   void SetPath(const std::string& path);
+
+  // Loads a text that has no file of its own any more; it counts as changed. Throws as Load does.
+  void Restore(const std::string& snapshot);
 
   // The editor's text changed.
   void Changed();

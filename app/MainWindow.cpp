@@ -20,6 +20,9 @@ constexpr int kF4Key = 115;
 constexpr std::string_view kSpeechTaskGroup = "Lorelin";
 constexpr std::string_view kExportGroup = "Export";
 constexpr std::int32_t kExportItem = 1001;
+constexpr std::string_view kRecoveryGroup = "Nicht gespeicherte Texte";
+constexpr std::int32_t kFirstLeftover = 1100;
+constexpr std::int32_t kDiscardLeftovers = 1199;
 
 }  // namespace
 
@@ -51,6 +54,16 @@ void MainWindow::FillCommands() {
   commands_.Add("Delete", [this] { parts_.editor.ReplaceSelection(""); });
   commands_.Add("NewDoc", [this] { parts_.documents.NewDoc(); });
   commands_.Add("OpenDoc", [this] { OpenDoc(); });
+  commands_.Add("OpenRecent", [this] { RecentFileChosen(0); });
+  commands_.Add("Undo", [this] { parts_.editing.Undo(); });
+  commands_.Add("Redo", [this] { parts_.editing.Redo(); });
+  commands_.Add("SelectAll", [this] { parts_.editing.SelectAll(); });
+  commands_.Add("Find", [this] { parts_.editing.ShowSearch(false); });
+  commands_.Add("FindAgain", [this] { parts_.editing.SearchAgain(); });
+  commands_.Add("Replace", [this] { parts_.editing.ShowSearch(true); });
+  commands_.Add("Larger", [this] { parts_.editing.Zoom(1); });
+  commands_.Add("Smaller", [this] { parts_.editing.Zoom(-1); });
+  commands_.Add("UsualSize", [this] { parts_.editing.Zoom(0); });
   commands_.Add("SaveDoc", [this] { parts_.documents.SaveDoc(); });
   commands_.Add("SaveAs", [this] { parts_.documents.SaveAs(); });
   commands_.Add("ExportDoc", [this] { parts_.exporter.ExportDoc(); });
@@ -102,6 +115,8 @@ void MainWindow::Load() {
             {"last document", [&] { OpenLastDocument(); }},
             {"scripts", [&] { parts_.tasks.AddUserdefinedScripts(); }},
             {"export link", [&] { AddExportLink(); }},
+            {"recent files", [&] { parts_.view.SetRecentFiles(parts_.recent.Paths()); }},
+            {"recovery", [&] { AddRecovery(); }},
             {"document", [&] { OpenStartupDocument(); }},
             {"speak", [&] { SpeakStartupDocument(); }},
             {"script parameter", [&] { RefuseParameterScript(); }},
@@ -165,6 +180,51 @@ void MainWindow::AddExportLink() {
                           TaskPaneRequest::ExportLink);
 }
 
+void MainWindow::AddRecovery() {
+  parts_.taskPane.AddGroup(kRecoveryGroup);
+  parts_.recovery.Start();
+  if (parts_.recovery.Leftovers().empty()) return;
+  parts_.statusBar.SetMessage("Ein nicht gespeicherter Text ist noch da: links unter „" +
+                              std::string(kRecoveryGroup) + "“.");
+}
+
+void MainWindow::OfferLeftovers() {
+  parts_.taskPane.AddGroup(kRecoveryGroup);
+  std::int32_t number = kFirstLeftover;
+  for (const Recovery::Leftover& leftover : parts_.recovery.Leftovers()) {
+    parts_.taskPane.AddItem(kRecoveryGroup, number++, leftover.beginning + " (" + leftover.time + ")",
+                            TaskPaneRequest::Restore);
+  }
+  if (number > kFirstLeftover) {
+    parts_.taskPane.AddItem(kRecoveryGroup, kDiscardLeftovers, "Alle verwerfen", TaskPaneRequest::Restore);
+  }
+}
+
+void MainWindow::RestoreClicked(std::int32_t number) {
+  const auto& leftovers = parts_.recovery.Leftovers();
+  const auto index = static_cast<std::size_t>(number - kFirstLeftover);
+  if (number >= kFirstLeftover && index < leftovers.size()) return RestoreLeftover(leftovers[index]);
+  if (number != kDiscardLeftovers) return;
+  if (parts_.messageBoxes.Show("Möchten Sie die nicht gespeicherten Texte endgültig verwerfen?", "Frage",
+                               MessageIcon::Question, MessageButtons::YesNo) == MessageAnswer::Yes) {
+    parts_.recovery.DiscardLeftovers();
+  }
+}
+
+// Loading may add the text that is there now to the list, which moves the others.
+void MainWindow::RestoreLeftover(const Recovery::Leftover& leftover) {
+  const std::string file = leftover.file;
+  try {
+    parts_.documents.Restore(file);
+  } catch (const RuntimeError& error) {
+    parts_.messageBoxes.Show("Der Text konnte nicht geladen werden: " + std::string(error.what()), "Fehler",
+                             MessageIcon::Exclamation, MessageButtons::Ok);
+    return;
+  }
+  parts_.recovery.Adopt(file);
+  Textmode();
+}
+
 void MainWindow::CreateScriptDir() {
   for (const auto name : {"scripts", "temp"}) {
     std::error_code error;
@@ -219,9 +279,31 @@ void MainWindow::ExitLo() {
 
 // A document that was opened wants to be seen.
 void MainWindow::OpenDoc() {
-  const std::string before = parts_.documents.Current().path;
-  parts_.documents.OpenDoc();
-  if (parts_.documents.Current().path != before && !parts_.documents.Modified()) Textmode();
+  if (parts_.documents.OpenDoc()) Textmode();
+}
+
+// Nobody chose this file in a dialog that would have shown what there is.
+void MainWindow::OpenFile(const std::string& path) {
+  if (!FileExists(path)) {
+    parts_.messageBoxes.Show("Die Datei „" + path + "“ kann nicht gelesen werden oder ist nicht mehr da.",
+                             "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
+    parts_.recent.Remove(path);
+    return;
+  }
+  if (parts_.documents.OpenPath(path)) Textmode();
+}
+
+void MainWindow::RecentFileChosen(std::size_t index) {
+  const std::vector<std::string> paths = parts_.recent.Paths();
+  if (index < paths.size()) OpenFile(paths[index]);
+}
+
+void MainWindow::FileDropped(const std::string& path) {
+  OpenFile(path);
+}
+
+void MainWindow::TimerTicked(WatchTimer timer) {
+  if (timer == WatchTimer::Snapshot) parts_.recovery.SnapshotDue();
 }
 
 void MainWindow::RunCommand(std::string_view command) {
@@ -245,6 +327,7 @@ void MainWindow::ToolbarClicked(std::string_view key) {
 
 void MainWindow::TaskItemClicked(std::int32_t number, TaskPaneRequest request) {
   if (request == TaskPaneRequest::ExportLink) return ExportLinkClicked();
+  if (request == TaskPaneRequest::Restore) return RestoreClicked(number);
   const auto tasks = SpeechTasks();
   const auto found =
       std::find_if(tasks.begin(), tasks.end(), [&](const auto& t) { return t.number == number; });
@@ -274,6 +357,7 @@ bool MainWindow::KeyPressed(int code) {
 void MainWindow::EditorChanged(std::size_t characters) {
   parts_.statusBar.SetFirstPanel(std::to_string(characters) + " Zeichen.");
   parts_.documents.Changed();
+  parts_.recovery.Changed();
 }
 
 void MainWindow::CloseRequested() {
@@ -283,6 +367,7 @@ void MainWindow::CloseRequested() {
   RunSteps("Schließen",
            {{"extensions", [&] { parts_.extensions.Close(); }},
             {"LastDoc", [&] { parts_.settings.Save(setting::LastDoc, parts_.documents.Current().path); }},
+            {"recovery", [&] { parts_.recovery.SnapshotDue(); }},
             {"hide", [&] { parts_.view.HideWindow(); }}});
   parts_.view.EndProgram();
 }

@@ -8,12 +8,15 @@
 #include <vector>
 
 #include "app/Documents.h"
+#include "app/RecentFiles.h"
+#include "app/Recovery.h"
 #include "app/StartupState.h"
 #include "app/commands.h"
 #include "extensions/modAddin.h"
 #include "platform/BrowserPane.h"
 #include "platform/Clipboard.h"
 #include "platform/DocumentEditor.h"
+#include "platform/EditorCommands.h"
 #include "platform/Log.h"
 #include "platform/MainView.h"
 #include "platform/MessageBoxes.h"
@@ -46,6 +49,9 @@ class MainWindow {
     Log& log;
     SettingsStore& settings;
     Documents& documents;
+    EditorCommands& editing;
+    RecentFiles& recent;
+    Recovery& recovery;
     ModSpeak& speech;
     ModExport& exporter;
     VoiceDialogs& voiceDialogs;
@@ -81,6 +87,11 @@ class MainWindow {
   // used up.
   bool KeyPressed(int code);
   void EditorChanged(std::size_t characters);
+  void RecentFileChosen(std::size_t index);
+  void FileDropped(const std::string& path);
+  void TimerTicked(WatchTimer timer);
+  // What was saved of unsaved texts is another set of files.
+  void OfferLeftovers();
   // The window is asked to close, by the user or the system.
   void CloseRequested();
   // The window goes away by other means.
@@ -110,6 +121,10 @@ class MainWindow {
   void ShowEditorPane();
   void MarkMode(bool interactive);
   void OpenDoc();
+  void OpenFile(const std::string& path);
+  void AddRecovery();
+  void RestoreClicked(std::int32_t number);
+  void RestoreLeftover(const Recovery::Leftover& leftover);
   void CopySelection();
   void CutSelection();
 

@@ -14,6 +14,8 @@ constexpr std::array kFileMenu{
     MenuEntry{"mnuSaveAs", "&Speichern unter", "SaveAs", "Ctrl+Shift+S"},
     MenuEntry{"mnuSplit", "-", "", ""},
     MenuEntry{"mnuExport", "Exportieren", "ExportDoc", "Ctrl+E"},
+    kSeparator,
+    MenuEntry{"mnuRecent", "&Zuletzt verwendet", "OpenRecent", ""},
     MenuEntry{"mnuStrich", "-", "", ""},
     MenuEntry{"mnuExit", "&Beenden", "ExitLo", "Ctrl+Q"},
 };
@@ -24,6 +26,14 @@ constexpr std::array kEditMenu{
     MenuEntry{"mnuCopy", "&Kopieren", "Copy", ""},
     MenuEntry{"mnuInsert", "&Einfügen", "Insert", ""},
     MenuEntry{"mnuDelete", "&Löschen", "Delete", ""},
+    kSeparator,
+    MenuEntry{"mnuUndo", "&Rückgängig", "Undo", "Ctrl+Z"},
+    MenuEntry{"mnuRedo", "&Wiederherstellen", "Redo", "Ctrl+Y"},
+    kSeparator,
+    MenuEntry{"mnuSelectAll", "A&lles markieren", "SelectAll", "Ctrl+A"},
+    MenuEntry{"mnuFind", "&Suchen …", "Find", "Ctrl+F"},
+    MenuEntry{"mnuFindAgain", "Weitersu&chen", "FindAgain", "F3"},
+    MenuEntry{"mnuReplace", "Erse&tzen …", "Replace", "Ctrl+H"},
 };
 
 constexpr std::array kActionMenu{
@@ -37,6 +47,10 @@ constexpr std::array kActionMenu{
 constexpr std::array kViewMenu{
     MenuEntry{"mnuTextmode", "Textmodus", "Textmode", "Ctrl+1"},
     MenuEntry{"mnuInternet", "Interaktivmodus", "InteractiveMode", "Ctrl+2"},
+    kSeparator,
+    MenuEntry{"mnuLarger", "Schrift &größer", "Larger", "Ctrl++"},
+    MenuEntry{"mnuSmaller", "Schrift &kleiner", "Smaller", "Ctrl+-"},
+    MenuEntry{"mnuUsualSize", "Schrift &normal", "UsualSize", "Ctrl+0"},
 };
 
 constexpr std::array kExtrasMenu{

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "app/MainWindow.h"
+#include "app/frmFind.h"
+#include "platform/wx/DropTarget.h"
 #include "platform/wx/accessibility.h"
 #include "platform/wx/icons.h"
 #include "platform/wx/text.h"
@@ -19,6 +21,7 @@ constexpr int kEscapeCode = 27;
 constexpr int kF4Code = 115;
 constexpr int kClipboardInterval = 1500;  // milliseconds
 constexpr int kTitleInterval = 500;
+constexpr int kSnapshotDelay = 5000;
 
 wxString MenuLabel(const MenuEntry& entry) {
   wxString label = ToWx(entry.caption);
@@ -29,6 +32,13 @@ wxString MenuLabel(const MenuEntry& entry) {
 // The two modes show which of them is on.
 wxItemKind KindOf(const MenuEntry& entry) {
   return entry.name == "mnuTextmode" || entry.name == "mnuInternet" ? wxITEM_CHECK : wxITEM_NORMAL;
+}
+
+// Name first, since menus and screen readers begin there.
+std::string ShortPath(const std::string& path) {
+  const auto separator = path.find_last_of("/\\");
+  if (separator == std::string::npos) return path;
+  return path.substr(separator + 1) + " – " + path.substr(0, separator);
 }
 
 // The code by which the system knows the key, for the keys that the window itself takes; 0 for the others.
@@ -45,7 +55,8 @@ FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgr
               "frmMain"),
       endProgram_(std::move(endProgram)),
       tmrClipboard_(this),
-      tmrWinTasks_(this) {
+      tmrWinTasks_(this),
+      snapshot_(this) {
   SetIcons(wxIconBundle(Icon("lorelin", 64).GetIcon(FromDIP(wxSize(64, 64)))));
   BuildMenus();
   BuildToolbar();
@@ -54,6 +65,13 @@ FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgr
   SetMinClientSize(FromDIP(wxSize(560, 360)));
   SetSize(FromDIP(wxSize(1000, 680)));
   Bind(wxEVT_CHAR_HOOK, &FrmMain::OnCharHook, this);
+  Bind(wxEVT_TIMER, [this](wxTimerEvent& event) {
+    if (window_ == nullptr) return;
+    const wxTimer* const timer = &event.GetTimer();
+    window_->TimerTicked(timer == &tmrClipboard_  ? WatchTimer::Clipboard
+                         : timer == &tmrWinTasks_ ? WatchTimer::WindowTitle
+                                                  : WatchTimer::Snapshot);
+  });
   Bind(wxEVT_CLOSE_WINDOW, &FrmMain::OnClose, this);
 }
 
@@ -70,15 +88,24 @@ void FrmMain::BuildMenus() {
         entries->AppendSeparator();
         continue;
       }
-      const int id = wxWindow::NewControlId();
-      menuIds_.emplace(entry.name, id);
-      entries->Append(id, MenuLabel(entry), wxEmptyString, KindOf(entry));
-      Bind(
-          wxEVT_MENU, [this, command = entry.command](wxCommandEvent&) { window_->RunCommand(command); }, id);
+      AddEntry(*entries, entry);
     }
     bar->Append(entries, ToWx(menu.caption));
   }
   SetMenuBar(bar);
+}
+
+void FrmMain::AddEntry(wxMenu& menu, const MenuEntry& entry) {
+  if (entry.name == "mnuRecent") {
+    recent_ = new wxMenu;
+    menu.AppendSubMenu(recent_, ToWx(entry.caption));
+    return;
+  }
+  const int id = wxWindow::NewControlId();
+  menuIds_.emplace(entry.name, id);
+  menu.Append(id, MenuLabel(entry), wxEmptyString, KindOf(entry));
+  Bind(
+      wxEVT_MENU, [this, command = entry.command](wxCommandEvent&) { window_->RunCommand(command); }, id);
 }
 
 void FrmMain::BuildToolbar() {
@@ -119,9 +146,18 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   place->SetSizer(sizer);
   splitter_->SetMinimumPaneSize(FromDIP(140));
   splitter_->SplitVertically(ctlTask_, place, FromDIP(220));
+  AcceptFiles(*rtfText_);
+  AcceptFiles(*ctlTask_);
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
     if (window_ != nullptr) window_->EditorChanged(rtfText_->CharacterCount());
   });
+}
+
+// Only the first of several files: there is one document.
+void FrmMain::AcceptFiles(wxWindow& window) {
+  window.SetDropTarget(new DropTarget(
+      {.files = [this](const std::string& path) { CallAfter([this, path] { window_->FileDropped(path); }); },
+       .text = [this](const std::string& text) { rtfText_->ReplaceSelection(text); }}));
 }
 
 void FrmMain::OnCharHook(wxKeyEvent& event) {
@@ -163,16 +199,58 @@ void FrmMain::StretchToolbar() {
 }
 
 void FrmMain::EnableTimer(WatchTimer timer, bool enabled) {
-  wxTimer& target = timer == WatchTimer::Clipboard ? tmrClipboard_ : tmrWinTasks_;
-  if (enabled) {
-    target.Start(timer == WatchTimer::Clipboard ? kClipboardInterval : kTitleInterval);
+  wxTimer& target = timer == WatchTimer::Clipboard     ? tmrClipboard_
+                    : timer == WatchTimer::WindowTitle ? tmrWinTasks_
+                                                       : snapshot_;
+  if (!enabled) return target.Stop();
+  if (timer == WatchTimer::Snapshot) {
+    target.StartOnce(kSnapshotDelay);
   } else {
-    target.Stop();
+    target.Start(timer == WatchTimer::Clipboard ? kClipboardInterval : kTitleInterval);
   }
 }
 
 void FrmMain::SetTitle(std::string_view title) {
   wxFrame::SetTitle(ToWx(title));
+}
+
+void FrmMain::SetRecentFiles(const std::vector<std::string>& paths) {
+  while (recent_->GetMenuItemCount() > 0) recent_->Destroy(recent_->FindItemByPosition(0));
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    const wxString caption =
+        wxString::Format("&%zu ", i + 1) + wxControl::EscapeMnemonics(ToWx(ShortPath(paths[i])));
+    const wxMenuItem& item = *recent_->Append(wxID_ANY, caption);
+    recent_->Bind(
+        wxEVT_MENU, [this, i](wxCommandEvent&) { CallAfter([this, i] { window_->RecentFileChosen(i); }); },
+        item.GetId());
+  }
+  if (paths.empty()) recent_->Append(wxID_ANY, "(noch keine)")->Enable(false);
+}
+
+void FrmMain::Undo() {
+  if (rtfText_->IsShown()) rtfText_->Undo();
+}
+void FrmMain::Redo() {
+  if (rtfText_->IsShown()) rtfText_->Redo();
+}
+
+void FrmMain::SelectAll() {
+  if (rtfText_->IsShown()) return rtfText_->SelectAll();
+  wbBrowser_->SelectAll();
+}
+
+void FrmMain::ShowSearch(bool replace) {
+  if (frmFind_ == nullptr) frmFind_ = new FrmFind(this, *rtfText_);
+  frmFind_->Open(replace);
+}
+
+void FrmMain::SearchAgain() {
+  if (frmFind_ == nullptr || !frmFind_->SearchAgain()) ShowSearch(false);
+}
+
+void FrmMain::Zoom(int steps) {
+  if (rtfText_->IsShown()) return rtfText_->Zoom(steps);
+  wbBrowser_->Zoom(steps);
 }
 
 void FrmMain::ShowWindow() {

@@ -7,7 +7,10 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
+#include "app/commands.h"
+#include "platform/EditorCommands.h"
 #include "platform/MainView.h"
 #include "platform/StatusBar.h"
 #include "platform/wx/WxBrowserPane.h"
@@ -16,11 +19,12 @@
 
 namespace lorelin {
 
+class FrmFind;
 class MainWindow;
 
 // The main window as controls. It builds them from the tables in app/commands.h, hands every event to
 // MainWindow and shows what it is told.
-class FrmMain final : public wxFrame, public MainView, public StatusBar {
+class FrmMain final : public wxFrame, public MainView, public StatusBar, public EditorCommands {
  public:
   // `filterFolder` is the browser pane's; `endProgram` ends the process once the window has gone.
   FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log);
@@ -42,6 +46,13 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar {
   void StretchToolbar() override;
   void EnableTimer(WatchTimer timer, bool enabled) override;
   void SetTitle(std::string_view title) override;
+  void SetRecentFiles(const std::vector<std::string>& paths) override;
+  void Undo() override;
+  void Redo() override;
+  void SelectAll() override;
+  void ShowSearch(bool replace) override;
+  void SearchAgain() override;
+  void Zoom(int steps) override;
   void ShowWindow() override;
   void HideWindow() override;
   void EndProgram() override { endProgram_(); }
@@ -50,9 +61,11 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar {
 
  private:
   void BuildMenus();
+  void AddEntry(wxMenu& menu, const MenuEntry& entry);
   void BuildToolbar();
   void BuildStatusBar();
   void BuildPanes(const std::string& filterFolder, Log& log);
+  void AcceptFiles(wxWindow& window);
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
 
@@ -66,6 +79,9 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar {
   WxTaskPane* ctlTask_ = nullptr;
   wxTimer tmrClipboard_;
   wxTimer tmrWinTasks_;
+  wxTimer snapshot_;
+  wxMenu* recent_ = nullptr;    // owned by the menu bar
+  FrmFind* frmFind_ = nullptr;  // owned by this window; made when it is first needed
 };
 
 }  // namespace lorelin

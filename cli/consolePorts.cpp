@@ -4,7 +4,8 @@
 
 #include <iostream>
 
-#include "app/modFile.h"
+#include "app/richTextFile.h"
+#include "app/rtf.h"
 #include "app/text.h"
 #include "cli/interruption.h"
 
@@ -29,8 +30,14 @@ void ConsoleStatusBar::SetMessage(std::string_view text) {
   if (wanted_) std::cerr << text << '\n';
 }
 
+std::string ConsoleDocument::RichText() {
+  lorelin::RichText plain;
+  plain.text = text_;
+  return WriteRtf(plain);
+}
+
 void ConsoleDocument::LoadFile(const std::string& path) {
-  text_ = ReadTextFile(path);
+  text_ = ReadRichTextFile(path).text;
 }
 
 }  // namespace lorelin

@@ -52,7 +52,7 @@ class ConsoleDocument final : public DocumentEditor {
  public:
   std::string Text() override { return text_; }
   void SetText(std::string_view text) override { text_ = text; }
-  std::string RichText() override { return text_; }
+  std::string RichText() override;
   void LoadFile(const std::string& path) override;
   std::size_t SelectionStart() override { return 0; }
   std::string SelectedText() override { return {}; }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace lorelin {
 
-enum class WatchTimer { Clipboard, WindowTitle };
+// The last one ticks once.
+enum class WatchTimer { Clipboard, WindowTitle, Snapshot };
 
 // Port: what the main window can be told to show. It decides nothing. User-interface thread only.
 class MainView {
@@ -20,6 +23,8 @@ class MainView {
   virtual void StretchToolbar() = 0;
   virtual void EnableTimer(WatchTimer timer, bool enabled) = 0;
   virtual void SetTitle(std::string_view title) = 0;
+  // The documents that the menu offers to open again, the latest first.
+  virtual void SetRecentFiles(const std::vector<std::string>& paths) = 0;
   virtual void ShowWindow() = 0;
   virtual void HideWindow() = 0;
   // Ends the process: windows and engines go, a wait that is still under way is abandoned.

@@ -7,13 +7,14 @@
 namespace lorelin {
 
 // What a click asks for; the numbers are the pane's own.
-enum class TaskPaneRequest { Item = 0, ExportLink = 3 };
+enum class TaskPaneRequest { Item = 0, ExportLink = 3, Restore = 4 };
 
 // Port: the side panel with groups of captioned, numbered items. User-interface thread only.
 class TaskPane {
  public:
   virtual ~TaskPane() = default;
-  // Adds a group at the end. A group of that name that exists already is emptied and keeps its place.
+  // Adds a group at the end. A group of that name that exists already is emptied and keeps its place;
+  // a group without items is not to be seen.
   virtual void AddGroup(std::string_view group) = 0;
   // A caption of dashes makes a separator, which cannot be activated.
   virtual void AddItem(std::string_view group, std::int32_t number, std::string_view caption,

@@ -4,7 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "app/GuardedDocument.h"
 #include "app/MainWindow.h"
+#include "app/RecentFiles.h"
+#include "app/Recovery.h"
 #include "app/frmMain.h"
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
@@ -36,9 +39,19 @@ class App::Program {
         extensions_(*services_.registry, *services_.automation, *services_.log),
         form_(std::make_unique<FrmMain>(
             services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
+        recovery_({.editor = form_->Editor(),
+                   .files = *services_.fileWriter,
+                   .fileSearch = *services_.fileSearch,
+                   .clock = *services_.clock,
+                   .log = *services_.log,
+                   .folder = JoinPath(services_.paths.programFolder, {"recovery"}),
+                   .scheduleSnapshot = [this] { form_->EnableTimer(WatchTimer::Snapshot, true); },
+                   .leftoversChanged = [this] { window_.OfferLeftovers(); }}),
+        document_(form_->Editor(), recovery_),
+        recent_(settings_, [this] { form_->SetRecentFiles(recent_.Paths()); }),
         speech_({.voice = *voice_,
                  .voice2 = *voice2_,
-                 .document = form_->Editor(),
+                 .document = document_,
                  .statusBar = *form_,
                  .messageBoxes = messageBoxes_,
                  .pump = pump_,
@@ -49,14 +62,16 @@ class App::Program {
                  .extensions = extensions_,
                  .startup = startup_,
                  .programFolder = services_.paths.programFolder}),
-        documents_({.editor = form_->Editor(),
+        documents_({.editor = document_,
                     .fileDialogs = fileDialogs_,
                     .files = *services_.fileWriter,
                     .messageBoxes = messageBoxes_,
                     .pump = pump_,
                     .extensions = extensions_,
                     .log = *services_.log,
-                    .stateChanged = [this] { form_->SetTitle(documents_.Title()); }}),
+                    .stateChanged = [this] { form_->SetTitle(documents_.Title()); },
+                    .stored = [this] { recovery_.Saved(); },
+                    .used = [this](const std::string& path) { recent_.Add(path); }}),
         exporter_({.speech = speech_,
                    .statusBar = *form_,
                    .messageBoxes = messageBoxes_,
@@ -67,7 +82,7 @@ class App::Program {
                    .extensions = extensions_}),
         voiceDialogs_(speech_, settings_),
         interpreter_({.speech = speech_,
-                      .document = form_->Editor(),
+                      .document = document_,
                       .statusBar = *form_,
                       .messageBoxes = messageBoxes_,
                       .clipboard = clipboard_,
@@ -98,7 +113,7 @@ class App::Program {
                       errorPage_.ShowErrorPage(number, description);
                     }}),
         window_({.view = *form_,
-                 .editor = form_->Editor(),
+                 .editor = document_,
                  .browser = form_->Browser(),
                  .taskPane = form_->Tasks(),
                  .statusBar = *form_,
@@ -108,6 +123,9 @@ class App::Program {
                  .log = *services_.log,
                  .settings = settings_,
                  .documents = documents_,
+                 .editing = *form_,
+                 .recent = recent_,
+                 .recovery = recovery_,
                  .speech = speech_,
                  .exporter = exporter_,
                  .voiceDialogs = voiceDialogs_,
@@ -211,6 +229,9 @@ class App::Program {
   std::unique_ptr<DirectSS> voice2_;
   ModAddin extensions_;
   std::unique_ptr<FrmMain> form_;
+  Recovery recovery_;
+  GuardedDocument document_;
+  RecentFiles recent_;
   ModSpeak speech_;
   Documents documents_;
   ModExport exporter_;

@@ -3,6 +3,8 @@
 #include <wx/filesys.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "app/paths.h"
@@ -12,6 +14,9 @@
 
 namespace lorelin {
 namespace {
+
+constexpr double kZoomStep = 1.15;
+constexpr int kMostZoomSteps = 12;
 
 bool IsLocal(const std::string& address) {
   return address.starts_with("file:") || address.starts_with("about:");
@@ -45,6 +50,15 @@ void WxBrowserPane::Navigate(const std::string& path) {
 
 void WxBrowserPane::SetFocus() {
   if (view_ != nullptr) view_->SetFocus();
+}
+
+void WxBrowserPane::SelectAll() {
+  if (view_ != nullptr) view_->SelectAll();
+}
+
+void WxBrowserPane::Zoom(int steps) {
+  zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
+  if (view_ != nullptr) view_->SetZoomFactor(static_cast<float>(std::pow(kZoomStep, zoomSteps_)));
 }
 
 void WxBrowserPane::OnNavigating(wxWebViewEvent& event) {

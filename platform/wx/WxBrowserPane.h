@@ -20,6 +20,9 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   void SetOffline() override { offline_ = true; }
   void Navigate(const std::string& path) override;
   void SetFocus() override;
+  void SelectAll();
+  // Larger, smaller, or (0) as usual.
+  void Zoom(int steps);
 
  private:
   void CreateView();
@@ -30,6 +33,7 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   Log& log_;
   wxWebView* view_ = nullptr;  // owned by the window tree
   bool offline_ = false;
+  int zoomSteps_ = 0;
 };
 
 }  // namespace lorelin

@@ -5,23 +5,14 @@
 #include <optional>
 #include <vector>
 
-#include "app/modFile.h"
+#include "app/richTextFile.h"
 #include "app/rtf.h"
-#include "app/text.h"
-#include "app/textEncoding.h"
 #include "platform/wx/accessibility.h"
 #include "platform/wx/innerMargins.h"
 #include "platform/wx/text.h"
 
 namespace lorelin {
 namespace {
-
-// Text controls end a text at its first NUL; the replacement character shows that something stood there.
-std::string WithoutNul(std::string_view text) {
-  std::string clean(text);
-  ReplaceAll(clean, std::string_view("\0", 1), "\xEF\xBF\xBD");
-  return clean;
-}
 
 constexpr double kZoomStep = 1.15;
 constexpr int kMostZoomSteps = 12;
@@ -93,14 +84,7 @@ std::string WxDocumentEditor::RichText() {
 }
 
 void WxDocumentEditor::LoadFile(const std::string& path) {
-  const std::string bytes = ReadFileBytes(path);
-  if (IsRtf(bytes)) {
-    lorelin::RichText rich = ReadRtf(bytes);
-    return buffer_.Show(rich);
-  }
-  lorelin::RichText plain;
-  plain.text = WithoutNul(WithPlainLineEnds(DecodeText(bytes)));
-  buffer_.Show(plain);
+  buffer_.Show(ReadRichTextFile(path));
 }
 
 void WxDocumentEditor::Undo() {

@@ -28,7 +28,8 @@ WxTaskPane::WxTaskPane(wxWindow* parent)
 
 void WxTaskPane::AddGroup(std::string_view group) {
   if (const auto found = groups_.find(group); found != groups_.end()) {
-    EmptyGroup(*found->second);
+    found->second.heading->Hide();
+    EmptyGroup(*found->second.items);
     return;
   }
   auto* const heading = new wxStaticText(this, wxID_ANY, ToWx(group));
@@ -36,7 +37,8 @@ void WxTaskPane::AddGroup(std::string_view group) {
   GetSizer()->Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(12)));
   auto* const items = new wxBoxSizer(wxVERTICAL);
   GetSizer()->Add(items, wxSizerFlags().Expand().Border(wxALL, FromDIP(8)));
-  groups_.emplace(group, items);
+  heading->Hide();
+  groups_.emplace(group, Group{heading, items});
   ArrangeSoon();
 }
 
@@ -59,7 +61,8 @@ void WxTaskPane::AddItem(std::string_view group, std::int32_t number, std::strin
                          TaskPaneRequest request) {
   const auto found = groups_.find(group);
   if (found == groups_.end()) return;
-  if (IsSeparator(caption)) return AddSeparator(*found->second);
+  found->second.heading->Show();
+  if (IsSeparator(caption)) return AddSeparator(*found->second.items);
   auto* const item = new wxButton(this, wxID_ANY, wxControl::EscapeMnemonics(ToWx(caption)),
                                   wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_LEFT);
   // The handler may run for hours and build the group anew: it is not called from inside the item.
@@ -70,7 +73,7 @@ void WxTaskPane::AddItem(std::string_view group, std::int32_t number, std::strin
   });
   item->SetMinSize(wxSize(0, item->GetBestSize().y));  // a long name is cut, not the pane's width grown
   item->SetToolTip(ToWx(caption));
-  found->second->Add(item, wxSizerFlags().Expand());
+  found->second.items->Add(item, wxSizerFlags().Expand());
   ArrangeSoon();
 }
 

@@ -28,7 +28,12 @@ class WxTaskPane final : public wxScrolledWindow, public TaskPane {
   void ArrangeSoon();
   void Arrange();
 
-  std::map<std::string, wxSizer*, std::less<>> groups_;
+  struct Group {
+    wxWindow* heading = nullptr;  // seen while the group has items
+    wxSizer* items = nullptr;
+  };
+
+  std::map<std::string, Group, std::less<>> groups_;
   std::function<void(std::int32_t, TaskPaneRequest)> handler_;
   bool arranging_ = false;
 };

@@ -13,7 +13,7 @@ class MainWindowTest : public ScriptFixture {
   FakeShell shell;
   FakeSingleInstance singleInstance;
   MainWindow window{{.view = view,
-                     .editor = document,
+                     .editor = guarded,
                      .browser = browser,
                      .taskPane = taskPane,
                      .statusBar = statusBar,
@@ -23,6 +23,9 @@ class MainWindowTest : public ScriptFixture {
                      .log = log,
                      .settings = settings,
                      .documents = documents,
+                     .editing = editing,
+                     .recent = recent,
+                     .recovery = recovery,
                      .speech = speech,
                      .exporter = exporter,
                      .voiceDialogs = voiceDialogs,
@@ -72,9 +75,10 @@ TEST_F(Loading, StartsInInteractiveModeByDefault) {
 TEST_F(Loading, StartsInTextModeWhenShowWbIsNotOne) {
   for (const auto* const stored : {"0", "true", ""}) {
     Set(setting::ShowWB, stored);
-    MainWindow other({view, document, browser, taskPane, statusBar, messageBoxes, clipboard, shell, log,
-                      settings, documents, speech, exporter, voiceDialogs, extensions, interpreter, tasks,
-                      startup, folder.Path()});
+    MainWindow other({view,        document, browser, taskPane,     statusBar,    messageBoxes,
+                      clipboard,   shell,    log,     settings,     documents,    editing,
+                      recent,      recovery, speech,  exporter,     voiceDialogs, extensions,
+                      interpreter, tasks,    startup, folder.Path()});
     calls.Clear();
     other.Load();
     EXPECT_TRUE(view.editorVisible) << stored;
@@ -105,6 +109,7 @@ TEST_F(Loading, GoesInItsOrder) {
                                        "pane.item Tasks 999 ----------",
                                        "pane.group Export",
                                        "pane.item Export 1001 Sprachausgabe als WAV speichern",
+                                       "pane.group Nicht gespeicherte Texte",
                                        "view.show"};
   EXPECT_EQ(calls.Entries(), order);
 }
@@ -363,10 +368,10 @@ TEST_F(Commands, LetClosingEndAScript) {
 }
 
 TEST_F(Commands, KeepTheWindowOpenForSomethingUndecided) {
-  MainWindow other({view,         document,  browser,  taskPane,      statusBar,
-                    messageBoxes, clipboard, shell,    log,           settings,
-                    documents,    speech,    exporter, voiceDialogs,  extensions,
-                    interpreter,  tasks,     startup,  folder.Path(), [] { return false; }});
+  MainWindow other({view,        document, browser, taskPane,      statusBar,           messageBoxes,
+                    clipboard,   shell,    log,     settings,      documents,           editing,
+                    recent,      recovery, speech,  exporter,      voiceDialogs,        extensions,
+                    interpreter, tasks,    startup, folder.Path(), [] { return false; }});
   other.CloseRequested();
   EXPECT_FALSE(calls.Has("view.end"));
 }
@@ -501,6 +506,97 @@ TEST_F(FileTypes, RefuseAnEmptyExtension) {
   ASSERT_EQ(messageBoxes.boxes.size(), 1U);
   EXPECT_EQ(messageBoxes.boxes[0].text, "Dateiendung benötigt.");
   EXPECT_EQ(messageBoxes.boxes[0].icon, MessageIcon::Critical);
+}
+
+using Desk = MainWindowTest;
+
+TEST_F(Desk, OpensARecentDocument) {
+  WriteFile(folder.File("brief.txt"), "Lieber Leser");
+  document.files[folder.File("brief.txt")] = "Lieber Leser";
+  recent.Add(folder.File("brief.txt"));
+  window.Load();
+  EXPECT_EQ(view.recentFiles, std::vector<std::string>{folder.File("brief.txt")});
+  window.RecentFileChosen(0);
+  EXPECT_EQ(document.text, "Lieber Leser");
+  EXPECT_TRUE(view.editorVisible);
+  window.RecentFileChosen(7);
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+}
+
+TEST_F(Desk, ForgetsARecentDocumentThatHasGone) {
+  recent.Add(folder.File("fehlt.txt"));
+  window.RecentFileChosen(0);
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Die Datei „" + folder.File("fehlt.txt") + "“ kann nicht gelesen werden oder ist nicht mehr da.");
+  EXPECT_TRUE(recent.Paths().empty());
+}
+
+TEST_F(Desk, AsksBeforeItOpensADroppedFileThatIsNoText) {
+  WriteFile(folder.File("bild.png"), "x");
+  messageBoxes.answers = {MessageAnswer::No};
+  document.text = "bleibt";
+  window.FileDropped(folder.File("bild.png"));
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(document.text, "bleibt");
+}
+
+TEST_F(Desk, RunsTheCommandsOfTheEditor) {
+  for (const auto* const name :
+       {"Undo", "Redo", "SelectAll", "Find", "FindAgain", "Replace", "Larger", "Smaller", "UsualSize"}) {
+    window.RunCommand(name);
+  }
+  EXPECT_EQ(editing.done, (std::vector<std::string>{"Undo", "Redo", "SelectAll", "Search", "SearchAgain",
+                                                    "Replace", "Zoom 1", "Zoom -1", "Zoom 0"}));
+}
+
+TEST_F(Desk, OffersWhatAnEarlierRunLeft) {
+  leftoversChanged = [this] { window.OfferLeftovers(); };
+  std::filesystem::create_directories(folder.File("recovery"));
+  const std::string file = folder.File("recovery/2026-11-21 05-10-33.rtf");
+  WriteFile(file, "{\\rtf1 Liebe Oma}");
+  document.files[file] = "Liebe Oma";
+  recoveryFiles.names.emplace_back("2026-11-21 05-10-33.rtf");
+  window.Load();
+  EXPECT_TRUE(calls.Has("pane.item Nicht gespeicherte Texte 1100 Liebe Oma (21.11.2026 05:10)"));
+  EXPECT_EQ(statusBar.message,
+            "Ein nicht gespeicherter Text ist noch da: links unter „Nicht gespeicherte Texte“.");
+  taskPane.Click(1100, TaskPaneRequest::Restore);
+  EXPECT_EQ(document.text, "Liebe Oma");
+  EXPECT_TRUE(view.editorVisible);
+  EXPECT_EQ(view.title, "• Lorelin");
+  EXPECT_TRUE(recovery.Leftovers().empty());
+}
+
+TEST_F(Desk, DiscardsLeftoversOnlyWhenTheUserAgrees) {
+  std::filesystem::create_directories(folder.File("recovery"));
+  WriteFile(folder.File("recovery/2026-11-21 05-10-33.rtf"), "{\\rtf1 a}");
+  recoveryFiles.names.emplace_back("2026-11-21 05-10-33.rtf");
+  window.Load();
+  messageBoxes.answers = {MessageAnswer::No};
+  taskPane.Click(1199, TaskPaneRequest::Restore);
+  EXPECT_EQ(recovery.Leftovers().size(), 1U);
+  messageBoxes.answers = {MessageAnswer::Yes};
+  taskPane.Click(1199, TaskPaneRequest::Restore);
+  EXPECT_TRUE(recovery.Leftovers().empty());
+}
+
+TEST_F(Desk, KeepsUnsavedTextWhenItCloses) {
+  window.Load();
+  document.text = "eben noch getippt";
+  window.EditorChanged(17);
+  window.CloseRequested();
+  ASSERT_EQ(files.files.size(), 1U);
+  EXPECT_EQ(files.files.begin()->second, "{\\rtf1 eben noch getippt}");
+}
+
+TEST_F(Desk, KeepsNothingWhenTheUserEndsWithoutSaving) {
+  window.Load();
+  document.text = "weg damit";
+  window.EditorChanged(9);
+  messageBoxes.answers = {MessageAnswer::No};
+  window.ExitLo();
+  EXPECT_TRUE(files.files.empty());
 }
 
 }  // namespace

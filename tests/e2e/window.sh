@@ -12,7 +12,7 @@ start() {
   process=$!
   within 20 window_is_there
 }
-window_is_there() { window=$(xdotool search --onlyvisible --name '^Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
+window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
 close_window() { keys alt+F4; }
 ended() { ! kill -0 "$process" 2>/dev/null; }

@@ -6,7 +6,10 @@
 
 #include <chrono>
 
+#include "app/GuardedDocument.h"
 #include "app/MainWindow.h"
+#include "app/RecentFiles.h"
+#include "app/Recovery.h"
 #include "app/frmMain.h"
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxEventPump.h"
@@ -77,9 +80,21 @@ class FormFixture : public testing::Test {
   ModAddin extensions{registry, automation, log};
   bool ended = false;
   FrmMain form{folder.File("cache"), [this] { ended = true; }, log};
+  FakeFileWriter files;
+  FakeFileSearch recoveryFiles;
+  Recovery recovery{{.editor = form.Editor(),
+                     .files = files,
+                     .fileSearch = recoveryFiles,
+                     .clock = clock,
+                     .log = log,
+                     .folder = folder.File("recovery"),
+                     .scheduleSnapshot = [this] { form.EnableTimer(WatchTimer::Snapshot, true); },
+                     .leftoversChanged = [this] { window.OfferLeftovers(); }}};
+  GuardedDocument document{form.Editor(), recovery};
+  RecentFiles recent{settings, [this] { form.SetRecentFiles(recent.Paths()); }};
   ModSpeak speech{{.voice = voice,
                    .voice2 = voice2,
-                   .document = form.Editor(),
+                   .document = document,
                    .statusBar = form,
                    .messageBoxes = messageBoxes,
                    .pump = pump,
@@ -91,16 +106,17 @@ class FormFixture : public testing::Test {
                    .startup = startup,
                    .programFolder = folder.Path()}};
   FakeFileDialogs fileDialogs;
-  FakeFileWriter files;
   FakeProgressWindow progress;
-  Documents documents{{.editor = form.Editor(),
+  Documents documents{{.editor = document,
                        .fileDialogs = fileDialogs,
                        .files = files,
                        .messageBoxes = messageBoxes,
                        .pump = pump,
                        .extensions = extensions,
                        .log = log,
-                       .stateChanged = [this] { form.SetTitle(documents.Title()); }}};
+                       .stateChanged = [this] { form.SetTitle(documents.Title()); },
+                       .stored = [this] { recovery.Saved(); },
+                       .used = [this](const std::string& path) { recent.Add(path); }}};
   ModExport exporter{{.speech = speech,
                       .statusBar = form,
                       .messageBoxes = messageBoxes,
@@ -111,7 +127,7 @@ class FormFixture : public testing::Test {
                       .extensions = extensions}};
   FrmVoiceDialogs voiceDialogs{speech, settings};
   Interpreter interpreter{{.speech = speech,
-                           .document = form.Editor(),
+                           .document = document,
                            .statusBar = form,
                            .messageBoxes = messageBoxes,
                            .clipboard = clipboard,
@@ -136,7 +152,7 @@ class FormFixture : public testing::Test {
   int editorsOpened = 0;
   std::int32_t reported = 0;
   MainWindow window{{.view = form,
-                     .editor = form.Editor(),
+                     .editor = document,
                      .browser = form.Browser(),
                      .taskPane = form.Tasks(),
                      .statusBar = form,
@@ -146,6 +162,9 @@ class FormFixture : public testing::Test {
                      .log = log,
                      .settings = settings,
                      .documents = documents,
+                     .editing = form,
+                     .recent = recent,
+                     .recovery = recovery,
                      .speech = speech,
                      .exporter = exporter,
                      .voiceDialogs = voiceDialogs,

@@ -16,6 +16,7 @@
 #include "platform/Clock.h"
 #include "platform/DocumentEditor.h"
 #include "platform/Downloader.h"
+#include "platform/EditorCommands.h"
 #include "platform/EventPump.h"
 #include "platform/FileDialogs.h"
 #include "platform/FileSearch.h"
@@ -118,6 +119,17 @@ class FakeDocumentEditor final : public DocumentEditor {
 
  private:
   CallLog& log_;
+};
+
+class FakeEditorCommands final : public EditorCommands {
+ public:
+  void Undo() override { done.emplace_back("Undo"); }
+  void Redo() override { done.emplace_back("Redo"); }
+  void SelectAll() override { done.emplace_back("SelectAll"); }
+  void ShowSearch(bool replace) override { done.emplace_back(replace ? "Replace" : "Search"); }
+  void SearchAgain() override { done.emplace_back("SearchAgain"); }
+  void Zoom(int steps) override { done.push_back("Zoom " + std::to_string(steps)); }
+  std::vector<std::string> done;
 };
 
 class FakeStatusBar final : public StatusBar {
@@ -287,6 +299,7 @@ class FakeMainView final : public MainView {
              (enabled ? " on" : " off"));
   }
   void SetTitle(std::string_view text) override { title = text; }
+  void SetRecentFiles(const std::vector<std::string>& paths) override { recentFiles = paths; }
   void ShowWindow() override { log_.Add("view.show"); }
   void HideWindow() override { log_.Add("view.hide"); }
   void EndProgram() override { log_.Add("view.end"); }
@@ -294,6 +307,7 @@ class FakeMainView final : public MainView {
   bool browserVisible = false;
   bool focusFails = false;
   std::string title;
+  std::vector<std::string> recentFiles;
   std::map<std::string, bool> checks;
 
  private:

@@ -3,6 +3,9 @@
 #include <string>
 
 #include "app/Documents.h"
+#include "app/GuardedDocument.h"
+#include "app/RecentFiles.h"
+#include "app/Recovery.h"
 #include "help/errorPage.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
@@ -30,14 +33,30 @@ class ScriptFixture : public SpeechFixture {
   FakeFileDialogs fileDialogs;
   FakeProgressWindow progress;
   FakeVoiceDialogs voiceDialogs;
-  Documents documents{{.editor = document,
+  FakeEditorCommands editing;
+  FakeFileSearch recoveryFiles;
+  Recovery recovery{{.editor = document,
+                     .files = files,
+                     .fileSearch = recoveryFiles,
+                     .clock = clock,
+                     .log = log,
+                     .folder = folder.File("recovery"),
+                     .scheduleSnapshot = [this] { ++snapshotsScheduled; },
+                     .leftoversChanged = [this] { leftoversChanged(); }}};
+  int snapshotsScheduled = 0;
+  std::function<void()> leftoversChanged = [] {};
+  GuardedDocument guarded{document, recovery};
+  RecentFiles recent{settings, [this] { view.SetRecentFiles(recent.Paths()); }};
+  Documents documents{{.editor = guarded,
                        .fileDialogs = fileDialogs,
                        .files = files,
                        .messageBoxes = messageBoxes,
                        .pump = pump,
                        .extensions = extensions,
                        .log = log,
-                       .stateChanged = [this] { view.SetTitle(documents.Title()); }}};
+                       .stateChanged = [this] { view.SetTitle(documents.Title()); },
+                       .stored = [this] { recovery.Saved(); },
+                       .used = [this](const std::string& path) { recent.Add(path); }}};
   ModExport exporter{{.speech = speech,
                       .statusBar = statusBar,
                       .messageBoxes = messageBoxes,
@@ -47,7 +66,7 @@ class ScriptFixture : public SpeechFixture {
                       .clock = clock,
                       .extensions = extensions}};
   Interpreter interpreter{{.speech = speech,
-                           .document = document,
+                           .document = guarded,
                            .statusBar = statusBar,
                            .messageBoxes = messageBoxes,
                            .clipboard = clipboard,
