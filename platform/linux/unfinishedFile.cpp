@@ -58,6 +58,7 @@ int UnfinishedFile::Write(std::string_view bytes) {
     const ssize_t written = write(file_, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return errno;
+    if (written == 0) return EIO;
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return 0;
