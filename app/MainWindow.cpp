@@ -367,7 +367,11 @@ void MainWindow::CloseRequested() {
   RunSteps("Schließen",
            {{"extensions", [&] { parts_.extensions.Close(); }},
             {"LastDoc", [&] { parts_.settings.Save(setting::LastDoc, parts_.documents.Current().path); }},
-            {"recovery", [&] { parts_.recovery.SnapshotDue(); }},
+            {"recovery",
+             [&] {
+               parts_.recovery.SnapshotDue();
+               parts_.recovery.FinishWriting();
+             }},
             {"hide", [&] { parts_.view.HideWindow(); }}});
   parts_.view.EndProgram();
 }

@@ -92,6 +92,7 @@ std::string Recovery::NewName() const {
 }
 
 void Recovery::Snapshot() {
+  FinishWriting();
   changed_ = false;
   if (parts_.editor.Text().empty()) {
     Remove(std::exchange(current_, {}));
@@ -103,7 +104,18 @@ void Recovery::Snapshot() {
       fs::permissions(NativePath(parts_.folder), fs::perms::owner_all);
       current_ = NewName();
     }
-    parts_.files.Replace(current_, parts_.editor.RichText());
+    writing_ =
+        std::async(std::launch::async, [&files = parts_.files, path = current_,
+                                        bytes = parts_.editor.RichText()] { files.Replace(path, bytes); });
+  } catch (const std::exception& error) {
+    parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
+  }
+}
+
+void Recovery::FinishWriting() {
+  if (!writing_.valid()) return;
+  try {
+    writing_.get();
   } catch (const std::exception& error) {
     parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
   }
@@ -111,6 +123,7 @@ void Recovery::Snapshot() {
 
 void Recovery::Remove(const std::string& file) {
   if (file.empty()) return;
+  FinishWriting();
   std::error_code error;
   fs::remove(NativePath(file), error);
   if (error) parts_.log.Write(file + ": " + error.message());
@@ -124,7 +137,9 @@ void Recovery::Saved() {
 
 // A text that no user wrote, as a script sets thousands of, is not worth a file.
 void Recovery::BeforeReplacing() {
-  if (replacing_++ == 0 && typed_ && changed_) Snapshot();
+  if (replacing_++ > 0) return;
+  if (typed_ && changed_) Snapshot();
+  FinishWriting();
 }
 
 void Recovery::AfterReplacing(bool replaced) {

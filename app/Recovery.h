@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ namespace lorelin {
 
 // Snapshots of texts that nobody saved, so that neither a crash nor an opened file costs what was typed. Each
 // is an RTF file of its own, named after its time. Nothing here throws or shows anything; failures go to the
-// log. User-interface thread only.
+// log. User-interface thread only; the files are written beside it.
 class Recovery {
  public:
   // What it works with; it owns none of it.
@@ -41,12 +42,18 @@ class Recovery {
   static constexpr std::size_t kMostLeftovers = 5;
 
   explicit Recovery(Parts parts) : parts_(std::move(parts)) {}
+  // Waits for a snapshot that is still being written.
+  ~Recovery() { FinishWriting(); }
+  Recovery(const Recovery&) = delete;
+  Recovery& operator=(const Recovery&) = delete;
 
   // Looks for what earlier runs left, the newest first, and forgets the oldest.
   void Start();
   // The editor's text changed.
   void Changed();
   void SnapshotDue();
+  // Waits until what SnapshotDue began is on the disk.
+  void FinishWriting();
   // The document was saved, or the user wants it no more.
   void Saved();
 
@@ -66,6 +73,7 @@ class Recovery {
   [[nodiscard]] std::string NewName() const;
 
   Parts parts_;
+  std::future<void> writing_;  // typing goes on while the disk works
   std::vector<Leftover> leftovers_;
   std::string current_;  // the document's own snapshot; "" while there is none
   int replacing_ = 0;

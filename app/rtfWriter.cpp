@@ -131,15 +131,36 @@ class Writer {
 
   void WriteText(std::string_view text) {
     while (!text.empty()) {
+      WritePlain(text);
+      if (text.empty()) return;
       const std::size_t length = std::max<std::size_t>(Utf8Length(text), 1);
       WriteCharacter(Utf8Length(text) == 0 ? U'\uFFFD' : FirstCharacter(text));
       text.remove_prefix(length);
-      // A line end in the file means nothing.
-      if (out_.size() - lineStart_ > kLineLength && !text.empty() && text[0] != ' ') {
-        out_ += "\n";
-        lineStart_ = out_.size();
-      }
+      BreakLine(text);
     }
+  }
+
+  // Most of a text goes out as it is.
+  void WritePlain(std::string_view& text) {
+    const auto end = std::find_if_not(text.begin(), text.end(), IsPlain);
+    std::size_t length = static_cast<std::size_t>(end - text.begin());
+    while (length > 0) {
+      const std::size_t used = out_.size() - lineStart_;
+      const std::size_t part = std::min(length, used < kLineLength ? kLineLength - used : 1);
+      out_ += text.substr(0, part);
+      text.remove_prefix(part);
+      length -= part;
+      BreakLine(text);
+    }
+  }
+
+  static bool IsPlain(char c) { return c >= 0x20 && c < 0x7F && c != '\\' && c != '{' && c != '}'; }
+
+  // A line end in the file means nothing.
+  void BreakLine(std::string_view rest) {
+    if (out_.size() - lineStart_ < kLineLength || rest.empty() || rest[0] == ' ') return;
+    out_ += "\n";
+    lineStart_ = out_.size();
   }
 
   void WriteCharacter(char32_t code) {
@@ -147,8 +168,6 @@ class Writer {
       out_ += "\\tab ";
     } else if (code == '\\' || code == '{' || code == '}') {
       out_ += {'\\', static_cast<char>(code)};
-    } else if (code >= 0x20 && code < 0x7F) {
-      out_.push_back(static_cast<char>(code));
     } else if (code < 0x10000) {
       WriteUnit(code);
     } else {

@@ -7,7 +7,7 @@
 namespace lorelin {
 
 // Port: writing a file so that a crash, a kill or a full disk leaves the old content or the new, never a
-// part.
+// part. Any thread.
 class FileWriter {
  public:
   virtual ~FileWriter() = default;

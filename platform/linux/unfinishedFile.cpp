@@ -23,6 +23,16 @@ fs::path Resolved(const fs::path& target) {
   return error ? target : pointedTo;
 }
 
+// Asked once: the question changes it for a moment, for every thread.
+mode_t CreationMask() {
+  static const mode_t mask = [] {
+    const mode_t found = umask(0);
+    umask(found);
+    return found;
+  }();
+  return mask;
+}
+
 fs::path FolderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
@@ -70,8 +80,7 @@ int UnfinishedFile::KeepPermissions() const {
     (void)!fchown(file_, status.st_uid, status.st_gid);  // only root can give a file away
     return fchmod(file_, status.st_mode & 07777) == 0 ? 0 : errno;
   }
-  const mode_t mask = umask(0);
-  umask(mask);
+  const mode_t mask = CreationMask();
   return fchmod(file_, 0666 & ~mask) == 0 ? 0 : errno;
 }
 

@@ -102,11 +102,22 @@ class RichTextBuffer::Implementation {
 
   [[nodiscard]] RichText Content() const {
     RichText content;
-    content.text = FromWx(control_.GetValue());
+    content.text = Text();
     content.fonts = fonts_;
     ReadRuns(content);
     ReadParagraphs(content);
     return content;
+  }
+
+  // Without the detour by the toolkit's strings: this runs while somebody types.
+  [[nodiscard]] std::string Text() const {
+    GtkTextIter from;
+    GtkTextIter to;
+    gtk_text_buffer_get_bounds(buffer_, &from, &to);
+    gchar* const bytes = gtk_text_buffer_get_text(buffer_, &from, &to, TRUE);
+    std::string text(bytes);
+    g_free(bytes);
+    return text;
   }
 
   void Carry(const std::vector<TextEdit>& edits) {
@@ -310,6 +321,7 @@ class RichTextBuffer::Implementation {
 
   void ReadParagraphs(RichText& content) const {
     const gint lines = gtk_text_buffer_get_line_count(buffer_);
+    if (paragraphTags_.empty()) return content.paragraphs.push_back({static_cast<std::size_t>(lines), {}});
     for (gint line = 0; line < lines; ++line) {
       GtkTextIter iter;
       gtk_text_buffer_get_iter_at_line(buffer_, &iter, line);

@@ -12,7 +12,12 @@ class RecoveryTest : public ScriptFixture {
     document.text = text;
     recovery.Changed();
   }
+  void Due() {
+    recovery.SnapshotDue();
+    recovery.FinishWriting();
+  }
   std::vector<std::string> Snapshots() {
+    recovery.FinishWriting();
     std::vector<std::string> texts;
     for (const auto& [path, bytes] : files.files) texts.push_back(bytes);
     return texts;
@@ -24,27 +29,27 @@ TEST_F(RecoveryTest, WritesWhatWasTypedOnceItIsDue) {
   Type("Liebe");
   EXPECT_EQ(snapshotsScheduled, 1);
   EXPECT_TRUE(files.files.empty());
-  recovery.SnapshotDue();
+  Due();
   ASSERT_EQ(files.files.size(), 1U);
   EXPECT_EQ(files.files.begin()->first, folder.File("recovery/2026-10-03 09-05-07.rtf"));
   EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 Liebe}"});
 }
 
 TEST_F(RecoveryTest, WritesNothingWhileNothingChanges) {
-  recovery.SnapshotDue();
+  Due();
   Type("a");
-  recovery.SnapshotDue();
+  Due();
   files.files.clear();
-  recovery.SnapshotDue();
+  Due();
   EXPECT_TRUE(files.files.empty());
 }
 
 TEST_F(RecoveryTest, KeepsOneFileForOneDocument) {
   Type("a");
-  recovery.SnapshotDue();
+  Due();
   clock.now.minute = 59;
   Type("ab");
-  recovery.SnapshotDue();
+  Due();
   EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 ab}"});
   EXPECT_EQ(snapshotsScheduled, 2);
 }
@@ -52,14 +57,14 @@ TEST_F(RecoveryTest, KeepsOneFileForOneDocument) {
 TEST_F(RecoveryTest, ForgetsWhatWasSaved) {
   std::filesystem::create_directories(folder.File("recovery"));
   Type("a");
-  recovery.SnapshotDue();
+  Due();
   const std::string file = files.files.begin()->first;
   WriteFile(file, "{\\rtf1 a}");
   fileDialogs.answer = folder.File("a.txt");
   documents.SaveDoc();
   EXPECT_FALSE(std::filesystem::exists(file));
   files.files.clear();
-  recovery.SnapshotDue();
+  Due();
   EXPECT_TRUE(files.files.empty());
 }
 
@@ -84,7 +89,7 @@ TEST_F(RecoveryTest, KeepsTheSnapshotOfADocumentThatCouldNotBeReplaced) {
   Type("bleibt");
   EXPECT_THROW(guarded.LoadFile(folder.File("fehlt.txt")), RuntimeError);
   Type("bleibt hier");
-  recovery.SnapshotDue();
+  Due();
   EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 bleibt hier}"});
   EXPECT_TRUE(recovery.Leftovers().empty());
 }
@@ -97,18 +102,18 @@ TEST_F(RecoveryTest, LeavesTextsThatNobodyTyped) {
 
 TEST_F(RecoveryTest, KeepsNoEmptyText) {
   Type("");
-  recovery.SnapshotDue();
+  Due();
   EXPECT_TRUE(files.files.empty());
 }
 
 TEST_F(RecoveryTest, LogsAFailureAndGoesOn) {
   files.error = ErrorNumber::DiskFull;
   Type("a");
-  recovery.SnapshotDue();
+  Due();
   EXPECT_EQ(log.lines.size(), 1U);
   files.error.reset();
   Type("ab");
-  recovery.SnapshotDue();
+  Due();
   EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 ab}"});
 }
 
@@ -150,7 +155,7 @@ TEST_F(Leftovers, BecomeTheDocumentUnderTheirOwnName) {
   EXPECT_TRUE(documents.Modified());
   EXPECT_TRUE(documents.Current().path.empty());
   Type("Brief, weiter");
-  recovery.SnapshotDue();
+  Due();
   EXPECT_EQ(files.files[file], "{\\rtf1 Brief, weiter}");
 }
 

@@ -48,6 +48,22 @@ check "no engine is left" within 5 no_engine_left "$bin"
 check "no warning was printed" test ! -s "$home/log"
 cat "$home/log"
 
+snapshot_holds() { grep -qF -- "$1" "$LORELIN_HOME"/recovery/*.rtf 2>/dev/null; }
+check "it starts again" start
+keys ctrl+1
+sleep 0.5
+xdotool type --delay 15 "Das darf nicht weg sein."
+check "what was typed is safe within seven seconds" within 7 snapshot_holds "Das darf nicht weg sein."
+kill -KILL "$process"
+wait "$process" 2>/dev/null
+check "it starts after it was killed" start
+sleep 1
+check "what was typed is still there" snapshot_holds "Das darf nicht weg sein."
+close_window
+check "it ends" within 10 ended
+wait "$process"
+rm -rf "$LORELIN_HOME/recovery"
+
 printf 'Lieber Leser, das steht in der Datei.' >"$home/brief.txt"
 cd "$home" || exit 1
 check "a document is read aloud at the start" start brief.txt /s

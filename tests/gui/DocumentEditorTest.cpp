@@ -135,7 +135,10 @@ TEST_F(DocumentEditorForm, OffersRecentFilesInTheMenu) {
 TEST_F(DocumentEditorForm, WritesASnapshotBySixSeconds) {
   Editor().WriteText("getippt ");
   const auto begin = std::chrono::steady_clock::now();
-  ASSERT_TRUE(WaitUntil([this] { return !files.files.empty(); }));
+  ASSERT_TRUE(WaitUntil([this] {
+    recovery.FinishWriting();
+    return !files.files.empty();
+  }));
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(7));
   EXPECT_EQ(ReadRtf(files.files.begin()->second).text, Text());
 }
