@@ -49,6 +49,7 @@ void Documents::NewDoc() {
       case MessageAnswer::No:
         parts_.editor.SetText("");
         document_.path.clear();
+        document_.name.clear();
         document_.format = {};
         Stored();
         break;
@@ -107,6 +108,7 @@ void Documents::Load(const std::string& path) {
   }
   loading_ = false;
   document_.format = format;
+  document_.name = FileName(path);
   Stored();
 }
 
@@ -114,12 +116,14 @@ void Documents::Restore(const std::string& snapshot) {
   Load(snapshot);
   document_.format = {};
   document_.path.clear();
+  document_.name.clear();
   modified_ = true;
   parts_.stateChanged();
 }
 
 void Documents::SetPath(const std::string& path) {
   document_.path = path;
+  document_.name = FileName(path);
   parts_.stateChanged();
 }
 
@@ -134,7 +138,7 @@ void Documents::Changed() {
 }
 
 std::string Documents::Title() const {
-  const std::string name = document_.path.empty() ? "" : FileName(document_.path);
+  const std::string& name = document_.name;
   if (name.empty()) return modified_ ? "• Lorelin" : "Lorelin";
   return (modified_ ? "• " : "") + name + " – Lorelin";
 }

@@ -139,6 +139,7 @@ void MainWindow::ChooseInitialMode() {
 }
 
 void MainWindow::FillTaskPane() {
+  parts_.taskPane.AddGroup(kRecoveryGroup);  // the first, once it has something to offer
   parts_.taskPane.AddGroup(kSpeechTaskGroup);
   for (const TaskPaneEntry& task : SpeechTasks()) {
     parts_.taskPane.AddItem(kSpeechTaskGroup, task.number, task.caption);
@@ -181,7 +182,6 @@ void MainWindow::AddExportLink() {
 }
 
 void MainWindow::AddRecovery() {
-  parts_.taskPane.AddGroup(kRecoveryGroup);
   parts_.recovery.Start();
   if (parts_.recovery.Leftovers().empty()) return;
   parts_.statusBar.SetMessage("Ein nicht gespeicherter Text ist noch da: links unter „" +

@@ -30,7 +30,7 @@ constexpr std::array kEditMenu{
     MenuEntry{"mnuUndo", "&Rückgängig", "Undo", "Ctrl+Z"},
     MenuEntry{"mnuRedo", "&Wiederherstellen", "Redo", "Ctrl+Y"},
     kSeparator,
-    MenuEntry{"mnuSelectAll", "A&lles markieren", "SelectAll", "Ctrl+A"},
+    MenuEntry{"mnuSelectAll", "Alles &markieren", "SelectAll", "Ctrl+A"},
     MenuEntry{"mnuFind", "&Suchen …", "Find", "Ctrl+F"},
     MenuEntry{"mnuFindAgain", "Weitersu&chen", "FindAgain", "F3"},
     MenuEntry{"mnuReplace", "Erse&tzen …", "Replace", "Ctrl+H"},

@@ -130,6 +130,7 @@ void FrmMain::BuildStatusBar() {
   const int widths[] = {FromDIP(140), -1};
   bar->SetStatusWidths(2, widths);
   bar->SetStatusText("0 Zeichen.", 0);
+  SetStatusBarPane(-1);  // the menus have no help texts that would wipe out what stands there
 }
 
 void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {

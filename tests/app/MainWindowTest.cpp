@@ -97,6 +97,7 @@ TEST_F(Loading, GoesInItsOrder) {
                                        "tmrClipboard on",
                                        "browser.navigate " + folder.File("hypertext/home.htm"),
                                        "Voice2.WaveFile",
+                                       "pane.group Nicht gespeicherte Texte",
                                        "pane.group Lorelin",
                                        "pane.item Lorelin 101 Text vorlesen",
                                        "pane.item Lorelin 202 Text abspeichern",
@@ -109,7 +110,6 @@ TEST_F(Loading, GoesInItsOrder) {
                                        "pane.item Tasks 999 ----------",
                                        "pane.group Export",
                                        "pane.item Export 1001 Sprachausgabe als WAV speichern",
-                                       "pane.group Nicht gespeicherte Texte",
                                        "view.show"};
   EXPECT_EQ(calls.Entries(), order);
 }
