@@ -36,7 +36,8 @@ struct Command {
 };
 
 constexpr std::array kCommands{Command{"say", Action::Say}, Command{"voices", Action::Voices},
-                               Command{"run", Action::Run}, Command{"check", Action::Check}};
+                               Command{"run", Action::Run}, Command{"check", Action::Check},
+                               Command{"reg", Action::Registry}};
 
 class Parser {
  public:
@@ -44,7 +45,7 @@ class Parser {
 
   Options Parse() {
     while (!rest_.empty()) Take(Next());
-    if (!command_) throw UsageError("Es fehlt ein Befehl: „say“, „voices“, „run“ oder „check“.");
+    if (!command_) throw UsageError("Es fehlt ein Befehl: „say“, „voices“, „run“, „check“ oder „reg“.");
     CheckFiles();
     return options_;
   }
@@ -67,6 +68,9 @@ class Parser {
         break;
       case Action::Voices:
         if (count > 0) throw UsageError("„voices“ nimmt keine Datei.");
+        break;
+      case Action::Registry:
+        options_.words = files_;
         break;
       case Action::Help:
       case Action::Version:
@@ -176,6 +180,11 @@ std::string HelpText() {
          "  lorelin-cli voices                     nennt die Stimmen\n"
          "  lorelin-cli run [Optionen] SCRIPT.vts  führt ein Taskscript aus\n"
          "  lorelin-cli check SCRIPT.vts ...       nennt Fehler in Taskscripts\n"
+         "  lorelin-cli reg query PFAD [NAME]      zeigt einen Schlüssel oder Wert der Registrierung\n"
+         "  lorelin-cli reg add PFAD [NAME DATEN]  legt einen Schlüssel oder Wert an\n"
+         "  lorelin-cli reg delete PFAD [NAME]     löscht einen Schlüssel oder Wert\n"
+         "  lorelin-cli reg export PFAD DATEI      schreibt einen Schlüssel in eine Datei (REGEDIT4)\n"
+         "  lorelin-cli reg import DATEI           liest eine solche Datei ein\n"
          "\n"
          "Optionen:\n"
          "  --voice N      Stimme Nummer N aus „voices“\n"
@@ -189,12 +198,16 @@ std::string HelpText() {
          "  --help         zeigt diese Hilfe\n"
          "  --version      nennt die Version\n"
          "\n"
+         "PFAD beginnt mit HKCU oder einem anderen Stamm; der NAME @ ist der Standardwert. DATEN sind ein\n"
+         "Text, „dword:000000FF“ oder „hex:41,0A,FF“.\n"
+         "\n"
          "Was nicht angegeben ist, gilt wie im Fenster eingestellt.\n"
          "\n"
          "Rückgabewerte: 0 bis zum Ende, 1 nicht bis zum Ende oder Fehler gefunden, 2 falscher Aufruf,\n"
          "3 Text oder Taskscript nicht lesbar, 4 Ziel nicht schreibbar, 5 Befehle des Taskscripts schlugen "
          "fehl,\n"
          "6 das Taskscript beendete sich selbst, 7 Taskscripts sind in den Einstellungen unterbunden,\n"
+         "8 die Registrierung hat es nicht ausgeführt,\n"
          "130 mit Strg+C abgebrochen.\n";
 }
 

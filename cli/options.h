@@ -21,10 +21,11 @@ enum class ExitCode : int {
   ScriptErrors = 5,   // the script ran to its end, but commands failed
   ScriptStopped = 6,  // the script ended itself before its last line
   Forbidden = 7,      // the settings forbid scripts
+  Refused = 8,        // the registry did not do it
   Interrupted = 130,  // Ctrl+C
 };
 
-enum class Action { Say, Voices, Run, Check, Help, Version };
+enum class Action { Say, Voices, Run, Check, Registry, Help, Version };
 
 struct Options {
   Action action = Action::Help;
@@ -36,6 +37,7 @@ struct Options {
   std::string waveFile;                 // "" to play aloud
   std::string input = "-";              // a file, or "-" for standard input
   std::vector<std::string> scripts;     // of Run (one) and Check
+  std::vector<std::string> words;       // of Registry: what to do, and with what
   std::optional<MessageAnswer> answer;  // to every question of a script; else the user is asked
   bool denyRead = false;
   bool denyDownload = false;

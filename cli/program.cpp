@@ -14,6 +14,7 @@
 #include "cli/files.h"
 #include "cli/interruption.h"
 #include "cli/overrideSettings.h"
+#include "cli/reg.h"
 #include "cli/runScript.h"
 #include "platform/Platform.h"
 #include "platform/version.h"
@@ -48,7 +49,7 @@ class Session {
         services_(MakePlatformServices(options.verbose)),
         statusBar_(options.verbose),
         settings_(*services_.registry),
-        extensions_(*services_.registry, *services_.automation, *services_.log),
+        extensions_(*services_.registry, *services_.fileWriter, *services_.automation, *services_.log),
         engine_(MakeSpeechInstance(services_, pump_,
                                    options.waveFile.empty() && options.action == Action::Say,
                                    [](const std::string& notice) { std::cerr << notice << '\n'; })) {
@@ -135,6 +136,10 @@ ExitCode Perform(const Options& options) {
       return RunScript(options);
     case Action::Check:
       return CheckScripts(options.scripts, std::cout, std::cerr);
+    case Action::Registry: {
+      const PlatformServices services = MakePlatformServices(options.verbose);
+      return UseRegistry(options.words, *services.registry, *services.fileWriter, std::cout);
+    }
   }
   return ExitCode::Usage;
 }

@@ -123,7 +123,7 @@ ExitCode RunScript(const Options& options) {
   ConsoleClipboard clipboard;
   SettingsStore settings(*services.registry);
   OverrideSettings(settings, options);
-  ModAddin extensions(*services.registry, *services.automation, *services.log);
+  ModAddin extensions(*services.registry, *services.fileWriter, *services.automation, *services.log);
   const RenderingFolder renderingFolder(services.paths.cacheFolder);
   Instances instances(services, pump, options.waveFile);
   StartupState startup;

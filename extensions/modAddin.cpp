@@ -8,7 +8,8 @@
 namespace lorelin {
 namespace {
 
-constexpr std::string_view kRoot = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions";
+constexpr std::string_view kRoot =
+    "HKEY_CURRENT_USER\\Software\\VB and VBA Program Settings\\Lorelin\\Extensions";
 
 bool IsActiveFilter(std::string_view active) {
   return LowerAscii(WithoutBlanks(active)).starts_with("true");
@@ -16,25 +17,21 @@ bool IsActiveFilter(std::string_view active) {
 
 }  // namespace
 
-ModAddin::ModAddin(Registry& registry, Automation& automation, Log& log)
-    : registry_(registry), automation_(automation), log_(log) {}
+ModAddin::ModAddin(Registry& registry, FileWriter& files, Automation& automation, Log& log)
+    : registry_(registry, files), automation_(automation), log_(log) {}
 
 void ModAddin::Walk(const std::function<bool(const Registration&)>& visit) {
-  const auto names = registry_.SubkeyNames(RegistryHive::CurrentUser, kRoot);
-  if (!names) return;
-  for (const std::string& name : *names) {
+  std::vector<std::string> names;
+  std::size_t count = 0;
+  if (!registry_.EnumKeys(kRoot, names, count)) return;
+  for (const std::string& name : names) {
     const std::string key = std::string(kRoot) + "\\" + name;
-    if (!visit({.active = ReadString(key, "Active"), .key = key})) return;
+    if (!visit({.active = registry_.ReadString(key, "Active"), .key = key})) return;
   }
 }
 
-std::string ModAddin::ReadString(const std::string& key, std::string_view name) {
-  const auto value = registry_.ReadValue(RegistryHive::CurrentUser, key, name);
-  return value && value->type == RegistryType::String ? value->data : std::string();
-}
-
 std::unique_ptr<AutomationObject> ModAddin::Create(const Registration& registration) {
-  return automation_.CreateObject(ReadString(registration.key, "ObjectName"));
+  return automation_.CreateObject(registry_.ReadString(registration.key, "ObjectName"));
 }
 
 void ModAddin::LogFailure(std::string_view hook, const Registration& registration, std::string_view what) {

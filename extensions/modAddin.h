@@ -8,6 +8,7 @@
 #include "platform/Automation.h"
 #include "platform/Log.h"
 #include "platform/Registry.h"
+#include "settings/clsRegistryAccess.h"
 
 namespace lorelin {
 
@@ -18,7 +19,7 @@ namespace lorelin {
 class ModAddin {
  public:
   // Owns none of them; they must outlive the host.
-  ModAddin(Registry& registry, Automation& automation, Log& log);
+  ModAddin(Registry& registry, FileWriter& files, Automation& automation, Log& log);
 
   void Startup();
   void Close();
@@ -40,13 +41,12 @@ class ModAddin {
 
   // Calls `visit` for every registration until it returns false.
   void Walk(const std::function<bool(const Registration&)>& visit);
-  [[nodiscard]] std::string ReadString(const std::string& key, std::string_view name);
   [[nodiscard]] std::unique_ptr<AutomationObject> Create(const Registration& registration);
   // The common hook: exactly "true" is active, the first failure ends it.
   void CallActive(std::string_view method, std::optional<std::string_view> argument);
   void LogFailure(std::string_view hook, const Registration& registration, std::string_view what);
 
-  Registry& registry_;
+  ClsRegistryAccess registry_;
   Automation& automation_;
   Log& log_;
 };

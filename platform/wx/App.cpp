@@ -36,7 +36,7 @@ class App::Program {
         settings_(*services_.registry),
         voice_(MakeSpeechInstance(services_, pump_, true, Notice())),
         voice2_(MakeSpeechInstance(services_, pump_, false, Notice())),
-        extensions_(*services_.registry, *services_.automation, *services_.log),
+        extensions_(*services_.registry, *services_.fileWriter, *services_.automation, *services_.log),
         form_(std::make_unique<FrmMain>(
             services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
         recovery_({.editor = form_->Editor(),

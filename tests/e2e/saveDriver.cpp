@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
   FakeMessageBoxes boxes;
   FakeEventPump pump;
   AtomicFileWriter files;
-  ModAddin extensions(registry, automation, log);
+  ModAddin extensions(registry, files, automation, log);
   Documents documents({.editor = editor,
                        .fileDialogs = dialogs,
                        .files = files,

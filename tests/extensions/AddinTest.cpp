@@ -30,7 +30,8 @@ class Addin : public testing::Test {
   FakeRegistry registry;
   FakeAutomation automation;
   FakeLog log;
-  ModAddin extensions{registry, automation, log};
+  FakeFileWriter files;
+  ModAddin extensions{registry, files, automation, log};
   std::vector<std::string> seen;
 };
 

@@ -77,10 +77,10 @@ class FormFixture : public testing::Test {
   WxEventPump pump{log};
   StartupState startup;
   SettingsStore settings{registry};
-  ModAddin extensions{registry, automation, log};
+  FakeFileWriter files;
+  ModAddin extensions{registry, files, automation, log};
   bool ended = false;
   FrmMain form{folder.File("cache"), [this] { ended = true; }, log};
-  FakeFileWriter files;
   FakeFileSearch recoveryFiles;
   Recovery recovery{{.editor = form.Editor(),
                      .files = files,

@@ -25,7 +25,6 @@ class ScriptFixture : public SpeechFixture {
   FakeClipboard clipboard;
   FakeProgramLauncher launcher;
   FakeDownloader downloader;
-  FakeFileWriter files;
   FakeLog runLog;
   FakeMainView view{calls};
   FakeBrowserPane browser{calls};

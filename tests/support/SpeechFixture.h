@@ -43,7 +43,8 @@ class SpeechFixture : public testing::Test {
   FakeRegistry registry;
   FakeAutomation automation;
   SettingsStore settings{registry};
-  ModAddin extensions{registry, automation, log};
+  FakeFileWriter files;
+  ModAddin extensions{registry, files, automation, log};
   StartupState startup;
   ModSpeak speech{{.voice = voice,
                    .voice2 = voice2,
