@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ class Automation {
   virtual ~Automation() = default;
   // Throws RuntimeError 429 when the identifier names no class that can be created.
   [[nodiscard]] virtual std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) = 0;
+  // Called every now and then while an answer is awaited, to draw windows; it must not let input in, since
+  // the caller goes on as if nothing had happened meanwhile.
+  virtual void WhileWaiting(std::function<void()>) {}
 };
 
 }  // namespace lorelin

@@ -4,11 +4,11 @@
 
 #include "platform/linux/AtomicFileWriter.h"
 #include "platform/linux/CurlDownloader.h"
+#include "platform/linux/DBusAutomation.h"
 #include "platform/linux/DirectorySearch.h"
 #include "platform/linux/EngineClient.h"
 #include "platform/linux/FlockSingleInstance.h"
 #include "platform/linux/LogFile.h"
-#include "platform/linux/NullAutomation.h"
 #include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
 #include "platform/linux/SystemClock.h"
@@ -27,7 +27,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.downloader = std::make_unique<CurlDownloader>(*services.log);
   services.fileWriter = std::make_unique<AtomicFileWriter>();
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, false);
-  services.automation = std::make_unique<NullAutomation>();
+  services.automation = std::make_unique<DBusAutomation>(*services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);

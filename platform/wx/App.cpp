@@ -138,6 +138,7 @@ class App::Program {
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     form_->Attach(&window_);
+    services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
     messageBoxes_.SetParent(form_.get());
     fileDialogs_.SetParent(form_.get());
     voiceDialogs_.SetParent(form_.get());

@@ -34,6 +34,11 @@ void WxEventPump::RunPendingEvents() {
   --depth_;
 }
 
+void WxEventPump::Repaint() {
+  wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+  if (loop != nullptr && !loop->IsYielding()) loop->YieldFor(wxEVT_CATEGORY_UI);
+}
+
 void WxEventPump::Post(std::function<void()> task) {
   wxTheApp->CallAfter([&log = log_, task = std::move(task)] {
     try {

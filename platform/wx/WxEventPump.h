@@ -11,6 +11,8 @@ class WxEventPump final : public EventPump {
   // What a posted task throws goes to the log, which must outlive the pump and what is posted.
   explicit WxEventPump(Log& log) : log_(log) {}
   void RunPendingEvents() override;
+  // Draws what has to be drawn; input waits.
+  static void Repaint();
   void Post(std::function<void()> task) override;
   // Whether a routine waits for something at the moment.
   [[nodiscard]] bool IsWaiting() const { return depth_ > 0; }

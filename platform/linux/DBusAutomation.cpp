@@ -1,0 +1,171 @@
+#include "platform/linux/DBusAutomation.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <future>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "app/RuntimeError.h"
+
+namespace lorelin {
+namespace {
+
+constexpr int kTimeout = 10'000;  // milliseconds
+constexpr auto kTurn = std::chrono::milliseconds(10);
+constexpr std::size_t kLongestText = std::size_t{16} << 20;  // bytes of an answer
+constexpr std::size_t kLongestArgument = std::size_t{64} << 20;
+
+struct VariantDeleter {
+  void operator()(GVariant* variant) const { g_variant_unref(variant); }
+};
+using Variant = std::unique_ptr<GVariant, VariantDeleter>;
+
+struct Answer {
+  Variant value;
+  std::string errorName;  // of the bus; "" for other failures
+  std::string message;    // "" when it worked
+};
+
+// One call, answered or failed after the time limit at the latest. Runs on any thread.
+Answer Call(GDBusConnection* bus, const std::string& name, const std::string& path,
+            const std::string& interface, const std::string& method, GVariant* arguments) {
+  GError* error = nullptr;
+  Answer answer;
+  answer.value.reset(g_dbus_connection_call_sync(bus, name.c_str(), path.c_str(), interface.c_str(),
+                                                 method.c_str(), arguments, nullptr, G_DBUS_CALL_FLAGS_NONE,
+                                                 kTimeout, nullptr, &error));
+  if (error == nullptr) return answer;
+  if (gchar* const remote = g_dbus_error_get_remote_error(error); remote != nullptr) {
+    answer.errorName = remote;
+    g_free(remote);
+  }
+  answer.message = error->message;
+  g_error_free(error);
+  return answer;
+}
+
+// The bus name of a method that is not there, in any of its three ways.
+bool IsMissing(const std::string& errorName) {
+  return errorName == "org.freedesktop.DBus.Error.UnknownMethod" ||
+         errorName == "org.freedesktop.DBus.Error.UnknownInterface" ||
+         errorName == "org.freedesktop.DBus.Error.UnknownObject";
+}
+
+class DBusObject final : public AutomationObject {
+ public:
+  DBusObject(GDBusConnection* bus, std::string name, std::function<Answer(std::function<Answer()>)> wait)
+      : bus_(G_DBUS_CONNECTION(g_object_ref(bus))),
+        name_(std::move(name)),
+        path_("/" + name_),
+        wait_(std::move(wait)) {
+    std::replace(path_.begin(), path_.end(), '.', '/');
+  }
+  ~DBusObject() override { g_object_unref(bus_); }
+  DBusObject(const DBusObject&) = delete;
+  DBusObject& operator=(const DBusObject&) = delete;
+
+  std::string Invoke(std::string_view method, std::optional<std::string_view> argument) override {
+    if (argument && argument->size() > kLongestArgument) throw RuntimeError(ErrorNumber::AutomationFailed);
+    if (!g_dbus_is_member_name(std::string(method).c_str())) throw RuntimeError(ErrorNumber::NoSuchMethod);
+    GVariant* const arguments = argument ? TextArgument(*argument) : nullptr;
+    const Answer answer = wait_([this, name = std::string(method), arguments] {
+      return Call(bus_, name_, path_, name_, name, arguments);
+    });
+    if (!answer.message.empty()) {
+      throw RuntimeError(
+          IsMissing(answer.errorName) ? ErrorNumber::NoSuchMethod : ErrorNumber::AutomationFailed,
+          answer.message);
+    }
+    return FirstText(answer.value.get());
+  }
+
+ private:
+  // The bus carries nothing but UTF-8, and no text beyond a NUL.
+  static GVariant* TextArgument(std::string_view text) {
+    gchar* const valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+    GVariant* const arguments = g_variant_new("(s)", valid);
+    g_free(valid);
+    return arguments;
+  }
+
+  static std::string FirstText(GVariant* value) {
+    if (g_variant_n_children(value) == 0) return {};
+    const Variant first(g_variant_get_child_value(value, 0));
+    if (!g_variant_is_of_type(first.get(), G_VARIANT_TYPE_STRING)) return {};
+    gsize size = 0;
+    const gchar* const text = g_variant_get_string(first.get(), &size);
+    if (size > kLongestText) throw RuntimeError(ErrorNumber::AutomationFailed, "Die Antwort ist zu lang.");
+    return {text, size};
+  }
+
+  GDBusConnection* bus_;
+  std::string name_;
+  std::string path_;
+  std::function<Answer(std::function<Answer()>)> wait_;
+};
+
+// Without an address the library would start a bus of its own, which nobody would end.
+bool HasBus() {
+  if (const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+      address != nullptr && *address != '\0')
+    return true;
+  const char* const folder = std::getenv("XDG_RUNTIME_DIR");
+  std::error_code error;
+  return folder != nullptr && std::filesystem::exists(std::filesystem::path(folder) / "bus", error);
+}
+
+}  // namespace
+
+DBusAutomation::~DBusAutomation() {
+  if (connection_ != nullptr) g_object_unref(connection_);
+}
+
+GDBusConnection* DBusAutomation::Connection() {
+  if (connection_ != nullptr && g_dbus_connection_is_closed(connection_)) {
+    g_object_unref(std::exchange(connection_, nullptr));
+  }
+  if (connection_ != nullptr) return connection_;
+  if (!HasBus()) {
+    throw RuntimeError(ErrorNumber::CannotCreateObject, "Es läuft kein Sitzungsbus (D-Bus).");
+  }
+  GError* error = nullptr;
+  connection_ = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
+  if (connection_ == nullptr) {
+    const std::string message = error->message;
+    g_error_free(error);
+    throw RuntimeError(ErrorNumber::CannotCreateObject, message);
+  }
+  g_dbus_connection_set_exit_on_close(connection_, FALSE);
+  return connection_;
+}
+
+std::unique_ptr<AutomationObject> DBusAutomation::CreateObject(std::string_view identifier) {
+  const std::string name(identifier);
+  if (!g_dbus_is_name(name.c_str()) || g_dbus_is_unique_name(name.c_str())) {
+    throw RuntimeError(ErrorNumber::CannotCreateObject);
+  }
+  GDBusConnection* const bus = Connection();
+  // The answer is fetched beside the caller, so that its window can be drawn meanwhile.
+  const auto wait = [this](const std::function<Answer()>& call) {
+    std::future<Answer> answer = std::async(std::launch::async, call);
+    while (answer.wait_for(kTurn) != std::future_status::ready) {
+      if (turn_) turn_();
+    }
+    return answer.get();
+  };
+  const Answer started = wait([bus, &name] {
+    return Call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                "StartServiceByName", g_variant_new("(su)", name.c_str(), 0U));
+  });
+  if (!started.message.empty()) {
+    log_.Write(name + ": " + started.message);
+    throw RuntimeError(ErrorNumber::CannotCreateObject, started.message);
+  }
+  return std::make_unique<DBusObject>(bus, name, wait);
+}
+
+}  // namespace lorelin
