@@ -303,7 +303,14 @@ void MainWindow::FileDropped(const std::string& path) {
 }
 
 void MainWindow::TimerTicked(WatchTimer timer) {
-  if (timer == WatchTimer::Snapshot) parts_.recovery.SnapshotDue();
+  switch (timer) {
+    case WatchTimer::Clipboard:
+      return Guarded("Zwischenablage", [this] { parts_.monitor.LookAtClipboard(); });
+    case WatchTimer::WindowTitle:
+      return Guarded("Fenstertitel", [this] { parts_.monitor.LookAtForeground(); });
+    case WatchTimer::Snapshot:
+      return parts_.recovery.SnapshotDue();
+  }
 }
 
 void MainWindow::RunCommand(std::string_view command) {

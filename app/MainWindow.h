@@ -13,6 +13,7 @@
 #include "app/StartupState.h"
 #include "app/commands.h"
 #include "extensions/modAddin.h"
+#include "monitor/DesktopMonitor.h"
 #include "platform/BrowserPane.h"
 #include "platform/Clipboard.h"
 #include "platform/DocumentEditor.h"
@@ -56,6 +57,7 @@ class MainWindow {
     ModExport& exporter;
     VoiceDialogs& voiceDialogs;
     ModAddin& extensions;
+    DesktopMonitor& monitor;
     Interpreter& interpreter;
     TaskMenu& tasks;
     StartupState& startup;

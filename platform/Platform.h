@@ -11,6 +11,7 @@
 #include "platform/EventPump.h"
 #include "platform/FileSearch.h"
 #include "platform/FileWriter.h"
+#include "platform/ForegroundWindow.h"
 #include "platform/Log.h"
 #include "platform/ProgramLauncher.h"
 #include "platform/ProgramPaths.h"
@@ -34,6 +35,7 @@ struct PlatformServices {
   std::unique_ptr<FileWriter> fileWriter;
   std::unique_ptr<Log> scriptLog;  // what task scripts did
   std::unique_ptr<Automation> automation;
+  std::unique_ptr<ForegroundWindow> foreground;
   std::unique_ptr<SingleInstance> singleInstance;
   std::unique_ptr<Registry> registry;
   std::string registryNotice;  // German; "" when the settings are as they should be

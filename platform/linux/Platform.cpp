@@ -12,6 +12,7 @@
 #include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
 #include "platform/linux/SystemClock.h"
+#include "platform/linux/XcbForegroundWindow.h"
 #include "platform/linux/XdgShell.h"
 
 namespace lorelin {
@@ -28,6 +29,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.fileWriter = std::make_unique<AtomicFileWriter>();
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, false);
   services.automation = std::make_unique<DBusAutomation>(*services.log);
+  services.foreground = std::make_unique<XcbForegroundWindow>(*services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);

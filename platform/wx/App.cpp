@@ -81,6 +81,10 @@ class App::Program {
                    .clock = *services_.clock,
                    .extensions = extensions_}),
         voiceDialogs_(speech_, settings_),
+        monitor_({.clipboard = clipboard_,
+                  .foreground = *services_.foreground,
+                  .statusBar = *form_,
+                  .speech = speech_}),
         interpreter_({.speech = speech_,
                       .document = document_,
                       .statusBar = *form_,
@@ -130,6 +134,7 @@ class App::Program {
                  .exporter = exporter_,
                  .voiceDialogs = voiceDialogs_,
                  .extensions = extensions_,
+                 .monitor = monitor_,
                  .interpreter = interpreter_,
                  .tasks = tasks_,
                  .startup = startup_,
@@ -237,6 +242,7 @@ class App::Program {
   Documents documents_;
   ModExport exporter_;
   FrmVoiceDialogs voiceDialogs_;
+  DesktopMonitor monitor_;
   Interpreter interpreter_;
   ErrorPage errorPage_;
   TaskMenu tasks_;

@@ -30,6 +30,7 @@ class MainWindowTest : public ScriptFixture {
                      .exporter = exporter,
                      .voiceDialogs = voiceDialogs,
                      .extensions = extensions,
+                     .monitor = monitor,
                      .interpreter = interpreter,
                      .tasks = tasks,
                      .startup = startup,
@@ -75,10 +76,10 @@ TEST_F(Loading, StartsInInteractiveModeByDefault) {
 TEST_F(Loading, StartsInTextModeWhenShowWbIsNotOne) {
   for (const auto* const stored : {"0", "true", ""}) {
     Set(setting::ShowWB, stored);
-    MainWindow other({view,        document, browser, taskPane,     statusBar,    messageBoxes,
-                      clipboard,   shell,    log,     settings,     documents,    editing,
-                      recent,      recovery, speech,  exporter,     voiceDialogs, extensions,
-                      interpreter, tasks,    startup, folder.Path()});
+    MainWindow other({view,      document,    browser, taskPane, statusBar,    messageBoxes,
+                      clipboard, shell,       log,     settings, documents,    editing,
+                      recent,    recovery,    speech,  exporter, voiceDialogs, extensions,
+                      monitor,   interpreter, tasks,   startup,  folder.Path()});
     calls.Clear();
     other.Load();
     EXPECT_TRUE(view.editorVisible) << stored;
@@ -368,10 +369,10 @@ TEST_F(Commands, LetClosingEndAScript) {
 }
 
 TEST_F(Commands, KeepTheWindowOpenForSomethingUndecided) {
-  MainWindow other({view,        document, browser, taskPane,      statusBar,           messageBoxes,
-                    clipboard,   shell,    log,     settings,      documents,           editing,
-                    recent,      recovery, speech,  exporter,      voiceDialogs,        extensions,
-                    interpreter, tasks,    startup, folder.Path(), [] { return false; }});
+  MainWindow other({view,      document,    browser, taskPane, statusBar,     messageBoxes,
+                    clipboard, shell,       log,     settings, documents,     editing,
+                    recent,    recovery,    speech,  exporter, voiceDialogs,  extensions,
+                    monitor,   interpreter, tasks,   startup,  folder.Path(), [] { return false; }});
   other.CloseRequested();
   EXPECT_FALSE(calls.Has("view.end"));
 }

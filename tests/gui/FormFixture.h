@@ -126,6 +126,9 @@ class FormFixture : public testing::Test {
                       .clock = clock,
                       .extensions = extensions}};
   FrmVoiceDialogs voiceDialogs{speech, settings};
+  FakeForegroundWindow foreground;
+  DesktopMonitor monitor{
+      {.clipboard = clipboard, .foreground = foreground, .statusBar = form, .speech = speech}};
   Interpreter interpreter{{.speech = speech,
                            .document = document,
                            .statusBar = form,
@@ -169,6 +172,7 @@ class FormFixture : public testing::Test {
                      .exporter = exporter,
                      .voiceDialogs = voiceDialogs,
                      .extensions = extensions,
+                     .monitor = monitor,
                      .interpreter = interpreter,
                      .tasks = tasks,
                      .startup = startup,

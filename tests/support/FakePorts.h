@@ -21,6 +21,7 @@
 #include "platform/FileDialogs.h"
 #include "platform/FileSearch.h"
 #include "platform/FileWriter.h"
+#include "platform/ForegroundWindow.h"
 #include "platform/Log.h"
 #include "platform/MainView.h"
 #include "platform/MessageBoxes.h"
@@ -146,6 +147,14 @@ class FakeClipboard final : public Clipboard {
   std::string Text() override { return text; }
   void SetText(std::string_view newText) override { text = newText; }
   std::string text;
+};
+
+class FakeForegroundWindow final : public ForegroundWindow {
+ public:
+  std::string Title() override { return title; }
+  std::string Obstacle() override { return obstacle; }
+  std::string title;
+  std::string obstacle;
 };
 
 class FakeShell final : public Shell {

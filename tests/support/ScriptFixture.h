@@ -7,6 +7,7 @@
 #include "app/RecentFiles.h"
 #include "app/Recovery.h"
 #include "help/errorPage.h"
+#include "monitor/DesktopMonitor.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
 #include "speech/modExport.h"
@@ -64,6 +65,9 @@ class ScriptFixture : public SpeechFixture {
                       .progress = progress,
                       .clock = clock,
                       .extensions = extensions}};
+  FakeForegroundWindow foreground;
+  DesktopMonitor monitor{
+      {.clipboard = clipboard, .foreground = foreground, .statusBar = statusBar, .speech = speech}};
   Interpreter interpreter{{.speech = speech,
                            .document = guarded,
                            .statusBar = statusBar,
