@@ -9,6 +9,7 @@
 #include "platform/Clock.h"
 #include "platform/Downloader.h"
 #include "platform/EventPump.h"
+#include "platform/FileAssociation.h"
 #include "platform/FileSearch.h"
 #include "platform/FileWriter.h"
 #include "platform/ForegroundWindow.h"
@@ -36,6 +37,7 @@ struct PlatformServices {
   std::unique_ptr<Log> scriptLog;  // what task scripts did
   std::unique_ptr<Automation> automation;
   std::unique_ptr<ForegroundWindow> foreground;
+  std::unique_ptr<FileAssociation> fileAssociation;
   std::unique_ptr<SingleInstance> singleInstance;
   std::unique_ptr<Registry> registry;
   std::string registryNotice;  // German; "" when the settings are as they should be

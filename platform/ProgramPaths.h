@@ -14,6 +14,7 @@ struct ProgramPaths {
   std::string scriptLogFile;  // of what task scripts did
   std::string cacheFolder;    // what can be made again
   std::string lockFile;       // of the single instance
+  std::string desktopFolder;  // where the desktop looks for the user's programs; "" to leave it alone
 };
 
 // The one place that asks the system for paths. The program folder is the executable's own folder when that

@@ -13,6 +13,7 @@
 #include "platform/linux/SqliteRegistry.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/XcbForegroundWindow.h"
+#include "platform/linux/XdgFileAssociation.h"
 #include "platform/linux/XdgShell.h"
 
 namespace lorelin {
@@ -30,6 +31,8 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, false);
   services.automation = std::make_unique<DBusAutomation>(*services.log);
   services.foreground = std::make_unique<XcbForegroundWindow>(*services.log);
+  services.fileAssociation = std::make_unique<XdgFileAssociation>(
+      services.paths.desktopFolder, *services.fileWriter, *services.launcher, *services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);

@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPages = "hypertext";
 constexpr const char* kScripts = "scripts";
+constexpr const char* kScriptIcon = "vts.ico";
 
 fs::path Environment(const char* name) {
   const char* const value = std::getenv(name);
@@ -105,6 +106,12 @@ void Seed(const fs::path& folder, const fs::path& shared, const char* name) {
   }
 }
 
+void SeedFile(const fs::path& folder, const fs::path& shared, const char* name) {
+  std::error_code error;
+  if (fs::exists(shared / name, error) && !fs::exists(folder / name, error))
+    CopyWhole(shared / name, folder / name);
+}
+
 // An example that the user deleted stays away.
 void SeedScripts(const fs::path& folder, const fs::path& shared) {
   std::error_code error;
@@ -126,6 +133,7 @@ bool IsOwnFolder(const fs::path& folder) {
 fs::path SeededFolder(const fs::path& wanted, const fs::path& beside, const SystemFacts& facts) {
   const fs::path folder = WritableFolder(wanted, facts);
   Seed(folder, SharedData(beside), kPages);
+  SeedFile(folder, SharedData(beside), kScriptIcon);
   SeedScripts(folder, SharedData(beside));
   return folder;
 }
@@ -151,7 +159,9 @@ ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
           .logFile = PathText(base("XDG_STATE_HOME", ".local/state") / "lorelin.log"),
           .scriptLogFile = PathText(folder / "taskscripts.log"),
           .cacheFolder = PathText(moved ? home / "cache" : BaseFolder(facts, "XDG_CACHE_HOME", ".cache")),
-          .lockFile = PathText(settings / "lorelin.lock")};
+          .lockFile = PathText(settings / "lorelin.lock"),
+          .desktopFolder =
+              moved ? "" : PathText(BaseFolder(facts, "XDG_DATA_HOME", ".local/share").parent_path())};
 }
 
 ProgramPaths FindProgramPaths() {

@@ -19,6 +19,7 @@
 #include "platform/wx/WxFileDialogs.h"
 #include "platform/wx/WxMessageBoxes.h"
 #include "platform/wx/WxProgressWindow.h"
+#include "platform/wx/icons.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/frmTaskEditor.h"
 #include "scripts/interpreter.h"
@@ -158,18 +159,22 @@ class App::Program {
   Program& operator=(const Program&) = delete;
 
   bool Start(const std::string& commandLine) {
-    const MainParts parts{.singleInstance = *services_.singleInstance,
-                          .messageBoxes = messageBoxes_,
-                          .settings = settings_,
-                          .startup = startup_,
-                          .log = *services_.log,
-                          .registerFileType =
-                              [this] {
-                                TellRegistryNotice();
-                                fileTypes_.RegisterFileType(".vts");
-                              },
-                          .loadMainWindow = [this] { window_.Load(); },
-                          .textmode = [this] { window_.Textmode(); }};
+    const MainParts parts{
+        .singleInstance = *services_.singleInstance,
+        .messageBoxes = messageBoxes_,
+        .settings = settings_,
+        .startup = startup_,
+        .log = *services_.log,
+        .registerFileType =
+            [this] {
+              TellRegistryNotice();
+              fileTypes_.RegisterFileType(".vts");
+              services_.fileAssociation->Publish({.programFile = services_.paths.programFile,
+                                                  .programDrawing = IconSource("lorelin"),
+                                                  .scriptDrawing = IconSource("vts")});
+            },
+        .loadMainWindow = [this] { window_.Load(); },
+        .textmode = [this] { window_.Textmode(); }};
     return Main(parts, commandLine) == StartResult::Started;
   }
 
