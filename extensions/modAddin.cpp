@@ -4,12 +4,10 @@
 #include <memory>
 
 #include "app/text.h"
+#include "extensions/registrations.h"
 
 namespace lorelin {
 namespace {
-
-constexpr std::string_view kRoot =
-    "HKEY_CURRENT_USER\\Software\\VB and VBA Program Settings\\Lorelin\\Extensions";
 
 bool IsActiveFilter(std::string_view active) {
   return LowerAscii(WithoutBlanks(active)).starts_with("true");
@@ -23,9 +21,9 @@ ModAddin::ModAddin(Registry& registry, FileWriter& files, Automation& automation
 void ModAddin::Walk(const std::function<bool(const Registration&)>& visit) {
   std::vector<std::string> names;
   std::size_t count = 0;
-  if (!registry_.EnumKeys(kRoot, names, count)) return;
+  if (!registry_.EnumKeys(kExtensionRoot, names, count)) return;
   for (const std::string& name : names) {
-    const std::string key = std::string(kRoot) + "\\" + name;
+    const std::string key = std::string(kExtensionRoot) + "\\" + name;
     if (!visit({.active = registry_.ReadString(key, "Active"), .key = key})) return;
   }
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/paths.h"
 #include "platform/linux/AtomicFileWriter.h"
 #include "platform/linux/CurlDownloader.h"
 #include "platform/linux/DBusAutomation.h"
@@ -24,7 +25,8 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.log = std::make_unique<LogFile>(services.paths.logFile, verbose);
   services.clock = std::make_unique<SystemClock>();
   services.fileSearch = std::make_unique<DirectorySearch>();
-  services.shell = std::make_unique<XdgShell>(*services.log);
+  services.shell = std::make_unique<XdgShell>(PathText(NativePath(services.paths.engineFile).parent_path()),
+                                              *services.log);
   services.launcher = std::make_unique<SpawnLauncher>();
   services.downloader = std::make_unique<CurlDownloader>(*services.log);
   services.fileWriter = std::make_unique<AtomicFileWriter>();

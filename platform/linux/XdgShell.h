@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "platform/Log.h"
 #include "platform/Shell.h"
 
@@ -8,10 +11,15 @@ namespace lorelin {
 // The freedesktop.org shell: xdg-open from an argument vector.
 class XdgShell final : public Shell {
  public:
-  explicit XdgShell(Log& log) : log_(log) {}
+  // `programsFolder` holds the programs that came with this one. Does not own the log.
+  XdgShell(std::string programsFolder, Log& log) : programsFolder_(std::move(programsFolder)), log_(log) {}
   bool OpenFolder(const std::string& folder) override;
+  bool Open(const std::string& item, const std::string& folder, ShowCommand show) override;
 
  private:
+  bool Start(std::vector<std::string> arguments, const std::string& folder);
+
+  std::string programsFolder_;
   Log& log_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -23,14 +24,13 @@ fs::path Resolved(const fs::path& target) {
   return error ? target : pointedTo;
 }
 
-// Asked once: the question changes it for a moment, for every thread.
+// The call that asks for it would change it for a moment, for every thread.
 mode_t CreationMask() {
-  static const mode_t mask = [] {
-    const mode_t found = umask(0);
-    umask(found);
-    return found;
-  }();
-  return mask;
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("Umask:")) return static_cast<mode_t>(std::strtoul(line.c_str() + 6, nullptr, 8));
+  }
+  return 022;
 }
 
 fs::path FolderOf(const fs::path& file) {

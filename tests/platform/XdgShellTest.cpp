@@ -23,7 +23,7 @@ class XdgShellTest : public testing::Test {
   std::string path = std::getenv("PATH");
   TemporaryFolder folder;
   FakeLog log;
-  XdgShell shell{log};
+  XdgShell shell{folder.Path(), log};
 };
 
 TEST_F(XdgShellTest, HandsTheFolderOverAsOneArgument) {

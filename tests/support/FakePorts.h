@@ -160,6 +160,11 @@ class FakeForegroundWindow final : public ForegroundWindow {
 class FakeShell final : public Shell {
  public:
   bool OpenFolder(const std::string& folder) override { return folders.push_back(folder), works; }
+  bool Open(const std::string& item, const std::string& folder, ShowCommand show) override {
+    opened.push_back(item + " in " + folder + " as " + std::to_string(static_cast<int>(show)));
+    return works;
+  }
+  std::vector<std::string> opened;
   std::vector<std::string> folders;
   bool works = true;
 };

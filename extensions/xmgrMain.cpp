@@ -1,0 +1,62 @@
+#include <wx/app.h>
+
+#include <memory>
+
+#include "app/RuntimeError.h"
+#include "app/paths.h"
+#include "extensions/frmXMGR.h"
+#include "platform/Platform.h"
+#include "platform/wx/WxEventPump.h"
+#include "platform/wx/WxMessageBoxes.h"
+#include "platform/wx/userLocale.h"
+
+namespace lorelin {
+namespace {
+
+// The extension manager: a program of its own, since it changes what Lorelin itself only reads.
+class ManagerApp final : public wxApp {
+ public:
+  ManagerApp()
+      : services_(MakePlatformServices(false)), access_(*services_.registry, *services_.fileWriter) {}
+
+  bool OnInit() override {
+    SetAppDisplayName("Lorelin");
+    services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
+    auto* const window = new FrmXMGR(
+        {.registrations = registrations_,
+         .automation = *services_.automation,
+         .messageBoxes = messageBoxes_,
+         .shipped = {{.name = "Abkürzungen", .objectName = "org.lorelin.Abkuerzungen", .install = [this] {
+                        Install("lorelin-abkuerzungen");
+                      }}}});
+    messageBoxes_.SetParent(window);
+    window->Show();
+    // Nobody has to wait for the window while objects are created.
+    CallAfter([window] { window->Check(); });
+    return true;
+  }
+
+ private:
+  void Install(const std::string& program) {
+    const std::string folder = PathText(NativePath(services_.paths.engineFile).parent_path());
+    try {
+      services_.launcher->Start({JoinPath(folder, {program}), "--install"});
+    } catch (const RuntimeError& error) {
+      services_.log->Write(program + ": " + error.what());
+    }
+  }
+
+  PlatformServices services_;
+  ClsRegistryAccess access_;
+  Registrations registrations_{access_};
+  WxMessageBoxes messageBoxes_;
+};
+
+}  // namespace
+}  // namespace lorelin
+
+int main(int argc, char** argv) {
+  lorelin::SetUserLocale();
+  wxApp::SetInstance(new lorelin::ManagerApp);
+  return wxEntry(argc, argv);
+}
