@@ -1,6 +1,8 @@
 # Installed layout: the programs in bin, the shared data that seeds a user's program folder in share/lorelin.
 include(GNUInstallDirs)
 install(TARGETS lorelin-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS lorelin-abkuerzungen RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(PROGRAMS extensions/python/protokoll.py DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin/extensions)
 install(TARGETS lorelin-engine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(TARGET lorelin)
   install(TARGETS lorelin XMGR RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -26,6 +26,10 @@ class Extensions : public testing::Test {
       AddService("org.lorelin.test." + kind,
                  LORELIN_E2E "/difficult.py org.lorelin.test." + kind + " " + kind);
     }
+    WriteFile(folder.File("services/org.lorelin.Abkuerzungen.service"),
+              "[D-BUS Service]\nName=org.lorelin.Abkuerzungen\nExec=" LORELIN_BIN_DIR
+              "/lorelin-abkuerzungen\n");
+    g_setenv("XDG_CONFIG_HOME", folder.Path().c_str(), TRUE);
     g_test_dbus_up(bus);
     automation = std::make_unique<DBusAutomation>(log);
     extensions = std::make_unique<ModAddin>(registry, files, *automation, log);
@@ -110,6 +114,19 @@ TEST_F(Extensions, FailInTheirOwnWays) {
   EXPECT_EQ(Failure("org.lorelin.test.raises"), ErrorNumber::AutomationFailed);
   EXPECT_EQ(Failure("org.lorelin.test.dies"), ErrorNumber::AutomationFailed);
   EXPECT_EQ(Failure("org.lorelin.test.huge"), ErrorNumber::AutomationFailed);
+}
+
+TEST_F(Extensions, SpellOutAbbreviations) {
+  Register("Abkürzungen", "org.lorelin.Abkuerzungen");
+  extensions->Startup();
+  extensions->OpenFile("/x.txt");
+  EXPECT_TRUE(log.lines.empty());
+  Register("B", "org.lorelin.test.one");
+  EXPECT_EQ(extensions->FilterText("Dr. Meyer, z. B. am 3.10. um 9 Uhr"),
+            "Doktor Meyer, zum Beispiel am dritten Oktober um neun Uhr+one");
+  std::filesystem::create_directories(folder.File("lorelin"));
+  WriteFile(folder.File("lorelin/abkuerzungen.txt"), "VBG = Berufsgenossenschaft\n");
+  EXPECT_EQ(extensions->FilterText("die VBG"), "die Berufsgenossenschaft+one");
 }
 
 TEST_F(Extensions, CannotBeCreatedUnderAWrongName) {

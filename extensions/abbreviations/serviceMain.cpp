@@ -1,0 +1,147 @@
+// The extension "Abkürzungen": filters every text before it is spoken. A program of its own on the session
+// bus, started by the bus when Lorelin first asks for it; it ends after some minutes without a call.
+#include <gio/gio.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "extensions/abbreviations/spokenGerman.h"
+
+namespace {
+
+constexpr const char* kName = "org.lorelin.Abkuerzungen";
+constexpr const char* kPath = "/org/lorelin/Abkuerzungen";
+constexpr guint kIdleSeconds = 300;
+constexpr guint kIdleLook = 30;
+
+namespace fs = std::filesystem;
+
+std::string BaseFolder(const char* variable, const char* belowHome) {
+  const char* const value = std::getenv(variable);
+  return value != nullptr && *value == '/' ? std::string(value) : std::string(g_get_home_dir()) + belowHome;
+}
+
+fs::path WordListFile() {
+  return fs::path(BaseFolder("XDG_CONFIG_HOME", "/.config")) / "lorelin" / "abkuerzungen.txt";
+}
+
+// Read again whenever it has changed.
+class OwnWords {
+ public:
+  const lorelin::WordList& Current() {
+    std::error_code error;
+    const auto changed = fs::last_write_time(WordListFile(), error);
+    if (error) {
+      words_.clear();
+    } else if (changed != seen_) {
+      std::ifstream file(WordListFile(), std::ios::binary);
+      words_ = lorelin::ParseWordList(std::string(std::istreambuf_iterator<char>(file), {}));
+      seen_ = changed;
+    }
+    return words_;
+  }
+
+ private:
+  lorelin::WordList words_;
+  fs::file_time_type seen_;
+};
+
+struct Service {
+  GMainLoop* loop = nullptr;
+  OwnWords words;
+  std::atomic<gint64> lastCall = 0;
+};
+
+// Every hook that Lorelin calls has to be there; all but one do nothing.
+bool IsHook(const std::string& method) {
+  for (const char* const hook : {"Startup", "Close", "NewFile", "SaveFile", "Export", "TaskScript"}) {
+    if (method == hook) return true;
+  }
+  return false;
+}
+
+GDBusMessage* Answer(GDBusMessage* call, Service& service) {
+  const std::string method = g_dbus_message_get_member(call);
+  GVariant* const body = g_dbus_message_get_body(call);
+  GDBusMessage* const reply = g_dbus_message_new_method_reply(call);
+  if (IsHook(method)) return reply;
+  if (method == "FilterText" && body != nullptr && g_variant_is_of_type(body, G_VARIANT_TYPE("(s)"))) {
+    const gchar* text = nullptr;
+    g_variant_get(body, "(&s)", &text);
+    const std::string spoken = lorelin::SpokenGerman(text, service.words.Current());
+    g_dbus_message_set_body(reply, g_variant_new("(s)", spoken.c_str()));
+    return reply;
+  }
+  g_object_unref(reply);
+  return g_dbus_message_new_method_error(call, "org.freedesktop.DBus.Error.UnknownMethod",
+                                         "Unbekannte Methode %s", method.c_str());
+}
+
+// Calls come with one argument or with none; interface descriptions know no such methods.
+GDBusMessage* Filter(GDBusConnection* bus, GDBusMessage* message, gboolean incoming, gpointer data) {
+  const bool ours = incoming != FALSE &&
+                    g_dbus_message_get_message_type(message) == G_DBUS_MESSAGE_TYPE_METHOD_CALL &&
+                    g_strcmp0(g_dbus_message_get_path(message), kPath) == 0 &&
+                    g_strcmp0(g_dbus_message_get_interface(message), kName) == 0;
+  if (!ours) return message;
+  auto& service = *static_cast<Service*>(data);
+  service.lastCall = g_get_monotonic_time();
+  GDBusMessage* const reply = Answer(message, service);
+  g_dbus_connection_send_message(bus, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+  g_object_unref(reply);
+  g_object_unref(message);
+  return nullptr;
+}
+
+gboolean EndWhenIdle(gpointer data) {
+  auto& service = *static_cast<Service*>(data);
+  if (g_get_monotonic_time() - service.lastCall > gint64{kIdleSeconds} * G_USEC_PER_SEC)
+    g_main_loop_quit(service.loop);
+  return G_SOURCE_CONTINUE;
+}
+
+// Tells the bus how to start the program.
+int Install() {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  const fs::path folder = fs::path(BaseFolder("XDG_DATA_HOME", "/.local/share")) / "dbus-1" / "services";
+  fs::create_directories(folder, error);
+  std::ofstream file(folder / (std::string(kName) + ".service"));
+  file << "[D-BUS Service]\nName=" << kName << "\nExec=\"" << program.string() << "\"\n";
+  return file.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int Serve() {
+  GError* error = nullptr;
+  GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
+  if (bus == nullptr) {
+    g_printerr("lorelin-abkuerzungen: %s\n", error->message);
+    g_error_free(error);
+    return EXIT_FAILURE;
+  }
+  Service service;
+  service.loop = g_main_loop_new(nullptr, FALSE);
+  service.lastCall = g_get_monotonic_time();
+  g_dbus_connection_add_filter(bus, &Filter, &service, nullptr);
+  const auto lost = [](GDBusConnection*, const gchar*, gpointer loop) {
+    g_main_loop_quit(static_cast<GMainLoop*>(loop));
+  };
+  const guint owner = g_bus_own_name_on_connection(bus, kName, G_BUS_NAME_OWNER_FLAGS_NONE, nullptr, lost,
+                                                   service.loop, nullptr);
+  g_timeout_add_seconds(kIdleLook, &EndWhenIdle, &service);
+  g_main_loop_run(service.loop);
+  g_bus_unown_name(owner);
+  g_main_loop_unref(service.loop);
+  g_object_unref(bus);
+  return EXIT_SUCCESS;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return argc > 1 && std::string(argv[1]) == "--install" ? Install() : Serve();
+}
