@@ -26,7 +26,18 @@ constexpr std::int32_t kDiscardLeftovers = 1199;
 
 }  // namespace
 
-MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
+MainWindow::MainWindow(Parts parts)
+    : parts_(std::move(parts)),
+      links_({.view = parts_.view,
+              .editor = parts_.editor,
+              .messageBoxes = parts_.messageBoxes,
+              .shell = parts_.shell,
+              .log = parts_.log,
+              .textmode = [this] { Textmode(); },
+              .openDoc = [this] { parts_.documents.OpenDoc(); },
+              .showHomePage = [this] { ShowHomePage(); },
+              .speak = [this] { RunCommand("SpeakDocument"); }}) {
+  parts_.browser.OnNavigate([this](std::string& address) { return links_.BeforeNavigate(address); });
   FillCommands();
   parts_.speech.OnExportAvailable(
       [this](bool available) { parts_.view.EnableToolbarButton("Exportieren", available); });
@@ -37,6 +48,7 @@ MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
 MainWindow::~MainWindow() {
   parts_.speech.OnExportAvailable({});
   parts_.taskPane.OnClick({});
+  parts_.browser.OnNavigate({});
 }
 
 void MainWindow::FillCommands() {
@@ -71,10 +83,14 @@ void MainWindow::FillCommands() {
   commands_.Add("ChangeVolume", [this] { parts_.voiceDialogs.ChangeParameter(VoiceParameter::Volume); });
   commands_.Add("ChangeSpeed", [this] { parts_.voiceDialogs.ChangeParameter(VoiceParameter::Speed); });
   commands_.Add("ChangePitch", [this] { parts_.voiceDialogs.ChangeParameter(VoiceParameter::Pitch); });
-  for (const auto name : {"Settings", "ManageExtensions", "ShowHelp", "GetMoreVoices", "ReportError",
-                          "MoreInfo", "SearchForUpdates", "About"}) {
-    commands_.Add(name, [] {});
-  }
+  commands_.Add("Settings", [this] { parts_.helpDialogs.ShowSettings(); });
+  commands_.Add("ManageExtensions", [this] { parts_.launches.ManageExtensions(); });
+  commands_.Add("ShowHelp", [this] { ShowPage("hilfe.htm"); });
+  commands_.Add("GetMoreVoices", [this] { parts_.launches.GetMoreVoices(); });
+  commands_.Add("ReportError", [this] { parts_.launches.ReportError(); });
+  commands_.Add("MoreInfo", [this] { ShowPage("About.htm"); });
+  commands_.Add("SearchForUpdates", [this] { parts_.launches.SearchForUpdates(); });
+  commands_.Add("About", [this] { parts_.helpDialogs.ShowAbout(); });
 }
 
 void MainWindow::Guarded(std::string_view what, const std::function<void()>& action) {
@@ -120,6 +136,7 @@ void MainWindow::Load() {
             {"document", [&] { OpenStartupDocument(); }},
             {"speak", [&] { SpeakStartupDocument(); }},
             {"script parameter", [&] { RefuseParameterScript(); }},
+            {"placement", [&] { parts_.view.Place(parts_.settings.Get(setting::Placement)); }},
             {"show", [&] { parts_.view.ShowWindow(); }},
             {"loaded", [&] { parts_.startup.loadingInProgress = false; }}});
 }
@@ -135,7 +152,19 @@ void MainWindow::ChooseInitialMode() {
     return;
   }
   InteractiveMode();
+  ShowHomePage();
+}
+
+void MainWindow::ShowHomePage() {
   parts_.browser.Navigate(homePage_);
+}
+
+void MainWindow::SettingsApplied() {
+  const auto follow = [this](WatchTimer timer, const SettingKey& key) {
+    parts_.view.EnableTimer(timer, IsOn(key, parts_.settings.Get(key)));
+  };
+  follow(WatchTimer::WindowTitle, setting::ReadTitleOnAppChange);
+  follow(WatchTimer::Clipboard, setting::ReadClipboardOnChange);
 }
 
 void MainWindow::FillTaskPane() {
@@ -367,8 +396,8 @@ void MainWindow::EditorChanged(std::size_t characters) {
   parts_.recovery.Changed();
 }
 
-void MainWindow::CloseRequested() {
-  if (closing_ || !parts_.mayClose()) return;
+void MainWindow::CloseRequested(bool forced) {
+  if (closing_ || (!forced && !parts_.mayClose())) return;
   closing_ = true;
   parts_.interpreter.Cancel();
   RunSteps("Schließen",
@@ -379,7 +408,11 @@ void MainWindow::CloseRequested() {
                parts_.recovery.SnapshotDue();
                parts_.recovery.FinishWriting();
              }},
-            {"hide", [&] { parts_.view.HideWindow(); }}});
+            {"placement", [&] { parts_.settings.Save(setting::Placement, parts_.view.Placement()); }},
+            {"hide", [&] { parts_.view.HideWindow(); }},
+            {"survey", [&] {
+               if (!forced) InviteToSurvey(parts_.helpDialogs, parts_.settings, parts_.launches);
+             }}});
   parts_.view.EndProgram();
 }
 

@@ -11,13 +11,16 @@
 #include "app/RecentFiles.h"
 #include "app/Recovery.h"
 #include "app/StartupState.h"
+#include "app/browserLinks.h"
 #include "app/commands.h"
 #include "extensions/modAddin.h"
+#include "help/launches.h"
 #include "monitor/DesktopMonitor.h"
 #include "platform/BrowserPane.h"
 #include "platform/Clipboard.h"
 #include "platform/DocumentEditor.h"
 #include "platform/EditorCommands.h"
+#include "platform/HelpDialogs.h"
 #include "platform/Log.h"
 #include "platform/MainView.h"
 #include "platform/MessageBoxes.h"
@@ -60,6 +63,8 @@ class MainWindow {
     DesktopMonitor& monitor;
     Interpreter& interpreter;
     TaskMenu& tasks;
+    HelpDialogs& helpDialogs;
+    Launches& launches;
     StartupState& startup;
     std::string programFolder;
     std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
@@ -94,8 +99,10 @@ class MainWindow {
   void TimerTicked(WatchTimer timer);
   // What was saved of unsaved texts is another set of files.
   void OfferLeftovers();
-  // The window is asked to close, by the user or the system.
-  void CloseRequested();
+  // The settings dialog has stored what it showed.
+  void SettingsApplied();
+  // The window is asked to close, by the user or, without a choice, by the system.
+  void CloseRequested(bool forced = false);
   // The window goes away by other means.
   void Unloaded();
 
@@ -111,6 +118,7 @@ class MainWindow {
   void FillCommands();
   void Guarded(std::string_view what, const std::function<void()>& action);
   void RunSteps(std::string_view sequence, const std::vector<Step>& steps);
+  void ShowHomePage();
   void StartTimer(WatchTimer timer, const SettingKey& key);
   void ChooseInitialMode();
   void FillTaskPane();
@@ -131,6 +139,7 @@ class MainWindow {
   void CutSelection();
 
   Parts parts_;
+  BrowserLinks links_;
   CommandTable commands_;
   bool loaded_ = false;
   bool closing_ = false;

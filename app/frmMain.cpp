@@ -1,10 +1,12 @@
 #include "app/frmMain.h"
 
+#include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
+#include <sstream>
 #include <utility>
 
 #include "app/MainWindow.h"
@@ -166,8 +168,8 @@ void FrmMain::OnCharHook(wxKeyEvent& event) {
   if (code == 0 || !window_->KeyPressed(code)) event.Skip();
 }
 
-void FrmMain::OnClose(wxCloseEvent&) {
-  window_->CloseRequested();
+void FrmMain::OnClose(wxCloseEvent& event) {
+  window_->CloseRequested(!event.CanVeto());
 }
 
 void FrmMain::ShowEditor(bool visible) {
@@ -252,6 +254,26 @@ void FrmMain::SearchAgain() {
 void FrmMain::Zoom(int steps) {
   if (rtfText_->IsShown()) return rtfText_->Zoom(steps);
   wbBrowser_->Zoom(steps);
+}
+
+std::string FrmMain::Placement() {
+  const wxRect place = GetRect();
+  return std::to_string(place.x) + " " + std::to_string(place.y) + " " + std::to_string(place.width) + " " +
+         std::to_string(place.height) + " " + (IsMaximized() ? "1" : "0") + " " +
+         std::to_string(splitter_->GetSashPosition());
+}
+
+// A place on a screen that has gone, or too small to be found, is not taken.
+void FrmMain::Place(std::string_view placement) {
+  std::istringstream numbers{std::string(placement)};
+  wxRect place;
+  int maximized = 0;
+  int sash = 0;
+  if (!(numbers >> place.x >> place.y >> place.width >> place.height >> maximized >> sash)) return;
+  const bool seen = wxDisplay::GetFromPoint(place.GetTopLeft() + wxPoint(place.width / 2, 10)) != wxNOT_FOUND;
+  if (seen && place.width >= GetMinWidth() && place.height >= GetMinHeight()) SetSize(place);
+  if (maximized == 1) Maximize();
+  if (sash >= splitter_->GetMinimumPaneSize() && sash < place.width) splitter_->SetSashPosition(sash);
 }
 
 void FrmMain::ShowWindow() {

@@ -53,6 +53,8 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void ShowSearch(bool replace) override;
   void SearchAgain() override;
   void Zoom(int steps) override;
+  std::string Placement() override;
+  void Place(std::string_view placement) override;
   void ShowWindow() override;
   void HideWindow() override;
   void EndProgram() override { endProgram_(); }

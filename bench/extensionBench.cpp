@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "extensions/abbreviations/spokenGerman.h"
+#include "extensions/german/spokenGerman.h"
 #include "extensions/modAddin.h"
 #include "extensions/registrations.h"
 #include "platform/linux/AtomicFileWriter.h"

@@ -25,6 +25,9 @@ class MainView {
   virtual void SetTitle(std::string_view title) = 0;
   // The documents that the menu offers to open again, the latest first.
   virtual void SetRecentFiles(const std::vector<std::string>& paths) = 0;
+  // Where the window stands and how it is parted, in a form of its own; "" leaves it as it is.
+  [[nodiscard]] virtual std::string Placement() = 0;
+  virtual void Place(std::string_view placement) = 0;
   virtual void ShowWindow() = 0;
   virtual void HideWindow() = 0;
   // Ends the process: windows and engines go, a wait that is still under way is abandoned.

@@ -60,6 +60,8 @@ inline constexpr SettingKey PitchInDialog{"Voice", "Pitch", SettingForm::Number,
 inline constexpr SettingKey LaunchMailProgram{"Extension Settings", "LaunchMailProgram",
                                               SettingForm::TrueFalse, "false",
                                               "open the e-mail program after an export"};
+inline constexpr SettingKey Placement{"Window", "Placement", SettingForm::Text, "",
+                                      "where the main window stood, in the toolkit's form"};
 
 // Every setting, in the order above.
 inline constexpr std::array All{
@@ -87,6 +89,7 @@ inline constexpr std::array All{
     &SpeedInDialog,
     &PitchInDialog,
     &LaunchMailProgram,
+    &Placement,
 };
 
 }  // namespace setting

@@ -13,6 +13,8 @@
 #include "app/modFileReg.h"
 #include "app/paths.h"
 #include "help/errorPage.h"
+#include "help/frmHelpDialogs.h"
+#include "help/launches.h"
 #include "platform/Platform.h"
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxEventPump.h"
@@ -117,6 +119,14 @@ class App::Program {
                     [this](std::int32_t number, const std::string& description) {
                       errorPage_.ShowErrorPage(number, description);
                     }}),
+        helpDialogs_(
+            {.settings = modSettings_,
+             .messageBoxes = messageBoxes_,
+             .pictureFile = JoinPath(services_.paths.programFolder, {"hypertext", "farbverlauf.jpg"}),
+             .titlesObstacle = services_.foreground->Obstacle(),
+             .applied = [this] { window_.SettingsApplied(); },
+             .manageExtensions = [this] { launches_.ManageExtensions(); }}),
+        launches_(*services_.shell, *services_.log, services_.paths.programFolder),
         window_({.view = *form_,
                  .editor = document_,
                  .browser = form_->Browser(),
@@ -138,6 +148,8 @@ class App::Program {
                  .monitor = monitor_,
                  .interpreter = interpreter_,
                  .tasks = tasks_,
+                 .helpDialogs = helpDialogs_,
+                 .launches = launches_,
                  .startup = startup_,
                  .programFolder = services_.paths.programFolder,
                  .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); }}),
@@ -148,6 +160,7 @@ class App::Program {
     messageBoxes_.SetParent(form_.get());
     fileDialogs_.SetParent(form_.get());
     voiceDialogs_.SetParent(form_.get());
+    helpDialogs_.SetParent(form_.get());
   }
 
   ~Program() {
@@ -251,6 +264,9 @@ class App::Program {
   Interpreter interpreter_;
   ErrorPage errorPage_;
   TaskMenu tasks_;
+  ModSettings modSettings_{settings_};
+  FrmHelpDialogs helpDialogs_;
+  Launches launches_;
   MainWindow window_;
   ModFileReg fileTypes_;
   FrmTaskEditor* taskEditor_ = nullptr;  // goes with the main form

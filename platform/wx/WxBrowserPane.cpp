@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/paths.h"
+#include "app/text.h"
 #include "platform/wx/accessibility.h"
 #include "platform/wx/offlineFilter.h"
 #include "platform/wx/text.h"
@@ -18,8 +19,26 @@ namespace {
 constexpr double kZoomStep = 1.15;
 constexpr int kMostZoomSteps = 12;
 
+constexpr const char* kMessageHandler = "lorelin";
+
+// The engine hands over links with a small scheme and escaped umlauts.
+constexpr const char* kReportClicks = R"(
+document.addEventListener('click', function (event) {
+  var link = event.target.closest ? event.target.closest('a[href]') : null;
+  if (link) window.webkit.messageHandlers.lorelin.postMessage(link.getAttribute('href'));
+}, true);
+)";
+
 bool IsLocal(const std::string& address) {
   return address.starts_with("file:") || address.starts_with("about:");
+}
+
+// The address as the page has it, when it was a click on it that led there.
+std::string AsWritten(const std::string& address, const std::string& clicked) {
+  const auto scheme = clicked.find(':');
+  if (scheme == std::string::npos) return address;
+  const bool same = LowerAscii(address.substr(0, scheme + 1)) == LowerAscii(clicked.substr(0, scheme + 1));
+  return same && !IsLocal(address) ? clicked : address;
 }
 
 }  // namespace
@@ -39,7 +58,12 @@ void WxBrowserPane::CreateView() {
   GetSizer()->Add(view_, wxSizerFlags(1).Expand());
   Layout();
   if (offline_) BlockNetwork(*view_, filterFolder_);
+  view_->AddScriptMessageHandler(kMessageHandler);
+  view_->AddUserScript(kReportClicks);
+  view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,
+              [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); });
   view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
+  view_->Bind(wxEVT_WEBVIEW_NEWWINDOW, &WxBrowserPane::OnNewWindow, this);
   view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);
 }
 
@@ -61,11 +85,19 @@ void WxBrowserPane::Zoom(int steps) {
   if (view_ != nullptr) view_->SetZoomFactor(static_cast<float>(std::pow(kZoomStep, zoomSteps_)));
 }
 
+// What a link does may take as long as a speech, and the view is in the middle of its event here.
 void WxBrowserPane::OnNavigating(wxWebViewEvent& event) {
-  const std::string address = FromWx(event.GetURL());
-  if (!offline_ || IsLocal(address)) return;
-  log_.Write("Nicht geladen: " + address);
+  std::string address = AsWritten(FromWx(event.GetURL()), std::exchange(clicked_, {}));
+  if (IsLocal(address)) return;
   event.Veto();
+  CallAfter([this, address]() mutable {
+    if (!handler_ || !handler_(address)) log_.Write("Nicht geladen: " + address);
+  });
+}
+
+// A link that wants a window of its own is followed in this one.
+void WxBrowserPane::OnNewWindow(wxWebViewEvent& event) {
+  view_->LoadURL(event.GetURL());
 }
 
 void WxBrowserPane::OnError(wxWebViewEvent& event) {

@@ -19,6 +19,9 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
 
   void SetOffline() override { offline_ = true; }
   void Navigate(const std::string& path) override;
+  void OnNavigate(std::function<bool(std::string& address)> handler) override {
+    handler_ = std::move(handler);
+  }
   void SetFocus() override;
   void SelectAll();
   // Larger, smaller, or (0) as usual.
@@ -27,11 +30,14 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
  private:
   void CreateView();
   void OnNavigating(wxWebViewEvent& event);
+  void OnNewWindow(wxWebViewEvent& event);
   void OnError(wxWebViewEvent& event);
 
   std::string filterFolder_;
   Log& log_;
   wxWebView* view_ = nullptr;  // owned by the window tree
+  std::function<bool(std::string& address)> handler_;
+  std::string clicked_;  // the link as it stands in the page, until the navigation to it
   bool offline_ = false;
   int zoomSteps_ = 0;
 };

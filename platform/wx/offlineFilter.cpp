@@ -34,6 +34,8 @@ void AddFilter(GObject* store, GAsyncResult* result, gpointer view) {
 void BlockNetwork(wxWebView& view, const std::string& folder) {
   auto* const native = static_cast<GObject*>(view.GetNativeBackend());
   if (native == nullptr) return;
+  // Pages have no programs of their own; ours still runs in them.
+  webkit_settings_set_enable_javascript_markup(webkit_web_view_get_settings(WEBKIT_WEB_VIEW(native)), FALSE);
   WebKitUserContentFilterStore* const store = webkit_user_content_filter_store_new(folder.c_str());
   GBytes* const rules = g_bytes_new_static(kRules, std::char_traits<char>::length(kRules));
   webkit_user_content_filter_store_save(store, "offline", rules, nullptr, &AddFilter, g_object_ref(native));

@@ -10,7 +10,6 @@ namespace {
 
 class MainWindowTest : public ScriptFixture {
  protected:
-  FakeShell shell;
   FakeSingleInstance singleInstance;
   MainWindow window{{.view = view,
                      .editor = guarded,
@@ -33,6 +32,8 @@ class MainWindowTest : public ScriptFixture {
                      .monitor = monitor,
                      .interpreter = interpreter,
                      .tasks = tasks,
+                     .helpDialogs = helpDialogs,
+                     .launches = launches,
                      .startup = startup,
                      .programFolder = folder.Path()}};
   ModFileReg fileTypes{registry, messageBoxes, "C:\\Programme\\X", "C:\\Programme\\X\\prog.exe"};
@@ -76,10 +77,10 @@ TEST_F(Loading, StartsInInteractiveModeByDefault) {
 TEST_F(Loading, StartsInTextModeWhenShowWbIsNotOne) {
   for (const auto* const stored : {"0", "true", ""}) {
     Set(setting::ShowWB, stored);
-    MainWindow other({view,      document,    browser, taskPane, statusBar,    messageBoxes,
-                      clipboard, shell,       log,     settings, documents,    editing,
-                      recent,    recovery,    speech,  exporter, voiceDialogs, extensions,
-                      monitor,   interpreter, tasks,   startup,  folder.Path()});
+    MainWindow other({view,        document, browser,      taskPane,     statusBar, messageBoxes, clipboard,
+                      shell,       log,      settings,     documents,    editing,   recent,       recovery,
+                      speech,      exporter, voiceDialogs, extensions,   monitor,   interpreter,  tasks,
+                      helpDialogs, launches, startup,      folder.Path()});
     calls.Clear();
     other.Load();
     EXPECT_TRUE(view.editorVisible) << stored;
@@ -369,10 +370,19 @@ TEST_F(Commands, LetClosingEndAScript) {
 }
 
 TEST_F(Commands, KeepTheWindowOpenForSomethingUndecided) {
-  MainWindow other({view,      document,    browser, taskPane, statusBar,     messageBoxes,
-                    clipboard, shell,       log,     settings, documents,     editing,
-                    recent,    recovery,    speech,  exporter, voiceDialogs,  extensions,
-                    monitor,   interpreter, tasks,   startup,  folder.Path(), [] { return false; }});
+  MainWindow other({view,          document,
+                    browser,       taskPane,
+                    statusBar,     messageBoxes,
+                    clipboard,     shell,
+                    log,           settings,
+                    documents,     editing,
+                    recent,        recovery,
+                    speech,        exporter,
+                    voiceDialogs,  extensions,
+                    monitor,       interpreter,
+                    tasks,         helpDialogs,
+                    launches,      startup,
+                    folder.Path(), [] { return false; }});
   other.CloseRequested();
   EXPECT_FALSE(calls.Has("view.end"));
 }

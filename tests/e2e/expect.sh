@@ -56,3 +56,6 @@ is_wave() {
 }
 
 no_engine_left() { ! pgrep -f "^$1/lorelin-engine" >/dev/null; }
+
+# Without the invitation to the survey, which would wait for an answer at every end.
+no_survey() { "$1/lorelin-cli" reg add 'HKCU\Software\VB and VBA Program Settings\Lorelin\Settings' Survey false; }

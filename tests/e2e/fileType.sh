@@ -9,6 +9,7 @@ unset LORELIN_HOME
 # Without a desktop the tool would look into the file instead of into the types.
 export HOME=$home XDG_CACHE_HOME=$home/cache XDG_CURRENT_DESKTOP=GNOME
 mkdir -p "$home/prog"
+no_survey "$bin"
 cp -r "$bin/lorelin" "$bin/lorelin-engine" "$bin/hypertext" "$bin/vts.ico" "$home/prog"
 printf 'Stopp();' >"$home/x.vts"
 

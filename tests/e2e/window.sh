@@ -6,6 +6,7 @@ fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
 lorelin=$bin/lorelin
+no_survey "$bin"
 
 start() {
   "$lorelin" "$@" >"$home/log" 2>&1 &

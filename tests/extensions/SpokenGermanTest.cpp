@@ -1,11 +1,11 @@
-#include "extensions/abbreviations/spokenGerman.h"
+#include "extensions/german/spokenGerman.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "extensions/abbreviations/numberWords.h"
+#include "extensions/german/numberWords.h"
 
 namespace lorelin {
 namespace {

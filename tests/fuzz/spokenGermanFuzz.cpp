@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "app/textEncoding.h"
-#include "extensions/abbreviations/spokenGerman.h"
+#include "extensions/german/spokenGerman.h"
 
 // Any bytes come through, and a text stays a text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -11,6 +11,7 @@
 #include "app/RecentFiles.h"
 #include "app/Recovery.h"
 #include "app/frmMain.h"
+#include "help/frmHelpDialogs.h"
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxEventPump.h"
 #include "platform/wx/text.h"
@@ -126,6 +127,14 @@ class FormFixture : public testing::Test {
                       .clock = clock,
                       .extensions = extensions}};
   FrmVoiceDialogs voiceDialogs{speech, settings};
+  Launches launches{shell, log, folder.Path()};
+  ModSettings modSettings{settings};
+  FrmHelpDialogs helpDialogs{{.settings = modSettings,
+                              .messageBoxes = messageBoxes,
+                              .pictureFile = folder.File("hypertext/farbverlauf.jpg"),
+                              .titlesObstacle = {},
+                              .applied = [this] { window.SettingsApplied(); },
+                              .manageExtensions = [this] { launches.ManageExtensions(); }}};
   FakeForegroundWindow foreground;
   DesktopMonitor monitor{
       {.clipboard = clipboard, .foreground = foreground, .statusBar = form, .speech = speech}};
@@ -175,6 +184,8 @@ class FormFixture : public testing::Test {
                      .monitor = monitor,
                      .interpreter = interpreter,
                      .tasks = tasks,
+                     .helpDialogs = helpDialogs,
+                     .launches = launches,
                      .startup = startup,
                      .programFolder = folder.Path()}};
 };

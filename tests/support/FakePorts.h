@@ -22,6 +22,7 @@
 #include "platform/FileSearch.h"
 #include "platform/FileWriter.h"
 #include "platform/ForegroundWindow.h"
+#include "platform/HelpDialogs.h"
 #include "platform/Log.h"
 #include "platform/MainView.h"
 #include "platform/MessageBoxes.h"
@@ -258,6 +259,15 @@ class FakeVoiceDialogs final : public VoiceDialogs {
   std::vector<std::string> shown;
 };
 
+class FakeHelpDialogs final : public HelpDialogs {
+ public:
+  void ShowAbout() override { shown.emplace_back("About"); }
+  void ShowSettings() override { shown.emplace_back("Settings"); }
+  SurveyAnswer AskForSurvey() override { return shown.emplace_back("Survey"), answer; }
+  std::vector<std::string> shown;
+  SurveyAnswer answer = SurveyAnswer::Later;
+};
+
 class FakeSingleInstance final : public SingleInstance {
  public:
   bool IsAlreadyRunning() override { return running; }
@@ -289,6 +299,8 @@ class FakeBrowserPane final : public BrowserPane {
   explicit FakeBrowserPane(CallLog& log) : log_(log) {}
   void SetOffline() override { log_.Add("browser.offline"); }
   void Navigate(const std::string& path) override { log_.Add("browser.navigate " + path); }
+  void OnNavigate(std::function<bool(std::string&)> handler) override { onNavigate = std::move(handler); }
+  std::function<bool(std::string&)> onNavigate;
 
  private:
   CallLog& log_;
@@ -314,6 +326,9 @@ class FakeMainView final : public MainView {
   }
   void SetTitle(std::string_view text) override { title = text; }
   void SetRecentFiles(const std::vector<std::string>& paths) override { recentFiles = paths; }
+  std::string Placement() override { return placement; }
+  void Place(std::string_view text) override { placement = text; }
+  std::string placement = "1 2 3 4 0 5";
   void ShowWindow() override { log_.Add("view.show"); }
   void HideWindow() override { log_.Add("view.hide"); }
   void EndProgram() override { log_.Add("view.end"); }

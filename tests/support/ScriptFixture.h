@@ -7,6 +7,7 @@
 #include "app/RecentFiles.h"
 #include "app/Recovery.h"
 #include "help/errorPage.h"
+#include "help/launches.h"
 #include "monitor/DesktopMonitor.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
@@ -33,6 +34,9 @@ class ScriptFixture : public SpeechFixture {
   FakeFileDialogs fileDialogs;
   FakeProgressWindow progress;
   FakeVoiceDialogs voiceDialogs;
+  FakeHelpDialogs helpDialogs;
+  FakeShell shell;
+  Launches launches{shell, log, folder.Path()};
   FakeEditorCommands editing;
   FakeFileSearch recoveryFiles;
   Recovery recovery{{.editor = document,

@@ -1,4 +1,4 @@
-#include "extensions/abbreviations/abbreviationRule.h"
+#include "extensions/german/abbreviationRule.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "extensions/abbreviations/numberWords.h"
+#include "extensions/german/numberWords.h"
 
 #include <array>
 

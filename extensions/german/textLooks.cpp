@@ -1,8 +1,8 @@
-#include "extensions/abbreviations/textLooks.h"
+#include "extensions/german/textLooks.h"
 
 #include <charconv>
 
-#include "extensions/abbreviations/numberWords.h"
+#include "extensions/german/numberWords.h"
 
 namespace lorelin {
 namespace {

@@ -1,8 +1,8 @@
-#include "extensions/abbreviations/measures.h"
+#include "extensions/german/measures.h"
 
 #include <array>
 
-#include "extensions/abbreviations/textLooks.h"
+#include "extensions/german/textLooks.h"
 
 namespace lorelin {
 namespace {

@@ -1,10 +1,10 @@
-#include "extensions/abbreviations/numberRule.h"
+#include "extensions/german/numberRule.h"
 
 #include <algorithm>
 #include <array>
 
-#include "extensions/abbreviations/measures.h"
-#include "extensions/abbreviations/numberWords.h"
+#include "extensions/german/measures.h"
+#include "extensions/german/numberWords.h"
 
 namespace lorelin {
 namespace {

@@ -1,11 +1,11 @@
-#include "extensions/abbreviations/spokenGerman.h"
+#include "extensions/german/spokenGerman.h"
 
 #include <algorithm>
 
 #include "app/text.h"
 #include "app/textEncoding.h"
-#include "extensions/abbreviations/abbreviationRule.h"
-#include "extensions/abbreviations/numberRule.h"
+#include "extensions/german/abbreviationRule.h"
+#include "extensions/german/numberRule.h"
 
 namespace lorelin {
 namespace {

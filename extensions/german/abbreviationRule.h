@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "extensions/abbreviations/textLooks.h"
+#include "extensions/german/textLooks.h"
 
 namespace lorelin {
 

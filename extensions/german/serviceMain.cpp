@@ -9,7 +9,7 @@
 #include <iterator>
 #include <string>
 
-#include "extensions/abbreviations/spokenGerman.h"
+#include "extensions/german/spokenGerman.h"
 
 namespace {
 
