@@ -1,4 +1,5 @@
 #include <wx/app.h>
+#include <wx/log.h>
 
 #include <memory>
 
@@ -8,6 +9,7 @@
 #include "platform/Platform.h"
 #include "platform/wx/WxEventPump.h"
 #include "platform/wx/WxMessageBoxes.h"
+#include "platform/wx/toolkit.h"
 #include "platform/wx/userLocale.h"
 
 namespace lorelin {
@@ -21,6 +23,7 @@ class ManagerApp final : public wxApp {
 
   bool OnInit() override {
     SetAppDisplayName("Lorelin");
+    PrepareToolkit(*services_.log);
     services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
     auto* const window = new FrmXMGR(
         {.registrations = registrations_,
@@ -34,6 +37,11 @@ class ManagerApp final : public wxApp {
     // Nobody has to wait for the window while objects are created.
     CallAfter([window] { window->Check(); });
     return true;
+  }
+
+  int OnExit() override {
+    delete wxLog::SetActiveTarget(new wxLogStderr);
+    return wxApp::OnExit();
   }
 
  private:

@@ -122,7 +122,7 @@ Found DateAt(std::string_view text, std::size_t at) {
   std::size_t end = month.end;
   if (!byName) {
     const std::size_t next = SkipBlanks(text, end);
-    if (next >= text.size() || text[next] == '\n') words += '.';
+    if (next >= text.size() || text[next] == '\n' || (next > end && IsUpperAt(text, next))) words += '.';
   }
   return SpokenMatch{end - at, words};
 }
@@ -246,7 +246,7 @@ Found PhoneAt(std::string_view text, std::size_t at) {
   }
   std::size_t good = at;
   int gaps = 0;
-  while (end < text.size()) {
+  while (end < text.size() && digits <= 16) {
     if (IsDigit(text[end])) {
       const std::size_t begin = end;
       while (end < text.size() && IsDigit(text[end])) ++end;

@@ -81,7 +81,8 @@ std::string SpokenGerman(std::string_view text, const WordList& own) {
     boundary = !IsDigit(last) && (WordAt(text, at).size() != length);
     // A word right behind a number that was spoken needs a gap.
     at += length;
-    if (found && found->length > 0 && !WordAt(text, at).empty() && out.back() != ' ') out += ' ';
+    const bool glued = !WordAt(text, at).empty() || (at < text.size() && IsDigit(text[at]));
+    if (found && found->length > 0 && glued && out.back() != ' ') out += ' ';
     if (found && found->length > 0) boundary = true;
   }
   return out;

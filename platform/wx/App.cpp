@@ -1,5 +1,7 @@
 #include "platform/wx/App.h"
 
+#include <wx/log.h>
+
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -22,6 +24,7 @@
 #include "platform/wx/WxMessageBoxes.h"
 #include "platform/wx/WxProgressWindow.h"
 #include "platform/wx/icons.h"
+#include "platform/wx/toolkit.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/frmTaskEditor.h"
 #include "scripts/interpreter.h"
@@ -155,6 +158,7 @@ class App::Program {
                  .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); }}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
+    PrepareToolkit(*services_.log);
     form_->Attach(&window_);
     services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
     messageBoxes_.SetParent(form_.get());
@@ -166,6 +170,7 @@ class App::Program {
   ~Program() {
     messageBoxes_.SetParent(nullptr);
     form_->Attach(nullptr);
+    delete wxLog::SetActiveTarget(new wxLogStderr);
   }
 
   Program(const Program&) = delete;

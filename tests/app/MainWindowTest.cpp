@@ -610,5 +610,50 @@ TEST_F(Desk, KeepsNothingWhenTheUserEndsWithoutSaving) {
   EXPECT_TRUE(files.files.empty());
 }
 
+TEST_F(Desk, InvitesToTheSurveyWhenItCloses) {
+  window.Load();
+  window.CloseRequested();
+  EXPECT_EQ(helpDialogs.shown, std::vector<std::string>{"Survey"});
+  EXPECT_TRUE(calls.Has("view.end"));
+}
+
+TEST_F(Desk, AsksNothingWhenTheSystemEnds) {
+  window.Load();
+  window.CloseRequested(true);
+  EXPECT_TRUE(helpDialogs.shown.empty());
+  EXPECT_TRUE(calls.Has("view.end"));
+}
+
+TEST_F(Desk, RemembersWhereTheWindowStood) {
+  settings.Save(setting::Placement, "10 20 800 600 0 240");
+  window.Load();
+  EXPECT_EQ(view.placement, "10 20 800 600 0 240");
+  view.placement = "1 1 700 500 1 200";
+  window.CloseRequested();
+  EXPECT_EQ(settings.Get(setting::Placement), "1 1 700 500 1 200");
+}
+
+TEST_F(Desk, SwitchesTheTimersWhenSettingsAreApplied) {
+  settings.Save(setting::ReadClipboardOnChange, "1");
+  window.SettingsApplied();
+  EXPECT_TRUE(calls.Has("tmrClipboard on"));
+  EXPECT_TRUE(calls.Has("tmrWinTasks off"));
+}
+
+TEST_F(Desk, ShowsDialogsAndPagesOfTheHelpMenu) {
+  for (const auto* const name : {"Settings", "About", "ShowHelp", "MoreInfo"}) window.RunCommand(name);
+  EXPECT_EQ(helpDialogs.shown, (std::vector<std::string>{"Settings", "About"}));
+  EXPECT_TRUE(calls.Has("browser.navigate " + folder.File("hypertext/hilfe.htm")));
+  EXPECT_TRUE(calls.Has("browser.navigate " + folder.File("hypertext/About.htm")));
+}
+
+TEST_F(Desk, ReadsASpeakLinkAloud) {
+  window.Load();
+  std::string address = "speak:Guten%20Morgen";
+  EXPECT_TRUE(browser.onNavigate(address));
+  EXPECT_EQ(document.text, "Guten Morgen");
+  EXPECT_NE(voice.SpokenText().find("Guten Morgen"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace lorelin

@@ -77,6 +77,9 @@ TEST(SpokenGermanTest, EndsWithALongText) {
   while (text.size() < 1'000'000) text += "Am 3.10.2026 um 20:15 Uhr, z. B. 5,50 € oder 0711 1234567 usw. ";
   EXPECT_GT(SpokenGerman(text).size(), text.size());
   EXPECT_EQ(SpokenGerman(std::string(1'000'000, '9')), std::string(1'000'000, '9'));
+  std::string zeros;
+  while (zeros.size() < 1'000'000) zeros += "0 ";
+  EXPECT_FALSE(SpokenGerman(zeros).empty());
   EXPECT_EQ(SpokenGerman(std::string(1'000'000, ' ')), std::string(1'000'000, ' '));
 }
 

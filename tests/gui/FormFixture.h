@@ -25,6 +25,7 @@ class FormFixture : public testing::Test {
  protected:
   FormFixture() {
     form.Attach(&window);
+    settings.Save(setting::Survey, "false");
     std::filesystem::copy(LORELIN_PAGES, folder.File("hypertext"));
   }
   ~FormFixture() override { form.Attach(nullptr); }

@@ -1,0 +1,31 @@
+#include "platform/wx/toolkit.h"
+
+#include <wx/imagjpeg.h>
+#include <wx/log.h>
+
+#include "platform/wx/text.h"
+
+namespace lorelin {
+namespace {
+
+class LogBridge final : public wxLog {
+ public:
+  explicit LogBridge(Log& log) : log_(log) {}
+
+ protected:
+  void DoLogTextAtLevel(wxLogLevel level, const wxString& text) override {
+    if (level <= wxLOG_Warning) log_.Write(FromWx(text));
+  }
+
+ private:
+  Log& log_;
+};
+
+}  // namespace
+
+void PrepareToolkit(Log& log) {
+  wxImage::AddHandler(new wxJPEGHandler);
+  delete wxLog::SetActiveTarget(new LogBridge(log));
+}
+
+}  // namespace lorelin
