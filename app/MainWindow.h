@@ -107,6 +107,7 @@ class MainWindow {
   void Unloaded();
 
   [[nodiscard]] const CommandTable& Commands() const { return commands_; }
+  [[nodiscard]] BrowserLinks& Links() { return links_; }
   [[nodiscard]] const std::string& HomePage() const { return homePage_; }
 
  private:
