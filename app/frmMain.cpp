@@ -6,6 +6,7 @@
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
+#include <algorithm>
 #include <sstream>
 #include <utility>
 
@@ -129,7 +130,7 @@ void FrmMain::BuildToolbar() {
 
 void FrmMain::BuildStatusBar() {
   wxStatusBar* const bar = CreateStatusBar(2, wxSTB_DEFAULT_STYLE, wxID_ANY, "StatusBar1");
-  const int widths[] = {FromDIP(140), -1};
+  const int widths[] = {bar->GetTextExtent("100000000 Zeichen.").x + FromDIP(24), -1};
   bar->SetStatusWidths(2, widths);
   bar->SetStatusText("0 Zeichen.", 0);
   SetStatusBarPane(-1);  // the menus have no help texts that would wipe out what stands there
@@ -148,7 +149,8 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   sizer->Add(wbBrowser_, wxSizerFlags(1).Expand());
   place->SetSizer(sizer);
   splitter_->SetMinimumPaneSize(FromDIP(140));
-  splitter_->SplitVertically(ctlTask_, place, FromDIP(220));
+  const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Geschwindigkeit ändern")).x + FromDIP(48);
+  splitter_->SplitVertically(ctlTask_, place, std::max(FromDIP(220), tasksWidth));
   AcceptFiles(*rtfText_);
   AcceptFiles(*ctlTask_);
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {

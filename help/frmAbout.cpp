@@ -6,6 +6,8 @@
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
+
 #include "platform/version.h"
 #include "platform/wx/accessibility.h"
 #include "platform/wx/icons.h"
@@ -28,14 +30,6 @@ FrmAbout::FrmAbout(wxWindow* parent, const std::string& pictureFile)
                wxDEFAULT_DIALOG_STYLE, "frmAbout") {
   const int gap = FromDIP(16);
   auto* const sizer = new wxBoxSizer(wxVERTICAL);
-  if (wxImage image; image.LoadFile(ToWx(pictureFile))) {
-    auto* const picture =
-        new wxStaticBitmap(this, wxID_ANY, wxBitmap(image.Rescale(FromDIP(kWidth), FromDIP(kPictureHeight))),
-                           wxDefaultPosition, wxDefaultSize, 0, "picAbout");
-    SetAccessibleName(*picture, "Bild");
-    picture->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) { EndModal(wxID_OK); });
-    sizer->Add(picture);
-  }
   auto* const line = new wxBoxSizer(wxHORIZONTAL);
   line->Add(new wxStaticBitmap(this, wxID_ANY, Icon("lorelin", 64)), wxSizerFlags().Border(wxRIGHT, gap));
   auto* const texts = new wxBoxSizer(wxVERTICAL);
@@ -53,6 +47,15 @@ FrmAbout::FrmAbout(wxWindow* parent, const std::string& pictureFile)
   auto* const ok = new wxButton(this, wxID_OK, ToWx("&Schließen"));
   ok->SetDefault();
   sizer->Add(ok, wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+  if (wxImage image; image.LoadFile(ToWx(pictureFile))) {
+    auto* const picture = new wxStaticBitmap(
+        this, wxID_ANY,
+        wxBitmap(image.Rescale(std::max(sizer->CalcMin().x, FromDIP(kWidth)), FromDIP(kPictureHeight))),
+        wxDefaultPosition, wxDefaultSize, 0, "picAbout");
+    SetAccessibleName(*picture, "Bild");
+    picture->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) { EndModal(wxID_OK); });
+    sizer->Prepend(picture);
+  }
   SetSizerAndFit(sizer);
   SetMinClientSize(FromDIP(wxSize(kWidth, -1)));
   Fit();

@@ -10,7 +10,7 @@
 namespace lorelin {
 namespace {
 
-constexpr int kTextWidth = 380;
+constexpr int kTextWidth = 55;  // characters
 
 }  // namespace
 
@@ -26,7 +26,7 @@ FrmSurvey::FrmSurvey(wxWindow* parent)
         "völlig anonym und selbstverständlich freiwillig.",
         "Als Dankeschön erhalten Sie von uns einen 5 Euro Gutschein für unsere Programme!"}) {
     auto* const label = new wxStaticText(this, wxID_ANY, ToWx(text));
-    label->Wrap(FromDIP(kTextWidth));
+    label->Wrap(kTextWidth * GetCharWidth());
     sizer->Add(label, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, gap));
   }
   auto* const line = new wxBoxSizer(wxHORIZONTAL);

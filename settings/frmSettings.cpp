@@ -5,6 +5,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/wx/accessibility.h"
@@ -16,7 +17,7 @@ namespace {
 constexpr std::array kPageNames{"Diverses", "Taskscripts", "Erweiterungen", "Arbeitsfläche"};
 const wxColour kLabelColour(255, 255, 255);
 const wxColour kHoverColour(255, 255, 0);
-constexpr int kTextWidth = 400;
+constexpr int kTextWidth = 60;  // characters
 
 }  // namespace
 
@@ -76,6 +77,13 @@ void FrmSettings::BuildLabels(wxSizer& sizer) {
     list->Add(label, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(10)));
   }
   ColourLabels(nullptr);
+  // The label of the page that is shown is bold, and nothing moves when it is another one.
+  int widest = 0;
+  for (wxButton* const label : labels_) {
+    label->SetFont(GetFont().Bold());
+    widest = std::max(widest, label->GetBestSize().x);
+  }
+  column_->SetMinSize(wxSize(std::max(FromDIP(180), widest + FromDIP(60)), -1));
   column_->SetSizer(list);
   sizer.Add(column_, wxSizerFlags().Expand());
 }
@@ -117,12 +125,12 @@ wxSizer* FrmSettings::Group(wxPanel& page, const char* title) {
 wxTextCtrl* FrmSettings::Field(wxPanel& page, wxSizer& group, const char* label, const char* name) {
   auto* const line = new wxBoxSizer(wxHORIZONTAL);
   auto* const caption = new wxStaticText(&page, wxID_ANY, ToWx(label));
-  caption->SetMinSize(FromDIP(wxSize(60, -1)));
+  caption->SetMinSize(wxSize(std::max(FromDIP(60), GetTextExtent("Suffix:").x), -1));
   line->Add(caption, wxSizerFlags().CenterVertical());
   auto* const field = new wxTextCtrl(&page, wxID_ANY);
   field->SetName(name);
   SetAccessibleName(*field, label);
-  line->Add(field, wxSizerFlags(1).Border(wxLEFT, FromDIP(8)));
+  line->Add(field, wxSizerFlags(1).Expand().Border(wxLEFT, FromDIP(8)));
   group.Add(line, wxSizerFlags().Expand().Border(wxALL, FromDIP(6)));
   return field;
 }
@@ -137,7 +145,7 @@ wxCheckBox* FrmSettings::Check(wxPanel& page, wxSizer& group, const char* captio
 void FrmSettings::Text(wxPanel& page, wxSizer& group, const std::string& text, const char* name) {
   auto* const label = new wxStaticText(&page, wxID_ANY, ToWx(text));
   if (*name != '\0') label->SetName(name);
-  label->Wrap(FromDIP(kTextWidth));
+  label->Wrap(kTextWidth * GetCharWidth());
   group.Add(label, wxSizerFlags().Border(wxALL, FromDIP(6)));
 }
 
@@ -146,7 +154,7 @@ void FrmSettings::FillGeneralPage(wxPanel& page) {
   chkReadTitleOnAppChange_ =
       Check(page, reading, "...bei einem Programmwechsel aktuellen Programmtitel vorlesen",
             "chkReadTitleOnAppChange");
-  if (!parts_.titlesObstacle.empty()) Text(page, reading, parts_.titlesObstacle);
+  if (const std::string obstacle = parts_.titlesObstacle(); !obstacle.empty()) Text(page, reading, obstacle);
   chkClipspeech_ = Check(page, reading, "... bei Änderung der Zwischenablage, den gesamten Inhalt vorlesen.",
                          "chkClipspeech");
   wxSizer& around = *Group(page, "Folgenden Prä/Suffix verwenden:");
@@ -198,6 +206,9 @@ void FrmSettings::FillDesktopPage(wxPanel& page) {
 void FrmSettings::ShowPage(std::size_t index) {
   for (wxPanel* const page : pages_) page->Hide();
   pages_[index]->Show();
+  for (std::size_t i = 0; i < labels_.size(); ++i) {
+    labels_[i]->SetFont(i == index ? GetFont().Bold() : GetFont());
+  }
   Layout();
 }
 

@@ -26,8 +26,8 @@ class FrmSettings final : public wxDialog {
   struct Parts {
     ModSettings& settings;
     MessageBoxes& messageBoxes;
-    std::string pictureFile;     // behind the labels
-    std::string titlesObstacle;  // why window titles cannot be read; "" when they can
+    std::string pictureFile;                      // behind the labels
+    std::function<std::string()> titlesObstacle;  // why window titles cannot be read; "" when they can
     std::function<void()> applied;
     std::function<void()> manageExtensions;
   };

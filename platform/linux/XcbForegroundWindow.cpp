@@ -35,7 +35,7 @@ class XcbForegroundWindow::Display {
 
   // Whether a window manager keeps the property.
   [[nodiscard]] bool TellsActiveWindow() {
-    return activeWindow_ != 0 && !Property(root_, activeWindow_).empty();
+    return activeWindow_ != 0 && !Property(root_, Atom("_NET_SUPPORTING_WM_CHECK")).empty();
   }
 
   std::string ActiveTitle() {

@@ -126,7 +126,7 @@ class App::Program {
             {.settings = modSettings_,
              .messageBoxes = messageBoxes_,
              .pictureFile = JoinPath(services_.paths.programFolder, {"hypertext", "farbverlauf.jpg"}),
-             .titlesObstacle = services_.foreground->Obstacle(),
+             .titlesObstacle = [this] { return services_.foreground->Obstacle(); },
              .applied = [this] { window_.SettingsApplied(); },
              .manageExtensions = [this] { launches_.ManageExtensions(); }}),
         launches_(*services_.shell, *services_.log, services_.paths.programFolder),

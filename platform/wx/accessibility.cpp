@@ -12,11 +12,14 @@ namespace lorelin {
 
 namespace {
 
-// A control that scrolls is wrapped in one that does not speak.
+// A control that scrolls is wrapped in one that does not speak, and of a list that opens it is the inner
+// button that has the focus.
 void NameWidget(GtkWidget* widget, gpointer name) {
   if (AtkObject* const object = gtk_widget_get_accessible(widget)) {
     atk_object_set_name(object, static_cast<const std::string*>(name)->c_str());
   }
+  if (GTK_IS_COMBO_BOX(widget) || GTK_IS_BOX(widget))
+    gtk_container_forall(GTK_CONTAINER(widget), &NameWidget, name);
   if (GTK_IS_SCROLLED_WINDOW(widget)) gtk_container_foreach(GTK_CONTAINER(widget), &NameWidget, name);
 }
 

@@ -133,7 +133,7 @@ class FormFixture : public testing::Test {
   FrmHelpDialogs helpDialogs{{.settings = modSettings,
                               .messageBoxes = messageBoxes,
                               .pictureFile = folder.File("hypertext/farbverlauf.jpg"),
-                              .titlesObstacle = {},
+                              .titlesObstacle = [this] { return foreground.obstacle; },
                               .applied = [this] { window.SettingsApplied(); },
                               .manageExtensions = [this] { launches.ManageExtensions(); }}};
   FakeForegroundWindow foreground;
