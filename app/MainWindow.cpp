@@ -332,6 +332,8 @@ void MainWindow::FileDropped(const std::string& path) {
 }
 
 void MainWindow::TimerTicked(WatchTimer timer) {
+  // The windows are drawn while an extension works; what is new on the desktop has time until the next tick.
+  if (timer != WatchTimer::Snapshot && parts_.extensions.IsCalling()) return;
   switch (timer) {
     case WatchTimer::Clipboard:
       return Guarded("Zwischenablage", [this] { parts_.monitor.LookAtClipboard(); });

@@ -18,7 +18,20 @@ bool IsActiveFilter(std::string_view active) {
 ModAddin::ModAddin(Registry& registry, FileWriter& files, Automation& automation, Log& log)
     : registry_(registry, files), automation_(automation), log_(log) {}
 
+namespace {
+
+struct Calling {
+  explicit Calling(int& counter) : count(counter) { ++count; }
+  ~Calling() { --count; }
+  Calling(const Calling&) = delete;
+  Calling& operator=(const Calling&) = delete;
+  int& count;
+};
+
+}  // namespace
+
 void ModAddin::Walk(const std::function<bool(const Registration&)>& visit) {
+  const Calling calling(calling_);
   std::vector<std::string> names;
   std::size_t count = 0;
   if (!registry_.EnumKeys(kExtensionRoot, names, count)) return;

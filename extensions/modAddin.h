@@ -21,6 +21,9 @@ class ModAddin {
   // Owns none of them; they must outlive the host.
   ModAddin(Registry& registry, FileWriter& files, Automation& automation, Log& log);
 
+  // Whether an extension is being called: nothing else should begin meanwhile.
+  [[nodiscard]] bool IsCalling() const { return calling_ > 0; }
+
   void Startup();
   void Close();
   void NewFile();
@@ -46,6 +49,7 @@ class ModAddin {
   void CallActive(std::string_view method, std::optional<std::string_view> argument);
   void LogFailure(std::string_view hook, const Registration& registration, std::string_view what);
 
+  int calling_ = 0;
   ClsRegistryAccess registry_;
   Automation& automation_;
   Log& log_;

@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <future>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "app/RuntimeError.h"
+#include "platform/linux/sessionBus.h"
 
 namespace lorelin {
 namespace {
@@ -108,16 +106,6 @@ class DBusObject final : public AutomationObject {
   std::function<Answer(std::function<Answer()>)> wait_;
 };
 
-// Without an address the library would start a bus of its own, which nobody would end.
-bool HasBus() {
-  if (const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
-      address != nullptr && *address != '\0')
-    return true;
-  const char* const folder = std::getenv("XDG_RUNTIME_DIR");
-  std::error_code error;
-  return folder != nullptr && std::filesystem::exists(std::filesystem::path(folder) / "bus", error);
-}
-
 }  // namespace
 
 DBusAutomation::~DBusAutomation() {
@@ -129,7 +117,7 @@ GDBusConnection* DBusAutomation::Connection() {
     g_object_unref(std::exchange(connection_, nullptr));
   }
   if (connection_ != nullptr) return connection_;
-  if (!HasBus()) {
+  if (!HasSessionBus()) {
     throw RuntimeError(ErrorNumber::CannotCreateObject, "Es läuft kein Sitzungsbus (D-Bus).");
   }
   GError* error = nullptr;

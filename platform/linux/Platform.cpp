@@ -1,9 +1,11 @@
 #include "platform/Platform.h"
 
+#include <cstdlib>
 #include <utility>
 
 #include "app/paths.h"
 #include "platform/linux/AtomicFileWriter.h"
+#include "platform/linux/AtspiForegroundWindow.h"
 #include "platform/linux/CurlDownloader.h"
 #include "platform/linux/DBusAutomation.h"
 #include "platform/linux/DirectorySearch.h"
@@ -32,7 +34,13 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.fileWriter = std::make_unique<AtomicFileWriter>();
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, false);
   services.automation = std::make_unique<DBusAutomation>(*services.log);
-  services.foreground = std::make_unique<XcbForegroundWindow>(*services.log);
+  // Below Wayland an X server knows only the windows of old programs.
+  const char* const wayland = std::getenv("WAYLAND_DISPLAY");
+  if (wayland != nullptr && *wayland != '\0') {
+    services.foreground = std::make_unique<AtspiForegroundWindow>(*services.log);
+  } else {
+    services.foreground = std::make_unique<XcbForegroundWindow>(*services.log);
+  }
   services.fileAssociation = std::make_unique<XdgFileAssociation>(
       services.paths.desktopFolder, *services.fileWriter, *services.launcher, *services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);

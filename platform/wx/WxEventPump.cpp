@@ -36,7 +36,7 @@ void WxEventPump::RunPendingEvents() {
 
 void WxEventPump::Repaint() {
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
-  if (loop != nullptr && !loop->IsYielding()) loop->YieldFor(wxEVT_CATEGORY_UI);
+  if (loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_UI);
 }
 
 void WxEventPump::Post(std::function<void()> task) {

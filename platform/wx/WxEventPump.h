@@ -11,7 +11,7 @@ class WxEventPump final : public EventPump {
   // What a posted task throws goes to the log, which must outlive the pump and what is posted.
   explicit WxEventPump(Log& log) : log_(log) {}
   void RunPendingEvents() override;
-  // Draws what has to be drawn; input waits.
+  // Draws what has to be drawn; input and posted tasks wait, timers may tick.
   static void Repaint();
   void Post(std::function<void()> task) override;
   // Whether a routine waits for something at the moment.

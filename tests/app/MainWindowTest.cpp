@@ -655,5 +655,19 @@ TEST_F(Desk, ReadsASpeakLinkAloud) {
   EXPECT_NE(voice.SpokenText().find("Guten Morgen"), std::string::npos);
 }
 
+TEST_F(Desk, LooksAtTheDesktopOnlyBetweenCallsOfExtensions) {
+  window.Load();
+  clipboard.text = "neu";
+  int called = 0;
+  RegisterFilter("F", [&](const std::string& method, std::optional<std::string> text) {
+    if (method == "FilterText" && ++called == 1) window.TimerTicked(WatchTimer::Clipboard);
+    return text.value_or("");
+  });
+  EXPECT_EQ(extensions.FilterText("x"), "x");
+  EXPECT_EQ(called, 1);
+  window.TimerTicked(WatchTimer::Clipboard);
+  EXPECT_NE(voice.SpokenText().find("neu"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace lorelin

@@ -65,6 +65,40 @@ check "it ends" within 10 ended
 wait "$process"
 rm -rf "$LORELIN_HOME/recovery"
 
+title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
+dialog_is_there() { [ "$(xdotool getactivewindow 2>/dev/null)" != "$window" ]; }
+dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
+# answer KEYS PATH: opens a file dialog by its keys and types the path there.
+answer() {
+  keys "$1"
+  within 10 dialog_is_there || return 1
+  sleep 1
+  xdotool key ctrl+a
+  xdotool type --delay 20 "$2"
+  sleep 0.5
+  xdotool key Return
+  within 10 dialog_is_gone
+}
+printf 'Aus dem Dialog ge\xF6ffnet.' >"$home/dialog.txt"
+check "it starts for the file dialogs" start
+check "a file is chosen in the dialog" answer ctrl+o "$home/dialog.txt"
+check "the title names it" within 5 title_is "dialog.txt – Lorelin"
+keys ctrl+End
+xdotool type --delay 15 " Mehr."
+check "a change is marked" within 5 title_is "• dialog.txt – Lorelin"
+check "it is saved under another name" answer ctrl+s "$home/gespeichert.txt"
+check "the title names that one" within 5 title_is "gespeichert.txt – Lorelin"
+check "in the encoding of the file that was opened" cmp -s "$home/gespeichert.txt" <(printf 'Aus dem Dialog ge\xF6ffnet. Mehr.')
+keys ctrl+o
+check "a dialog opens" within 10 dialog_is_there
+sleep 0.5
+xdotool key Escape
+check "it can be cancelled" within 10 dialog_is_gone
+check "and nothing has changed" title_is "gespeichert.txt – Lorelin"
+close_window
+check "it ends" within 10 ended
+wait "$process"
+
 printf 'Lieber Leser, das steht in der Datei.' >"$home/brief.txt"
 cd "$home" || exit 1
 check "a document is read aloud at the start" start brief.txt /s

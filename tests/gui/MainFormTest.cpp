@@ -244,6 +244,32 @@ TEST_F(Pump, SleepsWhenNothingHappens) {
   EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
 }
 
+TEST_F(Pump, DrawsWithoutLettingAnythingElseIn) {
+  window.Load();
+  window.Textmode();
+  for (int i = 0; i < 20; ++i) pump.RunPendingEvents();
+  int painted = 0;
+  form.Tasks().Bind(wxEVT_PAINT, [&](wxPaintEvent& event) {
+    ++painted;
+    event.Skip();
+  });
+  bool posted = false;
+  bool done = false;
+  pump.Post([&] {
+    pump.Post([&] { posted = true; });
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(500);
+    while (std::chrono::steady_clock::now() < end && painted == 0) {
+      form.Tasks().Refresh();
+      WxEventPump::Repaint();
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_FALSE(posted);
+    done = true;
+  });
+  EXPECT_TRUE(WaitUntil([&] { return done && posted; }));
+  EXPECT_GT(painted, 0);
+}
+
 TEST_F(Pump, TellsThatItWaitsOnlyInside) {
   bool inside = false;
   pump.Post([&] { inside = pump.IsWaiting(); });
