@@ -113,6 +113,7 @@ constexpr std::array kAbbreviations{
     Abbreviation{"Abschn.", "Abschnitt"},
     Abbreviation{"Anm.", "Anmerkung"},
     Abbreviation{"Anl.", "Anlage"},
+    Abbreviation{"ff.", "folgende", Follows::Anything, true},
     Abbreviation{"Hrsg.", "Herausgeber"},
     Abbreviation{"S.", "Seite", Follows::Number},
     Abbreviation{"Gl.", "Gleis", Follows::Number},
@@ -208,8 +209,12 @@ bool Fits(const Abbreviation& one, std::string_view text, std::size_t end) {
   switch (one.follows) {
     case Follows::Anything:
       return true;
-    case Follows::Number:
-      return next < text.size() && IsDigit(text[next]);
+    case Follows::Number: {
+      // "Mo., 3.10."
+      const std::size_t digit =
+          next < text.size() && text[next] == ',' ? SkipBlanks(text, next + 1, 1) : next;
+      return digit < text.size() && IsDigit(text[digit]);
+    }
     case Follows::Capital:
       return next > end && IsUpperAt(text, next);
   }

@@ -38,6 +38,7 @@ constexpr std::array kUnits{
     Unit{"m", "Meter", "Meter"},
     Unit{"ha", "Hektar", "Hektar"},
     Unit{"cl", "Zentiliter", "Zentiliter"},
+    Unit{"l/100 km", "Liter auf hundert Kilometer", "Liter auf hundert Kilometer"},
     Unit{"l", "Liter", "Liter"},
     Unit{"L", "Liter", "Liter"},
     Unit{"kg", "Kilogramm", "Kilogramm", Gender::Neuter},

@@ -43,13 +43,14 @@ std::string_view EndingByNoun(std::string_view noun) {
                      "Schritt", "Advent",   "Geburtstag", "Akt",     "Satz",      "Absatz", "Artikel",
                      "Preis",   "Spieltag", "Gang",       "Versuch", "Abschnitt", "Rang"}))
     return "er";
-  if (IsOneOf(noun,
-              {"Klasse", "Auflage", "Etage", "Woche", "Bundesliga", "Liga", "Halbzeit", "Runde", "Stunde",
-               "Person", "Minute", "Seite", "Sinfonie", "Strophe", "Stufe", "Reihe", "Staffel", "Folge"}))
+  if (IsOneOf(noun, {"Klasse", "Auflage", "Etage",   "Woche",   "Bundesliga", "Liga",     "Halbzeit",
+                     "Runde",  "Stunde",  "Person",  "Minute",  "Seite",      "Sinfonie", "Strophe",
+                     "Stufe",  "Reihe",   "Staffel", "Folge",   "Prise",      "Zwiebel",  "Zehe",
+                     "Dose",   "Tasse",   "Scheibe", "Packung", "Sekunde"}))
     return "e";
-  if (IsOneOf(noun,
-              {"Kapitel", "Jahrhundert", "Jahr", "Mal", "Semester", "Quartal", "Lebensjahr", "Obergeschoss",
-               "Untergeschoss", "Halbjahr", "Viertel", "Drittel", "Buch", "Spiel", "Bild"}))
+  if (IsOneOf(noun, {"Kapitel", "Jahrhundert", "Jahr", "Mal", "Semester", "Quartal", "Lebensjahr",
+                     "Obergeschoss", "Untergeschoss", "Halbjahr", "Viertel", "Drittel", "Buch", "Spiel",
+                     "Bild", "Kind", "Ei", "Stück", "Glas"}))
     return "es";
   return {};
 }
@@ -58,6 +59,12 @@ std::string_view EndingByNoun(std::string_view noun) {
 bool IsGenitive(std::string_view name) {
   if (!name.ends_with('s')) return false;
   return !name.ends_with("us") && !name.ends_with("es") && !name.ends_with("as") && !name.ends_with("is");
+}
+
+bool IsWomansName(std::string_view name) {
+  return IsOneOf(
+      name, {"Elisabeth", "Maria", "Katharina", "Margarethe", "Victoria", "Viktoria", "Christina", "Beatrix",
+             "Juliana", "Wilhelmina", "Isabella", "Anna", "Mary", "Olga", "Kleopatra", "Elizabeth"});
 }
 
 // What follows a day: a month by name or number, and a year.
@@ -209,7 +216,8 @@ Found TimeAt(std::string_view text, std::size_t at) {
     return SpokenMatch{end - at, ClockWords(*first)};
   }
   std::size_t dash = SkipBlanks(text, first->end, 1);
-  const bool word = StandsAt(text, dash, "bis");
+  const bool word = StandsAt(text, dash, "bis") || StandsAt(text, dash, "und");
+  const std::string_view between = StandsAt(text, dash, "und") ? " und " : " bis ";
   const std::size_t length = word ? 3 : DashAt(text, dash);
   if (length != 0) {
     const auto second = ClockAt(text, SkipBlanks(text, dash + length, 1), true);
@@ -217,7 +225,7 @@ Found TimeAt(std::string_view text, std::size_t at) {
     if (end != 0 && text[end - 1] != 'h') {
       const std::string begin =
           first->minute && *first->minute != 0 ? ClockWords(*first) : CardinalWords(first->hour, "ein");
-      return SpokenMatch{end - at, begin + " bis " + ClockWords(*second)};
+      return SpokenMatch{end - at, begin + std::string(between) + ClockWords(*second)};
     }
     const auto plain = ClockAt(text, SkipBlanks(text, dash + length, 1), false);
     if (first->minute && text[at + (first->hour < 10 && text[at + 1] == ':' ? 1 : 2)] == ':' && plain &&
@@ -416,10 +424,12 @@ Found RangeAt(std::string_view text, std::size_t at) {
     between = " mal ";
     length = text[gap] == 'x' ? 1 : 2;
   }
+  const bool word = StandsAt(text, gap, "bis");
+  if (word) length = 3;
   if (length == 0) return std::nullopt;
   const auto second = NumberAt(text, SkipBlanks(text, gap + length, 1));
   if (!second) return std::nullopt;
-  const bool hyphen = !times && text[gap] == '-';
+  const bool hyphen = word || (!times && text[gap] == '-');
   const std::string words = NumberWords(*first, "eins") + std::string(between);
   if (const auto rest = MoneyAt(text, second->end - second->digits.size() -
                                           (second->IsWhole() ? 0 : second->decimals.size() + 1))) {
@@ -482,6 +492,26 @@ Found LongNumberAt(std::string_view text, std::size_t at) {
   return SpokenMatch{number->end - at, NumberWords(*number, "eins")};
 }
 
+// "1 Woche", "1 Kind".
+Found OneNounAt(std::string_view text, std::size_t at) {
+  const auto number = DigitsAt(text, at, 1);
+  if (!number || number->value != 1) return std::nullopt;
+  const std::size_t next = SkipBlanks(text, number->end, 1);
+  if (next == number->end) return std::nullopt;
+  const auto ending = EndingByNoun(WordAt(text, next));
+  if (ending.empty()) return std::nullopt;
+  return SpokenMatch{1, ending == "e" ? "eine" : "ein"};
+}
+
+// "2x täglich".
+Found TimesAt(std::string_view text, std::size_t at) {
+  const auto number = DigitsAt(text, at, 3);
+  if (!number || CharAt(text, number->end) != 'x' || CharAt(text, number->end + 1) != ' ')
+    return std::nullopt;
+  if (WordAt(text, number->end + 2).empty()) return std::nullopt;
+  return SpokenMatch{number->end + 1 - at, CardinalWords(number->value, "ein") + "mal"};
+}
+
 // A version, an address, a serial number: every digit and point as it stands.
 Found OtherDigitsAt(std::string_view text, std::size_t at) {
   std::size_t end = at;
@@ -498,6 +528,8 @@ Found SignedAt(std::string_view text, std::size_t at) {
   if (at > 0 && text[at - 1] != ' ' && text[at - 1] != '(' && text[at - 1] != '\n') return std::nullopt;
   const auto measure = MeasurePhraseAt(text, at + sign);
   if (measure) return SpokenMatch{sign + measure->length, "minus " + measure->words};
+  const auto money = MoneyAt(text, at + sign);
+  if (money) return SpokenMatch{sign + money->length, "minus " + money->words};
   return std::nullopt;
 }
 
@@ -540,7 +572,7 @@ std::optional<SpokenMatch> NumberPhraseAt(std::string_view text, std::size_t at)
   }
   for (const auto rule :
        {&PhoneAt, &DayBeforeDateAt, &DateAt, &TimeAt, &FractionPhraseAt, &RatioAt, &RangeAt, &MoneyAt,
-        &MeasurePhraseAt, &OrdinalAt, &PlainYearAt, &LongNumberAt, &OtherDigitsAt}) {
+        &MeasurePhraseAt, &OrdinalAt, &OneNounAt, &TimesAt, &PlainYearAt, &LongNumberAt, &OtherDigitsAt}) {
     if (auto found = rule(text, at)) return found;
   }
   return std::nullopt;
@@ -570,7 +602,11 @@ std::optional<SpokenMatch> RomanAt(std::string_view text, std::size_t at) {
   const bool dative =
       IsOneOf(article, {"von", "mit", "unter", "bei", "nach", "zu", "vor", "König", "Kaiser"}) &&
       !IsOneOf(article, {"König", "Kaiser"});
+  // "Max I. Meyer" has a second name.
+  if (value == 1 && IsUpperAt(text, SkipBlanks(text, end, 1))) return std::nullopt;
+  const bool woman = IsWomansName(before) || (genitive && IsWomansName(before.substr(0, before.size() - 1)));
   std::string words = genitive ? "des " : (dative ? "dem " : "der ");
+  if (woman) words = genitive || dative ? "der " : "die ";
   std::string ordinal = OrdinalWords(value, genitive || dative ? "en" : "e");
   if (ordinal[0] >= 'a' && ordinal[0] <= 'z') ordinal[0] = static_cast<char>(ordinal[0] - 'a' + 'A');
   if (ordinal.starts_with("fünf")) ordinal = "F" + ordinal.substr(1);

@@ -27,11 +27,20 @@ std::optional<SpokenMatch> SignAt(std::string_view text, std::size_t at) {
   return std::nullopt;
 }
 
+// "Hauptstr. 5".
+std::optional<SpokenMatch> StreetAt(std::string_view text, std::size_t at) {
+  const std::string_view word = WordAt(text, at);
+  if (word.size() < 6 || !word.ends_with("str") || !text.substr(at + word.size()).starts_with('.'))
+    return std::nullopt;
+  return SpokenMatch{word.size() + 1, std::string(word.substr(0, word.size() - 3)) + "straße"};
+}
+
 std::optional<SpokenMatch> RuleAt(std::string_view text, std::size_t at, const WordList& own) {
   if (auto found = OwnWordAt(text, at, own)) return found;
   if (auto found = AbbreviationAt(text, at)) return found;
   if (auto found = RomanAt(text, at)) return found;
   if (auto found = SignAt(text, at)) return found;
+  if (auto found = StreetAt(text, at)) return found;
   return NumberPhraseAt(text, at);
 }
 
@@ -49,6 +58,7 @@ std::size_t PlainLength(std::string_view text, std::size_t at) {
 
 WordList ParseWordList(std::string_view text) {
   WordList list;
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   while (!text.empty()) {
     const auto end = text.find('\n');
     std::string_view line = text.substr(0, end);
