@@ -91,7 +91,7 @@ void FrmXMGR::BuildList() {
   list_->AppendToggleColumn("Aktiv", wxDATAVIEW_CELL_ACTIVATABLE, FromDIP(60));
   list_->AppendTextColumn("Name", wxDATAVIEW_CELL_INERT, FromDIP(160));
   list_->AppendTextColumn("Objektname", wxDATAVIEW_CELL_INERT, FromDIP(220));
-  list_->AppendTextColumn("Zustand", wxDATAVIEW_CELL_INERT, FromDIP(220));
+  list_->AppendTextColumn("Zustand", wxDATAVIEW_CELL_INERT, FromDIP(240));
   list_->Bind(wxEVT_DATAVIEW_ITEM_VALUE_CHANGED, &FrmXMGR::Toggled, this);
   list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { SelectionChanged(); });
   panel->GetSizer()->Add(list_, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(12)));
@@ -127,12 +127,20 @@ void FrmXMGR::Fill() {
     row.push_back(wxVariant(ToWx("noch nicht geprüft")));
     list_->AppendItem(row);
   }
-  hint_->SetLabel(shown_.empty() ? ToWx("Es sind keine Erweiterungen eingetragen.") : wxString());
   SelectionChanged();
 }
 
 void FrmXMGR::SelectionChanged() {
+  const int row = list_->GetSelectedRow();
   remove_->Enable(Selected().has_value());
+  // A long state does not fit into its column.
+  wxString hint = shown_.empty() ? ToWx("Es sind keine Erweiterungen eingetragen.") : wxString();
+  if (Selected()) {
+    const auto line = static_cast<unsigned>(row);
+    hint = list_->GetTextValue(line, kName) + ": " + list_->GetTextValue(line, kState);
+  }
+  hint_->SetLabel(hint);
+  hint_->GetParent()->Layout();
 }
 
 std::optional<Registration> FrmXMGR::Selected() const {
@@ -154,6 +162,7 @@ void FrmXMGR::Check() {
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     list_->SetTextValue(ToWx(StateOf(shown_[i].objectName)), static_cast<unsigned>(i), kState);
   }
+  SelectionChanged();
 }
 
 void FrmXMGR::Toggled(wxDataViewEvent& event) {
