@@ -1,5 +1,7 @@
 #include <gtk/gtk.h>
 
+#include <algorithm>
+
 #include "app/frmFind.h"
 #include "extensions/frmXMGR.h"
 #include "help/frmAbout.h"
@@ -26,7 +28,11 @@ class Accessible : public FormFixture {
   }
 
   void Look(GtkWidget* widget) {
-    if (gtk_widget_get_visible(widget) == FALSE) return;
+    if (gtk_widget_get_visible(widget) == FALSE || GTK_IS_MENU_SHELL(widget)) return;
+    if (GTK_IS_LABEL(widget)) {
+      const guint key = gtk_label_get_mnemonic_keyval(GTK_LABEL(widget));
+      if (key != GDK_KEY_VoidSymbol) accessKeys.push_back(key);
+    }
     const bool takesFocus =
         gtk_widget_get_can_focus(widget) != FALSE && gtk_widget_is_sensitive(widget) != FALSE;
     // The page names itself, by the title of its document.
@@ -57,14 +63,18 @@ class Accessible : public FormFixture {
     controls = 0;
     nameless.clear();
     unreachable.clear();
+    accessKeys.clear();
     Look(static_cast<GtkWidget*>(window.GetHandle()));
     EXPECT_EQ(nameless, std::vector<std::string>{}) << window.GetName();
     EXPECT_EQ(unreachable, std::vector<std::string>{}) << window.GetName();
     EXPECT_GE(controls, fewest) << window.GetName();
+    std::sort(accessKeys.begin(), accessKeys.end());
+    EXPECT_EQ(std::adjacent_find(accessKeys.begin(), accessKeys.end()), accessKeys.end()) << window.GetName();
   }
 
   int controls = 0;
   bool insideToolbar = false;
+  std::vector<guint> accessKeys;  // of what is shown, menus apart
   std::vector<std::string> nameless;
   std::vector<std::string> unreachable;
 };
