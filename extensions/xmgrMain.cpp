@@ -1,5 +1,4 @@
 #include <wx/app.h>
-#include <wx/log.h>
 
 #include <memory>
 
@@ -25,22 +24,22 @@ class ManagerApp final : public wxApp {
     SetAppDisplayName("Lorelin");
     PrepareToolkit(*services_.log);
     services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
-    auto* const window = new FrmXMGR(
+    window_ = new FrmXMGR(
         {.registrations = registrations_,
          .automation = *services_.automation,
          .messageBoxes = messageBoxes_,
          .shipped = {{.name = "Abkürzungen", .objectName = "org.lorelin.Abkuerzungen", .install = [this] {
                         Install("lorelin-abkuerzungen");
                       }}}});
-    messageBoxes_.SetParent(window);
-    window->Show();
+    messageBoxes_.SetParent(window_);
+    window_->Show();
     // Nobody has to wait for the window while objects are created.
-    CallAfter([window] { window->Check(); });
+    CallAfter([this] { window_->Check(); });
     return true;
   }
 
   int OnExit() override {
-    delete wxLog::SetActiveTarget(new wxLogStderr);
+    ReleaseToolkit();
     return wxApp::OnExit();
   }
 
@@ -58,6 +57,7 @@ class ManagerApp final : public wxApp {
   ClsRegistryAccess access_;
   Registrations registrations_{access_};
   WxMessageBoxes messageBoxes_;
+  FrmXMGR* window_ = nullptr;  // deletes itself when it is closed
 };
 
 }  // namespace

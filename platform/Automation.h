@@ -26,7 +26,7 @@ class Automation {
   [[nodiscard]] virtual std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) = 0;
   // Called every now and then while an answer is awaited, to draw windows; it must not let input in, since
   // the caller goes on as if nothing had happened meanwhile.
-  virtual void WhileWaiting(std::function<void()>) {}
+  virtual void WhileWaiting(const std::function<void()>&) {}
 };
 
 }  // namespace lorelin

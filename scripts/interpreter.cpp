@@ -32,9 +32,9 @@ std::string ClockText(const LocalTime& time) {
 
 // Seconds of the wall clock, leaps of its zone included, as whoever reads the clock counts them.
 std::chrono::sys_seconds WallSeconds(const LocalTime& time) {
-  using namespace std::chrono;
-  return sys_days(year(time.year) / time.month / time.day) + hours(time.hour) + minutes(time.minute) +
-         seconds(time.second);
+  namespace chrono = std::chrono;
+  return chrono::sys_days(chrono::year(time.year) / time.month / time.day) + chrono::hours(time.hour) +
+         chrono::minutes(time.minute) + chrono::seconds(time.second);
 }
 
 // Texts can be whole documents; the log is kept small.

@@ -90,6 +90,7 @@ void FrmSettings::BuildLabels(wxSizer& sizer) {
 
 void FrmSettings::ColourLabels(const wxWindow* hovered) {
   for (wxButton* const label : labels_) {
+    if (label == nullptr) continue;
     const wxColour& colour = label == hovered ? kHoverColour : kLabelColour;
     if (label->GetForegroundColour() != colour) label->SetForegroundColour(colour);
   }

@@ -103,8 +103,11 @@ void ClsRegistryAccess::ExportKey(const std::string& path, std::string& out) {
   std::vector<std::string> names;
   std::size_t count = 0;
   EnumKeys(path, names, count);
+  const std::string parent = path + "\\";
   for (const std::string& name : names) {
-    ExportKey(path + "\\" + name, out);
+    std::string key = parent;
+    key += name;
+    ExportKey(key, out);
   }
 }
 

@@ -21,7 +21,7 @@ class DBusAutomation final : public Automation {
   DBusAutomation& operator=(const DBusAutomation&) = delete;
 
   [[nodiscard]] std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) override;
-  void WhileWaiting(std::function<void()> turn) override { turn_ = std::move(turn); }
+  void WhileWaiting(const std::function<void()>& turn) override { turn_ = turn; }
 
  private:
   // Throws RuntimeError 429 when there is no bus.

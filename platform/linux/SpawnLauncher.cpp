@@ -34,6 +34,7 @@ void SpawnLauncher::Start(const std::vector<std::string>& arguments) {
   std::vector<std::string> owned = arguments;
   if (NamesAFolder(owned[0])) owned[0] = NativePath(owned[0]).string();
   std::vector<char*> pointers;
+  pointers.reserve(owned.size() + 1);
   for (std::string& argument : owned) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   const auto flags =

@@ -14,6 +14,7 @@ constexpr const char* kOpener = "xdg-open";
 
 bool XdgShell::Start(std::vector<std::string> arguments, const std::string& folder) {
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   GError* error = nullptr;

@@ -1,7 +1,5 @@
 #include "platform/wx/App.h"
 
-#include <wx/log.h>
-
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -170,7 +168,7 @@ class App::Program {
   ~Program() {
     messageBoxes_.SetParent(nullptr);
     form_->Attach(nullptr);
-    delete wxLog::SetActiveTarget(new wxLogStderr);
+    ReleaseToolkit();
   }
 
   Program(const Program&) = delete;

@@ -14,7 +14,7 @@ namespace {
 // The ending that a typed name without one gets: that of the chosen filter when it stands for a single one.
 wxString EndingFor(const FileDialogRequest& request, int filter) {
   const wxArrayString parts = wxStringTokenize(ToWx(request.filter), "|", wxTOKEN_RET_EMPTY_ALL);
-  const auto index = static_cast<std::size_t>(2 * filter + 1);
+  const auto index = 2 * static_cast<std::size_t>(filter) + 1;
   if (index < parts.size()) {
     wxString ending;
     if (parts[index].StartsWith("*.", &ending) && ending.find_first_of("*;?") == wxString::npos)

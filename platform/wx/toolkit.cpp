@@ -23,9 +23,14 @@ class LogBridge final : public wxLog {
 
 }  // namespace
 
+// The toolkit owns what it is given here.
 void PrepareToolkit(Log& log) {
   wxImage::AddHandler(new wxJPEGHandler);
-  delete wxLog::SetActiveTarget(new LogBridge(log));
+  delete wxLog::SetActiveTarget(new LogBridge(log));  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
+}
+
+void ReleaseToolkit() {
+  delete wxLog::SetActiveTarget(new wxLogStderr);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
 
 }  // namespace lorelin
