@@ -1,5 +1,6 @@
 #include "extensions/german/textLooks.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "extensions/german/numberWords.h"
@@ -141,6 +142,18 @@ std::size_t DashAt(std::string_view text, std::size_t at) {
     if (at < text.size() && text.substr(at).starts_with(dash)) return dash.size();
   }
   return 0;
+}
+
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+char CharAt(std::string_view text, std::size_t at) {
+  return at < text.size() ? text[at] : '\0';
+}
+
+bool DigitFollows(std::string_view text, std::size_t at) {
+  return IsDigit(CharAt(text, at));
 }
 
 std::string NumberWords(const WrittenNumber& number, std::string_view one) {

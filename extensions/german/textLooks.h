@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,6 +45,11 @@ struct WrittenNumber {
 [[nodiscard]] std::optional<WrittenNumber> DigitsAt(std::string_view text, std::size_t at, std::size_t most);
 // The length of a hyphen or dash with which a range is written, 0 for anything else.
 [[nodiscard]] std::size_t DashAt(std::string_view text, std::size_t at);
+
+[[nodiscard]] bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words);
+// NUL behind the end.
+[[nodiscard]] char CharAt(std::string_view text, std::size_t at);
+[[nodiscard]] bool DigitFollows(std::string_view text, std::size_t at);
 
 // "drei Komma eins vier".
 [[nodiscard]] std::string NumberWords(const WrittenNumber& number, std::string_view one);

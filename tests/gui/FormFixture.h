@@ -1,7 +1,9 @@
 #pragma once
 
+#include <wx/dialog.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
+#include <wx/timer.h>
 #include <wx/toolbar.h>
 
 #include <chrono>
@@ -59,6 +61,28 @@ class FormFixture : public testing::Test {
       return;
     }
     ADD_FAILURE() << caption;
+  }
+  // Runs `open`, which shows the dialog with this name, and acts on it while it is shown; it has to close by
+  // that.
+  void InDialog(const std::function<void()>& open, const char* name,
+                const std::function<void(wxDialog&)>& act) {
+    bool acted = false;
+    wxTimer timer;
+    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+      auto* const dialog = dynamic_cast<wxDialog*>(wxWindow::FindWindowByName(name));
+      if (dialog == nullptr || !dialog->IsShown() || acted) return;
+      acted = true;
+      timer.Stop();
+      act(*dialog);
+      if (dialog->IsModal()) {
+        ADD_FAILURE() << "still open: " << name;
+        dialog->EndModal(wxID_CANCEL);
+      }
+    });
+    timer.Start(10);
+    open();
+    // A task is opened behind the click on it.
+    EXPECT_TRUE(WaitUntil([&] { return acted && wxWindow::FindWindowByName(name) == nullptr; })) << name;
   }
   std::string Panel(int number) { return FromWx(form.GetStatusBar()->GetStatusText(number)); }
 

@@ -14,26 +14,6 @@ namespace {
 
 class HelpForms : public FormFixture {
  protected:
-  // Runs `open`, which shows the dialog with this name, and acts on it while it is shown.
-  void InDialog(const std::function<void()>& open, const char* name,
-                const std::function<void(wxDialog&)>& act) {
-    bool acted = false;
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-      auto* const dialog = dynamic_cast<wxDialog*>(wxWindow::FindWindowByName(name));
-      if (dialog == nullptr || !dialog->IsShown() || acted) return;
-      acted = true;
-      timer.Stop();
-      act(*dialog);
-      if (dialog->IsModal()) {
-        ADD_FAILURE() << "still open: " << name;
-        dialog->EndModal(wxID_CANCEL);
-      }
-    });
-    timer.Start(10);
-    open();
-    EXPECT_TRUE(acted);
-  }
   void InSettings(const std::function<void(wxDialog&)>& act) {
     InDialog([this] { Choose("Extras", "Einstellungen"); }, "frmSettings", act);
   }

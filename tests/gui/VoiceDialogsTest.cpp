@@ -17,24 +17,8 @@ class VoiceDialogsForm : public FormFixture {
     window.Load();
   }
 
-  // Opens a dialog by its task and acts on it while it is shown; it has to close by that.
   void InDialog(const std::string& task, const char* name, const std::function<void(wxDialog&)>& act) {
-    bool acted = false;
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-      auto* const dialog = dynamic_cast<wxDialog*>(wxWindow::FindWindowByName(name));
-      if (dialog == nullptr || !dialog->IsShown() || acted) return;
-      acted = true;
-      timer.Stop();
-      act(*dialog);
-      if (dialog->IsModal()) {
-        ADD_FAILURE() << "still open: " << name;
-        dialog->EndModal(wxID_CANCEL);
-      }
-    });
-    timer.Start(10);
-    PressTask(task);
-    ASSERT_TRUE(WaitUntil([&] { return acted && wxWindow::FindWindowByName(name) == nullptr; }));
+    FormFixture::InDialog([&] { PressTask(task); }, name, act);
   }
   std::string Stored(const SettingKey& key) { return settings.GetSetting(key.section, key.name, "(fehlt)"); }
 };
