@@ -52,7 +52,7 @@ std::string WxClipboard::Text() {
     const auto end = std::chrono::steady_clock::now() + kLongestWait;
     wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
     while (!next->answered && std::chrono::steady_clock::now() < end) {
-      if (loop != nullptr && !loop->IsYielding()) {
+      if (loop != nullptr) {
         loop->YieldFor(wxEVT_CATEGORY_UI | wxEVT_CATEGORY_CLIPBOARD);
       } else {
         gtk_main_iteration_do(FALSE);
