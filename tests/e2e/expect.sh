@@ -55,6 +55,13 @@ is_wave() {
   [ "$(tail -c +45 "$file" | tr -d '\0' | wc -c)" -gt $(((size - 44) / 4)) ]
 }
 
+# Ends the test as skipped where processes may not be traced.
+need_strace() {
+  strace -o /dev/null true 2>/dev/null && return
+  echo "skipped: strace may not trace processes here"
+  exit 77
+}
+
 no_engine_left() { ! pgrep -f "^$1/lorelin-engine" >/dev/null; }
 
 # Without the invitation to the survey, which would wait for an answer at every end.

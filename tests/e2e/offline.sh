@@ -6,6 +6,7 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+need_strace
 no_survey "$bin"
 pages=$LORELIN_HOME/hypertext
 remote=http://192.0.2.1

@@ -2,6 +2,7 @@
 # Every system call of a save fails in turn: the file holds the old text or the new one, and the user is told.
 bin=$1
 . "$(dirname "$0")/expect.sh"
+need_strace
 driver=$bin/saveDriver
 export LC_ALL=C.UTF-8
 
