@@ -62,7 +62,13 @@ need_strace() {
   exit 77
 }
 
-no_engine_left() { ! pgrep -f "^$1/lorelin-engine" >/dev/null; }
+# No engine that was started from this test's home; other tests may be running theirs.
+no_engine_left() {
+  local process
+  for process in $(pgrep -f "^$1/lorelin-engine"); do
+    ! grep -qszxF "LORELIN_HOME=$LORELIN_HOME" "/proc/$process/environ" || return 1
+  done
+}
 
 # Without the invitation to the survey, which would wait for an answer at every end.
 no_survey() { "$1/lorelin-cli" reg add 'HKCU\Software\VB and VBA Program Settings\Lorelin\Settings' Survey false; }
