@@ -7,7 +7,7 @@
 #include "extensions/german/spokenGerman.h"
 #include "extensions/modAddin.h"
 #include "extensions/registrations.h"
-#include "platform/linux/AtomicFileWriter.h"
+#include "platform/common/AtomicFileWriter.h"
 #include "platform/linux/DBusAutomation.h"
 #include "platform/linux/SqliteRegistry.h"
 

@@ -6,7 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/LogFile.h"
+#include "platform/common/LogFile.h"
+#include "platform/common/SystemClock.h"
 #include "platform/linux/SqliteRegistry.h"
 #include "settings/SettingsStore.h"
 
@@ -39,7 +40,8 @@ class Store {
 
  private:
   fs::path folder_ = fs::temp_directory_path() / ("lorelin-bench-" + std::to_string(getpid()));
-  LogFile log_{folder_ / "lorelin.log", true};
+  SystemClock clock_;
+  LogFile log_{folder_ / "lorelin.log", clock_, true};
   OpenedRegistry opened_ = SqliteRegistry::Open(File(), log_);
 
  public:
@@ -85,7 +87,8 @@ BENCHMARK(WriteSetting)->UseRealTime();
 
 void OpenStore(benchmark::State& state) {
   const Store store;
-  LogFile log("/dev/null", true);
+  SystemClock clock;
+  LogFile log("/dev/null", clock, true);
   for (auto _ : state) benchmark::DoNotOptimize(SqliteRegistry::Open(store.File(), log).registry.get());
 }
 BENCHMARK(OpenStore);

@@ -1,3 +1,11 @@
+if(WIN32)
+  # One folder that can lie anywhere.
+  install(TARGETS lorelin XMGR RUNTIME DESTINATION .)
+  install(FILES packaging/vts.ico LICENSE DESTINATION .)
+  install(DIRECTORY hypertext packaging/scripts DESTINATION .)
+  return()
+endif()
+
 # Installed layout: the programs in bin, the shared data that seeds a user's program folder in share/lorelin.
 include(GNUInstallDirs)
 install(TARGETS lorelin-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

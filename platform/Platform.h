@@ -27,8 +27,8 @@ namespace lorelin {
 // it.
 struct PlatformServices {
   ProgramPaths paths;
-  std::unique_ptr<Log> log;
   std::unique_ptr<Clock> clock;
+  std::unique_ptr<Log> log;
   std::unique_ptr<FileSearch> fileSearch;
   std::unique_ptr<Shell> shell;
   std::unique_ptr<ProgramLauncher> launcher;

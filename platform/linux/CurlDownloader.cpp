@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "app/paths.h"
-#include "platform/linux/unfinishedFile.h"
+#include "platform/common/unfinishedFile.h"
 #include "platform/version.h"
 
 namespace lorelin {
@@ -151,7 +151,7 @@ void CurlDownloader::Download(const std::string& url, const std::string& targetF
   Body body{.file = file};
   if (const std::string reason = Transfer(url, body).Run(keepGoing); !reason.empty()) return fail(reason);
   // Not every file system has such attributes.
-  (void)fsetxattr(file.Descriptor(), "user.xdg.origin.url", address.data(), address.size(), 0);
+  (void)setxattr(file.Path().c_str(), "user.xdg.origin.url", address.data(), address.size(), 0);
   if (const int error = file.PutInPlace(); error != 0) fail(std::strerror(error));
 }
 

@@ -4,17 +4,17 @@
 #include <utility>
 
 #include "app/paths.h"
-#include "platform/linux/AtomicFileWriter.h"
+#include "platform/common/AtomicFileWriter.h"
 #include "platform/linux/AtspiForegroundWindow.h"
 #include "platform/linux/CurlDownloader.h"
 #include "platform/linux/DBusAutomation.h"
-#include "platform/linux/DirectorySearch.h"
+#include "platform/common/DirectorySearch.h"
 #include "platform/linux/EngineClient.h"
 #include "platform/linux/FlockSingleInstance.h"
-#include "platform/linux/LogFile.h"
+#include "platform/common/LogFile.h"
 #include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
-#include "platform/linux/SystemClock.h"
+#include "platform/common/SystemClock.h"
 #include "platform/linux/XcbForegroundWindow.h"
 #include "platform/linux/XdgFileAssociation.h"
 #include "platform/linux/XdgShell.h"
@@ -24,15 +24,15 @@ namespace lorelin {
 PlatformServices MakePlatformServices(bool verbose) {
   PlatformServices services;
   services.paths = FindProgramPaths();
-  services.log = std::make_unique<LogFile>(services.paths.logFile, verbose);
   services.clock = std::make_unique<SystemClock>();
+  services.log = std::make_unique<LogFile>(services.paths.logFile, *services.clock, verbose);
   services.fileSearch = std::make_unique<DirectorySearch>();
   services.shell = std::make_unique<XdgShell>(PathText(NativePath(services.paths.engineFile).parent_path()),
                                               *services.log);
   services.launcher = std::make_unique<SpawnLauncher>();
   services.downloader = std::make_unique<CurlDownloader>(*services.log);
   services.fileWriter = std::make_unique<AtomicFileWriter>();
-  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, false);
+  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock);
   services.automation = std::make_unique<DBusAutomation>(*services.log);
   // Below Wayland an X server knows only the windows of old programs.
   const char* const wayland = std::getenv("WAYLAND_DISPLAY");

@@ -9,16 +9,13 @@
 #include <system_error>
 
 #include "app/paths.h"
+#include "platform/common/programFolder.h"
 #include "platform/linux/SystemFacts.h"
 
 namespace lorelin {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kPages = "hypertext";
-constexpr const char* kScripts = "scripts";
-constexpr const char* kScriptIcon = "vts.ico";
 
 fs::path Environment(const char* name) {
   const char* const value = std::getenv(name);
@@ -84,57 +81,16 @@ fs::path WritableFolder(const fs::path& wanted, const SystemFacts& facts) {
   return wanted;
 }
 
-// A start that is killed leaves no half page.
-void CopyWhole(const fs::path& from, const fs::path& to) {
-  fs::path unfinished = to;
-  unfinished += ".neu";
-  std::error_code error;
-  fs::create_directories(to.parent_path(), error);
-  if (fs::copy_file(from, unfinished, fs::copy_options::overwrite_existing, error)) {
-    fs::rename(unfinished, to, error);
-  }
-}
-
-// What a user has changed or added is kept.
-void Seed(const fs::path& folder, const fs::path& shared, const char* name) {
-  std::error_code error;
-  for (fs::recursive_directory_iterator entry(shared / name, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const fs::path copy = folder / entry->path().lexically_relative(shared);
-    std::error_code ignored;
-    if (entry->is_regular_file(ignored) && !fs::exists(copy, ignored)) CopyWhole(entry->path(), copy);
-  }
-}
-
-void SeedFile(const fs::path& folder, const fs::path& shared, const char* name) {
-  std::error_code error;
-  if (fs::exists(shared / name, error) && !fs::exists(folder / name, error))
-    CopyWhole(shared / name, folder / name);
-}
-
-// An example that the user deleted stays away.
-void SeedScripts(const fs::path& folder, const fs::path& shared) {
-  std::error_code error;
-  if (!fs::exists(folder / kScripts, error)) Seed(folder, shared, kScripts);
-}
-
 // The pages that came with the program: beside it, or in the shared data of an installation.
 fs::path SharedData(const fs::path& programFolder) {
   std::error_code error;
-  if (fs::is_directory(programFolder / kPages, error)) return programFolder;
+  if (fs::is_directory(programFolder / kPagesFolder, error)) return programFolder;
   return programFolder.parent_path() / "share" / "lorelin";
-}
-
-bool IsOwnFolder(const fs::path& folder) {
-  std::error_code error;
-  return fs::is_directory(folder / kPages, error) && IsWritable(folder);
 }
 
 fs::path SeededFolder(const fs::path& wanted, const fs::path& beside, const SystemFacts& facts) {
   const fs::path folder = WritableFolder(wanted, facts);
-  Seed(folder, SharedData(beside), kPages);
-  SeedFile(folder, SharedData(beside), kScriptIcon);
-  SeedScripts(folder, SharedData(beside));
+  SeedProgramFolder(folder, SharedData(beside));
   return folder;
 }
 
@@ -150,7 +106,8 @@ ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
   };
   const fs::path data = base("XDG_DATA_HOME", ".local/share");
   const fs::path settings = base("XDG_CONFIG_HOME", ".config");
-  const bool own = !moved && IsOwnFolder(beside);
+  std::error_code error;
+  const bool own = !moved && fs::is_directory(beside / kPagesFolder, error) && IsWritable(beside);
   const fs::path folder = own ? beside : SeededFolder(data, beside, facts);
   return {.programFolder = PathText(folder),
           .programFile = PathText(facts.executable),

@@ -15,7 +15,7 @@
 
 #include "app/paths.h"
 #include "app/text.h"
-#include "platform/linux/caseFold.h"
+#include "platform/common/caseFold.h"
 
 namespace lorelin {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/linux/unfinishedFile.h"
+#include "platform/common/unfinishedFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -39,10 +39,29 @@ fs::path FolderOf(const fs::path& file) {
 
 }  // namespace
 
-UnfinishedFile::UnfinishedFile(const fs::path& target) : target_(Resolved(target)) {}
+struct UnfinishedFile::Handle {
+  int descriptor = -1;
+  bool replaces = false;  // a file that is there
+
+  ~Handle() {
+    if (descriptor >= 0) close(descriptor);
+  }
+
+  [[nodiscard]] int KeepPermissions(const fs::path& target) const {
+    struct stat status {};
+    if (replaces && stat(target.c_str(), &status) == 0) {
+      (void)!fchown(descriptor, status.st_uid, status.st_gid);  // only root can give a file away
+      return fchmod(descriptor, status.st_mode & 07777) == 0 ? 0 : errno;
+    }
+    const mode_t mask = CreationMask();
+    return fchmod(descriptor, 0666 & ~mask) == 0 ? 0 : errno;
+  }
+};
+
+UnfinishedFile::UnfinishedFile(const fs::path& target)
+    : target_(Resolved(target)), handle_(std::make_unique<Handle>()) {}
 
 UnfinishedFile::~UnfinishedFile() {
-  if (file_ >= 0) close(file_);
   if (!path_.empty()) unlink(path_.c_str());
 }
 
@@ -50,22 +69,22 @@ int UnfinishedFile::Open() {
   if (!target_.has_filename()) return target_.empty() ? ENOENT : EINVAL;
   struct stat status {};
   if (lstat(target_.c_str(), &status) == 0) {
-    there_ = true;
+    handle_->replaces = true;
     if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return EINVAL;
     if (S_ISREG(status.st_mode) && access(target_.c_str(), W_OK) != 0) return errno;
   } else if (errno != ENOENT) {
     return errno;
   }
   std::string name = (FolderOf(target_) / ".lorelin-XXXXXX").string();
-  file_ = mkostemp(name.data(), O_CLOEXEC);
-  if (file_ < 0) return errno;
+  handle_->descriptor = mkostemp(name.data(), O_CLOEXEC);
+  if (handle_->descriptor < 0) return errno;
   path_ = name;
   return 0;
 }
 
 int UnfinishedFile::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t written = write(file_, bytes.data(), bytes.size());
+    const ssize_t written = write(handle_->descriptor, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return errno;
     if (written == 0) return EIO;
@@ -74,20 +93,10 @@ int UnfinishedFile::Write(std::string_view bytes) {
   return 0;
 }
 
-int UnfinishedFile::KeepPermissions() const {
-  struct stat status {};
-  if (there_ && stat(target_.c_str(), &status) == 0) {
-    (void)!fchown(file_, status.st_uid, status.st_gid);  // only root can give a file away
-    return fchmod(file_, status.st_mode & 07777) == 0 ? 0 : errno;
-  }
-  const mode_t mask = CreationMask();
-  return fchmod(file_, 0666 & ~mask) == 0 ? 0 : errno;
-}
-
 int UnfinishedFile::PutInPlace() {
-  if (const int error = KeepPermissions(); error != 0) return error;
-  if (fsync(file_) != 0) return errno;
-  const int descriptor = std::exchange(file_, -1);
+  if (const int error = handle_->KeepPermissions(target_); error != 0) return error;
+  if (fsync(handle_->descriptor) != 0) return errno;
+  const int descriptor = std::exchange(handle_->descriptor, -1);
   if (close(descriptor) != 0) return errno;
   if (rename(path_.c_str(), target_.c_str()) != 0) return errno;
   path_.clear();

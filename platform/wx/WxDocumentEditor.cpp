@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "app/richTextFile.h"
-#include "app/rtf.h"
 #include "platform/wx/accessibility.h"
 #include "platform/wx/innerMargins.h"
 #include "platform/wx/text.h"
@@ -58,14 +57,17 @@ class TextPlaces {
   wxString wanted_;
 };
 
+wxTextCtrl& WithReadingFont(wxTextCtrl& control) {
+  control.SetFont(control.GetFont().Scaled(1.2F));
+  return control;
+}
+
 }  // namespace
 
 WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
     : wxTextCtrl(parent, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                  wxTE_MULTILINE | wxTE_RICH2 | wxTE_NOHIDESEL, wxDefaultValidator, "rtfText"),
-      buffer_(*this) {
-  SetFont(GetFont().Scaled(1.2F));
-  usualFont_ = GetFont();
+      buffer_(WithReadingFont(*this)) {
   SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
 }
@@ -74,17 +76,15 @@ std::string WxDocumentEditor::Text() {
   return FromWx(GetValue());
 }
 void WxDocumentEditor::SetText(std::string_view text) {
-  buffer_.BeginChange();
-  SetValue(ToWx(WithoutNul(text)));
-  buffer_.EndChange();
+  buffer_.ReplaceText(ToWx(WithoutNul(text)));
 }
 
 std::string WxDocumentEditor::RichText() {
-  return WriteRtf(buffer_.Content());
+  return buffer_.Rtf();
 }
 
 void WxDocumentEditor::LoadFile(const std::string& path) {
-  buffer_.Show(ReadRichTextFile(path));
+  buffer_.ShowFile(path);
 }
 
 void WxDocumentEditor::Undo() {
@@ -127,7 +127,6 @@ int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::strin
 void WxDocumentEditor::Zoom(int steps) {
   zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
   const double factor = std::pow(kZoomStep, zoomSteps_);
-  SetFont(usualFont_.Scaled(static_cast<float>(factor)));
   buffer_.SetZoom(factor);
 }
 
@@ -135,7 +134,7 @@ std::size_t WxDocumentEditor::SelectionStart() {
   long from = 0;
   long to = 0;
   GetSelection(&from, &to);
-  return static_cast<std::size_t>(from);
+  return buffer_.CharactersBefore(from);
 }
 
 std::string WxDocumentEditor::SelectedText() {

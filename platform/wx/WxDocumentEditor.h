@@ -32,12 +32,10 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   // Larger, smaller, or (0) of the usual size again.
   void Zoom(int steps);
 
-  // Number of characters, without looking at the text.
-  [[nodiscard]] std::size_t CharacterCount() const { return static_cast<std::size_t>(GetLastPosition()); }
+  [[nodiscard]] std::size_t CharacterCount() const { return buffer_.CharacterCount(); }
 
  private:
   RichTextBuffer buffer_;
-  wxFont usualFont_;
   int zoomSteps_ = 0;
 };
 

@@ -2,6 +2,10 @@
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
+#elif defined(__WXMSW__)
+#include <wx/access.h>
+
+#include "platform/wx/text.h"
 #endif
 
 #include <string>
@@ -30,11 +34,29 @@ void SetAccessibleName(wxWindow& window, std::string_view name) {
   NameWidget(static_cast<GtkWidget*>(window.GetHandle()), &text);
 }
 
-#else
+#elif defined(__WXMSW__)
 
-// Other systems take the window's own name.
+namespace {
+
+// Gives a control a name; the rest is told by Windows itself.
+class NamedAccessible final : public wxAccessible {
+ public:
+  NamedAccessible(wxWindow& window, std::string_view name) : wxAccessible(&window), name_(ToWx(name)) {}
+  wxAccStatus GetName(int child, wxString* name) override {
+    if (child != wxACC_SELF) return wxACC_NOT_IMPLEMENTED;
+    *name = name_;
+    return wxACC_OK;
+  }
+
+ private:
+  wxString name_;
+};
+
+}  // namespace
+
+// The window owns what it is given.
 void SetAccessibleName(wxWindow& window, std::string_view name) {
-  window.SetLabel(wxString::FromUTF8(name.data(), name.size()));
+  window.SetAccessible(new NamedAccessible(window, name));
 }
 
 #endif

@@ -2,6 +2,8 @@
 
 #ifdef __WXGTK__
 #include <webkit2/webkit2.h>
+#elif defined(__WXMSW__)
+#include <exdisp.h>
 #endif
 
 namespace lorelin {
@@ -42,9 +44,15 @@ void BlockNetwork(wxWebView& view, const std::string& folder) {
   g_bytes_unref(rules);
 }
 
-#else
+#elif defined(__WXMSW__)
 
-void BlockNetwork(wxWebView&, const std::string&) {}
+// The control works offline and asks nobody about scripts that fail.
+void BlockNetwork(wxWebView& view, const std::string&) {
+  auto* const native = static_cast<IWebBrowser2*>(view.GetNativeBackend());
+  if (native == nullptr) return;
+  native->put_Offline(VARIANT_TRUE);
+  native->put_Silent(VARIANT_TRUE);
+}
 
 #endif
 

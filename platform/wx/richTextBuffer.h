@@ -2,18 +2,14 @@
 
 #include <wx/textctrl.h>
 
-#include <functional>
-#include <map>
+#include <cstddef>
 #include <memory>
 #include <string>
 
-#include "app/RichText.h"
-#include "app/UndoHistory.h"
-
 namespace lorelin {
 
-// Formats and undo for a multi-line text control, where the toolkit offers neither. One for each control,
-// which has to outlive it. User-interface thread only.
+// Formats and undo of a multi-line text control (wxTE_RICH2). RichEdit has both by itself; below GTK they are
+// the program's own. One for each control, which has to outlive it. User-interface thread only.
 class RichTextBuffer {
  public:
   explicit RichTextBuffer(wxTextCtrl& control);
@@ -21,10 +17,13 @@ class RichTextBuffer {
   RichTextBuffer(const RichTextBuffer&) = delete;
   RichTextBuffer& operator=(const RichTextBuffer&) = delete;
 
-  // Replaces text and formats; nothing before it can be taken back.
-  void Show(const RichText& text);
-  // Text and formats as they are now.
-  [[nodiscard]] RichText Content() const;
+  // Replaces text and formats by what is in the file, RTF or plain text; nothing before it can be taken back.
+  // Throws RuntimeError when the file cannot be read, and changes nothing then.
+  void ShowFile(const std::string& path);
+  // Text and formats as they are now, as RTF.
+  [[nodiscard]] std::string Rtf() const;
+  // Replaces all text, without formats; this can be taken back.
+  void ReplaceText(const wxString& text);
 
   void Undo();
   void Redo();
@@ -32,8 +31,12 @@ class RichTextBuffer {
   void BeginChange();
   void EndChange();
 
-  // Sizes in formats are shown this many times as large.
+  // Sizes are shown this many times as large.
   void SetZoom(double factor);
+
+  // Characters in the text, and before a position of the control.
+  [[nodiscard]] std::size_t CharacterCount() const;
+  [[nodiscard]] std::size_t CharactersBefore(long position) const;
 
  private:
   class Implementation;

@@ -45,7 +45,7 @@ class ManagerApp final : public wxApp {
 
  private:
   void Install(const std::string& program) {
-    const std::string folder = PathText(NativePath(services_.paths.engineFile).parent_path());
+    const std::string folder = PathText(NativePath(services_.paths.programFile).parent_path());
     try {
       services_.launcher->Start({JoinPath(folder, {program}), "--install"});
     } catch (const RuntimeError& error) {

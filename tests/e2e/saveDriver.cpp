@@ -5,7 +5,7 @@
 #include <iostream>
 
 #include "app/Documents.h"
-#include "platform/linux/AtomicFileWriter.h"
+#include "platform/common/AtomicFileWriter.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/caseFold.h"
+#include "platform/common/caseFold.h"
 
 #include <gtest/gtest.h>
 

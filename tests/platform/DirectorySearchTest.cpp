@@ -1,4 +1,4 @@
-#include "platform/linux/DirectorySearch.h"
+#include "platform/common/DirectorySearch.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "platform/linux/AtomicFileWriter.h"
+#include "platform/common/AtomicFileWriter.h"
 #include "platform/linux/XdgFileAssociation.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/TemporaryFolder.h"

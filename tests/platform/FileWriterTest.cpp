@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "app/RuntimeError.h"
-#include "platform/linux/AtomicFileWriter.h"
+#include "platform/common/AtomicFileWriter.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {

@@ -7,10 +7,10 @@
 #include <filesystem>
 
 #include "platform/Platform.h"
-#include "platform/linux/DirectorySearch.h"
+#include "platform/common/DirectorySearch.h"
 #include "platform/linux/FlockSingleInstance.h"
-#include "platform/linux/LogFile.h"
-#include "platform/linux/SystemClock.h"
+#include "platform/common/LogFile.h"
+#include "platform/common/SystemClock.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {
@@ -115,9 +115,11 @@ TEST(SingleInstance, IsFreeAfterEveryKill) {
   }
 }
 
+SystemClock clock;
+
 TEST(LogFile, WritesOneLineAnEntryWithTheTime) {
   const TemporaryFolder folder;
-  LogFile log(folder.File("state/lorelin.log"));
+  LogFile log(folder.File("state/lorelin.log"), clock);
   log.Write("erste\nZeile");
   log.Write("zweite");
   const std::string text = ReadFile(folder.File("state/lorelin.log"));
@@ -128,7 +130,7 @@ TEST(LogFile, WritesOneLineAnEntryWithTheTime) {
 
 TEST(LogFile, StaysSmall) {
   const TemporaryFolder folder;
-  LogFile log(folder.File("lorelin.log"));
+  LogFile log(folder.File("lorelin.log"), clock);
   const std::string line(100000, 'x');
   for (int i = 0; i < 15; ++i) log.Write(line);
   EXPECT_LT(fs::file_size(folder.File("lorelin.log")), 1200000U);
@@ -136,11 +138,10 @@ TEST(LogFile, StaysSmall) {
 }
 
 TEST(LogFile, DoesWithoutAFileThatCannotBeWritten) {
-  LogFile("/proc/nicht/da.log").Write("x");
+  LogFile("/proc/nicht/da.log", clock).Write("x");
 }
 
 TEST(SystemClock, TellsAPlausibleTime) {
-  SystemClock clock;
   const LocalTime now = clock.Now();
   EXPECT_GE(now.year, 2024);
   EXPECT_GE(now.weekday, 1);

@@ -1,6 +1,6 @@
 #include "tests/support/FakeRegistry.h"
 
-#include "platform/linux/caseFold.h"
+#include "platform/common/caseFold.h"
 
 namespace lorelin {
 

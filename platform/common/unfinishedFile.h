@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 namespace lorelin {
@@ -20,15 +21,15 @@ class UnfinishedFile {
   [[nodiscard]] int Write(std::string_view bytes);
   // Makes the content durable and puts the file in the target's place.
   [[nodiscard]] int PutInPlace();
-  [[nodiscard]] int Descriptor() const { return file_; }
+  // The name under which it is written.
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
  private:
-  [[nodiscard]] int KeepPermissions() const;
+  struct Handle;
 
   std::filesystem::path target_;
   std::filesystem::path path_;
-  int file_ = -1;
-  bool there_ = false;
+  std::unique_ptr<Handle> handle_;
 };
 
 }  // namespace lorelin

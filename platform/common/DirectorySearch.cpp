@@ -1,4 +1,4 @@
-#include "platform/linux/DirectorySearch.h"
+#include "platform/common/DirectorySearch.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -56,14 +56,14 @@ std::vector<std::string> DirectorySearch::FilesMatching(const std::string& patte
   const auto slash = pattern.find_last_of("/\\");
   const bool inFolder = slash != std::string::npos;
   const std::string folder = inFolder ? pattern.substr(0, std::max<std::size_t>(slash, 1)) : ".";
-  std::string_view names = std::string_view(pattern).substr(inFolder ? slash + 1 : 0);
+  std::string names = fold_(std::string_view(pattern).substr(inFolder ? slash + 1 : 0));
   if (names == "*.*") names = "*";
   std::vector<std::string> found;
   std::error_code error;
   for (fs::directory_iterator entry(NativePath(folder), error), end; !error && entry != end;
        entry.increment(error)) {
     std::string name = PathText(entry->path().filename());
-    if (Matches(names, name) && IsFile(*entry)) found.push_back(std::move(name));
+    if (Matches(names, fold_(name)) && IsFile(*entry)) found.push_back(std::move(name));
   }
   return found;
 }

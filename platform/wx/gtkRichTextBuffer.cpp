@@ -4,10 +4,15 @@
 
 #include <gtk/gtk.h>
 
+#include <map>
 #include <tuple>
 #include <utility>
 #include <vector>
 
+#include "app/RichText.h"
+#include "app/UndoHistory.h"
+#include "app/richTextFile.h"
+#include "app/rtf.h"
 #include "app/textEncoding.h"
 #include "platform/wx/text.h"
 
@@ -64,7 +69,8 @@ struct ByKey {
 
 class RichTextBuffer::Implementation {
  public:
-  explicit Implementation(wxTextCtrl& control) : control_(control), buffer_(BufferOf(control)) {
+  explicit Implementation(wxTextCtrl& control)
+      : control_(control), buffer_(BufferOf(control)), usualFont_(control.GetFont()) {
     g_object_ref(buffer_);
     Connect("insert-text",
             G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* where, gchar* text, gint size, gpointer self) {
@@ -128,8 +134,15 @@ class RichTextBuffer::Implementation {
     gtk_text_buffer_end_user_action(buffer_);
   }
 
+  void ReplaceText(const wxString& text) {
+    gtk_text_buffer_begin_user_action(buffer_);
+    control_.SetValue(text);
+    gtk_text_buffer_end_user_action(buffer_);
+  }
+
   void SetZoom(double factor) {
     zoom_ = factor;
+    control_.SetFont(usualFont_.Scaled(static_cast<float>(factor)));
     for (const auto& [format, tag] : tags_) SetSize(tag, format);
   }
 
@@ -334,6 +347,7 @@ class RichTextBuffer::Implementation {
 
   wxTextCtrl& control_;
   GtkTextBuffer* buffer_;
+  wxFont usualFont_;
   std::vector<gulong> handlers_;
   UndoHistory history_;
   bool applying_ = false;
@@ -347,11 +361,14 @@ RichTextBuffer::RichTextBuffer(wxTextCtrl& control)
     : implementation_(std::make_unique<Implementation>(control)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
-void RichTextBuffer::Show(const RichText& text) {
-  implementation_->Show(text);
+void RichTextBuffer::ShowFile(const std::string& path) {
+  implementation_->Show(ReadRichTextFile(path));
 }
-RichText RichTextBuffer::Content() const {
-  return implementation_->Content();
+std::string RichTextBuffer::Rtf() const {
+  return WriteRtf(implementation_->Content());
+}
+void RichTextBuffer::ReplaceText(const wxString& text) {
+  implementation_->ReplaceText(text);
 }
 void RichTextBuffer::Undo() {
   implementation_->Carry(implementation_->History().Undo());
@@ -367,6 +384,12 @@ void RichTextBuffer::EndChange() {
 }
 void RichTextBuffer::SetZoom(double factor) {
   implementation_->SetZoom(factor);
+}
+std::size_t RichTextBuffer::CharacterCount() const {
+  return static_cast<std::size_t>(gtk_text_buffer_get_char_count(implementation_->Buffer()));
+}
+std::size_t RichTextBuffer::CharactersBefore(long position) const {
+  return static_cast<std::size_t>(position);
 }
 
 }  // namespace lorelin

@@ -1,4 +1,4 @@
-#include "platform/linux/AtomicFileWriter.h"
+#include "platform/common/AtomicFileWriter.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,7 +9,7 @@
 
 #include "app/RuntimeError.h"
 #include "app/paths.h"
-#include "platform/linux/unfinishedFile.h"
+#include "platform/common/unfinishedFile.h"
 
 namespace lorelin {
 namespace {
@@ -26,7 +26,9 @@ ErrorNumber NumberOf(int error) {
     case EROFS:
       return ErrorNumber::PermissionDenied;
     case ENOSPC:
+#ifdef EDQUOT
     case EDQUOT:
+#endif
     case EFBIG:
       return ErrorNumber::DiskFull;
     case ENAMETOOLONG:

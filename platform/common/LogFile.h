@@ -1,8 +1,10 @@
 #pragma once
 
+#include <filesystem>
 #include <mutex>
 #include <string>
 
+#include "platform/Clock.h"
 #include "platform/Log.h"
 
 namespace lorelin {
@@ -11,12 +13,16 @@ namespace lorelin {
 // new one begins. A file that cannot be written is silently done without.
 class LogFile final : public Log {
  public:
-  explicit LogFile(std::string path, bool copyToStandardError = false);
+  // Does not own the clock, which is asked from any thread. The path is UTF-8.
+  LogFile(const std::string& path, Clock& clock, bool copyToStandardError = false);
   void Write(std::string_view line) override;
 
  private:
+  [[nodiscard]] std::string WithTime(std::string_view line);
+
   std::mutex mutex_;
-  std::string path_;
+  std::filesystem::path path_;
+  Clock& clock_;
   bool copyToStandardError_;
 };
 

@@ -1,0 +1,253 @@
+#include "platform/windows/ComSpeech.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "app/RuntimeError.h"
+#include "app/paths.h"
+#include "engine/speakableText.h"
+#include "platform/windows/dispatch.h"
+
+namespace lorelin {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uintmax_t kMostWaveBytes = 0xFFFFFFFF;
+constexpr const char* kFailed = "Die Sprachausgabe von Windows meldet einen Fehler. Der Text wurde nicht bis zum Ende gelesen.";
+constexpr const char* kTooLong =
+    "Der Text ist zu lang für eine WAV-Datei (höchstens 4 GB). Es wurde keine Datei geschrieben.";
+
+std::string AbsolutePath(const std::string& path) {
+  std::error_code error;
+  const auto absolute = fs::absolute(NativePath(path), error);
+  return error ? path : PathText(absolute);
+}
+
+bool IsBlank(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n\v\f") == std::string_view::npos;
+}
+
+}  // namespace
+
+// What posted calls find, if the object still lives.
+struct ComSpeech::Listener {
+  std::function<void(const EndOfText&)> endOfText;
+  std::uint32_t current = 0;  // the text whose end may be told
+};
+
+ComSpeech::ComSpeech(EventPump& pump, Log& log)
+    : pump_(pump), log_(log), listener_(std::make_shared<Listener>()) {
+  properties_.voice = 0;
+}
+
+// The text that is under way has no end any more; its file would be half of one.
+ComSpeech::~ComSpeech() {
+  if (speaking_) RemoveWaveFile();
+}
+
+bool ComSpeech::Try(const std::function<void()>& work) {
+  try {
+    work();
+    return true;
+  } catch (const ComError& error) {
+    log_.Write(std::string("Sprachausgabe: ") + error.what());
+  }
+  created_ = false;
+  DestroyEngine();
+  return false;
+}
+
+void ComSpeech::RequireEngine() {
+  if (created_) return;
+  const bool first = abilities_.voices.empty();
+  if (!Try([this] { CreateEngine(); })) throw RuntimeError(ErrorNumber::AutomationFailed);
+  created_ = true;
+  if (first) {
+    properties_.pitch = (abilities_.pitch.lowest + abilities_.pitch.highest) / 2;
+    properties_.speed = (abilities_.speed.lowest + abilities_.speed.highest) / 2;
+    properties_.volumeLeft = properties_.volumeRight = abilities_.volume.highest;
+    properties_.voice = 1;
+  }
+  if (!Try([this] { ApplyProperties(properties_); })) throw RuntimeError(ErrorNumber::AutomationFailed);
+}
+
+const engine::Capabilities& ComSpeech::Abilities() {
+  RequireEngine();
+  return abilities_;
+}
+
+const engine::Voice* ComSpeech::VoiceWith(std::int32_t number) {
+  const auto& voices = Abilities().voices;
+  if (number < 1 || static_cast<std::size_t>(number) > voices.size()) return nullptr;
+  return &voices[static_cast<std::size_t>(number) - 1];
+}
+
+void ComSpeech::Speak(std::string_view text) {
+  RequireEngine();
+  if (speaking_) ResetAudio();
+  engine::Utterance utterance = properties_;
+  utterance.id = listener_->current = ++lastId_;
+  utterance.text = engine::SpeakableText(text);
+  speaking_ = true;
+  renderedFile_ = utterance.waveFile;
+  // Engines tell no end of a text without words.
+  if (IsBlank(utterance.text)) return End("");
+  if (!Try([&] { StartText(utterance); })) End(kFailed);
+}
+
+void ComSpeech::PauseAudio() {
+  if (std::exchange(paused_, true)) return;
+  RequireEngine();
+  if (!Try([this] { PauseEngine(); }) && speaking_) End(kFailed);
+}
+
+void ComSpeech::ResumeAudio() {
+  if (!std::exchange(paused_, false)) return;
+  RequireEngine();
+  if (!Try([this] { ResumeEngine(); }) && speaking_) End(kFailed);
+}
+
+void ComSpeech::ResetAudio() {
+  const bool interrupted = std::exchange(speaking_, false);
+  if (interrupted) listener_->current = 0;
+  if (created_) {
+    const bool paused = std::exchange(paused_, false);
+    (void)Try([&] {
+      StopEngine();
+      if (paused) ResumeEngine();
+      if (interrupted) CloseWaveFile();
+    });
+  }
+  paused_ = false;
+  if (interrupted) RemoveWaveFile();
+}
+
+bool ComSpeech::Speaking() {
+  if (!speaking_ || paused_) return speaking_;
+  bool finished = false;
+  if (!Try([&] { finished = HasFinished(); })) {
+    End(kFailed);
+  } else if (finished) {
+    Finished();
+  }
+  return speaking_;
+}
+
+void ComSpeech::Finished() {
+  if (!speaking_) return;
+  if (!renderedFile_.empty()) {
+    if (!Try([this] { CloseWaveFile(); })) return End(kFailed);
+    std::error_code error;
+    if (fs::file_size(NativePath(renderedFile_), error) > kMostWaveBytes && !error) return End(kTooLong);
+  }
+  End("");
+}
+
+void ComSpeech::End(const std::string& reason) {
+  speaking_ = false;
+  if (!reason.empty()) RemoveWaveFile();
+  pump_.Post([alive = std::weak_ptr(listener_), id = listener_->current, reason] {
+    const auto listener = alive.lock();
+    if (!listener || listener->current != id) return;
+    listener->current = 0;
+    const auto handler = listener->endOfText;
+    if (handler) handler({.complete = reason.empty(), .reason = reason});
+  });
+}
+
+void ComSpeech::RemoveWaveFile() const {
+  std::error_code error;
+  if (!renderedFile_.empty() && fs::is_regular_file(NativePath(renderedFile_), error)) {
+    fs::remove(NativePath(renderedFile_), error);
+  }
+}
+
+void ComSpeech::Set(std::int32_t engine::Utterance::*property, std::int32_t value,
+                    engine::Range engine::Capabilities::*range) {
+  const engine::Range& bounds = Abilities().*range;
+  properties_.*property = std::clamp(value, bounds.lowest, bounds.highest);
+  if (!Try([this] { ApplyProperties(properties_); })) throw RuntimeError(ErrorNumber::AutomationFailed);
+}
+
+std::int32_t ComSpeech::Value(std::int32_t engine::Utterance::*property) {
+  RequireEngine();
+  return properties_.*property;
+}
+
+void ComSpeech::SetCurrentVoice(std::int32_t number) {
+  if (VoiceWith(number) == nullptr) return;
+  properties_.voice = number;
+  if (!Try([this] { ApplyProperties(properties_); })) throw RuntimeError(ErrorNumber::AutomationFailed);
+}
+
+std::int32_t ComSpeech::VoiceCount() {
+  return static_cast<std::int32_t>(Abilities().voices.size());
+}
+std::string ComSpeech::VoiceName(std::int32_t number) {
+  const auto* const voice = VoiceWith(number);
+  return voice != nullptr ? voice->name : std::string();
+}
+std::int32_t ComSpeech::VoiceLanguage(std::int32_t number) {
+  const auto* const voice = VoiceWith(number);
+  return voice != nullptr ? voice->languageId : 0;
+}
+std::int32_t ComSpeech::VoiceGender(std::int32_t number) {
+  const auto* const voice = VoiceWith(number);
+  return voice != nullptr ? voice->gender : 0;
+}
+
+void ComSpeech::SetPitch(std::int32_t value) {
+  Set(&engine::Utterance::pitch, value, &engine::Capabilities::pitch);
+}
+std::int32_t ComSpeech::Pitch() {
+  return Value(&engine::Utterance::pitch);
+}
+std::int32_t ComSpeech::MinPitch() {
+  return Abilities().pitch.lowest;
+}
+std::int32_t ComSpeech::MaxPitch() {
+  return Abilities().pitch.highest;
+}
+void ComSpeech::SetSpeed(std::int32_t value) {
+  Set(&engine::Utterance::speed, value, &engine::Capabilities::speed);
+}
+std::int32_t ComSpeech::Speed() {
+  return Value(&engine::Utterance::speed);
+}
+std::int32_t ComSpeech::MinSpeed() {
+  return Abilities().speed.lowest;
+}
+std::int32_t ComSpeech::MaxSpeed() {
+  return Abilities().speed.highest;
+}
+void ComSpeech::SetVolumeLeft(std::int32_t value) {
+  Set(&engine::Utterance::volumeLeft, value, &engine::Capabilities::volume);
+}
+std::int32_t ComSpeech::VolumeLeft() {
+  return Value(&engine::Utterance::volumeLeft);
+}
+void ComSpeech::SetVolumeRight(std::int32_t value) {
+  Set(&engine::Utterance::volumeRight, value, &engine::Capabilities::volume);
+}
+std::int32_t ComSpeech::VolumeRight() {
+  return Value(&engine::Utterance::volumeRight);
+}
+std::int32_t ComSpeech::MinVolume() {
+  return Abilities().volume.lowest;
+}
+std::int32_t ComSpeech::MaxVolume() {
+  return Abilities().volume.highest;
+}
+
+void ComSpeech::SetWaveFile(const std::string& path) {
+  properties_.waveFile = path.empty() ? path : AbsolutePath(path);
+}
+
+void ComSpeech::OnEndOfText(std::function<void(const EndOfText&)> handler) {
+  listener_->endOfText = std::move(handler);
+}
+
+}  // namespace lorelin

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "engine/protocol.h"
+#include "platform/EventPump.h"
+#include "platform/Log.h"
+#include "speech/DirectSS.h"
+
+namespace lorelin {
+
+// What the engines of Windows have in common: properties that survive an engine that is made anew, one end for
+// every text, and wave files that are complete or gone. An engine whose object fails is let go; the next text
+// gets a new one.
+class ComSpeech : public DirectSS {
+ public:
+  ~ComSpeech() override;
+  ComSpeech(const ComSpeech&) = delete;
+  ComSpeech& operator=(const ComSpeech&) = delete;
+
+  void Speak(std::string_view text) final;
+  void PauseAudio() final;
+  void ResumeAudio() final;
+  void ResetAudio() final;
+  bool Speaking() final;
+  void SetCurrentVoice(std::int32_t number) final;
+  std::int32_t VoiceCount() final;
+  std::string VoiceName(std::int32_t number) final;
+  std::int32_t VoiceLanguage(std::int32_t number) final;
+  std::int32_t VoiceGender(std::int32_t number) final;
+  void SetPitch(std::int32_t value) final;
+  std::int32_t Pitch() final;
+  std::int32_t MinPitch() final;
+  std::int32_t MaxPitch() final;
+  void SetSpeed(std::int32_t value) final;
+  std::int32_t Speed() final;
+  std::int32_t MinSpeed() final;
+  std::int32_t MaxSpeed() final;
+  void SetVolumeLeft(std::int32_t value) final;
+  std::int32_t VolumeLeft() final;
+  void SetVolumeRight(std::int32_t value) final;
+  std::int32_t VolumeRight() final;
+  std::int32_t MinVolume() final;
+  std::int32_t MaxVolume() final;
+  void SetWaveFile(const std::string& path) final;
+  void OnEndOfText(std::function<void(const EndOfText&)> handler) final;
+
+ protected:
+  // Owns none of the references; they must outlive the object. All calls come from one apartment.
+  ComSpeech(EventPump& pump, Log& log);
+
+  // The engine as an object. Each may throw ComError.
+  virtual void CreateEngine() = 0;  // and asks it for what Abilities() is to tell
+  virtual void DestroyEngine() = 0;
+  virtual void StartText(const engine::Utterance& utterance) = 0;
+  virtual void PauseEngine() = 0;
+  virtual void ResumeEngine() = 0;
+  virtual void StopEngine() = 0;
+  // Whether the text that was started has been processed, as far as the engine tells without an event.
+  virtual bool HasFinished() = 0;
+  // Lets go of the file that was written.
+  virtual void CloseWaveFile() {}
+  // Sets the property that has changed in `properties`, and writes back what the engine made of it.
+  virtual void ApplyProperties(engine::Utterance& properties) = 0;
+
+  // The engine told that it has finished; ignored unless a text is under way.
+  void Finished();
+  void SetAbilities(engine::Capabilities abilities) { abilities_ = std::move(abilities); }
+  [[nodiscard]] const engine::Utterance& Properties() const { return properties_; }
+
+  EventPump& pump_;
+  Log& log_;
+
+ private:
+  struct Listener;
+
+  [[nodiscard]] const engine::Capabilities& Abilities();
+  [[nodiscard]] const engine::Voice* VoiceWith(std::int32_t number);
+  void RequireEngine();
+  void Set(std::int32_t engine::Utterance::*property, std::int32_t value, engine::Range engine::Capabilities::*range);
+  std::int32_t Value(std::int32_t engine::Utterance::*property);
+  // Runs `work` on the engine; one that fails is let go and the reason kept for the user.
+  bool Try(const std::function<void()>& work);
+  void End(const std::string& reason);
+  void RemoveWaveFile() const;
+
+  engine::Capabilities abilities_;
+  engine::Utterance properties_;
+  std::shared_ptr<Listener> listener_;
+  bool created_ = false;
+  bool speaking_ = false;
+  bool paused_ = false;
+  std::uint32_t lastId_ = 0;
+  std::string renderedFile_;  // of the text that is under way; "" when it is heard
+};
+
+}  // namespace lorelin

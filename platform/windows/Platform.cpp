@@ -1,0 +1,59 @@
+#include "platform/Platform.h"
+
+#include <objbase.h>
+
+#include <memory>
+#include <utility>
+
+#include "app/paths.h"
+#include "platform/common/AtomicFileWriter.h"
+#include "platform/common/DirectorySearch.h"
+#include "platform/common/LogFile.h"
+#include "platform/common/SystemClock.h"
+#include "platform/common/caseFold.h"
+#include "platform/windows/AdvapiRegistry.h"
+#include "platform/windows/ComAutomation.h"
+#include "platform/windows/CreateProcessLauncher.h"
+#include "platform/windows/DirectSSControl.h"
+#include "platform/windows/ExplorerShell.h"
+#include "platform/windows/MissingSpeech.h"
+#include "platform/windows/MutexSingleInstance.h"
+#include "platform/windows/SapiVoice.h"
+#include "platform/windows/ShellFileAssociation.h"
+#include "platform/windows/UrlmonDownloader.h"
+#include "platform/windows/User32ForegroundWindow.h"
+
+namespace lorelin {
+
+PlatformServices MakePlatformServices(bool verbose) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  PlatformServices services;
+  services.paths = FindProgramPaths();
+  services.clock = std::make_unique<SystemClock>();
+  services.log = std::make_unique<LogFile>(services.paths.logFile, *services.clock, verbose);
+  services.fileSearch = std::make_unique<DirectorySearch>(&FoldCase);
+  services.shell = std::make_unique<ExplorerShell>(
+      PathText(NativePath(services.paths.programFile).parent_path()), *services.log);
+  services.launcher = std::make_unique<CreateProcessLauncher>();
+  services.downloader = std::make_unique<UrlmonDownloader>(*services.log);
+  services.fileWriter = std::make_unique<AtomicFileWriter>();
+  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock);
+  services.automation = std::make_unique<ComAutomation>(*services.log);
+  services.foreground = std::make_unique<User32ForegroundWindow>();
+  auto registry = std::make_unique<AdvapiRegistry>(*services.log);
+  services.fileAssociation = std::make_unique<ShellFileAssociation>(*registry);
+  services.registry = std::move(registry);
+  services.singleInstance = std::make_unique<MutexSingleInstance>("Lorelin" + services.paths.lockFile);
+  return services;
+}
+
+std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool,
+                                             std::function<void(const std::string&)> notice) {
+  if (auto control = DirectSSControl::Create(pump, *services.log)) return control;
+  if (auto voice = SapiVoice::Create(pump, *services.log)) return voice;
+  services.log->Write(MissingSpeech::kReason);
+  if (notice) pump.Post([notice] { notice(MissingSpeech::kReason); });
+  return std::make_unique<MissingSpeech>(pump);
+}
+
+}  // namespace lorelin

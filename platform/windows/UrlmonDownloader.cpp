@@ -1,0 +1,157 @@
+#include "platform/windows/UrlmonDownloader.h"
+
+#include <windows.h>
+// the others need windows.h before them
+#include <urlmon.h>
+#include <wininet.h>
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "app/RuntimeError.h"
+#include "app/paths.h"
+#include "app/text.h"
+#include "platform/common/AtomicFileWriter.h"
+#include "platform/windows/systemErrors.h"
+#include "platform/windows/wideText.h"
+
+namespace lorelin {
+namespace {
+
+constexpr auto kTurn = std::chrono::milliseconds(20);
+
+// The address without name and password.
+std::string PublicAddress(const std::string& url) {
+  const auto authority = url.find("//");
+  if (authority == std::string::npos) return url;
+  const auto end = url.find_first_of("/?#", authority + 2);
+  const auto at = url.substr(0, end).rfind('@');
+  return at == std::string::npos || at < authority ? url : url.substr(0, authority + 2) + url.substr(at + 1);
+}
+
+bool IsWebAddress(const std::string& url) {
+  const std::string lower = LowerAscii(url);
+  return lower.starts_with("http://") || lower.starts_with("https://");
+}
+
+// A name in the system's folder for temporary files that every code page can spell.
+std::wstring TemporaryFile() {
+  std::wstring folder(MAX_PATH + 1, L'\0');
+  folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+  std::wstring shorter(MAX_PATH + 1, L'\0');
+  const DWORD length = GetShortPathNameW(folder.c_str(), shorter.data(), static_cast<DWORD>(shorter.size()));
+  if (length > 0 && length < shorter.size()) folder = shorter.substr(0, length);
+  std::wstring file(MAX_PATH + 1, L'\0');
+  if (GetTempFileNameW(folder.c_str(), L"lor", 0, file.data()) == 0) return {};
+  file.resize(file.find(L'\0'));
+  return file;
+}
+
+// What the caller and the thread share; it outlives the caller while a silent server holds up the thread.
+class Transfer final : public IBindStatusCallback {
+ public:
+  Transfer(std::string url, std::wstring file) : url_(std::move(url)), file_(std::move(file)) {}
+  virtual ~Transfer() { DeleteFileW(file_.c_str()); }
+
+  void Run() {
+    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    const std::string url = SystemCodePage(url_);
+    DeleteUrlCacheEntryA(url.c_str());
+    const HRESULT result =
+        URLDownloadToFileA(nullptr, url.c_str(), SystemCodePage(Utf8(file_)).c_str(), 0, this);
+    CoUninitialize();
+    const std::lock_guard guard(mutex_);
+    result_ = result;
+    done_ = true;
+    ended_.notify_all();
+  }
+  bool WaitForEnd(std::chrono::milliseconds time) {
+    std::unique_lock guard(mutex_);
+    return ended_.wait_for(guard, time, [this] { return done_; });
+  }
+  void Cancel() { cancelled_ = true; }
+  [[nodiscard]] HRESULT Result() {
+    const std::lock_guard guard(mutex_);
+    return result_;
+  }
+  [[nodiscard]] const std::wstring& File() const { return file_; }
+
+  // The thread's reference and the caller's are counted by shared pointers; urlmon's end within Run.
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    if (id == IID_IUnknown || id == IID_IBindStatusCallback) {
+      *object = static_cast<IBindStatusCallback*>(this);
+      return S_OK;
+    }
+    *object = nullptr;
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE OnStartBinding(DWORD, IBinding*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE GetPriority(LONG*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE OnLowResource(DWORD) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnProgress(ULONG, ULONG, ULONG, LPCWSTR) override {
+    return cancelled_ ? E_ABORT : S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE OnStopBinding(HRESULT, LPCWSTR) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE GetBindInfo(DWORD* flags, BINDINFO*) override {
+    *flags = BINDF_GETNEWESTVERSION | BINDF_NOWRITECACHE;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE OnDataAvailable(DWORD, DWORD, FORMATETC*, STGMEDIUM*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnObjectAvailable(REFIID, IUnknown*) override { return S_OK; }
+
+ private:
+  std::string url_;
+  std::wstring file_;
+  std::atomic<bool> cancelled_{false};
+  std::mutex mutex_;
+  std::condition_variable ended_;
+  bool done_ = false;
+  HRESULT result_ = E_PENDING;
+};
+
+// Ends the transfer when its caller leaves, in whatever way.
+class Cancelling {
+ public:
+  explicit Cancelling(Transfer& transfer) : transfer_(transfer) {}
+  ~Cancelling() { transfer_.Cancel(); }
+  Cancelling(const Cancelling&) = delete;
+  Cancelling& operator=(const Cancelling&) = delete;
+
+ private:
+  Transfer& transfer_;
+};
+
+}  // namespace
+
+void UrlmonDownloader::Download(const std::string& url, const std::string& targetFile,
+                                const std::function<bool()>& keepGoing) {
+  const auto fail = [&](const std::string& reason) {
+    log_.Write("Download " + PublicAddress(url) + " nach " + targetFile + ": " + reason);
+  };
+  if (!IsWebAddress(url)) return fail("keine Adresse im Web");
+  if (targetFile.empty()) return fail("kein Dateiname");
+  const std::wstring file = TemporaryFile();
+  if (file.empty()) return fail(SystemErrorText(GetLastError()));
+  const auto transfer = std::make_shared<Transfer>(url, file);
+  const Cancelling cancelling(*transfer);
+  std::thread([transfer] { transfer->Run(); }).detach();
+  do {
+    if (!keepGoing()) return fail("abgebrochen");
+  } while (!transfer->WaitForEnd(kTurn));
+  if (const HRESULT result = transfer->Result(); FAILED(result)) {
+    return fail(SystemErrorText(static_cast<unsigned long>(result)));
+  }
+  try {
+    AtomicFileWriter().Copy(Utf8(file), targetFile, [](double) { return true; });
+  } catch (const RuntimeError& error) {
+    fail(error.what());
+  }
+}
+
+}  // namespace lorelin
