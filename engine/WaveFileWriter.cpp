@@ -1,12 +1,8 @@
 #include "engine/WaveFileWriter.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <bit>
 #include <cerrno>
-#include <utility>
+#include <system_error>
 
 namespace lorelin::engine {
 namespace {
@@ -17,7 +13,9 @@ constexpr std::uint32_t kHeaderSize = 44;
 std::string ReasonFor(int errorNumber) {
   switch (errorNumber) {
     case ENOSPC:
+#ifdef EDQUOT
     case EDQUOT:
+#endif
       return "Auf dem Datenträger ist kein Speicherplatz mehr frei.";
     case EACCES:
     case EPERM:
@@ -41,10 +39,12 @@ void AppendNumber(std::string& bytes, std::uint32_t number, unsigned size) {
 
 }  // namespace
 
-WaveFileWriter::WaveFileWriter(std::string path, std::uint32_t sampleRate, std::uint64_t maxDataBytes)
-    : path_(std::move(path)), sampleRate_(sampleRate), maxDataBytes_(maxDataBytes) {
-  file_ = open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file_ < 0) {
+WaveFileWriter::WaveFileWriter(const std::string& path, std::uint32_t sampleRate, std::uint64_t maxDataBytes)
+    : path_(std::u8string(path.begin(), path.end())), sampleRate_(sampleRate), maxDataBytes_(maxDataBytes) {
+  file_.rdbuf()->pubsetbuf(nullptr, 0);  // the blocks are large already
+  errno = 0;
+  file_.open(path_, std::ios::binary | std::ios::trunc);
+  if (!file_) {
     Fail(errno);
     return;
   }
@@ -54,12 +54,12 @@ WaveFileWriter::WaveFileWriter(std::string path, std::uint32_t sampleRate, std::
 }
 
 WaveFileWriter::~WaveFileWriter() {
-  if (file_ < 0) return;
-  close(file_);
+  if (!file_.is_open()) return;
+  file_.close();
   if (finished_) return;
-  struct stat status {};
+  std::error_code error;
   // Only a file of our own goes, never a device that a user named.
-  if (stat(path_.c_str(), &status) == 0 && S_ISREG(status.st_mode)) unlink(path_.c_str());
+  if (std::filesystem::is_regular_file(path_, error)) std::filesystem::remove(path_, error);
 }
 
 bool WaveFileWriter::Fail(int errorNumber) {
@@ -68,14 +68,8 @@ bool WaveFileWriter::Fail(int errorNumber) {
 }
 
 bool WaveFileWriter::WriteBytes(const char* bytes, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = write(file_, bytes, size);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return Fail(errno);
-    bytes += written;
-    size -= static_cast<std::size_t>(written);
-  }
-  return true;
+  errno = 0;
+  return file_.write(bytes, static_cast<std::streamsize>(size)) ? true : Fail(errno);
 }
 
 bool WaveFileWriter::Flush() {
@@ -100,7 +94,8 @@ bool WaveFileWriter::Write(std::span<const std::int16_t> samples) {
 bool WaveFileWriter::Finish() {
   if (!problem_.empty() || !Flush()) return false;
   const std::string header = Header();
-  const bool patchable = lseek(file_, 0, SEEK_SET) == 0;
+  const bool patchable = static_cast<bool>(file_.seekp(0));
+  file_.clear();
   if (patchable && !WriteBytes(header.data(), header.size())) return false;
   finished_ = true;
   return true;

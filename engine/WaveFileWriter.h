@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -16,7 +18,7 @@ class WaveFileWriter final : public SampleSink {
   // The sizes in a RIFF header are 32 bits wide.
   static constexpr std::uint64_t kMaxDataBytes = 0xFFFFFFFFULL - 36;
 
-  WaveFileWriter(std::string path, std::uint32_t sampleRate, std::uint64_t maxDataBytes = kMaxDataBytes);
+  WaveFileWriter(const std::string& path, std::uint32_t sampleRate, std::uint64_t maxDataBytes = kMaxDataBytes);
   ~WaveFileWriter() override;
   WaveFileWriter(const WaveFileWriter&) = delete;
   WaveFileWriter& operator=(const WaveFileWriter&) = delete;
@@ -31,11 +33,11 @@ class WaveFileWriter final : public SampleSink {
   bool WriteBytes(const char* bytes, std::size_t size);
   [[nodiscard]] std::string Header() const;
 
-  std::string path_;
+  std::filesystem::path path_;
   std::uint32_t sampleRate_;
   std::uint64_t maxDataBytes_;
   std::uint64_t dataBytes_ = 0;
-  int file_ = -1;
+  std::ofstream file_;
   bool finished_ = false;
   std::string problem_;
   std::vector<char> buffer_;

@@ -6,14 +6,14 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <optional>
 #include <string>
 
-#include "extensions/german/spokenGerman.h"
+#include "extensions/german/abbreviationFilter.h"
 
 namespace {
 
-constexpr const char* kName = "org.lorelin.Abkuerzungen";
+constexpr const char* kName = lorelin::AbbreviationFilter::kName;
 constexpr const char* kPath = "/org/lorelin/Abkuerzungen";
 constexpr guint kIdleSeconds = 300;
 constexpr guint kIdleLook = 30;
@@ -29,56 +29,26 @@ fs::path WordListFile() {
   return fs::path(BaseFolder("XDG_CONFIG_HOME", "/.config")) / "lorelin" / "abkuerzungen.txt";
 }
 
-// Read again whenever it has changed.
-class OwnWords {
- public:
-  const lorelin::WordList& Current() {
-    std::error_code error;
-    const auto changed = fs::last_write_time(WordListFile(), error);
-    if (error) {
-      words_.clear();
-    } else if (changed != seen_) {
-      std::ifstream file(WordListFile(), std::ios::binary);
-      words_ = lorelin::ParseWordList(std::string(std::istreambuf_iterator<char>(file), {}));
-      seen_ = changed;
-    }
-    return words_;
-  }
-
- private:
-  lorelin::WordList words_;
-  fs::file_time_type seen_;
-};
-
 struct Service {
   GMainLoop* loop = nullptr;
-  OwnWords words;
+  lorelin::AbbreviationFilter filter{WordListFile()};
   std::atomic<gint64> lastCall = 0;
 };
-
-// Every hook that Lorelin calls has to be there; all but one do nothing.
-bool IsHook(const std::string& method) {
-  for (const char* const hook : {"Startup", "Close", "NewFile", "SaveFile", "Export", "TaskScript"}) {
-    if (method == hook) return true;
-  }
-  return false;
-}
 
 GDBusMessage* Answer(GDBusMessage* call, Service& service) {
   const std::string method = g_dbus_message_get_member(call);
   GVariant* const body = g_dbus_message_get_body(call);
-  GDBusMessage* const reply = g_dbus_message_new_method_reply(call);
-  if (IsHook(method)) return reply;
-  if (method == "FilterText" && body != nullptr && g_variant_is_of_type(body, G_VARIANT_TYPE("(s)"))) {
-    const gchar* text = nullptr;
-    g_variant_get(body, "(&s)", &text);
-    const std::string spoken = lorelin::SpokenGerman(text, service.words.Current());
-    g_dbus_message_set_body(reply, g_variant_new("(s)", spoken.c_str()));
-    return reply;
+  const gchar* text = nullptr;
+  if (body != nullptr && g_variant_is_of_type(body, G_VARIANT_TYPE("(s)"))) g_variant_get(body, "(&s)", &text);
+  const auto result =
+      service.filter.Call(method, text != nullptr ? std::optional<std::string_view>(text) : std::nullopt);
+  if (!result) {
+    return g_dbus_message_new_method_error(call, "org.freedesktop.DBus.Error.UnknownMethod",
+                                           "Unbekannte Methode %s", method.c_str());
   }
-  g_object_unref(reply);
-  return g_dbus_message_new_method_error(call, "org.freedesktop.DBus.Error.UnknownMethod",
-                                         "Unbekannte Methode %s", method.c_str());
+  GDBusMessage* const reply = g_dbus_message_new_method_reply(call);
+  if (method == "FilterText") g_dbus_message_set_body(reply, g_variant_new("(s)", result->c_str()));
+  return reply;
 }
 
 // Calls come with one argument or with none; interface descriptions know no such methods.

@@ -10,20 +10,12 @@
 
 #include "app/paths.h"
 #include "platform/common/programFolder.h"
+#include "platform/windows/executable.h"
 
 namespace lorelin {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path Executable() {
-  std::wstring name(MAX_PATH, L'\0');
-  while (true) {
-    const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
-    if (length < name.size()) return name.substr(0, length);
-    name.resize(name.size() * 2);
-  }
-}
 
 fs::path KnownFolder(REFKNOWNFOLDERID id) {
   PWSTR name = nullptr;
@@ -62,7 +54,7 @@ fs::path WritableFolder(const fs::path& wanted) {
 }  // namespace
 
 ProgramPaths FindProgramPaths() {
-  const fs::path executable = Executable();
+  const fs::path executable = ExecutableFile();
   const fs::path beside = executable.parent_path();
   const fs::path named = NamedFolder();
   std::error_code error;

@@ -52,7 +52,7 @@ std::wstring TemporaryFile() {
 }
 
 // What the caller and the thread share; it outlives the caller while a silent server holds up the thread.
-class Transfer final : public IBindStatusCallback {
+class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
  public:
   Transfer(std::string url, std::wstring file) : url_(std::move(url)), file_(std::move(file)) {}
   virtual ~Transfer() { DeleteFileW(file_.c_str()); }
@@ -78,16 +78,15 @@ class Transfer final : public IBindStatusCallback {
     const std::lock_guard guard(mutex_);
     return result_;
   }
+  [[nodiscard]] DWORD Status() const { return status_; }
   [[nodiscard]] const std::wstring& File() const { return file_; }
 
   // The thread's reference and the caller's are counted by shared pointers; urlmon's end within Run.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (id == IID_IUnknown || id == IID_IBindStatusCallback) {
-      *object = static_cast<IBindStatusCallback*>(this);
-      return S_OK;
-    }
     *object = nullptr;
-    return E_NOINTERFACE;
+    if (id == IID_IUnknown || id == IID_IBindStatusCallback) *object = static_cast<IBindStatusCallback*>(this);
+    if (id == IID_IHttpNegotiate) *object = static_cast<IHttpNegotiate*>(this);
+    return *object != nullptr ? S_OK : E_NOINTERFACE;
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
@@ -104,11 +103,18 @@ class Transfer final : public IBindStatusCallback {
   }
   HRESULT STDMETHODCALLTYPE OnDataAvailable(DWORD, DWORD, FORMATETC*, STGMEDIUM*) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE OnObjectAvailable(REFIID, IUnknown*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE BeginningTransaction(LPCWSTR, LPCWSTR, DWORD, LPWSTR*) override { return S_OK; }
+  // A server's page about what it does not have is not what was asked for.
+  HRESULT STDMETHODCALLTYPE OnResponse(DWORD code, LPCWSTR, LPCWSTR, LPWSTR*) override {
+    status_ = code;
+    return S_OK;
+  }
 
  private:
   std::string url_;
   std::wstring file_;
   std::atomic<bool> cancelled_{false};
+  std::atomic<DWORD> status_{0};  // of HTTP; 0 when it was not told
   std::mutex mutex_;
   std::condition_variable ended_;
   bool done_ = false;
@@ -147,6 +153,8 @@ void UrlmonDownloader::Download(const std::string& url, const std::string& targe
   if (const HRESULT result = transfer->Result(); FAILED(result)) {
     return fail(SystemErrorText(static_cast<unsigned long>(result)));
   }
+  constexpr DWORD kFirstFailure = 400;
+  if (transfer->Status() >= kFirstFailure) return fail("HTTP " + std::to_string(transfer->Status()));
   try {
     AtomicFileWriter().Copy(Utf8(file), targetFile, [](double) { return true; });
   } catch (const RuntimeError& error) {

@@ -1,7 +1,10 @@
 #include "platform/wx/WxBrowserPane.h"
 
+#include <wx/button.h>
 #include <wx/filesys.h>
 #include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +13,7 @@
 #include "app/paths.h"
 #include "app/text.h"
 #include "platform/wx/accessibility.h"
+#include "platform/wx/browserEngine.h"
 #include "platform/wx/offlineFilter.h"
 #include "platform/wx/text.h"
 
@@ -51,7 +55,11 @@ WxBrowserPane::WxBrowserPane(wxWindow* parent, std::string filterFolder, Log& lo
 }
 
 void WxBrowserPane::CreateView() {
-  if (view_ != nullptr) return;
+  if (view_ != nullptr || substitute_ != nullptr) return;
+  if (!HasBrowserEngine()) {
+    CreateSubstitute();
+    return;
+  }
   view_ = wxWebView::New(this, wxID_ANY, "about:blank");
   view_->EnableContextMenu(false);
   SetAccessibleName(*view_, "Seite");
@@ -67,13 +75,38 @@ void WxBrowserPane::CreateView() {
   view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);
 }
 
+// Everything else goes on without pages.
+void WxBrowserPane::CreateSubstitute() {
+  log_.Write("Dieses System kann keine Seiten zeigen.");
+  auto* const reason = new wxStaticText(
+      this, wxID_ANY,
+      ToWx("Hier stünde eine Seite, aber auf diesem Computer fehlt, womit Windows Seiten zeigt.\n\n"
+           "Texte schreiben, öffnen und vorlesen geht trotzdem: im Menü „Ansicht“ mit „Textmodus“."));
+  substitute_ = new wxButton(this, wxID_ANY, ToWx("&Seite im Webbrowser öffnen"));
+  substitute_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    if (!wxLaunchDefaultBrowser(page_)) log_.Write("Kein Webbrowser für " + FromWx(page_));
+  });
+  const int margin = FromDIP(24);
+  GetSizer()->Add(reason, wxSizerFlags().Border(wxALL, margin));
+  GetSizer()->Add(substitute_, wxSizerFlags().Border(wxLEFT | wxRIGHT, margin));
+  Bind(wxEVT_SIZE, [this, reason, margin](wxSizeEvent& event) {
+    const wxString text = reason->GetLabel();
+    reason->SetLabel(text);
+    reason->Wrap(std::max(GetClientSize().x - 2 * margin, FromDIP(100)));
+    event.Skip();
+  });
+  Layout();
+}
+
 void WxBrowserPane::Navigate(const std::string& path) {
   CreateView();
-  view_->LoadURL(wxFileSystem::FileNameToURL(wxFileName(ToWx(PathText(NativePath(path))))));
+  page_ = wxFileSystem::FileNameToURL(wxFileName(ToWx(PathText(NativePath(path)))));
+  if (view_ != nullptr) view_->LoadURL(page_);
 }
 
 void WxBrowserPane::SetFocus() {
   if (view_ != nullptr) view_->SetFocus();
+  if (substitute_ != nullptr) substitute_->SetFocus();
 }
 
 void WxBrowserPane::SelectAll() {

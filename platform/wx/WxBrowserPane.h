@@ -29,13 +29,16 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
 
  private:
   void CreateView();
+  void CreateSubstitute();
   void OnNavigating(wxWebViewEvent& event);
   void OnNewWindow(wxWebViewEvent& event);
   void OnError(wxWebViewEvent& event);
 
   std::string filterFolder_;
   Log& log_;
-  wxWebView* view_ = nullptr;  // owned by the window tree
+  wxWebView* view_ = nullptr;       // owned by the window tree
+  wxWindow* substitute_ = nullptr;  // in the place of a view, where there can be none
+  wxString page_;
   std::function<bool(std::string& address)> handler_;
   std::string clicked_;  // the link as it stands in the page, until the navigation to it
   bool offline_ = false;

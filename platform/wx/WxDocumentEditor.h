@@ -32,7 +32,7 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   // Larger, smaller, or (0) of the usual size again.
   void Zoom(int steps);
 
-  [[nodiscard]] std::size_t CharacterCount() const { return buffer_.CharacterCount(); }
+  [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
 
  private:
   RichTextBuffer buffer_;

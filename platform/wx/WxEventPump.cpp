@@ -3,6 +3,9 @@
 #include <wx/app.h>
 #include <wx/apptrait.h>
 #include <wx/evtloop.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
 
 #include <exception>
 #include <memory>
@@ -34,10 +37,24 @@ void WxEventPump::RunPendingEvents() {
   --depth_;
 }
 
+#ifdef __WXMSW__
+
+// The toolkit's own way would let posted tasks in as well, and a hook of its does whenever a message is taken.
+void WxEventPump::Repaint() {
+  wxTheApp->SuspendProcessingOfPendingEvents();
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+  wxTheApp->ResumeProcessingOfPendingEvents();
+}
+
+#else
+
 void WxEventPump::Repaint() {
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
   if (loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_UI);
 }
+
+#endif
 
 void WxEventPump::Post(std::function<void()> task) {
   wxTheApp->CallAfter([&log = log_, task = std::move(task)] {

@@ -385,7 +385,7 @@ void RichTextBuffer::EndChange() {
 void RichTextBuffer::SetZoom(double factor) {
   implementation_->SetZoom(factor);
 }
-std::size_t RichTextBuffer::CharacterCount() const {
+std::size_t RichTextBuffer::Length() const {
   return static_cast<std::size_t>(gtk_text_buffer_get_char_count(implementation_->Buffer()));
 }
 std::size_t RichTextBuffer::CharactersBefore(long position) const {

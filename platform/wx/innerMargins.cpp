@@ -2,6 +2,8 @@
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
+#elif defined(__WXMSW__)
+#include <wx/msw/wrapwin.h>
 #endif
 
 namespace lorelin {
@@ -20,10 +22,16 @@ void SetInnerMargins(wxTextCtrl& control, int horizontal, int vertical) {
   gtk_text_view_set_bottom_margin(text, vertical);
 }
 
-#else
+#elif defined(__WXMSW__)
 
+// EM_SETMARGINS would know no vertical ones, and some systems make indents of the text of it.
 void SetInnerMargins(wxTextCtrl& control, int horizontal, int vertical) {
-  control.SetMargins(horizontal, vertical);
+  control.Bind(wxEVT_SIZE, [&control, horizontal, vertical](wxSizeEvent& event) {
+    event.Skip();
+    const wxSize size = control.GetClientSize();
+    RECT inside{.left = horizontal, .top = vertical, .right = size.x - horizontal, .bottom = size.y};
+    SendMessageW(static_cast<HWND>(control.GetHandle()), EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+  });
 }
 
 #endif

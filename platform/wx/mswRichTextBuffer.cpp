@@ -3,13 +3,9 @@
 #ifdef __WXMSW__
 
 #include <wx/font.h>
-
-#include <windows.h>
-// these need windows.h before them
+#include <wx/msw/wrapwin.h>
+// the other needs it before
 #include <richedit.h>
-#include <richole.h>
-#include <tom.h>
-#include <wrl/client.h>
 
 #include <algorithm>
 #include <cmath>
@@ -23,12 +19,10 @@
 namespace lorelin {
 namespace {
 
-using Microsoft::WRL::ComPtr;
-
-constexpr IID kTextDocument = {0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
 constexpr LPARAM kLongestText = 0x7FFFFFFE;
 // Beyond it a character that takes two places counts as two: counting would hold up typing.
 constexpr long kMostCounted = 1'000'000;
+constexpr UINT kUnicode = 1200;  // the code page of UTF-16
 constexpr int kZoomDenominator = 64;
 
 DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* read) {
@@ -53,9 +47,6 @@ class RichTextBuffer::Implementation {
  public:
   explicit Implementation(wxTextCtrl& control) : control_(control) {
     Send(EM_EXLIMITTEXT, 0, kLongestText);
-    ComPtr<IRichEditOle> ole;
-    Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(ole.GetAddressOf()));
-    if (ole) ole->QueryInterface(kTextDocument, reinterpret_cast<void**>(document_.GetAddressOf()));
   }
 
   LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
@@ -85,12 +76,11 @@ class RichTextBuffer::Implementation {
     control_.SetInsertionPoint(0);
   }
 
-  void BeginChange() {
-    if (document_) document_->BeginEditCollection();
-  }
-  void EndChange() {
-    if (document_) document_->EndEditCollection();
-  }
+  // RichEdit knows no groups of changes: the last one is taken back until the text is what it was before.
+  void BeginChange() { before_ = control_.GetValue(); }
+  void EndChange() { after_ = control_.GetValue(); }
+  void Undo() { RepeatUntil(before_, after_, EM_UNDO); }
+  void Redo() { RepeatUntil(after_, before_, EM_REDO); }
 
   [[nodiscard]] std::size_t CharactersBefore(long position) const {
     const wxString text = control_.GetRange(0, position);
@@ -103,6 +93,24 @@ class RichTextBuffer::Implementation {
   wxTextCtrl& Control() { return control_; }
 
  private:
+  [[nodiscard]] std::size_t Units() const {
+    GETTEXTLENGTHEX wanted{.flags = GTL_NUMCHARS | GTL_PRECISE, .codepage = kUnicode};
+    return static_cast<std::size_t>(Send(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&wanted)));
+  }
+
+  void RepeatUntil(const wxString& end, const wxString& begin, UINT message) {
+    const bool group = before_ != after_ && Units() == begin.length() && control_.GetValue() == begin;
+    Send(message);
+    if (!group) return;
+    std::size_t units = Units();
+    while (units != end.length() || control_.GetValue() != end) {
+      const LRESULT possible = Send(message == EM_UNDO ? EM_CANUNDO : EM_CANREDO);
+      if (possible == FALSE) return;
+      Send(message);
+      units = Units();
+    }
+  }
+
   [[nodiscard]] bool ShowRtf(std::string_view bytes) {
     control_.Freeze();
     EDITSTREAM stream{.dwCookie = reinterpret_cast<DWORD_PTR>(&bytes), .dwError = 0, .pfnCallback = &ReadBytes};
@@ -134,7 +142,8 @@ class RichTextBuffer::Implementation {
   }
 
   wxTextCtrl& control_;
-  ComPtr<ITextDocument> document_;
+  wxString before_;  // the last group of changes
+  wxString after_;
 };
 
 RichTextBuffer::RichTextBuffer(wxTextCtrl& control)
@@ -151,10 +160,10 @@ void RichTextBuffer::ReplaceText(const wxString& text) {
   implementation_->ReplaceText(text);
 }
 void RichTextBuffer::Undo() {
-  implementation_->Send(EM_UNDO);
+  implementation_->Undo();
 }
 void RichTextBuffer::Redo() {
-  implementation_->Send(EM_REDO);
+  implementation_->Redo();
 }
 void RichTextBuffer::BeginChange() {
   implementation_->BeginChange();
@@ -165,7 +174,7 @@ void RichTextBuffer::EndChange() {
 void RichTextBuffer::SetZoom(double factor) {
   implementation_->Send(EM_SETZOOM, static_cast<WPARAM>(std::lround(factor * kZoomDenominator)), kZoomDenominator);
 }
-std::size_t RichTextBuffer::CharacterCount() const {
+std::size_t RichTextBuffer::Length() const {
   const long last = implementation_->Control().GetLastPosition();
   return last > kMostCounted ? static_cast<std::size_t>(last) : CharactersBefore(last);
 }

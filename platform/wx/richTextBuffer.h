@@ -35,7 +35,7 @@ class RichTextBuffer {
   void SetZoom(double factor);
 
   // Characters in the text, and before a position of the control.
-  [[nodiscard]] std::size_t CharacterCount() const;
+  [[nodiscard]] std::size_t Length() const;
   [[nodiscard]] std::size_t CharactersBefore(long position) const;
 
  private:

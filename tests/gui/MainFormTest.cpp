@@ -1,6 +1,10 @@
 #include <wx/button.h>
 #include <wx/timer.h>
 
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
 #include <ctime>
 #include <thread>
 
@@ -104,7 +108,7 @@ TEST_F(MainForm, LoadsADocumentOrKeepsTheOldOne) {
 
 TEST_F(MainForm, TellsTheSelectionInCharacters) {
   form.Editor().SetText("ä🎉bc");
-  form.Editor().SetSelection(1, 3);
+  ASSERT_TRUE(form.Editor().FindNext("🎉b", true, false));  // positions count differently from system to system
   EXPECT_EQ(form.Editor().SelectionStart(), 1U);
   EXPECT_EQ(form.Editor().SelectedText(), "🎉b");
   form.Editor().ReplaceSelection("X");
@@ -234,14 +238,31 @@ TEST_F(Pump, SurvivesATaskThatThrows) {
   EXPECT_EQ(log.lines, std::vector<std::string>{"Überlauf"});
 }
 
+// std::clock tells the time of day on some systems.
+double ProcessorSeconds() {
+#ifdef __WXMSW__
+  FILETIME created{};
+  FILETIME ended{};
+  FILETIME kernel{};
+  FILETIME user{};
+  GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
+  const auto seconds = [](const FILETIME& time) {
+    return (static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime) / 1e7;
+  };
+  return seconds(kernel) + seconds(user);
+#else
+  return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+#endif
+}
+
 TEST_F(Pump, SleepsWhenNothingHappens) {
   window.Load();
   const auto settled = std::chrono::steady_clock::now() + std::chrono::seconds(1);
   (void)WaitUntil([&] { return std::chrono::steady_clock::now() > settled; });
-  const std::clock_t before = std::clock();
+  const double before = ProcessorSeconds();
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
   (void)WaitUntil([&] { return std::chrono::steady_clock::now() > end; });
-  EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
+  EXPECT_LT(ProcessorSeconds() - before, 0.2);
 }
 
 TEST_F(Pump, DrawsWithoutLettingAnythingElseIn) {

@@ -62,6 +62,23 @@ TEST_F(SqliteRegistryTest, KeepsValuesFromOneStartToTheNext) {
   EXPECT_FALSE(opened.lost);
 }
 
+TEST_F(SqliteRegistryTest, KeepsNamesOfAnyBytes) {
+  const auto opened = Open();
+  Registry& registry = *opened.registry;
+  const auto hive = RegistryHive::CurrentUser;
+  EXPECT_TRUE(registry.WriteValue(hive, "K\xFF", "\xC3", {RegistryType::String, "1"}));
+  EXPECT_EQ(registry.ReadValue(hive, "k\xFF", "\xC3")->data, "1");
+  EXPECT_EQ(registry.ValueNames(hive, "K\xFF"), Names{"\xC3"});
+}
+
+TEST_F(SqliteRegistryTest, EnumeratesInTheOrderOfNames) {
+  const auto opened = Open();
+  for (const auto* const name : {"b", "a"}) {
+    EXPECT_TRUE(opened.registry->WriteValue(RegistryHive::CurrentUser, "K", name, {RegistryType::String, "1"}));
+  }
+  EXPECT_EQ(opened.registry->ValueNames(RegistryHive::CurrentUser, "K"), (Names{"a", "b"}));
+}
+
 TEST_F(SqliteRegistryTest, ShowsWhatAnotherConnectionWrote) {
   const auto one = Open();
   const auto two = Open();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <thread>
@@ -11,6 +12,13 @@ namespace lorelin {
 // path. The answer is sent as it stands, then the connection is closed.
 class LoopbackServer {
  public:
+#ifdef _WIN32
+  using Socket = std::uintptr_t;
+#else
+  using Socket = int;
+#endif
+  static constexpr Socket kNoSocket = static_cast<Socket>(-1);
+
   explicit LoopbackServer(std::function<std::string(const std::string& path)> answer);
   ~LoopbackServer();
   LoopbackServer(const LoopbackServer&) = delete;
@@ -21,10 +29,10 @@ class LoopbackServer {
 
  private:
   void Serve();
-  void Answer(int connection);
+  void Answer(Socket connection);
 
   std::function<std::string(const std::string&)> answer_;
-  int listener_ = -1;
+  Socket listener_ = kNoSocket;
   int port_ = 0;
   std::string request_;
   std::atomic<bool> ending_ = false;

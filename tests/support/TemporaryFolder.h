@@ -13,7 +13,8 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   [[nodiscard]] const std::string& Path() const { return path_; }
-  [[nodiscard]] std::string File(const std::string& name) const { return path_ + "/" + name; }
+  // With the system's own separators; `name` may have slashes.
+  [[nodiscard]] std::string File(const std::string& name) const;
 
  private:
   std::string path_;
