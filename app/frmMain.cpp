@@ -149,7 +149,7 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   sizer->Add(wbBrowser_, wxSizerFlags(1).Expand());
   place->SetSizer(sizer);
   splitter_->SetMinimumPaneSize(FromDIP(140));
-  const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Geschwindigkeit ändern")).x + FromDIP(48);
+  const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Sprachausgabe als WAV speichern")).x + FromDIP(56);
   splitter_->SplitVertically(ctlTask_, place, std::max(FromDIP(220), tasksWidth));
   AcceptFiles(*rtfText_);
   AcceptFiles(*ctlTask_);

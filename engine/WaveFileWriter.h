@@ -18,7 +18,8 @@ class WaveFileWriter final : public SampleSink {
   // The sizes in a RIFF header are 32 bits wide.
   static constexpr std::uint64_t kMaxDataBytes = 0xFFFFFFFFULL - 36;
 
-  WaveFileWriter(const std::string& path, std::uint32_t sampleRate, std::uint64_t maxDataBytes = kMaxDataBytes);
+  WaveFileWriter(const std::string& path, std::uint32_t sampleRate,
+                 std::uint64_t maxDataBytes = kMaxDataBytes);
   ~WaveFileWriter() override;
   WaveFileWriter(const WaveFileWriter&) = delete;
   WaveFileWriter& operator=(const WaveFileWriter&) = delete;

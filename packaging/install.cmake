@@ -1,6 +1,6 @@
 if(WIN32)
   # One folder that can lie anywhere.
-  install(TARGETS lorelin XMGR RUNTIME DESTINATION .)
+  install(TARGETS lorelin XMGR lorelin-abkuerzungen RUNTIME DESTINATION .)
   install(FILES packaging/vts.ico LICENSE DESTINATION .)
   install(DIRECTORY hypertext packaging/scripts DESTINATION .)
   return()

@@ -18,9 +18,10 @@ class AbbreviationFilter {
   // `wordList` is the user's own list, read again whenever it has changed; it need not exist.
   explicit AbbreviationFilter(std::filesystem::path wordList) : wordList_(std::move(wordList)) {}
 
-  // The result of a method: every hook that Lorelin calls is there, all but the filter do nothing. Absent for a
-  // method that there is not, or a filter without a text.
-  [[nodiscard]] std::optional<std::string> Call(std::string_view method, std::optional<std::string_view> argument);
+  // The result of a method: every hook that Lorelin calls is there, all but the filter do nothing. Absent for
+  // a method that there is not, or a filter without a text.
+  [[nodiscard]] std::optional<std::string> Call(std::string_view method,
+                                                std::optional<std::string_view> argument);
 
  private:
   [[nodiscard]] const WordList& OwnWords();

@@ -39,7 +39,8 @@ GDBusMessage* Answer(GDBusMessage* call, Service& service) {
   const std::string method = g_dbus_message_get_member(call);
   GVariant* const body = g_dbus_message_get_body(call);
   const gchar* text = nullptr;
-  if (body != nullptr && g_variant_is_of_type(body, G_VARIANT_TYPE("(s)"))) g_variant_get(body, "(&s)", &text);
+  if (body != nullptr && g_variant_is_of_type(body, G_VARIANT_TYPE("(s)")))
+    g_variant_get(body, "(&s)", &text);
   const auto result =
       service.filter.Call(method, text != nullptr ? std::optional<std::string_view>(text) : std::nullopt);
   if (!result) {

@@ -72,8 +72,9 @@ Key Opened(RegistryHive hive, std::string_view path, REGSAM access) {
 
 std::pair<Key, LSTATUS> Created(RegistryHive hive, std::string_view path) {
   HKEY key = nullptr;
-  const LSTATUS error = RegCreateKeyExW(RootOf(hive), KeyPath(path).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                        KEY_READ | KEY_WRITE, nullptr, &key, nullptr);
+  const LSTATUS error =
+      RegCreateKeyExW(RootOf(hive), KeyPath(path).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                      KEY_READ | KEY_WRITE, nullptr, &key, nullptr);
   return {Key(error == ERROR_SUCCESS ? key : nullptr), error};
 }
 
@@ -122,7 +123,8 @@ bool AdvapiRegistry::DeleteKey(RegistryHive hive, std::string_view path) {
   return error == ERROR_SUCCESS || Fail("DeleteKey", path, error);
 }
 
-std::optional<std::vector<std::string>> AdvapiRegistry::SubkeyNames(RegistryHive hive, std::string_view path) {
+std::optional<std::vector<std::string>> AdvapiRegistry::SubkeyNames(RegistryHive hive,
+                                                                    std::string_view path) {
   const Key key = Opened(hive, path, KEY_READ);
   if (!key) return std::nullopt;
   std::vector<std::string> names;

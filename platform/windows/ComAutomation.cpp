@@ -15,7 +15,7 @@ constexpr UINT kTurn = 50;             // milliseconds
 
 ErrorNumber NumberOf(HRESULT code) {
   return code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND ? ErrorNumber::NoSuchMethod
-                                                                    : ErrorNumber::AutomationFailed;
+                                                                     : ErrorNumber::AutomationFailed;
 }
 
 // While a call waits, COM asks only when a message arrives; this one does.

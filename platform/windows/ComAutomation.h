@@ -7,9 +7,9 @@
 
 namespace lorelin {
 
-// Objects of COM classes by their ProgID, bound late (IDispatch). While a server in a process of its own keeps
-// the program waiting, only drawing goes on; after 10 s the call is cancelled. A server in this process cannot
-// be interrupted.
+// Objects of COM classes by their ProgID, bound late (IDispatch). While a server in a process of its own
+// keeps the program waiting, only drawing goes on; after 10 s the call is cancelled. A server in this process
+// cannot be interrupted.
 class ComAutomation final : public Automation {
  public:
   // Does not own the log. The thread is a single-threaded apartment.

@@ -16,7 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uintmax_t kMostWaveBytes = 0xFFFFFFFF;
-constexpr const char* kFailed = "Die Sprachausgabe von Windows meldet einen Fehler. Der Text wurde nicht bis zum Ende gelesen.";
+constexpr const char* kFailed =
+    "Die Sprachausgabe von Windows meldet einen Fehler. Der Text wurde nicht bis zum Ende gelesen.";
 constexpr const char* kTooLong =
     "Der Text ist zu lang für eine WAV-Datei (höchstens 4 GB). Es wurde keine Datei geschrieben.";
 

@@ -12,9 +12,9 @@
 
 namespace lorelin {
 
-// What the engines of Windows have in common: properties that survive an engine that is made anew, one end for
-// every text, and wave files that are complete or gone. An engine whose object fails is let go; the next text
-// gets a new one.
+// What the engines of Windows have in common: properties that survive an engine that is made anew, one end
+// for every text, and wave files that are complete or gone. An engine whose object fails is let go; the next
+// text gets a new one.
 class ComSpeech : public DirectSS {
  public:
   ~ComSpeech() override;
@@ -80,7 +80,8 @@ class ComSpeech : public DirectSS {
   [[nodiscard]] const engine::Capabilities& Abilities();
   [[nodiscard]] const engine::Voice* VoiceWith(std::int32_t number);
   void RequireEngine();
-  void Set(std::int32_t engine::Utterance::*property, std::int32_t value, engine::Range engine::Capabilities::*range);
+  void Set(std::int32_t engine::Utterance::*property, std::int32_t value,
+           engine::Range engine::Capabilities::*range);
   std::int32_t Value(std::int32_t engine::Utterance::*property);
   // Runs `work` on the engine; one that fails is let go and the reason kept for the user.
   bool Try(const std::function<void()>& work);

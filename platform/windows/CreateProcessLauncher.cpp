@@ -35,7 +35,8 @@ bool NamesAFolder(const std::string& program) {
 std::wstring InSearchPath(const std::string& program) {
   const std::wstring name = Wide(program);
   std::wstring found(MAX_PATH, L'\0');
-  DWORD length = SearchPathW(nullptr, name.c_str(), L".exe", static_cast<DWORD>(found.size()), found.data(), nullptr);
+  DWORD length =
+      SearchPathW(nullptr, name.c_str(), L".exe", static_cast<DWORD>(found.size()), found.data(), nullptr);
   if (length > found.size()) {
     found.resize(length);
     length = SearchPathW(nullptr, name.c_str(), L".exe", length, found.data(), nullptr);
@@ -86,7 +87,8 @@ std::string CommandLineOf(const std::vector<std::string>& arguments) {
 
 void CreateProcessLauncher::Start(const std::vector<std::string>& arguments) {
   if (arguments.empty() || arguments[0].empty()) throw RuntimeError(ErrorNumber::InvalidCall);
-  const std::wstring program = NamesAFolder(arguments[0]) ? WithEnding(arguments[0]) : InSearchPath(arguments[0]);
+  const std::wstring program =
+      NamesAFolder(arguments[0]) ? WithEnding(arguments[0]) : InSearchPath(arguments[0]);
   const DWORD attributes = GetFileAttributesW(program.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) throw RuntimeError(ErrorNumber::FileNotFound);
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw RuntimeError(ErrorNumber::PermissionDenied);

@@ -69,7 +69,8 @@ void DirectSSControl::CreateEngine() {
                                                reinterpret_cast<void**>(initial.GetAddressOf())))) {
     initial->InitNew();
   }
-  events_ = EventConnection(control_.Get(), kEvents, [this](DISPID event, const DISPPARAMS&) { OnEvent(event); });
+  events_ =
+      EventConnection(control_.Get(), kEvents, [this](DISPID event, const DISPPARAMS&) { OnEvent(event); });
   engine::Capabilities abilities;
   abilities.pitch = {.lowest = Number(kMinPitch), .highest = Number(kMaxPitch)};
   abilities.speed = {.lowest = Number(kMinSpeed), .highest = Number(kMaxSpeed)};
@@ -110,7 +111,8 @@ void DirectSSControl::ApplyProperties(engine::Utterance& properties) {
 
 void DirectSSControl::StartText(const engine::Utterance& utterance) {
   processed_ = false;
-  if (!utterance.waveFile.empty()) control_.SetProperty(kFileName, Variant(std::string_view(utterance.waveFile)));
+  if (!utterance.waveFile.empty())
+    control_.SetProperty(kFileName, Variant(std::string_view(utterance.waveFile)));
   control_.Call(kSpeak, Arguments(std::string_view(utterance.text)));
 }
 

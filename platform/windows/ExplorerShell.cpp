@@ -22,9 +22,9 @@ bool NamesAFolder(const std::string& item) {
 bool ExplorerShell::Execute(const std::string& item, const std::string& parameters, const std::string& folder,
                             ShowCommand show) {
   constexpr INT_PTR kLastFailure = 32;
-  const HINSTANCE result =
-      ShellExecuteW(nullptr, L"open", Wide(item).c_str(), parameters.empty() ? nullptr : Wide(parameters).c_str(),
-                    folder.empty() ? nullptr : Wide(folder).c_str(), static_cast<int>(show));
+  const HINSTANCE result = ShellExecuteW(
+      nullptr, L"open", Wide(item).c_str(), parameters.empty() ? nullptr : Wide(parameters).c_str(),
+      folder.empty() ? nullptr : Wide(folder).c_str(), static_cast<int>(show));
   if (reinterpret_cast<INT_PTR>(result) > kLastFailure) return true;
   log_.Write(item + ": " + SystemErrorText(GetLastError()));
   return false;

@@ -13,7 +13,8 @@ namespace lorelin {
 class MissingSpeech final : public DirectSS {
  public:
   static constexpr const char* kReason =
-      "Auf diesem Computer ist keine Sprachausgabe eingerichtet. Bitte fügen Sie in den Windows-Einstellungen unter "
+      "Auf diesem Computer ist keine Sprachausgabe eingerichtet. Bitte fügen Sie in den "
+      "Windows-Einstellungen unter "
       "„Zeit und Sprache“, „Spracherkennung“ eine Stimme hinzu und starten Sie Lorelin neu.";
 
   // Does not own the pump.

@@ -105,9 +105,8 @@ SapiVoice::~SapiVoice() {
 void SapiVoice::CreateEngine() {
   voice_ = Dispatch::Create("SAPI.SpVoice");
   voice_.SetProperty("EventInterests", Variant(kEndOfStreams));
-  events_ = EventConnection(voice_.Get(), kEvents, [this](DISPID event, const DISPPARAMS& arguments) {
-    OnEvent(event, arguments);
-  });
+  events_ = EventConnection(voice_.Get(), kEvents,
+                            [this](DISPID event, const DISPPARAMS& arguments) { OnEvent(event, arguments); });
   ListVoices();
   rendering_ = false;
   applied_ = {};
@@ -152,7 +151,8 @@ void SapiVoice::ApplyProperties(engine::Utterance& properties) {
     voice_.SetObject("Voice", tokens_.at(static_cast<std::size_t>(properties.voice) - 1));
   }
   if (properties.speed != applied_.speed) voice_.SetProperty("Rate", Variant(RateOf(properties.speed)));
-  if (properties.volumeLeft != applied_.volumeLeft) voice_.SetProperty("Volume", Variant(properties.volumeLeft));
+  if (properties.volumeLeft != applied_.volumeLeft)
+    voice_.SetProperty("Volume", Variant(properties.volumeLeft));
   applied_ = properties;
 }
 

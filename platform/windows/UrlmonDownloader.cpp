@@ -84,7 +84,8 @@ class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
   // The thread's reference and the caller's are counted by shared pointers; urlmon's end within Run.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     *object = nullptr;
-    if (id == IID_IUnknown || id == IID_IBindStatusCallback) *object = static_cast<IBindStatusCallback*>(this);
+    if (id == IID_IUnknown || id == IID_IBindStatusCallback)
+      *object = static_cast<IBindStatusCallback*>(this);
     if (id == IID_IHttpNegotiate) *object = static_cast<IHttpNegotiate*>(this);
     return *object != nullptr ? S_OK : E_NOINTERFACE;
   }

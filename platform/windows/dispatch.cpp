@@ -10,7 +10,8 @@ namespace lorelin {
 namespace {
 
 void Require(HRESULT result, const std::string& what) {
-  if (FAILED(result)) throw ComError(result, what + ": " + SystemErrorText(static_cast<unsigned long>(result)));
+  if (FAILED(result))
+    throw ComError(result, what + ": " + SystemErrorText(static_cast<unsigned long>(result)));
 }
 
 BSTR MakeText(std::string_view text) {
@@ -39,14 +40,16 @@ struct Complaint {
 // Converts a copy; empty when it cannot be converted.
 Variant Converted(const VARIANT& value, VARTYPE type) {
   Variant result;
-  if (FAILED(VariantChangeType(&result.Raw(), const_cast<VARIANT*>(&value), 0, type))) VariantClear(&result.Raw());
+  if (FAILED(VariantChangeType(&result.Raw(), const_cast<VARIANT*>(&value), 0, type)))
+    VariantClear(&result.Raw());
   return result;
 }
 
 // Receives events by their number.
 class EventSink final : public IDispatch {
  public:
-  EventSink(const IID& events, EventConnection::Handler handler) : events_(events), handler_(std::move(handler)) {}
+  EventSink(const IID& events, EventConnection::Handler handler)
+      : events_(events), handler_(std::move(handler)) {}
   virtual ~EventSink() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -69,9 +72,11 @@ class EventSink final : public IDispatch {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
-                                   UINT*) override {
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,
+                                   EXCEPINFO*, UINT*) override {
     if (arguments == nullptr) return E_POINTER;
     handler_(event, *arguments);
     return S_OK;
@@ -157,7 +162,8 @@ DISPID Dispatch::RequiredMember(std::string_view name) const {
 Variant Dispatch::Invoke(DISPID member, WORD flags, std::vector<Variant>& arguments) const {
   // The last argument stands first.
   std::vector<VARIANT> reversed;
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) reversed.push_back(argument->Raw());
+  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
+    reversed.push_back(argument->Raw());
   DISPID put = DISPID_PROPERTYPUT;
   const bool putting = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters{.rgvarg = reversed.data(),
@@ -207,7 +213,8 @@ void Dispatch::SetObject(std::string_view name, const Dispatch& object) const {
 
 EventConnection::EventConnection(IUnknown* source, const IID& events, Handler handler) {
   ComPtr<IConnectionPointContainer> container;
-  Require(source->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container.GetAddressOf())),
+  Require(source->QueryInterface(IID_IConnectionPointContainer,
+                                 reinterpret_cast<void**>(container.GetAddressOf())),
           "IConnectionPointContainer");
   Require(container->FindConnectionPoint(events, point_.GetAddressOf()), "FindConnectionPoint");
   const ComPtr<IDispatch> sink(new EventSink(events, std::move(handler)));

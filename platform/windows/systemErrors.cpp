@@ -11,7 +11,8 @@
 namespace lorelin {
 namespace {
 
-constexpr unsigned long kDiskQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which not every winerror.h has
+constexpr unsigned long kDiskQuotaExceeded =
+    1295;  // ERROR_DISK_QUOTA_EXCEEDED, which not every winerror.h has
 
 }  // namespace
 
@@ -51,9 +52,8 @@ int ErrnoOf(unsigned long error) {
 
 std::string SystemErrorText(unsigned long error) {
   std::array<wchar_t, 512> text{};
-  const DWORD length =
-      FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0, text.data(),
-                     static_cast<DWORD>(text.size()), nullptr);
+  const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                      error, 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
   std::string message = Utf8({text.data(), length});
   while (!message.empty() && static_cast<unsigned char>(message.back()) <= ' ') message.pop_back();
   std::array<char, 32> number{};

@@ -66,8 +66,9 @@ int UnfinishedFile::Open() {
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return EINVAL;
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return EACCES;
     // Asks for the right to write without writing anything.
-    const HANDLE file = CreateFileW(target_.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file =
+        CreateFileW(target_.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return LastError();
     CloseHandle(file);
   }
@@ -101,10 +102,10 @@ int UnfinishedFile::PutInPlace() {
   for (int attempt = 0;; ++attempt) {
     // The old file's rights and attributes go over to the new one.
     const bool replaced =
-        handle_->replaces &&
-        ReplaceFileW(target_.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != FALSE;
-    if (replaced ||
-        MoveFileExW(path_.c_str(), target_.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE) {
+        handle_->replaces && ReplaceFileW(target_.c_str(), path_.c_str(), nullptr,
+                                          REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != FALSE;
+    if (replaced || MoveFileExW(path_.c_str(), target_.c_str(),
+                                MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE) {
       path_.clear();
       return 0;
     }

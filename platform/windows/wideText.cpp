@@ -8,8 +8,8 @@ namespace {
 std::wstring WideFrom(UINT codePage, std::string_view bytes) {
   if (bytes.empty()) return {};
   const auto size = static_cast<int>(bytes.size());
-  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0)),
-                    L'\0');
+  std::wstring wide(
+      static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0)), L'\0');
   MultiByteToWideChar(codePage, 0, bytes.data(), size, wide.data(), static_cast<int>(wide.size()));
   return wide;
 }

@@ -39,7 +39,8 @@ void WxEventPump::RunPendingEvents() {
 
 #ifdef __WXMSW__
 
-// The toolkit's own way would let posted tasks in as well, and a hook of its does whenever a message is taken.
+// The toolkit's own way would let posted tasks in as well, and a hook of its does whenever a message is
+// taken.
 void WxEventPump::Repaint() {
   wxTheApp->SuspendProcessingOfPendingEvents();
   MSG message{};

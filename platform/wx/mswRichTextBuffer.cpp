@@ -23,6 +23,7 @@ constexpr LPARAM kLongestText = 0x7FFFFFFE;
 // Beyond it a character that takes two places counts as two: counting would hold up typing.
 constexpr long kMostCounted = 1'000'000;
 constexpr UINT kUnicode = 1200;  // the code page of UTF-16
+constexpr WPARAM kWesternEurope = 1252;
 constexpr int kZoomDenominator = 64;
 
 DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* read) {
@@ -45,9 +46,7 @@ DWORD CALLBACK AppendBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* wri
 
 class RichTextBuffer::Implementation {
  public:
-  explicit Implementation(wxTextCtrl& control) : control_(control) {
-    Send(EM_EXLIMITTEXT, 0, kLongestText);
-  }
+  explicit Implementation(wxTextCtrl& control) : control_(control) { Send(EM_EXLIMITTEXT, 0, kLongestText); }
 
   LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
     return SendMessageW(static_cast<HWND>(control_.GetHandle()), message, first, second);
@@ -63,8 +62,10 @@ class RichTextBuffer::Implementation {
 
   [[nodiscard]] std::string Rtf() const {
     std::string bytes;
-    EDITSTREAM stream{.dwCookie = reinterpret_cast<DWORD_PTR>(&bytes), .dwError = 0, .pfnCallback = &AppendBytes};
-    Send(EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+    EDITSTREAM stream{
+        .dwCookie = reinterpret_cast<DWORD_PTR>(&bytes), .dwError = 0, .pfnCallback = &AppendBytes};
+    // Without a code page it would write in the system's, which other programs may not know (UTF-8).
+    Send(EM_STREAMOUT, SF_RTF | SF_USECODEPAGE | kWesternEurope << 16, reinterpret_cast<LPARAM>(&stream));
     return bytes;
   }
 
@@ -113,7 +114,8 @@ class RichTextBuffer::Implementation {
 
   [[nodiscard]] bool ShowRtf(std::string_view bytes) {
     control_.Freeze();
-    EDITSTREAM stream{.dwCookie = reinterpret_cast<DWORD_PTR>(&bytes), .dwError = 0, .pfnCallback = &ReadBytes};
+    EDITSTREAM stream{
+        .dwCookie = reinterpret_cast<DWORD_PTR>(&bytes), .dwError = 0, .pfnCallback = &ReadBytes};
     const LRESULT read = Send(EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
     control_.Thaw();
     return read > 0 && stream.dwError == 0;
@@ -172,7 +174,8 @@ void RichTextBuffer::EndChange() {
   implementation_->EndChange();
 }
 void RichTextBuffer::SetZoom(double factor) {
-  implementation_->Send(EM_SETZOOM, static_cast<WPARAM>(std::lround(factor * kZoomDenominator)), kZoomDenominator);
+  implementation_->Send(EM_SETZOOM, static_cast<WPARAM>(std::lround(factor * kZoomDenominator)),
+                        kZoomDenominator);
 }
 std::size_t RichTextBuffer::Length() const {
   const long last = implementation_->Control().GetLastPosition();

@@ -28,8 +28,12 @@ class DocumentEditorForm : public FormFixture {
     return Editor().GetFont().GetPointSize();
 #endif
   }
-  std::string Text() { return form.Editor().Text(); }
-  void Set(const std::string& text) { form.Editor().SetText(text); }
+  std::string Text() {
+    return form.Editor().Text();
+  }
+  void Set(const std::string& text) {
+    form.Editor().SetText(text);
+  }
   std::string Rtf(const std::string& body) {
     WriteFile(folder.File("x.rtf"),
               "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0 Arial;}{\\f1 Courier "
@@ -73,6 +77,13 @@ TEST_F(DocumentEditorForm, GivesBackTheFormatsThatItShows) {
   EXPECT_EQ(after.paragraphs, before.paragraphs);
   EXPECT_EQ(after.fonts, before.fonts);
 #endif
+}
+
+TEST_F(DocumentEditorForm, GivesTheTextAsRtfThatEveryProgramReads) {
+  Set("Grüße – 10 € ♥");
+  const std::string rtf = Editor().RichText();
+  EXPECT_TRUE(rtf.starts_with("{\\rtf1\\ansi"));
+  EXPECT_EQ(ReadRtf(rtf).text, "Grüße – 10 € ♥");
 }
 
 TEST_F(DocumentEditorForm, GivesTypedTextTheFormatAround) {

@@ -108,7 +108,8 @@ TEST_F(MainForm, LoadsADocumentOrKeepsTheOldOne) {
 
 TEST_F(MainForm, TellsTheSelectionInCharacters) {
   form.Editor().SetText("ä🎉bc");
-  ASSERT_TRUE(form.Editor().FindNext("🎉b", true, false));  // positions count differently from system to system
+  ASSERT_TRUE(
+      form.Editor().FindNext("🎉b", true, false));  // positions count differently from system to system
   EXPECT_EQ(form.Editor().SelectionStart(), 1U);
   EXPECT_EQ(form.Editor().SelectedText(), "🎉b");
   form.Editor().ReplaceSelection("X");

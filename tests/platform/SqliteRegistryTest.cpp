@@ -74,7 +74,8 @@ TEST_F(SqliteRegistryTest, KeepsNamesOfAnyBytes) {
 TEST_F(SqliteRegistryTest, EnumeratesInTheOrderOfNames) {
   const auto opened = Open();
   for (const auto* const name : {"b", "a"}) {
-    EXPECT_TRUE(opened.registry->WriteValue(RegistryHive::CurrentUser, "K", name, {RegistryType::String, "1"}));
+    EXPECT_TRUE(
+        opened.registry->WriteValue(RegistryHive::CurrentUser, "K", name, {RegistryType::String, "1"}));
   }
   EXPECT_EQ(opened.registry->ValueNames(RegistryHive::CurrentUser, "K"), (Names{"a", "b"}));
 }

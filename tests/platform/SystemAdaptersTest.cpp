@@ -8,9 +8,9 @@
 
 #include "platform/Platform.h"
 #include "platform/common/DirectorySearch.h"
-#include "platform/linux/FlockSingleInstance.h"
 #include "platform/common/LogFile.h"
 #include "platform/common/SystemClock.h"
+#include "platform/linux/FlockSingleInstance.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {

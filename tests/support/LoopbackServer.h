@@ -25,7 +25,9 @@ class LoopbackServer {
   LoopbackServer& operator=(const LoopbackServer&) = delete;
 
   [[nodiscard]] std::string Url(const std::string& path) const;
-  [[nodiscard]] std::string LastRequest() const { return request_; }
+  [[nodiscard]] std::string LastRequest() const {
+    return request_;
+  }
 
  private:
   void Serve();

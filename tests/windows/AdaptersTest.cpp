@@ -32,7 +32,8 @@ namespace fs = std::filesystem;
 class ScratchRegistry final : public Registry {
  public:
   ~ScratchRegistry() override {
-    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) RegDeleteTreeW(root, L"Software\\LorelinTest");
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
+      RegDeleteTreeW(root, L"Software\\LorelinTest");
   }
   bool CreateKey(RegistryHive hive, std::string_view path) override {
     return registry_.CreateKey(hive, Below(path));
@@ -49,7 +50,8 @@ class ScratchRegistry final : public Registry {
   std::optional<std::vector<std::string>> ValueNames(RegistryHive hive, std::string_view path) override {
     return registry_.ValueNames(hive, Below(path));
   }
-  std::optional<RegistryValue> ReadValue(RegistryHive hive, std::string_view path, std::string_view name) override {
+  std::optional<RegistryValue> ReadValue(RegistryHive hive, std::string_view path,
+                                         std::string_view name) override {
     return registry_.ReadValue(hive, Below(path), name);
   }
   bool WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
@@ -183,8 +185,8 @@ class OtherProgram : public testing::Test {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, wide.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) ==
-        FALSE) {
+    if (CreateProcessW(nullptr, wide.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                       &process) == FALSE) {
       return nullptr;
     }
     CloseHandle(process.hThread);
@@ -259,8 +261,8 @@ TEST(ExplorerShell, SaysWhenSomethingCannotBeStarted) {
 
 TEST(ForegroundWindow, TellsTheTitleInTheSystemsCodePage) {
   const std::string title = "Grüße " + std::string(400, 'x');
-  const HWND window = CreateWindowW(L"STATIC", Wide(title).c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 100,
-                                    nullptr, nullptr, nullptr, nullptr);
+  const HWND window = CreateWindowW(L"STATIC", Wide(title).c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                    300, 100, nullptr, nullptr, nullptr, nullptr);
   SetForegroundWindow(window);
   ASSERT_EQ(GetForegroundWindow(), window);
   User32ForegroundWindow foreground;

@@ -21,9 +21,7 @@ class AutomationTest : public testing::Test {
     registry.DeleteKey(RegistryHive::ClassesRoot, Key("\\CLSID"));
     registry.DeleteKey(RegistryHive::ClassesRoot, Key(""));
   }
-  static std::string Key(const std::string& below) {
-    return kExtensionName + below;
-  }
+  static std::string Key(const std::string& below) { return kExtensionName + below; }
   void Write(const std::string& below, const std::string& text) {
     registry.WriteValue(RegistryHive::ClassesRoot, Key(below), "", {RegistryType::String, text});
   }

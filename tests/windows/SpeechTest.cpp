@@ -90,7 +90,8 @@ TEST_F(ControlTest, IsCalledByItsDispatchIds) {
   engine.ResumeAudio();
   engine.ResetAudio();
   engine.Speak("Grüße – 10 €");
-  for (const auto* const call : {"69=2", "7=120", "10=200", "72=1000", "13=1000", "35", "37", "36", "6(Grüße – 10 €)"}) {
+  for (const auto* const call :
+       {"69=2", "7=120", "10=200", "72=1000", "13=1000", "35", "37", "36", "6(Grüße – 10 €)"}) {
     EXPECT_EQ(servers.Count(call), 1U) << call;
   }
 }
@@ -170,7 +171,10 @@ TEST_F(SapiTest, SpeaksMarkupWithThePitch) {
 }
 
 TEST_F(SapiTest, KeepsControlCharactersFromTheMarkup) {
-  engine.Speak(std::string("a\x01\x00" "b", 4));
+  engine.Speak(
+      std::string("a\x01\x00"
+                  "b",
+                  4));
   EXPECT_EQ(servers.Count("Speak(<pitch absmiddle=\"0\">ab</pitch>, 9)"), 1U);
 }
 

@@ -31,7 +31,9 @@ class EventSource : public ServedObject, public IConnectionPointContainer, publi
     *id = events_;
     return S_OK;
   }
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+    return E_NOTIMPL;
+  }
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
     ComPtr<IDispatch> listener;
     if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(listener.GetAddressOf())))) {
@@ -47,7 +49,8 @@ class EventSource : public ServedObject, public IConnectionPointContainer, publi
   HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 
  protected:
-  EventSource(std::vector<Member> members, const IID& events) : ServedObject(std::move(members)), events_(events) {}
+  EventSource(std::vector<Member> members, const IID& events)
+      : ServedObject(std::move(members)), events_(events) {}
 
   void* Interface(REFIID id) override {
     return id == IID_IConnectionPointContainer ? static_cast<IConnectionPointContainer*>(this) : nullptr;
@@ -63,7 +66,8 @@ class EventSource : public ServedObject, public IConnectionPointContainer, publi
                             .rgdispidNamedArgs = nullptr,
                             .cArgs = static_cast<UINT>(reversed.size()),
                             .cNamedArgs = 0};
-      listener->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+      listener->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                       nullptr);
     }
   }
 

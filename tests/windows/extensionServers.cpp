@@ -20,7 +20,8 @@ class Extension final : public ServedObject {
 
  protected:
   Variant Perform(DISPID member, WORD, std::vector<Variant> arguments) override {
-    static const char* const kNames[] = {"Startup", "Close", "NewFile", "SaveFile", "Export", "TaskScript", "FilterText"};
+    static const char* const kNames[] = {"Startup", "Close",      "NewFile",   "SaveFile",
+                                         "Export",  "TaskScript", "FilterText"};
     const std::string name = kNames[member - 1];
     const std::string text = arguments.empty() ? "" : arguments[0].Text();
     ExtensionCalls().push_back(name + "(" + (byReference_ ? "&" : "") + text + ")");

@@ -14,7 +14,8 @@ namespace lorelin {
 
 const CLSID kDirectSSClass = {0xEEE78591, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
 const CLSID kSpVoiceClass = {0x96749377, 0x3391, 0x11D2, {0x9E, 0xE3, 0x00, 0xC0, 0x4F, 0x79, 0x73, 0x96}};
-const CLSID kSpFileStreamClass = {0x947812B3, 0x2AE1, 0x4644, {0xBA, 0x86, 0x9E, 0x90, 0xDE, 0xD7, 0xEC, 0x91}};
+const CLSID kSpFileStreamClass = {
+    0x947812B3, 0x2AE1, 0x4644, {0xBA, 0x86, 0x9E, 0x90, 0xDE, 0xD7, 0xEC, 0x91}};
 
 SpeechServers& SpeechServers::Here() {
   static SpeechServers servers;
@@ -27,7 +28,8 @@ std::size_t SpeechServers::Count(const std::string& call) const {
 
 namespace {
 
-constexpr IID kDirectSSEvents = {0xEEE78597, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
+constexpr IID kDirectSSEvents = {
+    0xEEE78597, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
 constexpr IID kVoiceEvents = {0xA372ACD1, 0x3BEF, 0x4BBD, {0x8F, 0xFB, 0xCB, 0x3E, 0x2B, 0x41, 0x6A, 0xF8}};
 constexpr std::uint32_t kRate = 22050;
 constexpr std::size_t kSamplesPerCharacter = kRate / 50;
@@ -151,7 +153,8 @@ class FakeDirectSS final : public EventSource {
   void GoOn() {
     alarm_.Start(Duration(text_), [this] {
       if (!file_.empty()) WriteTones(file_, CharacterCount(text_));
-      if (!SpeechServers::Here().quietAboutTheEnd) Raise(10, Arguments(std::int32_t{0}, std::int32_t{0}, std::int32_t{0}));
+      if (!SpeechServers::Here().quietAboutTheEnd)
+        Raise(10, Arguments(std::int32_t{0}, std::int32_t{0}, std::int32_t{0}));
       alarm_.Start(10, [this] {
         speaking_ = false;
         Raise(4, Arguments(std::int32_t{0}, std::int32_t{0}));
@@ -168,8 +171,8 @@ class FakeDirectSS final : public EventSource {
     speaking_ = false;
   }
 
-  std::map<DISPID, std::int32_t> values_{{7, 100}, {8, 200}, {9, 50}, {10, 150}, {11, 300}, {12, 30},
-                                         {13, 65535}, {69, 1}, {72, 65535}, {73, 0}, {74, 65535}};
+  std::map<DISPID, std::int32_t> values_{{7, 100},    {8, 200}, {9, 50},     {10, 150}, {11, 300},  {12, 30},
+                                         {13, 65535}, {69, 1},  {72, 65535}, {73, 0},   {74, 65535}};
   std::string file_;
   std::string text_;
   bool speaking_ = false;
@@ -181,7 +184,8 @@ class FakeDirectSS final : public EventSource {
 class Answers final : public ServedObject {
  public:
   using Answer = std::function<Variant(DISPID member, WORD flags, std::vector<Variant>& arguments)>;
-  Answers(std::vector<Member> members, Answer answer) : ServedObject(std::move(members)), answer_(std::move(answer)) {}
+  Answers(std::vector<Member> members, Answer answer)
+      : ServedObject(std::move(members)), answer_(std::move(answer)) {}
 
  protected:
   Variant Perform(DISPID member, WORD flags, std::vector<Variant> arguments) override {
@@ -197,13 +201,15 @@ Variant Owned(ServedObject* object) {
 }
 
 Variant MakeToken(std::size_t index) {
-  return Owned(new Answers({{"GetDescription", 1}, {"GetAttribute", 2}}, [index](DISPID member, WORD, auto& arguments) {
-    if (member == 1) return Variant(std::string_view("Stimme " + std::to_string(index)));
-    const std::string wanted = arguments.at(0).Text();
-    if (wanted == "Gender") return Variant(std::string_view(index % 2 == 0 ? "Female" : "Male"));
-    if (wanted == "Language") return Variant(std::string_view(SpeechServers::Here().languages.at(index) + ";9"));
-    throw ComError(E_INVALIDARG, wanted);
-  }));
+  return Owned(new Answers(
+      {{"GetDescription", 1}, {"GetAttribute", 2}}, [index](DISPID member, WORD, auto& arguments) {
+        if (member == 1) return Variant(std::string_view("Stimme " + std::to_string(index)));
+        const std::string wanted = arguments.at(0).Text();
+        if (wanted == "Gender") return Variant(std::string_view(index % 2 == 0 ? "Female" : "Male"));
+        if (wanted == "Language")
+          return Variant(std::string_view(SpeechServers::Here().languages.at(index) + ";9"));
+        throw ComError(E_INVALIDARG, wanted);
+      }));
 }
 
 Variant MakeTokens() {
@@ -234,15 +240,16 @@ class FakeSpVoice final : public EventSource {
 
  protected:
   Variant Perform(DISPID member, WORD flags, std::vector<Variant> arguments) override {
-    static const std::map<DISPID, std::string> names{{1, "Voice"}, {2, "Rate"}, {3, "Volume"}, {4, "EventInterests"},
-                                                     {5, "AudioOutputStream"}, {6, "AllowFormat"}, {7, "Speak"},
-                                                     {8, "GetVoices"}, {9, "Pause"}, {10, "Resume"},
-                                                     {11, "WaitUntilDone"}};
+    static const std::map<DISPID, std::string> names{
+        {1, "Voice"},         {2, "Rate"},  {3, "Volume"},    {4, "EventInterests"}, {5, "AudioOutputStream"},
+        {6, "AllowFormat"},   {7, "Speak"}, {8, "GetVoices"}, {9, "Pause"},          {10, "Resume"},
+        {11, "WaitUntilDone"}};
     const std::string& name = names.at(member);
     FailIfWanted(name);
     const bool putting = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     if (member == 1) {
-      Note("Voice=" + Dispatch(arguments.at(0).Object()).Call("GetDescription", Arguments(std::int32_t{0})).Text());
+      Note("Voice=" +
+           Dispatch(arguments.at(0).Object()).Call("GetDescription", Arguments(std::int32_t{0})).Text());
     } else if (member == 5) {
       output_ = Dispatch(arguments.at(0).Object());
       Note("AudioOutputStream");

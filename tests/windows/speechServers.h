@@ -10,13 +10,13 @@
 
 namespace lorelin {
 
-// Speech engines that make tones: every character is 20 ms of sound, of which a thousandth passes in real time.
-// They stand for the Direct Speech Synthesis control and for SAPI 5 by those classes' own identifiers.
+// Speech engines that make tones: every character is 20 ms of sound, of which a thousandth passes in real
+// time. They stand for the Direct Speech Synthesis control and for SAPI 5 by those classes' own identifiers.
 struct SpeechServers {
   std::vector<std::string> calls;  // "6(Guten Tag)", "69=2", "Speak(…, 9)", in their order
   std::set<std::string> failing;   // members that fail from now on: "6", "Speak"
   std::vector<std::string> languages{"407", "407", "409"};  // of SAPI's voices
-  bool quietAboutTheEnd = false;   // no event tells the end of a text
+  bool quietAboutTheEnd = false;                            // no event tells the end of a text
 
   // Those of this process.
   static SpeechServers& Here();

@@ -1,5 +1,5 @@
-// The extension "Abkürzungen" for Windows: filters every text before it is spoken. A COM server of its own, which
-// COM starts when Lorelin first asks for it; it ends some minutes after the last of its objects.
+// The extension "Abkürzungen" for Windows: filters every text before it is spoken. A COM server of its own,
+// which COM starts when Lorelin first asks for it; it ends some minutes after the last of its objects.
 //   lorelin-abkuerzungen --install | --uninstall    registers it for the user, or takes that back
 #include <windows.h>
 // the other needs windows.h before it
@@ -20,13 +20,14 @@ namespace {
 
 constexpr CLSID kClass = {0x6B1C2F5E, 0x93D7, 0x4A0B, {0x8E, 0x55, 0x2D, 0x71, 0xC4, 0x0A, 0xE9, 0x13}};
 constexpr const char* kClassText = "{6B1C2F5E-93D7-4A0B-8E55-2D71C40AE913}";
-constexpr UINT kLook = 30'000;         // milliseconds
-constexpr ULONGLONG kIdle = 300'000;   // milliseconds
+constexpr UINT kLook = 30'000;        // milliseconds
+constexpr ULONGLONG kIdle = 300'000;  // milliseconds
 
 std::filesystem::path WordListFile() {
   PWSTR name = nullptr;
   SHGetKnownFolderPath(FOLDERID_RoamingAppData, 0, nullptr, &name);
-  const std::filesystem::path folder = name != nullptr ? std::filesystem::path(name) : std::filesystem::path();
+  const std::filesystem::path folder =
+      name != nullptr ? std::filesystem::path(name) : std::filesystem::path();
   CoTaskMemFree(name);
   return folder / "Lorelin" / "abkuerzungen.txt";
 }
@@ -40,8 +41,8 @@ class Filter final : public lorelin::ServedObject {
     for (const Member& hook : Hooks()) {
       if (hook.id != member) continue;
       const std::string text = arguments.empty() ? std::string() : arguments[0].Text();
-      const auto result = filter_.Call(
-          hook.name, arguments.empty() ? std::nullopt : std::optional<std::string_view>(text));
+      const auto result =
+          filter_.Call(hook.name, arguments.empty() ? std::nullopt : std::optional<std::string_view>(text));
       if (result) return lorelin::Variant(std::string_view(*result));
     }
     throw lorelin::ComError(DISP_E_MEMBERNOTFOUND, "Unbekannte Methode");
