@@ -1,7 +1,7 @@
 if(WIN32)
   # One folder that can lie anywhere.
   install(TARGETS lorelin XMGR lorelin-abkuerzungen RUNTIME DESTINATION .)
-  install(FILES packaging/vts.ico LICENSE DESTINATION .)
+  install(FILES packaging/vts.ico LICENSE packaging/windows/THIRD-PARTY.txt DESTINATION .)
   install(DIRECTORY hypertext packaging/scripts DESTINATION .)
   return()
 endif()
