@@ -35,7 +35,7 @@ Month MonthAt(std::string_view text, std::size_t at) {
   if (const Month named = MonthNameAt(text, at); named.number != 0) return named;
   const auto number = DigitsAt(text, at, 2);
   if (!number || number->value < 1 || number->value > 12 || CharAt(text, number->end) != '.') return {};
-  return {number->value, number->end + 1};
+  return {static_cast<std::size_t>(number->value), number->end + 1};
 }
 
 // A year behind a date: two or four digits, and nothing else of a number.

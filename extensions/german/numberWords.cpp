@@ -16,9 +16,10 @@ constexpr std::uint64_t kMilliard = 1'000'000'000;
 
 std::string BelowHundred(std::uint64_t number, std::string_view one) {
   if (number == 1) return std::string(one);
-  if (number < kSmall.size()) return std::string(kSmall[number]);
-  const std::string tens(kTens[number / 10]);
-  const auto units = number % 10;
+  const auto index = static_cast<std::size_t>(number);
+  if (index < kSmall.size()) return std::string(kSmall[index]);
+  const std::string tens(kTens[index / 10]);
+  const auto units = index % 10;
   if (units == 0) return tens;
   return (units == 1 ? std::string("ein") : std::string(kSmall[units])) + "und" + tens;
 }
@@ -60,7 +61,7 @@ std::string YearWords(std::uint64_t year) {
 
 std::string OrdinalWords(std::uint64_t number, std::string_view ending) {
   std::string stem;
-  const auto last = number % 100;
+  const auto last = static_cast<std::size_t>(number % 100);
   if (last == 1 || last == 3 || last == 7 || last == 8) {
     constexpr std::array<std::string_view, 9> kOdd{"", "erst", "", "dritt", "", "", "", "siebt", "acht"};
     if (number > 100) stem = CardinalWords(number - last);
