@@ -1,6 +1,5 @@
 #include "platform/windows/ComAutomation.h"
 
-#include <atomic>
 #include <utility>
 
 #include "app/RuntimeError.h"
@@ -72,10 +71,9 @@ class ComObject final : public AutomationObject {
 }  // namespace
 
 // Decides how long a call into another process may take.
-class ComAutomation::Patience final : public IMessageFilter {
+class ComAutomation::Patience final : public Counted<IMessageFilter> {
  public:
   explicit Patience(ComAutomation& owner) : owner_(&owner) {}
-  virtual ~Patience() = default;
   void Forget() { owner_ = nullptr; }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -86,12 +84,6 @@ class ComAutomation::Patience final : public IMessageFilter {
     }
     *object = nullptr;
     return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
   }
   DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override {
     return SERVERCALL_ISHANDLED;
@@ -109,11 +101,11 @@ class ComAutomation::Patience final : public IMessageFilter {
   }
 
  private:
-  std::atomic<ULONG> references_{1};
   ComAutomation* owner_;
 };
 
 ComAutomation::ComAutomation(Log& log) : log_(log), patience_(new Patience(*this)) {
+  patience_->AddRef();
   CoRegisterMessageFilter(patience_, nullptr);
 }
 

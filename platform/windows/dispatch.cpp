@@ -1,6 +1,5 @@
 #include "platform/windows/dispatch.h"
 
-#include <atomic>
 #include <utility>
 
 #include "platform/windows/systemErrors.h"
@@ -46,11 +45,10 @@ Variant Converted(const VARIANT& value, VARTYPE type) {
 }
 
 // Receives events by their number.
-class EventSink final : public IDispatch {
+class EventSink final : public Counted<IDispatch> {
  public:
   EventSink(const IID& events, EventConnection::Handler handler)
       : events_(events), handler_(std::move(handler)) {}
-  virtual ~EventSink() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     if (id == IID_IUnknown || id == IID_IDispatch || id == events_) {
@@ -60,12 +58,6 @@ class EventSink final : public IDispatch {
     }
     *object = nullptr;
     return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
   }
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
     *count = 0;
@@ -83,7 +75,6 @@ class EventSink final : public IDispatch {
   }
 
  private:
-  std::atomic<ULONG> references_{0};
   const IID events_;
   EventConnection::Handler handler_;
 };

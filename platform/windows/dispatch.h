@@ -4,6 +4,7 @@
 #include <ocidl.h>
 #include <wrl/client.h>
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -15,6 +16,28 @@
 namespace lorelin {
 
 using Microsoft::WRL::ComPtr;
+
+// Counts the references to an object of ours, which goes with the last one.
+template <typename Interface>
+class Counted : public Interface {
+ public:
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ protected:
+  Counted() = default;
+  virtual ~Counted() = default;
+
+ private:
+  std::atomic<ULONG> references_{0};
+};
 
 // A call of an automation object that failed. what() is for the log.
 class ComError : public std::runtime_error {

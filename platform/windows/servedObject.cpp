@@ -1,6 +1,7 @@
 #include "platform/windows/servedObject.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "platform/windows/wideText.h"
 
@@ -44,14 +45,6 @@ HRESULT ServedObject::QueryInterface(REFIID id, void** object) {
   AddRef();
   return S_OK;
 }
-ULONG ServedObject::AddRef() {
-  return ++references_;
-}
-ULONG ServedObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
 HRESULT ServedObject::GetTypeInfoCount(UINT* count) {
   *count = 0;
   return S_OK;
@@ -88,11 +81,6 @@ HRESULT ServedClass::QueryInterface(REFIID id, void** object) {
   if (*object == nullptr) return E_NOINTERFACE;
   AddRef();
   return S_OK;
-}
-ULONG ServedClass::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
 }
 HRESULT ServedClass::CreateInstance(IUnknown* outer, REFIID id, void** object) {
   *object = nullptr;

@@ -2,7 +2,6 @@
 
 #include <oaidl.h>
 
-#include <atomic>
 #include <functional>
 #include <string>
 #include <vector>
@@ -13,19 +12,14 @@ namespace lorelin {
 
 // An automation object that a program of ours offers to others: late-bound, by the names or numbers of its
 // members. It belongs to those who hold references to it.
-class ServedObject : public IDispatch {
+class ServedObject : public Counted<IDispatch> {
  public:
   struct Member {
     std::string name;
     DISPID id = DISPID_UNKNOWN;
   };
 
-  ServedObject(const ServedObject&) = delete;
-  ServedObject& operator=(const ServedObject&) = delete;
-
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID language, ITypeInfo** info) override;
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID language,
@@ -39,7 +33,7 @@ class ServedObject : public IDispatch {
 
  protected:
   explicit ServedObject(std::vector<Member> members);
-  virtual ~ServedObject();
+  ~ServedObject() override;
 
   // `flags` tells whether it is called, read or set (DISPATCH_*). Throws ComError with DISP_E_MEMBERNOTFOUND
   // for what it does not know.
@@ -49,24 +43,19 @@ class ServedObject : public IDispatch {
 
  private:
   std::vector<Member> members_;
-  std::atomic<ULONG> references_{0};
 };
 
 // Makes the objects of one class.
-class ServedClass final : public IClassFactory {
+class ServedClass final : public Counted<IClassFactory> {
  public:
   explicit ServedClass(std::function<ServedObject*()> make) : make_(std::move(make)) {}
-  virtual ~ServedClass() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override;
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override;
   HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
  private:
   std::function<ServedObject*()> make_;
-  std::atomic<ULONG> references_{0};
 };
 
 }  // namespace lorelin
