@@ -10,23 +10,33 @@ namespace lorelin {
 namespace {
 
 constexpr DWORD kLongestCall = 10000;  // milliseconds
-constexpr UINT kTurn = 50;             // milliseconds
+constexpr DWORD kTurn = 50;            // milliseconds
 
 ErrorNumber NumberOf(HRESULT code) {
   return code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND ? ErrorNumber::NoSuchMethod
                                                                      : ErrorNumber::AutomationFailed;
 }
 
-// While a call waits, COM asks only when a message arrives; this one does.
+// While a call waits, COM asks its message filter only when a message is posted; this posts some that mean
+// nothing.
 class Ticking {
  public:
-  Ticking() : timer_(SetTimer(nullptr, 0, kTurn, nullptr)) {}
-  ~Ticking() { KillTimer(nullptr, timer_); }
+  Ticking() {
+    const auto thread = static_cast<std::uintptr_t>(GetCurrentThreadId());
+    CreateTimerQueueTimer(&timer_, nullptr, &Ticking::Tick, reinterpret_cast<void*>(thread), kTurn, kTurn,
+                          WT_EXECUTEINTIMERTHREAD);
+  }
+  // Waits for a tick that is under way.
+  ~Ticking() { (void)DeleteTimerQueueTimer(nullptr, timer_, INVALID_HANDLE_VALUE); }
   Ticking(const Ticking&) = delete;
   Ticking& operator=(const Ticking&) = delete;
 
  private:
-  UINT_PTR timer_;
+  static void CALLBACK Tick(void* thread, BOOLEAN) {
+    PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(thread)), WM_NULL, 0, 0);
+  }
+
+  HANDLE timer_ = nullptr;
 };
 
 class ComObject final : public AutomationObject {
