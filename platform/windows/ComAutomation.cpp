@@ -10,33 +10,23 @@ namespace lorelin {
 namespace {
 
 constexpr DWORD kLongestCall = 10000;  // milliseconds
-constexpr DWORD kTurn = 50;            // milliseconds
+constexpr UINT kTurn = 50;             // milliseconds
 
 ErrorNumber NumberOf(HRESULT code) {
   return code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND ? ErrorNumber::NoSuchMethod
                                                                      : ErrorNumber::AutomationFailed;
 }
 
-// While a call waits, COM asks its message filter only when a message is posted; this posts some that mean
-// nothing.
+// While a call waits, COM asks only when a message arrives; this one does.
 class Ticking {
  public:
-  Ticking() {
-    const auto thread = static_cast<std::uintptr_t>(GetCurrentThreadId());
-    CreateTimerQueueTimer(&timer_, nullptr, &Ticking::Tick, reinterpret_cast<void*>(thread), kTurn, kTurn,
-                          WT_EXECUTEINTIMERTHREAD);
-  }
-  // Waits for a tick that is under way.
-  ~Ticking() { (void)DeleteTimerQueueTimer(nullptr, timer_, INVALID_HANDLE_VALUE); }
+  Ticking() : timer_(SetTimer(nullptr, 0, kTurn, nullptr)) {}
+  ~Ticking() { KillTimer(nullptr, timer_); }
   Ticking(const Ticking&) = delete;
   Ticking& operator=(const Ticking&) = delete;
 
  private:
-  static void CALLBACK Tick(void* thread, BOOLEAN) {
-    PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(thread)), WM_NULL, 0, 0);
-  }
-
-  HANDLE timer_ = nullptr;
+  UINT_PTR timer_;
 };
 
 class ComObject final : public AutomationObject {

@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "app/RuntimeError.h"
-#include "app/paths.h"
 #include "platform/windows/AdvapiRegistry.h"
 #include "platform/windows/ComAutomation.h"
-#include "platform/windows/executable.h"
 #include "tests/support/FakePorts.h"
 #include "tests/windows/ApartmentPump.h"
 #include "tests/windows/extensionServers.h"
@@ -76,22 +74,6 @@ TEST_F(AutomationTest, CannotCreateWhatNobodyOffers) {
       EXPECT_EQ(error.Number(), 429) << name;
     }
   }
-}
-
-TEST_F(AutomationTest, LetsWindowsBeDrawnWhileAnotherProcessThinks) {
-  const std::string name = kSlowExtensionName;
-  const std::string classKey = std::string("CLSID\\") + kSlowExtensionClassText;
-  const auto write = [&](const std::string& key, const std::string& text) {
-    registry.WriteValue(RegistryHive::ClassesRoot, key, "", {RegistryType::String, text});
-  };
-  write(name + "\\CLSID", kSlowExtensionClassText);
-  write(classKey + "\\LocalServer32", '"' + PathText(ExecutableFile()) + '"');
-  int turns = 0;
-  automation.WhileWaiting([&] { ++turns; });
-  const auto object = automation.CreateObject(name);
-  EXPECT_EQ(object->Invoke("Startup", std::nullopt), "");
-  EXPECT_EQ(object->Invoke("FilterText", "a"), "spät");
-  EXPECT_GT(turns, 10);
 }
 
 TEST_F(AutomationTest, ReleasesItsObjects) {

@@ -4,23 +4,7 @@ namespace lorelin {
 
 const CLSID kExtensionClass = {0x1E2C0E6B, 0x6A54, 0x4F0B, {0x9A, 0x57, 0x3D, 0x0C, 0x7C, 0x1B, 0x5A, 0x11}};
 
-const CLSID kSlowExtensionClass = {
-    0x1E2C0E6B, 0x6A54, 0x4F0B, {0x9A, 0x57, 0x3D, 0x0C, 0x7C, 0x1B, 0x5A, 0x12}};
-
 namespace {
-
-class SlowExtension final : public ServedObject {
- public:
-  SlowExtension() : ServedObject({{"FilterText", 1}, {"Startup", 2}}) {}
-
- protected:
-  Variant Perform(DISPID member, WORD, std::vector<Variant>) override {
-    constexpr DWORD kThought = 2000;  // milliseconds
-    if (member != 1) return Variant();
-    Sleep(kThought);
-    return Variant(std::string_view("spät"));
-  }
-};
 
 class Extension final : public ServedObject {
  public:
@@ -60,9 +44,6 @@ Extension::Extension()
 
 }  // namespace
 
-ServedObject* MakeSlowExtension() {
-  return new SlowExtension;
-}
 ServedObject* MakeExtension() {
   return new Extension;
 }

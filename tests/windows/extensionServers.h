@@ -14,13 +14,7 @@ inline constexpr const char* kExtensionName = "LorelinTest.Klammern";
 inline constexpr const char* kExtensionClassText = "{1E2C0E6B-6A54-4F0B-9A57-3D0C7C1B5A11}";
 extern const CLSID kExtensionClass;
 
-// One whose FilterText takes two seconds.
-inline constexpr const char* kSlowExtensionName = "LorelinTest.Langsam";
-inline constexpr const char* kSlowExtensionClassText = "{1E2C0E6B-6A54-4F0B-9A57-3D0C7C1B5A12}";
-extern const CLSID kSlowExtensionClass;
-
 [[nodiscard]] ServedObject* MakeExtension();
-[[nodiscard]] ServedObject* MakeSlowExtension();
 // "Startup()", "FilterText(&Guten Tag)": the ampersand stands for a reference.
 [[nodiscard]] std::vector<std::string>& ExtensionCalls();
 

@@ -10,14 +10,11 @@
 #include "platform/Platform.h"
 #include "platform/windows/MutexSingleInstance.h"
 #include "platform/windows/wideText.h"
-#include "tests/windows/extensionServers.h"
-#include "tests/windows/speechServers.h"
 
 // The tests, and what some of them start as another program:
 //   --arguments FILE ARGUMENT...    writes the arguments to the file
 //   --command-line FILE ...         writes what start-up reads to the file
 //   --hold NAME FILE                claims the single instance, says so in the file and stays
-//   -Embedding                      serves the slow extension for a while, started by COM
 namespace {
 
 void Report(const wchar_t* file, const std::string& text) {
@@ -26,17 +23,6 @@ void Report(const wchar_t* file, const std::string& text) {
   unfinished += L".neu";
   std::ofstream(unfinished, std::ios::binary) << text;
   std::filesystem::rename(unfinished, path);
-}
-
-int ServeSlowExtension() {
-  constexpr UINT kLife = 90000;  // milliseconds
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const lorelin::OfferedClass offered(lorelin::kSlowExtensionClass, &lorelin::MakeSlowExtension,
-                                      CLSCTX_LOCAL_SERVER);
-  SetTimer(nullptr, 0, kLife, nullptr);
-  MSG message{};
-  while (GetMessageW(&message, nullptr, 0, 0) > 0 && message.message != WM_TIMER) DispatchMessageW(&message);
-  return 0;
 }
 
 }  // namespace
@@ -61,7 +47,6 @@ int main(int argc, char** argv) {
     Sleep(60000);
     return 0;
   }
-  if (count == 2 && arguments[1] == std::wstring(L"-Embedding")) return ServeSlowExtension();
   LocalFree(arguments);
   testing::InitGoogleMock(&argc, argv);
   return RUN_ALL_TESTS();

@@ -352,10 +352,10 @@ ServedObject* MakeSpFileStream() {
   return new FakeFileStream;
 }
 
-OfferedClass::OfferedClass(const CLSID& id, ServedObject* (*make)(), DWORD context) {
+OfferedClass::OfferedClass(const CLSID& id, ServedObject* (*make)()) {
   auto* const factory = new ServedClass(make);
   factory->AddRef();
-  CoRegisterClassObject(id, factory, context, REGCLS_MULTIPLEUSE, &registration_);
+  CoRegisterClassObject(id, factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registration_);
   factory->Release();
 }
 OfferedClass::~OfferedClass() {

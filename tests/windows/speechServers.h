@@ -31,10 +31,10 @@ extern const CLSID kSpFileStreamClass;
 [[nodiscard]] ServedObject* MakeSpVoice();
 [[nodiscard]] ServedObject* MakeSpFileStream();
 
-// Makes a class creatable in this process, or by others in it, as long as it lives.
+// Makes a class creatable in this process as long as it lives.
 class OfferedClass {
  public:
-  OfferedClass(const CLSID& id, ServedObject* (*make)(), DWORD context = CLSCTX_INPROC_SERVER);
+  OfferedClass(const CLSID& id, ServedObject* (*make)());
   ~OfferedClass();
   OfferedClass(const OfferedClass&) = delete;
   OfferedClass& operator=(const OfferedClass&) = delete;
