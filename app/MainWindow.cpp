@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "platform/version.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/paths.h"
+#include "base/version.h"
 
 namespace lorelin {
 namespace {

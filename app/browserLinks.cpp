@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {

@@ -3,11 +3,11 @@
 #include <functional>
 #include <string>
 
-#include "platform/DocumentEditor.h"
-#include "platform/Log.h"
-#include "platform/MainView.h"
-#include "platform/MessageBoxes.h"
-#include "platform/Shell.h"
+#include "ports/DocumentEditor.h"
+#include "ports/Log.h"
+#include "ports/MainView.h"
+#include "ports/MessageBoxes.h"
+#include "ports/Shell.h"
 
 namespace lorelin {
 

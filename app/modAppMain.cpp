@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "app/modFile.h"
+#include "base/modFile.h"
 
 namespace lorelin {
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/StartupState.h"
-#include "platform/Log.h"
-#include "platform/MessageBoxes.h"
-#include "platform/SingleInstance.h"
+#include "base/StartupState.h"
+#include "ports/Log.h"
+#include "ports/MessageBoxes.h"
+#include "ports/SingleInstance.h"
 #include "settings/SettingsStore.h"
 
 namespace lorelin {

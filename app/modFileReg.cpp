@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/paths.h"
+#include "base/text.h"
 
 namespace lorelin {
 ModFileReg::ModFileReg(Registry& registry, MessageBoxes& messageBoxes, std::string programFolder,

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/MessageBoxes.h"
-#include "platform/Registry.h"
+#include "ports/MessageBoxes.h"
+#include "ports/Registry.h"
 
 namespace lorelin {
 

@@ -10,10 +10,10 @@
 #include <iostream>
 #include <string>
 
-#include "app/rtf.h"
-#include "platform/wx/WxDocumentEditor.h"
-#include "platform/wx/text.h"
-#include "platform/wx/userLocale.h"
+#include "desktop/toolkit/WxDocumentEditor.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/toolkit/userLocale.h"
+#include "richtext/rtf.h"
 
 namespace {
 

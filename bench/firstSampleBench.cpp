@@ -4,8 +4,8 @@
 #include <thread>
 
 #include "cli/ConsoleEventPump.h"
-#include "platform/Platform.h"
 #include "platform/linux/EngineClient.h"
+#include "ports/Platform.h"
 
 // From the click on "Sprechen" to the first samples on their way to the sound device, as the engine tells it.
 // Limit: 50 ms at the median.

@@ -5,7 +5,7 @@
 #include <functional>
 #include <mutex>
 
-#include "platform/EventPump.h"
+#include "ports/EventPump.h"
 
 namespace lorelin {
 

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <fstream>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace lorelin::cli {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "engine/WaveFileWriter.h"
-#include "speech/DirectSS.h"
+#include "ports/DirectSS.h"
 
 namespace lorelin::cli {
 

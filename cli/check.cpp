@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <ostream>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/textEncoding.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/textEncoding.h"
 #include "scripts/scriptChecker.h"
 
 namespace lorelin::cli {

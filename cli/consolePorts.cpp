@@ -4,10 +4,10 @@
 
 #include <iostream>
 
-#include "app/richTextFile.h"
-#include "app/rtf.h"
-#include "app/text.h"
+#include "base/text.h"
 #include "cli/interruption.h"
+#include "documents/richTextFile.h"
+#include "richtext/rtf.h"
 
 namespace lorelin {
 

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Clipboard.h"
-#include "platform/DocumentEditor.h"
-#include "platform/MessageBoxes.h"
-#include "platform/StatusBar.h"
+#include "ports/Clipboard.h"
+#include "ports/DocumentEditor.h"
+#include "ports/MessageBoxes.h"
+#include "ports/StatusBar.h"
 
 namespace lorelin {
 

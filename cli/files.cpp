@@ -9,10 +9,10 @@
 #include <string_view>
 #include <system_error>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "app/textEncoding.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/paths.h"
+#include "base/textEncoding.h"
 #include "cli/Failure.h"
 #include "cli/interruption.h"
 

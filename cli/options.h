@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/MessageBoxes.h"
+#include "ports/MessageBoxes.h"
 
 namespace lorelin::cli {
 

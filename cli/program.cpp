@@ -4,8 +4,9 @@
 #include <iomanip>
 #include <iostream>
 
-#include "app/RuntimeError.h"
-#include "app/StartupState.h"
+#include "base/RuntimeError.h"
+#include "base/StartupState.h"
+#include "base/version.h"
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
 #include "cli/Progress.h"
@@ -16,8 +17,7 @@
 #include "cli/overrideSettings.h"
 #include "cli/reg.h"
 #include "cli/runScript.h"
-#include "platform/Platform.h"
-#include "platform/version.h"
+#include "ports/Platform.h"
 #include "speech/SilentVoice.h"
 #include "speech/modSpeak.h"
 

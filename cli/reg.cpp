@@ -6,8 +6,8 @@
 #include <ostream>
 #include <system_error>
 
-#include "app/modFile.h"
-#include "app/text.h"
+#include "base/modFile.h"
+#include "base/text.h"
 #include "cli/Failure.h"
 #include "settings/clsRegistryAccess.h"
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "cli/options.h"
-#include "platform/FileWriter.h"
-#include "platform/Registry.h"
+#include "ports/FileWriter.h"
+#include "ports/Registry.h"
 
 namespace lorelin::cli {
 

@@ -7,10 +7,10 @@
 #include <optional>
 #include <system_error>
 
-#include "app/RuntimeError.h"
-#include "app/StartupState.h"
-#include "app/modFile.h"
-#include "app/paths.h"
+#include "base/RuntimeError.h"
+#include "base/StartupState.h"
+#include "base/modFile.h"
+#include "base/paths.h"
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
 #include "cli/WaveCollector.h"
@@ -18,7 +18,7 @@
 #include "cli/files.h"
 #include "cli/interruption.h"
 #include "cli/overrideSettings.h"
-#include "platform/Platform.h"
+#include "ports/Platform.h"
 #include "scripts/interpreter.h"
 #include "speech/SilentVoice.h"
 #include "speech/modSpeak.h"

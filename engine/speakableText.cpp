@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 
 namespace lorelin::engine {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace lorelin::engine {
 namespace {

@@ -3,7 +3,7 @@
 #include <exception>
 #include <memory>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "extensions/registrations.h"
 
 namespace lorelin {

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Automation.h"
-#include "platform/Log.h"
-#include "platform/Registry.h"
+#include "ports/Automation.h"
+#include "ports/Log.h"
+#include "ports/Registry.h"
 #include "settings/clsRegistryAccess.h"
 
 namespace lorelin {

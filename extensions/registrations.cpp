@@ -1,6 +1,6 @@
 #include "extensions/registrations.h"
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {

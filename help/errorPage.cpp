@@ -1,9 +1,9 @@
 #include "help/errorPage.h"
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/paths.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {

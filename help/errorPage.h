@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/BrowserPane.h"
-#include "platform/FileWriter.h"
-#include "platform/Log.h"
-#include "platform/MainView.h"
+#include "ports/BrowserPane.h"
+#include "ports/FileWriter.h"
+#include "ports/Log.h"
+#include "ports/MainView.h"
 
 namespace lorelin {
 

@@ -1,6 +1,6 @@
 #include "help/launches.h"
 
-#include "platform/version.h"
+#include "base/version.h"
 
 namespace lorelin {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/HelpDialogs.h"
-#include "platform/Log.h"
-#include "platform/Shell.h"
+#include "ports/HelpDialogs.h"
+#include "ports/Log.h"
+#include "ports/Shell.h"
 #include "settings/SettingsStore.h"
 
 namespace lorelin {

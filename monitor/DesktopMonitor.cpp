@@ -1,6 +1,6 @@
 #include "monitor/DesktopMonitor.h"
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/Clipboard.h"
-#include "platform/ForegroundWindow.h"
-#include "platform/StatusBar.h"
+#include "ports/Clipboard.h"
+#include "ports/ForegroundWindow.h"
+#include "ports/StatusBar.h"
 #include "speech/modSpeak.h"
 
 namespace lorelin {

@@ -1,7 +1,7 @@
 #include "scripts/CommandPicker.h"
 
+#include "base/conversion.h"
 #include "scripts/scriptLanguage.h"
-#include "settings/conversion.h"
 
 namespace lorelin {
 

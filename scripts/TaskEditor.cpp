@@ -4,11 +4,11 @@
 #include <string_view>
 #include <utility>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "app/text.h"
-#include "app/textEncoding.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

@@ -3,10 +3,10 @@
 #include <functional>
 #include <string>
 
-#include "platform/FileDialogs.h"
-#include "platform/FileWriter.h"
-#include "platform/MessageBoxes.h"
-#include "platform/TaskEditorView.h"
+#include "ports/FileDialogs.h"
+#include "ports/FileWriter.h"
+#include "ports/MessageBoxes.h"
+#include "ports/TaskEditorView.h"
 
 namespace lorelin {
 

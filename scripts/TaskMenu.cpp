@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/RuntimeError.h"
+#include "base/paths.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "extensions/modAddin.h"
-#include "platform/FileSearch.h"
-#include "platform/Log.h"
-#include "platform/MessageBoxes.h"
-#include "platform/TaskPane.h"
+#include "ports/FileSearch.h"
+#include "ports/Log.h"
+#include "ports/MessageBoxes.h"
+#include "ports/TaskPane.h"
 #include "scripts/interpreter.h"
 #include "settings/SettingsStore.h"
 

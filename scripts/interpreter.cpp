@@ -9,13 +9,13 @@
 #include <stdexcept>
 #include <utility>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "app/text.h"
-#include "app/textEncoding.h"
+#include "base/RuntimeError.h"
+#include "base/conversion.h"
+#include "base/modFile.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 #include "scripts/scriptLanguage.h"
-#include "settings/conversion.h"
 
 namespace lorelin {
 namespace {

@@ -8,16 +8,16 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Clipboard.h"
-#include "platform/Clock.h"
-#include "platform/DocumentEditor.h"
-#include "platform/Downloader.h"
-#include "platform/EventPump.h"
-#include "platform/FileSearch.h"
-#include "platform/Log.h"
-#include "platform/MessageBoxes.h"
-#include "platform/ProgramLauncher.h"
-#include "platform/StatusBar.h"
+#include "ports/Clipboard.h"
+#include "ports/Clock.h"
+#include "ports/DocumentEditor.h"
+#include "ports/Downloader.h"
+#include "ports/EventPump.h"
+#include "ports/FileSearch.h"
+#include "ports/Log.h"
+#include "ports/MessageBoxes.h"
+#include "ports/ProgramLauncher.h"
+#include "ports/StatusBar.h"
 #include "settings/SettingsStore.h"
 #include "speech/modSpeak.h"
 

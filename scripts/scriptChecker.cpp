@@ -6,10 +6,10 @@
 #include <set>
 #include <utility>
 
-#include "app/text.h"
-#include "app/textEncoding.h"
+#include "base/conversion.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 #include "scripts/scriptLanguage.h"
-#include "settings/conversion.h"
 
 namespace lorelin {
 namespace {

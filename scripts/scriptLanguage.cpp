@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "app/text.h"
-#include "app/textEncoding.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

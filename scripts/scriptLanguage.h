@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Clock.h"
+#include "ports/Clock.h"
 
 namespace lorelin {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Registry.h"
+#include "ports/Registry.h"
 #include "settings/settingsTable.h"
 
 namespace lorelin {

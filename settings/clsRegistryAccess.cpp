@@ -5,7 +5,7 @@
 #include <cctype>
 #include <charconv>
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {

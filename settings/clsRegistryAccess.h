@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/FileWriter.h"
-#include "platform/Registry.h"
+#include "ports/FileWriter.h"
+#include "ports/Registry.h"
 
 namespace lorelin {
 

@@ -1,7 +1,7 @@
 #include "settings/modSettings.h"
 
-#include "app/RuntimeError.h"
-#include "settings/conversion.h"
+#include "base/RuntimeError.h"
+#include "base/conversion.h"
 
 namespace lorelin {
 namespace {

@@ -5,11 +5,11 @@
 #include <charconv>
 #include <string>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/text.h"
-#include "app/textEncoding.h"
-#include "app/textFormat.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
+#include "richtext/textFormat.h"
 #include "settings/clsRegistryAccess.h"
 
 namespace lorelin {

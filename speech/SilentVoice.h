@@ -1,6 +1,6 @@
 #pragma once
 
-#include "speech/DirectSS.h"
+#include "ports/DirectSS.h"
 
 namespace lorelin {
 

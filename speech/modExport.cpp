@@ -2,8 +2,8 @@
 
 #include <chrono>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
 
 namespace lorelin {
 namespace {

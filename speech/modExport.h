@@ -3,12 +3,12 @@
 #include <string>
 
 #include "extensions/modAddin.h"
-#include "platform/Clock.h"
-#include "platform/FileDialogs.h"
-#include "platform/FileWriter.h"
-#include "platform/MessageBoxes.h"
-#include "platform/ProgressWindow.h"
-#include "platform/StatusBar.h"
+#include "ports/Clock.h"
+#include "ports/FileDialogs.h"
+#include "ports/FileWriter.h"
+#include "ports/MessageBoxes.h"
+#include "ports/ProgressWindow.h"
+#include "ports/StatusBar.h"
 #include "speech/modSpeak.h"
 
 namespace lorelin {

@@ -7,11 +7,11 @@
 #include <system_error>
 #include <utility>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
-#include "app/text.h"
-#include "app/textEncoding.h"
-#include "settings/conversion.h"
+#include "base/RuntimeError.h"
+#include "base/conversion.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

@@ -6,17 +6,17 @@
 #include <string>
 #include <string_view>
 
-#include "app/StartupState.h"
+#include "base/StartupState.h"
 #include "extensions/modAddin.h"
-#include "platform/Clock.h"
-#include "platform/DocumentEditor.h"
-#include "platform/EventPump.h"
-#include "platform/FileSearch.h"
-#include "platform/Log.h"
-#include "platform/MessageBoxes.h"
-#include "platform/StatusBar.h"
+#include "ports/Clock.h"
+#include "ports/DirectSS.h"
+#include "ports/DocumentEditor.h"
+#include "ports/EventPump.h"
+#include "ports/FileSearch.h"
+#include "ports/Log.h"
+#include "ports/MessageBoxes.h"
+#include "ports/StatusBar.h"
 #include "settings/SettingsStore.h"
-#include "speech/DirectSS.h"
 
 namespace lorelin {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <limits>
 
-#include "app/RuntimeError.h"
-#include "settings/conversion.h"
+#include "base/RuntimeError.h"
+#include "base/conversion.h"
 
 namespace lorelin {
 namespace {

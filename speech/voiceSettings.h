@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/VoiceDialogs.h"
+#include "ports/DirectSS.h"
+#include "ports/VoiceDialogs.h"
 #include "settings/SettingsStore.h"
-#include "speech/DirectSS.h"
 
 namespace lorelin {
 

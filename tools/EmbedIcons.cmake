@@ -1,5 +1,5 @@
 # Writes one C++ source with the text of every drawing, found by file name without ending.
-set(body "#include \"platform/wx/icons.h\"\n\nnamespace lorelin {\n\nstd::string_view IconSource(std::string_view name) {\n")
+set(body "#include \"desktop/toolkit/icons.h\"\n\nnamespace lorelin {\n\nstd::string_view IconSource(std::string_view name) {\n")
 foreach(icon IN LISTS ICONS)
   get_filename_component(name "${icon}" NAME_WE)
   file(READ "${icon}" text)

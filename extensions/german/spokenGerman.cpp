@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/text.h"
-#include "app/textEncoding.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 #include "extensions/german/abbreviationRule.h"
 #include "extensions/german/numberRule.h"
 

@@ -7,8 +7,8 @@
 #include <system_error>
 #include <vector>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
+#include "base/RuntimeError.h"
+#include "base/paths.h"
 #include "platform/common/unfinishedFile.h"
 
 namespace lorelin {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FileWriter.h"
+#include "ports/FileWriter.h"
 
 namespace lorelin {
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/paths.h"
-#include "app/textEncoding.h"
+#include "base/paths.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/FileSearch.h"
+#include "ports/FileSearch.h"
 
 namespace lorelin {
 

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <system_error>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace lorelin {
 namespace {

@@ -4,8 +4,8 @@
 #include <mutex>
 #include <string>
 
-#include "platform/Clock.h"
-#include "platform/Log.h"
+#include "ports/Clock.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

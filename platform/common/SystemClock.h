@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Clock.h"
+#include "ports/Clock.h"
 
 namespace lorelin {
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
-#include "platform/ForegroundWindow.h"
-#include "platform/Log.h"
+#include "ports/ForegroundWindow.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

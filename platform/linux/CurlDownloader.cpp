@@ -7,9 +7,9 @@
 #include <memory>
 #include <string_view>
 
-#include "app/paths.h"
+#include "base/paths.h"
+#include "base/version.h"
 #include "platform/common/unfinishedFile.h"
-#include "platform/version.h"
 
 namespace lorelin {
 namespace {

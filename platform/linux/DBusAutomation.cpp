@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/linux/sessionBus.h"
 
 namespace lorelin {

@@ -5,7 +5,7 @@
 #include <system_error>
 #include <utility>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace lorelin {
 namespace {

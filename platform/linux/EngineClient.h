@@ -6,11 +6,11 @@
 #include <string>
 
 #include "engine/protocol.h"
-#include "platform/Clock.h"
-#include "platform/EventPump.h"
-#include "platform/Log.h"
 #include "platform/linux/EngineConnection.h"
-#include "speech/DirectSS.h"
+#include "ports/Clock.h"
+#include "ports/DirectSS.h"
+#include "ports/EventPump.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

@@ -17,7 +17,7 @@
 #include <system_error>
 #include <utility>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace lorelin {
 namespace {

@@ -12,10 +12,10 @@
 #include <string>
 #include <thread>
 
+#include "engine/RestartBudget.h"
 #include "engine/protocol.h"
-#include "platform/Clock.h"
-#include "platform/Log.h"
-#include "speech/RestartBudget.h"
+#include "ports/Clock.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/SingleInstance.h"
+#include "ports/SingleInstance.h"
 
 namespace lorelin {
 

@@ -1,9 +1,9 @@
-#include "platform/Platform.h"
+#include "ports/Platform.h"
 
 #include <cstdlib>
 #include <utility>
 
-#include "app/paths.h"
+#include "base/paths.h"
 #include "platform/common/AtomicFileWriter.h"
 #include "platform/common/DirectorySearch.h"
 #include "platform/common/LogFile.h"

@@ -1,4 +1,4 @@
-#include "platform/ProgramPaths.h"
+#include "ports/ProgramPaths.h"
 
 #include <pwd.h>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-#include "app/paths.h"
+#include "base/paths.h"
 #include "platform/common/programFolder.h"
 #include "platform/linux/SystemFacts.h"
 

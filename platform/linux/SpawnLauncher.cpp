@@ -2,8 +2,8 @@
 
 #include <gio/gio.h>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
+#include "base/RuntimeError.h"
+#include "base/paths.h"
 
 namespace lorelin {
 namespace {

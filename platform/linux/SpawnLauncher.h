@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ProgramLauncher.h"
+#include "ports/ProgramLauncher.h"
 
 namespace lorelin {
 

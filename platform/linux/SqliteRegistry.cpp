@@ -13,8 +13,8 @@
 #include <system_error>
 #include <utility>
 
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "platform/common/caseFold.h"
 
 namespace lorelin {

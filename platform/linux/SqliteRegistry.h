@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/Log.h"
-#include "platform/Registry.h"
+#include "ports/Log.h"
+#include "ports/Registry.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "platform/ProgramPaths.h"
+#include "ports/ProgramPaths.h"
 
 namespace lorelin {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

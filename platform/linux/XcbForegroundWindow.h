@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/ForegroundWindow.h"
-#include "platform/Log.h"
+#include "ports/ForegroundWindow.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

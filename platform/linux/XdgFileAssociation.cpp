@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/paths.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {

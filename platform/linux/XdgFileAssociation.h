@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/FileAssociation.h"
-#include "platform/FileWriter.h"
-#include "platform/Log.h"
-#include "platform/ProgramLauncher.h"
+#include "ports/FileAssociation.h"
+#include "ports/FileWriter.h"
+#include "ports/Log.h"
+#include "ports/ProgramLauncher.h"
 
 namespace lorelin {
 

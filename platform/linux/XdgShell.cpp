@@ -2,7 +2,7 @@
 
 #include <gio/gio.h>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace lorelin {
 namespace {

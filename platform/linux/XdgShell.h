@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Log.h"
-#include "platform/Shell.h"
+#include "ports/Log.h"
+#include "ports/Shell.h"
 
 namespace lorelin {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

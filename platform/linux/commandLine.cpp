@@ -1,8 +1,8 @@
-#include "platform/Platform.h"
+#include "ports/Platform.h"
 
 #include <algorithm>
 
-#include "app/modFile.h"
+#include "base/modFile.h"
 
 namespace lorelin {
 namespace {

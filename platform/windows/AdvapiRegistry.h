@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Log.h"
-#include "platform/Registry.h"
+#include "ports/Log.h"
+#include "ports/Registry.h"
 
 namespace lorelin {
 

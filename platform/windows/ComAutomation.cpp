@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/windows/dispatch.h"
 #include "platform/windows/wideText.h"
 

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "platform/Automation.h"
-#include "platform/Log.h"
+#include "ports/Automation.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

@@ -5,8 +5,8 @@
 #include <system_error>
 #include <utility>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
+#include "base/RuntimeError.h"
+#include "base/paths.h"
 #include "engine/speakableText.h"
 #include "platform/windows/dispatch.h"
 

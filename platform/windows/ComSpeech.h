@@ -6,9 +6,9 @@
 #include <string>
 
 #include "engine/protocol.h"
-#include "platform/EventPump.h"
-#include "platform/Log.h"
-#include "speech/DirectSS.h"
+#include "ports/DirectSS.h"
+#include "ports/EventPump.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

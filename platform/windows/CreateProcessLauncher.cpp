@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/RuntimeError.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "platform/windows/wideText.h"
 
 namespace lorelin {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ProgramLauncher.h"
+#include "ports/ProgramLauncher.h"
 
 namespace lorelin {
 

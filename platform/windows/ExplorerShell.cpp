@@ -4,7 +4,7 @@
 // shellapi.h needs windows.h before it
 #include <shellapi.h>
 
-#include "app/paths.h"
+#include "base/paths.h"
 #include "platform/windows/systemErrors.h"
 #include "platform/windows/wideText.h"
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/Log.h"
-#include "platform/Shell.h"
+#include "ports/Log.h"
+#include "ports/Shell.h"
 
 namespace lorelin {
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/EventPump.h"
-#include "speech/DirectSS.h"
+#include "ports/DirectSS.h"
+#include "ports/EventPump.h"
 
 namespace lorelin {
 

@@ -1,11 +1,11 @@
-#include "platform/Platform.h"
+#include "ports/Platform.h"
 
 #include <objbase.h>
 
 #include <memory>
 #include <utility>
 
-#include "app/paths.h"
+#include "base/paths.h"
 #include "platform/common/AtomicFileWriter.h"
 #include "platform/common/DirectorySearch.h"
 #include "platform/common/LogFile.h"

@@ -1,4 +1,4 @@
-#include "platform/ProgramPaths.h"
+#include "ports/ProgramPaths.h"
 
 #include <windows.h>
 // the other needs windows.h before it
@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-#include "app/paths.h"
+#include "base/paths.h"
 #include "platform/common/programFolder.h"
 #include "platform/windows/executable.h"
 

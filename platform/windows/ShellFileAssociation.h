@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/FileAssociation.h"
 #include "platform/windows/AdvapiRegistry.h"
+#include "ports/FileAssociation.h"
 
 namespace lorelin {
 

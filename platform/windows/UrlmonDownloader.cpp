@@ -12,9 +12,9 @@
 #include <mutex>
 #include <thread>
 
-#include "app/RuntimeError.h"
-#include "app/paths.h"
-#include "app/text.h"
+#include "base/RuntimeError.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "platform/common/AtomicFileWriter.h"
 #include "platform/windows/systemErrors.h"
 #include "platform/windows/wideText.h"

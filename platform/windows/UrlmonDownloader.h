@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Downloader.h"
-#include "platform/Log.h"
+#include "ports/Downloader.h"
+#include "ports/Log.h"
 
 namespace lorelin {
 

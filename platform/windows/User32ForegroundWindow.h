@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ForegroundWindow.h"
+#include "ports/ForegroundWindow.h"
 
 namespace lorelin {
 

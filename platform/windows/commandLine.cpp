@@ -2,8 +2,8 @@
 
 #include <cwctype>
 
-#include "platform/Platform.h"
 #include "platform/windows/wideText.h"
+#include "ports/Platform.h"
 
 namespace lorelin {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
-#include "platform/version.h"
+#include "base/version.h"
 #include "tests/support/ScriptFixture.h"
 
 namespace lorelin {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {

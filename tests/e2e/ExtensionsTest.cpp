@@ -4,7 +4,7 @@
 #include <chrono>
 #include <filesystem>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "extensions/modAddin.h"
 #include "platform/linux/DBusAutomation.h"
 #include "tests/support/FakePorts.h"

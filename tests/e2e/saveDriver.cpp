@@ -4,7 +4,7 @@
 
 #include <iostream>
 
-#include "app/Documents.h"
+#include "documents/Documents.h"
 #include "platform/common/AtomicFileWriter.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 #include "engine/WaveFileWriter.h"
 #include "engine/protocol.h"
 #include "engine/speakableText.h"

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 #include "settings/clsRegistryAccess.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"

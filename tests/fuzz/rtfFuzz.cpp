@@ -2,8 +2,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/rtf.h"
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
+#include "richtext/rtf.h"
 
 // Whatever is read is a text, its runs fit, and writing it gives it back.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

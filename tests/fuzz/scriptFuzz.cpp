@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 #include "scripts/scriptChecker.h"
 #include "scripts/scriptColours.h"
 #include "scripts/scriptLanguage.h"

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 #include "engine/speakableText.h"
 
 // The pieces are never empty, end between characters, hold few full stops and make up the whole text.

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 #include "extensions/german/spokenGerman.h"
 
 // Any bytes come through, and a text stays a text.

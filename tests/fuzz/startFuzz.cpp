@@ -1,9 +1,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "app/RuntimeError.h"
 #include "app/modAppMain.h"
-#include "settings/conversion.h"
+#include "base/RuntimeError.h"
+#include "base/conversion.h"
 
 // Command lines and numbers in settings come from outside: any text is cut or refused, none crashes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

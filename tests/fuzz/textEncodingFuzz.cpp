@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 
 // Whatever the bytes are, the decoded text is well-formed and its characters can be counted and cut.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

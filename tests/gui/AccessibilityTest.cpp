@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "app/frmFind.h"
-#include "extensions/frmXMGR.h"
-#include "help/frmAbout.h"
-#include "help/frmSurvey.h"
-#include "scripts/frmTask.h"
-#include "scripts/frmTaskEditor.h"
-#include "speech/frmSlider.h"
-#include "speech/frmVoice.h"
+#include "desktop/frmAbout.h"
+#include "desktop/frmFind.h"
+#include "desktop/frmSlider.h"
+#include "desktop/frmSurvey.h"
+#include "desktop/frmTask.h"
+#include "desktop/frmTaskEditor.h"
+#include "desktop/frmVoice.h"
+#include "desktop/frmXMGR.h"
 #include "tests/gui/FormFixture.h"
 
 namespace lorelin {

@@ -3,8 +3,8 @@
 #include <wx/stattext.h>
 #include <wx/uiaction.h>
 
-#include "app/modFile.h"
-#include "app/rtf.h"
+#include "base/modFile.h"
+#include "richtext/rtf.h"
 #include "tests/gui/FormFixture.h"
 #include "tests/gui/findControl.h"
 

@@ -1,4 +1,4 @@
-#include "extensions/frmXMGR.h"
+#include "desktop/frmXMGR.h"
 
 #include "tests/gui/findControl.h"
 #include "tests/support/FakePorts.h"

@@ -8,16 +8,16 @@
 
 #include <chrono>
 
-#include "app/GuardedDocument.h"
 #include "app/MainWindow.h"
-#include "app/RecentFiles.h"
-#include "app/Recovery.h"
-#include "app/frmMain.h"
-#include "help/frmHelpDialogs.h"
-#include "platform/wx/WxClipboard.h"
-#include "platform/wx/WxEventPump.h"
-#include "platform/wx/text.h"
-#include "speech/frmVoiceDialogs.h"
+#include "desktop/frmHelpDialogs.h"
+#include "desktop/frmMain.h"
+#include "desktop/frmVoiceDialogs.h"
+#include "desktop/toolkit/WxClipboard.h"
+#include "desktop/toolkit/WxEventPump.h"
+#include "desktop/toolkit/text.h"
+#include "documents/GuardedDocument.h"
+#include "documents/RecentFiles.h"
+#include "documents/Recovery.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {

@@ -2,10 +2,10 @@
 #include <wx/stattext.h>
 #include <wx/timer.h>
 
-#include "help/frmAbout.h"
-#include "help/frmSurvey.h"
-#include "platform/version.h"
-#include "settings/frmSettings.h"
+#include "base/version.h"
+#include "desktop/frmAbout.h"
+#include "desktop/frmSettings.h"
+#include "desktop/frmSurvey.h"
 #include "tests/gui/FormFixture.h"
 #include "tests/gui/findControl.h"
 

@@ -2,7 +2,7 @@
 #include <wx/listbox.h>
 #include <wx/uiaction.h>
 
-#include "scripts/frmTaskEditor.h"
+#include "desktop/frmTaskEditor.h"
 #include "tests/gui/FormFixture.h"
 
 namespace lorelin {

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "platform/wx/text.h"
+#include "desktop/toolkit/text.h"
 
 namespace lorelin {
 

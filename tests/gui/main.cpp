@@ -5,8 +5,8 @@
 
 #include <iostream>
 
-#include "platform/wx/toolkit.h"
-#include "platform/wx/userLocale.h"
+#include "desktop/toolkit/toolkit.h"
+#include "desktop/toolkit/userLocale.h"
 #include "tests/support/FakePorts.h"
 
 int main(int argc, char** argv) {

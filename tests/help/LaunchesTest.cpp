@@ -1,6 +1,6 @@
 #include "help/launches.h"
 
-#include "platform/version.h"
+#include "base/version.h"
 #include "tests/support/ScriptFixture.h"
 
 namespace lorelin {

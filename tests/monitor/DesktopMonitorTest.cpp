@@ -1,6 +1,6 @@
 #include "monitor/DesktopMonitor.h"
 
-#include "app/text.h"
+#include "base/text.h"
 #include "tests/support/ScriptFixture.h"
 
 namespace lorelin {

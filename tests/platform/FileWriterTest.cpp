@@ -7,7 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/common/AtomicFileWriter.h"
 #include "tests/support/TemporaryFolder.h"
 

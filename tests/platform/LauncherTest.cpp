@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/linux/SpawnLauncher.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/ProgramPaths.h"
+#include "ports/ProgramPaths.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

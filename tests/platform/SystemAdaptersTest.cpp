@@ -6,11 +6,11 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/Platform.h"
 #include "platform/common/DirectorySearch.h"
 #include "platform/common/LogFile.h"
 #include "platform/common/SystemClock.h"
 #include "platform/linux/FlockSingleInstance.h"
+#include "ports/Platform.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {

@@ -1,7 +1,7 @@
 #include <cctype>
 #include <filesystem>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 #include "scripts/scriptChecker.h"
 #include "scripts/scriptLanguage.h"
 #include "tests/support/ScriptFixture.h"

@@ -1,8 +1,8 @@
 #include <fstream>
 #include <map>
 
-#include "app/text.h"
-#include "app/textEncoding.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
 #include "scripts/scriptLanguage.h"
 #include "tests/support/ScriptFixture.h"
 

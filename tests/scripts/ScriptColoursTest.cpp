@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/textEncoding.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <fstream>
 
-#include "app/modFile.h"
-#include "app/paths.h"
+#include "base/modFile.h"
+#include "base/paths.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/TemporaryFolder.h"

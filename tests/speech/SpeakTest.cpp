@@ -1,6 +1,6 @@
 #include <limits>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "speech/DirectSS.h"
+#include "ports/DirectSS.h"
 
 namespace lorelin {
 

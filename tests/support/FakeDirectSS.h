@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "speech/DirectSS.h"
+#include "ports/DirectSS.h"
 #include "tests/support/CallLog.h"
 
 namespace lorelin {

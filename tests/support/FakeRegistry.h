@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "platform/Registry.h"
+#include "ports/Registry.h"
 
 namespace lorelin {
 

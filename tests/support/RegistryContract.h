@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/Registry.h"
+#include "ports/Registry.h"
 
 namespace lorelin {
 

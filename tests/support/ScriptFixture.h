@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "app/Documents.h"
-#include "app/GuardedDocument.h"
-#include "app/RecentFiles.h"
-#include "app/Recovery.h"
+#include "documents/Documents.h"
+#include "documents/GuardedDocument.h"
+#include "documents/RecentFiles.h"
+#include "documents/Recovery.h"
 #include "help/errorPage.h"
 #include "help/launches.h"
 #include "monitor/DesktopMonitor.h"

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/paths.h"
+#include "base/paths.h"
 #include "speech/modSpeak.h"
 #include "tests/support/FakeDirectSS.h"
 #include "tests/support/FakePorts.h"

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace lorelin {
 

@@ -5,10 +5,9 @@
 #include <filesystem>
 #include <thread>
 
-#include "app/RuntimeError.h"
-#include "app/modFile.h"
-#include "app/paths.h"
-#include "platform/ProgramPaths.h"
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/paths.h"
 #include "platform/common/AtomicFileWriter.h"
 #include "platform/common/DirectorySearch.h"
 #include "platform/common/caseFold.h"
@@ -19,6 +18,7 @@
 #include "platform/windows/User32ForegroundWindow.h"
 #include "platform/windows/executable.h"
 #include "platform/windows/wideText.h"
+#include "ports/ProgramPaths.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/RegistryContract.h"
 #include "tests/support/TemporaryFolder.h"

@@ -6,7 +6,7 @@
 #include <deque>
 #include <functional>
 
-#include "platform/EventPump.h"
+#include "ports/EventPump.h"
 
 namespace lorelin {
 

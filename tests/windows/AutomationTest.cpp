@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/windows/AdvapiRegistry.h"
 #include "platform/windows/ComAutomation.h"
 #include "tests/support/FakePorts.h"

@@ -7,9 +7,9 @@
 #include <fstream>
 #include <string>
 
-#include "platform/Platform.h"
 #include "platform/windows/MutexSingleInstance.h"
 #include "platform/windows/wideText.h"
+#include "ports/Platform.h"
 
 // The tests, and what some of them start as another program:
 //   --arguments FILE ARGUMENT...    writes the arguments to the file

@@ -6,10 +6,10 @@
 #include <array>
 #include <fstream>
 
-#include "app/paths.h"
-#include "platform/Log.h"
+#include "base/paths.h"
 #include "platform/windows/AdvapiRegistry.h"
 #include "platform/windows/wideText.h"
+#include "ports/Log.h"
 #include "tests/windows/extensionServers.h"
 #include "tests/windows/speechServers.h"
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <map>
 
-#include "app/paths.h"
-#include "app/textEncoding.h"
+#include "base/paths.h"
+#include "base/textEncoding.h"
 #include "engine/WaveFileWriter.h"
 #include "tests/windows/eventSource.h"
 

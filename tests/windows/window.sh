@@ -85,7 +85,7 @@ xdotool type --delay 30 " Bald."
 check "a change is marked" within 5 title_is "• mein brief.txt – Lorelin"
 check "it is saved as a text" answer ctrl+s "$home/neu.txt"
 check "in the encoding that it had" within 5 cmp -s "$home/neu.txt" <(printf 'Lieber Leser, gr\xFC\xDFe mir die W\xE4lder. Bald.')
-check "an RTF file is opened" answer ctrl+o "$source/tests/app/rtf/office_brief.rtf"
+check "an RTF file is opened" answer ctrl+o "$source/tests/richtext/rtf/office_brief.rtf"
 check "the title names that one" within 10 title_is "office_brief.rtf – Lorelin"
 # The second kind of file in the dialog's list.
 save_as_rtf() {

@@ -1,0 +1,111 @@
+#include "desktop/frmFind.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+
+#include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/text.h"
+
+namespace lorelin {
+
+FrmFind::FrmFind(wxWindow* parent, WxDocumentEditor& editor)
+    : wxDialog(parent, wxID_ANY, "Suchen", wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "frmFind"),
+      editor_(editor) {
+  SetSizer(new wxBoxSizer(wxVERTICAL));
+  BuildFields();
+  BuildButtons();
+  SetEscapeId(wxID_CLOSE);
+  GetSizer()->SetSizeHints(this);
+  CentreOnParent();
+}
+
+void FrmFind::BuildFields() {
+  const int gap = FromDIP(12);
+  auto* const grid = new wxFlexGridSizer(2, FromDIP(8), FromDIP(8));
+  grid->AddGrowableCol(1);
+  const auto field = [&](const char* caption, const char* name) {
+    auto* const label = new wxStaticText(this, wxID_ANY, ToWx(caption));
+    auto* const text = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
+                                      FromDIP(wxSize(300, -1)), 0, wxDefaultValidator, name);
+    grid->Add(label, wxSizerFlags().CenterVertical());
+    grid->Add(text, wxSizerFlags().Expand());
+    return std::pair(label, text);
+  };
+  wanted_ = field("Suchen &nach:", "txtWanted").second;
+  SetAccessibleName(*wanted_, "Suchen nach");
+  const auto [label, text] = field("Ersetzen &durch:", "txtReplacement");
+  replacement_ = text;
+  SetAccessibleName(*replacement_, "Ersetzen durch");
+  forReplacing_ = {label, replacement_};
+  GetSizer()->Add(grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+  matchCase_ = new wxCheckBox(this, wxID_ANY, ToWx("&Groß- und Kleinschreibung beachten"));
+  GetSizer()->Add(matchCase_, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+  result_ = new wxStaticText(this, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
+                             "lblResult");
+  GetSizer()->Add(result_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+}
+
+void FrmFind::BuildButtons() {
+  const int gap = FromDIP(12);
+  auto* const line = new wxBoxSizer(wxHORIZONTAL);
+  const auto button = [&](int id, const char* caption, auto action) {
+    auto* const made = new wxButton(this, id, ToWx(caption));
+    made->Bind(wxEVT_BUTTON, [action](wxCommandEvent&) { action(); });
+    line->Add(made, wxSizerFlags().Border(wxLEFT, FromDIP(8)));
+    return made;
+  };
+  line->AddStretchSpacer();
+  button(wxID_FIND, "&Weitersuchen", [this] { Search(false); })->SetDefault();
+  button(wxID_ANY, "&Rückwärts", [this] { Search(true); });
+  forReplacing_.push_back(button(wxID_ANY, "&Ersetzen", [this] { Replace(); }));
+  forReplacing_.push_back(button(wxID_ANY, "&Alle ersetzen", [this] { ReplaceAll(); }));
+  button(wxID_CLOSE, "&Schließen", [this] { Hide(); });
+  GetSizer()->Add(line, wxSizerFlags().Expand().Border(wxALL, gap));
+}
+
+void FrmFind::Open(bool replace) {
+  SetTitle(replace ? "Suchen und ersetzen" : "Suchen");
+  for (wxWindow* const window : forReplacing_) window->Show(replace);
+  const std::string selected = editor_.SelectedText();
+  if (!selected.empty() && selected.find('\n') == std::string::npos) wanted_->SetValue(ToWx(selected));
+  result_->SetLabel(" ");
+  GetSizer()->SetSizeHints(this);
+  Show();
+  Raise();
+  wanted_->SetFocus();
+  wanted_->SelectAll();
+}
+
+bool FrmFind::SearchAgain() {
+  if (Wanted().empty()) return false;
+  Search(false);
+  return true;
+}
+
+std::string FrmFind::Wanted() const {
+  return FromWx(wanted_->GetValue());
+}
+std::string FrmFind::Replacement() const {
+  return FromWx(replacement_->GetValue());
+}
+
+void FrmFind::Tell(const std::string& text) {
+  result_->SetLabel(ToWx(text));
+}
+
+void FrmFind::Search(bool backwards) {
+  Tell(editor_.FindNext(Wanted(), matchCase_->GetValue(), backwards) ? " " : "Nicht gefunden.");
+}
+
+void FrmFind::Replace() {
+  const bool more = editor_.ReplaceNext(Wanted(), Replacement(), matchCase_->GetValue());
+  Tell(more ? " " : "Keine weitere Stelle.");
+}
+
+void FrmFind::ReplaceAll() {
+  const int places = editor_.ReplaceAllPlaces(Wanted(), Replacement(), matchCase_->GetValue());
+  Tell(places == 1 ? "1 Stelle ersetzt." : std::to_string(places) + " Stellen ersetzt.");
+}
+
+}  // namespace lorelin

@@ -1,0 +1,296 @@
+#include "desktop/frmMain.h"
+
+#include <wx/display.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/statusbr.h>
+#include <wx/toolbar.h>
+
+#include <algorithm>
+#include <sstream>
+#include <utility>
+
+#include "app/MainWindow.h"
+#include "desktop/frmFind.h"
+#include "desktop/toolkit/DropTarget.h"
+#include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/text.h"
+
+namespace lorelin {
+namespace {
+
+constexpr int kEscapeCode = 27;
+constexpr int kF4Code = 115;
+constexpr int kClipboardInterval = 1500;  // milliseconds
+constexpr int kTitleInterval = 500;
+constexpr int kSnapshotDelay = 5000;
+
+wxString MenuLabel(const MenuEntry& entry) {
+  wxString label = ToWx(entry.caption);
+  if (!entry.shortcut.empty()) label += "\t" + ToWx(entry.shortcut);
+  return label;
+}
+
+// The two modes show which of them is on.
+wxItemKind KindOf(const MenuEntry& entry) {
+  return entry.name == "mnuTextmode" || entry.name == "mnuInternet" ? wxITEM_CHECK : wxITEM_NORMAL;
+}
+
+// Name first, since menus and screen readers begin there.
+std::string ShortPath(const std::string& path) {
+  const auto separator = path.find_last_of("/\\");
+  if (separator == std::string::npos) return path;
+  return path.substr(separator + 1) + " – " + path.substr(0, separator);
+}
+
+// The code by which the system knows the key, for the keys that the window itself takes; 0 for the others.
+int WindowKey(const wxKeyEvent& event) {
+  if (event.HasAnyModifiers()) return 0;
+  if (event.GetKeyCode() == WXK_ESCAPE) return kEscapeCode;
+  return event.GetKeyCode() == WXK_F4 ? kF4Code : 0;
+}
+
+}  // namespace
+
+FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log)
+    : wxFrame(nullptr, wxID_ANY, "Lorelin", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE,
+              "frmMain"),
+      endProgram_(std::move(endProgram)),
+      tmrClipboard_(this),
+      tmrWinTasks_(this),
+      snapshot_(this) {
+  SetIcons(wxIconBundle(Icon("lorelin", 64).GetIcon(FromDIP(wxSize(64, 64)))));
+  BuildMenus();
+  BuildToolbar();
+  BuildStatusBar();
+  BuildPanes(filterFolder, log);
+  SetMinClientSize(FromDIP(wxSize(560, 360)));
+  SetSize(FromDIP(wxSize(1000, 680)));
+  Bind(wxEVT_CHAR_HOOK, &FrmMain::OnCharHook, this);
+  Bind(wxEVT_TIMER, [this](wxTimerEvent& event) {
+    if (window_ == nullptr) return;
+    const wxTimer* const timer = &event.GetTimer();
+    window_->TimerTicked(timer == &tmrClipboard_  ? WatchTimer::Clipboard
+                         : timer == &tmrWinTasks_ ? WatchTimer::WindowTitle
+                                                  : WatchTimer::Snapshot);
+  });
+  Bind(wxEVT_CLOSE_WINDOW, &FrmMain::OnClose, this);
+}
+
+FrmMain::~FrmMain() {
+  if (window_ != nullptr) window_->Unloaded();
+}
+
+void FrmMain::BuildMenus() {
+  auto* const bar = new wxMenuBar;
+  for (const Menu& menu : MainMenus()) {
+    auto* const entries = new wxMenu;
+    for (const MenuEntry& entry : menu.entries) {
+      if (entry.command.empty()) {
+        entries->AppendSeparator();
+        continue;
+      }
+      AddEntry(*entries, entry);
+    }
+    bar->Append(entries, ToWx(menu.caption));
+  }
+  SetMenuBar(bar);
+}
+
+void FrmMain::AddEntry(wxMenu& menu, const MenuEntry& entry) {
+  if (entry.name == "mnuRecent") {
+    recent_ = new wxMenu;
+    menu.AppendSubMenu(recent_, ToWx(entry.caption));
+    return;
+  }
+  const int id = wxWindow::NewControlId();
+  menuIds_.emplace(entry.name, id);
+  menu.Append(id, MenuLabel(entry), wxEmptyString, KindOf(entry));
+  Bind(
+      wxEVT_MENU, [this, command = entry.command](wxCommandEvent&) { window_->RunCommand(command); }, id);
+}
+
+void FrmMain::BuildToolbar() {
+  wxToolBar* const bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_TEXT, wxID_ANY, "Toolbar1");
+  for (const ToolbarButton& button : ToolbarButtons()) {
+    if (button.key.empty()) {
+      bar->AddSeparator();
+      continue;
+    }
+    const int id = wxWindow::NewControlId();
+    toolIds_.emplace(button.key, id);
+    bar->AddTool(id, ToWx(button.key), Icon(button.icon, 24), ToWx(button.tooltip));
+    Bind(
+        wxEVT_TOOL, [this, key = button.key](wxCommandEvent&) { window_->ToolbarClicked(key); }, id);
+  }
+  bar->Realize();
+  SetAccessibleName(*bar, "Werkzeugleiste");
+}
+
+void FrmMain::BuildStatusBar() {
+  wxStatusBar* const bar = CreateStatusBar(2, wxSTB_DEFAULT_STYLE, wxID_ANY, "StatusBar1");
+  const int widths[] = {bar->GetTextExtent("100000000 Zeichen.").x + FromDIP(24), -1};
+  bar->SetStatusWidths(2, widths);
+  bar->SetStatusText("0 Zeichen.", 0);
+  SetStatusBarPane(-1);  // the menus have no help texts that would wipe out what stands there
+}
+
+void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
+  splitter_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                   wxSP_LIVE_UPDATE | wxSP_NOBORDER);
+  ctlTask_ = new WxTaskPane(splitter_);
+  auto* const place = new wxPanel(splitter_);
+  rtfText_ = new WxDocumentEditor(place);
+  wbBrowser_ = new WxBrowserPane(place, filterFolder, log);
+  wbBrowser_->Hide();
+  auto* const sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(rtfText_, wxSizerFlags(1).Expand());
+  sizer->Add(wbBrowser_, wxSizerFlags(1).Expand());
+  place->SetSizer(sizer);
+  splitter_->SetMinimumPaneSize(FromDIP(140));
+  const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Sprachausgabe als WAV speichern")).x + FromDIP(56);
+  splitter_->SplitVertically(ctlTask_, place, std::max(FromDIP(220), tasksWidth));
+  AcceptFiles(*rtfText_);
+  AcceptFiles(*ctlTask_);
+  rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+    if (window_ != nullptr) window_->EditorChanged(rtfText_->CharacterCount());
+  });
+}
+
+// Only the first of several files: there is one document.
+void FrmMain::AcceptFiles(wxWindow& window) {
+  window.SetDropTarget(new DropTarget(
+      {.files = [this](const std::string& path) { CallAfter([this, path] { window_->FileDropped(path); }); },
+       .text = [this](const std::string& text) { rtfText_->ReplaceSelection(text); }}));
+}
+
+void FrmMain::OnCharHook(wxKeyEvent& event) {
+  const int code = WindowKey(event);
+  if (code == 0 || !window_->KeyPressed(code)) event.Skip();
+}
+
+void FrmMain::OnClose(wxCloseEvent& event) {
+  window_->CloseRequested(!event.CanVeto());
+}
+
+void FrmMain::ShowEditor(bool visible) {
+  rtfText_->Show(visible);
+  rtfText_->GetParent()->Layout();
+}
+
+void FrmMain::ShowBrowser(bool visible) {
+  wbBrowser_->Show(visible);
+  wbBrowser_->GetParent()->Layout();
+}
+
+void FrmMain::FocusEditor() {
+  rtfText_->SetFocus();
+}
+
+void FrmMain::CheckMenuEntry(std::string_view name, bool checked) {
+  if (const auto found = menuIds_.find(name); found != menuIds_.end())
+    GetMenuBar()->Check(found->second, checked);
+}
+
+void FrmMain::EnableToolbarButton(std::string_view key, bool enabled) {
+  if (const auto found = toolIds_.find(key); found != toolIds_.end())
+    GetToolBar()->EnableTool(found->second, enabled);
+}
+
+// The frame keeps its toolbar as wide as itself; this settles its height for the font in use.
+void FrmMain::StretchToolbar() {
+  SendSizeEvent();
+}
+
+void FrmMain::EnableTimer(WatchTimer timer, bool enabled) {
+  wxTimer& target = timer == WatchTimer::Clipboard     ? tmrClipboard_
+                    : timer == WatchTimer::WindowTitle ? tmrWinTasks_
+                                                       : snapshot_;
+  if (!enabled) return target.Stop();
+  if (timer == WatchTimer::Snapshot) {
+    target.StartOnce(kSnapshotDelay);
+  } else {
+    target.Start(timer == WatchTimer::Clipboard ? kClipboardInterval : kTitleInterval);
+  }
+}
+
+void FrmMain::SetTitle(std::string_view title) {
+  wxFrame::SetTitle(ToWx(title));
+}
+
+void FrmMain::SetRecentFiles(const std::vector<std::string>& paths) {
+  while (recent_->GetMenuItemCount() > 0) recent_->Destroy(recent_->FindItemByPosition(0));
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    const wxString caption =
+        wxString::Format("&%zu ", i + 1) + wxControl::EscapeMnemonics(ToWx(ShortPath(paths[i])));
+    const wxMenuItem& item = *recent_->Append(wxID_ANY, caption);
+    recent_->Bind(
+        wxEVT_MENU, [this, i](wxCommandEvent&) { CallAfter([this, i] { window_->RecentFileChosen(i); }); },
+        item.GetId());
+  }
+  if (paths.empty()) recent_->Append(wxID_ANY, "(noch keine)")->Enable(false);
+}
+
+void FrmMain::Undo() {
+  if (rtfText_->IsShown()) rtfText_->Undo();
+}
+void FrmMain::Redo() {
+  if (rtfText_->IsShown()) rtfText_->Redo();
+}
+
+void FrmMain::SelectAll() {
+  if (rtfText_->IsShown()) return rtfText_->SelectAll();
+  wbBrowser_->SelectAll();
+}
+
+void FrmMain::ShowSearch(bool replace) {
+  if (frmFind_ == nullptr) frmFind_ = new FrmFind(this, *rtfText_);
+  frmFind_->Open(replace);
+}
+
+void FrmMain::SearchAgain() {
+  if (frmFind_ == nullptr || !frmFind_->SearchAgain()) ShowSearch(false);
+}
+
+void FrmMain::Zoom(int steps) {
+  if (rtfText_->IsShown()) return rtfText_->Zoom(steps);
+  wbBrowser_->Zoom(steps);
+}
+
+std::string FrmMain::Placement() {
+  const wxRect place = GetRect();
+  return std::to_string(place.x) + " " + std::to_string(place.y) + " " + std::to_string(place.width) + " " +
+         std::to_string(place.height) + " " + (IsMaximized() ? "1" : "0") + " " +
+         std::to_string(splitter_->GetSashPosition());
+}
+
+// A place on a screen that has gone, or too small to be found, is not taken.
+void FrmMain::Place(std::string_view placement) {
+  std::istringstream numbers{std::string(placement)};
+  wxRect place;
+  int maximized = 0;
+  int sash = 0;
+  if (!(numbers >> place.x >> place.y >> place.width >> place.height >> maximized >> sash)) return;
+  const bool seen = wxDisplay::GetFromPoint(place.GetTopLeft() + wxPoint(place.width / 2, 10)) != wxNOT_FOUND;
+  if (seen && place.width >= GetMinWidth() && place.height >= GetMinHeight()) SetSize(place);
+  if (maximized == 1) Maximize();
+  if (sash >= splitter_->GetMinimumPaneSize() && sash < place.width) splitter_->SetSashPosition(sash);
+}
+
+void FrmMain::ShowWindow() {
+  Show();
+  Raise();
+}
+
+void FrmMain::HideWindow() {
+  Hide();
+}
+void FrmMain::SetMessage(std::string_view text) {
+  SetStatusText(ToWx(text), 1);
+}
+void FrmMain::SetFirstPanel(std::string_view text) {
+  SetStatusText(ToWx(text), 0);
+}
+
+}  // namespace lorelin

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/splitter.h>
+#include <wx/timer.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "app/commands.h"
+#include "desktop/toolkit/WxBrowserPane.h"
+#include "desktop/toolkit/WxDocumentEditor.h"
+#include "desktop/toolkit/WxTaskPane.h"
+#include "ports/EditorCommands.h"
+#include "ports/MainView.h"
+#include "ports/StatusBar.h"
+
+namespace lorelin {
+
+class FrmFind;
+class MainWindow;
+
+// The main window as controls. It builds them from the tables in app/commands.h, hands every event to
+// MainWindow and shows what it is told.
+class FrmMain final : public wxFrame, public MainView, public StatusBar, public EditorCommands {
+ public:
+  // `filterFolder` is the browser pane's; `endProgram` ends the process once the window has gone.
+  FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log);
+  // Where the events go; nullptr when it goes before the window does.
+  void Attach(MainWindow* window) { window_ = window; }
+  ~FrmMain() override;
+  FrmMain(const FrmMain&) = delete;
+  FrmMain& operator=(const FrmMain&) = delete;
+
+  [[nodiscard]] WxDocumentEditor& Editor() { return *rtfText_; }
+  [[nodiscard]] WxBrowserPane& Browser() { return *wbBrowser_; }
+  [[nodiscard]] WxTaskPane& Tasks() { return *ctlTask_; }
+
+  void ShowEditor(bool visible) override;
+  void ShowBrowser(bool visible) override;
+  void FocusEditor() override;
+  void CheckMenuEntry(std::string_view name, bool checked) override;
+  void EnableToolbarButton(std::string_view key, bool enabled) override;
+  void StretchToolbar() override;
+  void EnableTimer(WatchTimer timer, bool enabled) override;
+  void SetTitle(std::string_view title) override;
+  void SetRecentFiles(const std::vector<std::string>& paths) override;
+  void Undo() override;
+  void Redo() override;
+  void SelectAll() override;
+  void ShowSearch(bool replace) override;
+  void SearchAgain() override;
+  void Zoom(int steps) override;
+  std::string Placement() override;
+  void Place(std::string_view placement) override;
+  void ShowWindow() override;
+  void HideWindow() override;
+  void EndProgram() override { endProgram_(); }
+  void SetMessage(std::string_view text) override;
+  void SetFirstPanel(std::string_view text) override;
+
+ private:
+  void BuildMenus();
+  void AddEntry(wxMenu& menu, const MenuEntry& entry);
+  void BuildToolbar();
+  void BuildStatusBar();
+  void BuildPanes(const std::string& filterFolder, Log& log);
+  void AcceptFiles(wxWindow& window);
+  void OnCharHook(wxKeyEvent& event);
+  void OnClose(wxCloseEvent& event);
+
+  std::function<void()> endProgram_;
+  MainWindow* window_ = nullptr;
+  std::map<std::string, int, std::less<>> menuIds_;
+  std::map<std::string, int, std::less<>> toolIds_;
+  wxSplitterWindow* splitter_ = nullptr;
+  WxDocumentEditor* rtfText_ = nullptr;
+  WxBrowserPane* wbBrowser_ = nullptr;
+  WxTaskPane* ctlTask_ = nullptr;
+  wxTimer tmrClipboard_;
+  wxTimer tmrWinTasks_;
+  wxTimer snapshot_;
+  wxMenu* recent_ = nullptr;    // owned by the menu bar
+  FrmFind* frmFind_ = nullptr;  // owned by this window; made when it is first needed
+};
+
+}  // namespace lorelin

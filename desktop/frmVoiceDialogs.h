@@ -1,0 +1,28 @@
+#pragma once
+
+#include <wx/window.h>
+
+#include "ports/VoiceDialogs.h"
+#include "settings/SettingsStore.h"
+#include "speech/modSpeak.h"
+
+namespace lorelin {
+
+// Opens the voice dialogs as windows of the toolkit.
+class FrmVoiceDialogs final : public VoiceDialogs {
+ public:
+  // Owns neither; both must outlive it.
+  FrmVoiceDialogs(ModSpeak& speech, SettingsStore& settings) : speech_(speech), settings_(settings) {}
+  // The dialogs belong to this window.
+  void SetParent(wxWindow* parent) { parent_ = parent; }
+
+  void ChooseVoice() override;
+  void ChangeParameter(VoiceParameter parameter) override;
+
+ private:
+  ModSpeak& speech_;
+  SettingsStore& settings_;
+  wxWindow* parent_ = nullptr;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,140 @@
+#include "desktop/toolkit/WxBrowserPane.h"
+
+#include <wx/button.h>
+#include <wx/filesys.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/browserEngine.h"
+#include "desktop/toolkit/offlineFilter.h"
+#include "desktop/toolkit/text.h"
+
+namespace lorelin {
+namespace {
+
+constexpr double kZoomStep = 1.15;
+constexpr int kMostZoomSteps = 12;
+
+constexpr const char* kMessageHandler = "lorelin";
+
+// The engine hands over links with a small scheme and escaped umlauts.
+constexpr const char* kReportClicks = R"(
+document.addEventListener('click', function (event) {
+  var link = event.target.closest ? event.target.closest('a[href]') : null;
+  if (link) window.webkit.messageHandlers.lorelin.postMessage(link.getAttribute('href'));
+}, true);
+)";
+
+bool IsLocal(const std::string& address) {
+  return address.starts_with("file:") || address.starts_with("about:");
+}
+
+// The address as the page has it, when it was a click on it that led there.
+std::string AsWritten(const std::string& address, const std::string& clicked) {
+  const auto scheme = clicked.find(':');
+  if (scheme == std::string::npos) return address;
+  const bool same = LowerAscii(address.substr(0, scheme + 1)) == LowerAscii(clicked.substr(0, scheme + 1));
+  return same && !IsLocal(address) ? clicked : address;
+}
+
+}  // namespace
+
+WxBrowserPane::WxBrowserPane(wxWindow* parent, std::string filterFolder, Log& log)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "wbBrowser"),
+      filterFolder_(std::move(filterFolder)),
+      log_(log) {
+  SetSizer(new wxBoxSizer(wxVERTICAL));
+}
+
+void WxBrowserPane::CreateView() {
+  if (view_ != nullptr || substitute_ != nullptr) return;
+  if (!HasBrowserEngine()) {
+    CreateSubstitute();
+    return;
+  }
+  view_ = wxWebView::New(this, wxID_ANY, "about:blank");
+  view_->EnableContextMenu(false);
+  SetAccessibleName(*view_, "Seite");
+  GetSizer()->Add(view_, wxSizerFlags(1).Expand());
+  Layout();
+  if (offline_) BlockNetwork(*view_, filterFolder_);
+  view_->AddScriptMessageHandler(kMessageHandler);
+  view_->AddUserScript(kReportClicks);
+  view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,
+              [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); });
+  view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
+  view_->Bind(wxEVT_WEBVIEW_NEWWINDOW, &WxBrowserPane::OnNewWindow, this);
+  view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);
+}
+
+// Everything else goes on without pages.
+void WxBrowserPane::CreateSubstitute() {
+  log_.Write("Dieses System kann keine Seiten zeigen.");
+  auto* const reason = new wxStaticText(
+      this, wxID_ANY,
+      ToWx("Hier stünde eine Seite, aber auf diesem Computer fehlt, womit Windows Seiten zeigt.\n\n"
+           "Texte schreiben, öffnen und vorlesen geht trotzdem: im Menü „Ansicht“ mit „Textmodus“."));
+  substitute_ = new wxButton(this, wxID_ANY, ToWx("&Seite im Webbrowser öffnen"));
+  substitute_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    if (!wxLaunchDefaultBrowser(page_)) log_.Write("Kein Webbrowser für " + FromWx(page_));
+  });
+  const int margin = FromDIP(24);
+  GetSizer()->Add(reason, wxSizerFlags().Border(wxALL, margin));
+  GetSizer()->Add(substitute_, wxSizerFlags().Border(wxLEFT | wxRIGHT, margin));
+  Bind(wxEVT_SIZE, [this, reason, margin](wxSizeEvent& event) {
+    const wxString text = reason->GetLabel();
+    reason->SetLabel(text);
+    reason->Wrap(std::max(GetClientSize().x - 2 * margin, FromDIP(100)));
+    event.Skip();
+  });
+  Layout();
+}
+
+void WxBrowserPane::Navigate(const std::string& path) {
+  CreateView();
+  page_ = wxFileSystem::FileNameToURL(wxFileName(ToWx(PathText(NativePath(path)))));
+  if (view_ != nullptr) view_->LoadURL(page_);
+}
+
+void WxBrowserPane::SetFocus() {
+  if (view_ != nullptr) view_->SetFocus();
+  if (substitute_ != nullptr) substitute_->SetFocus();
+}
+
+void WxBrowserPane::SelectAll() {
+  if (view_ != nullptr) view_->SelectAll();
+}
+
+void WxBrowserPane::Zoom(int steps) {
+  zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
+  if (view_ != nullptr) view_->SetZoomFactor(static_cast<float>(std::pow(kZoomStep, zoomSteps_)));
+}
+
+// What a link does may take as long as a speech, and the view is in the middle of its event here.
+void WxBrowserPane::OnNavigating(wxWebViewEvent& event) {
+  std::string address = AsWritten(FromWx(event.GetURL()), std::exchange(clicked_, {}));
+  if (IsLocal(address)) return;
+  event.Veto();
+  CallAfter([this, address]() mutable {
+    if (!handler_ || !handler_(address)) log_.Write("Nicht geladen: " + address);
+  });
+}
+
+// A link that wants a window of its own is followed in this one.
+void WxBrowserPane::OnNewWindow(wxWebViewEvent& event) {
+  view_->LoadURL(event.GetURL());
+}
+
+void WxBrowserPane::OnError(wxWebViewEvent& event) {
+  log_.Write("Seite " + FromWx(event.GetURL()) + ": " + FromWx(event.GetString()));
+}
+
+}  // namespace lorelin

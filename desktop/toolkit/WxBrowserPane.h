@@ -1,0 +1,48 @@
+#pragma once
+
+#include <wx/panel.h>
+#include <wx/webview.h>
+
+#include <string>
+
+#include "ports/BrowserPane.h"
+#include "ports/Log.h"
+
+namespace lorelin {
+
+// The web view with the program's pages. The view itself is made when it is first needed: starting in text
+// mode does without it.
+class WxBrowserPane final : public wxPanel, public BrowserPane {
+ public:
+  // `filterFolder` keeps the compiled rule that holds the view offline.
+  WxBrowserPane(wxWindow* parent, std::string filterFolder, Log& log);
+
+  void SetOffline() override { offline_ = true; }
+  void Navigate(const std::string& path) override;
+  void OnNavigate(std::function<bool(std::string& address)> handler) override {
+    handler_ = std::move(handler);
+  }
+  void SetFocus() override;
+  void SelectAll();
+  // Larger, smaller, or (0) as usual.
+  void Zoom(int steps);
+
+ private:
+  void CreateView();
+  void CreateSubstitute();
+  void OnNavigating(wxWebViewEvent& event);
+  void OnNewWindow(wxWebViewEvent& event);
+  void OnError(wxWebViewEvent& event);
+
+  std::string filterFolder_;
+  Log& log_;
+  wxWebView* view_ = nullptr;       // owned by the window tree
+  wxWindow* substitute_ = nullptr;  // in the place of a view, where there can be none
+  wxString page_;
+  std::function<bool(std::string& address)> handler_;
+  std::string clicked_;  // the link as it stands in the page, until the navigation to it
+  bool offline_ = false;
+  int zoomSteps_ = 0;
+};
+
+}  // namespace lorelin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "ports/Clipboard.h"
+
+namespace lorelin {
+
+// The clipboard of the toolkit. A program that owns it and does not answer costs one second once; until it
+// answers, the clipboard reads as before.
+class WxClipboard final : public Clipboard {
+ public:
+  WxClipboard();
+  ~WxClipboard() override;
+  WxClipboard(const WxClipboard&) = delete;
+  WxClipboard& operator=(const WxClipboard&) = delete;
+
+  std::string Text() override;
+  void SetText(std::string_view text) override;
+
+ private:
+  struct Request;
+
+  std::shared_ptr<Request> request_;  // the last one; its answer may come after the clipboard's own end
+};
+
+}  // namespace lorelin

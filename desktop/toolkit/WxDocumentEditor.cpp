@@ -1,0 +1,151 @@
+#include "desktop/toolkit/WxDocumentEditor.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+#include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/innerMargins.h"
+#include "desktop/toolkit/text.h"
+#include "documents/richTextFile.h"
+
+namespace lorelin {
+namespace {
+
+constexpr double kZoomStep = 1.15;
+constexpr int kMostZoomSteps = 12;
+
+// Where a text stands in another one.
+class TextPlaces {
+ public:
+  TextPlaces(const wxString& text, const wxString& wanted, bool matchCase)
+      : text_(matchCase ? text : text.Lower()), wanted_(matchCase ? wanted : wanted.Lower()) {}
+
+  [[nodiscard]] long Length() const { return static_cast<long>(wanted_.length()); }
+  [[nodiscard]] bool IsWhole() const { return !wanted_.empty() && text_ == wanted_; }
+  [[nodiscard]] std::optional<long> From(long position) const {
+    if (wanted_.empty()) return std::nullopt;
+    std::size_t place = text_.find(wanted_, static_cast<std::size_t>(position));
+    if (place == wxString::npos) place = text_.find(wanted_);
+    return Found(place);
+  }
+  [[nodiscard]] std::optional<long> Before(long position) const {
+    if (wanted_.empty()) return std::nullopt;
+    std::size_t place =
+        position > 0 ? text_.rfind(wanted_, static_cast<std::size_t>(position) - 1) : wxString::npos;
+    if (place == wxString::npos) place = text_.rfind(wanted_);
+    return Found(place);
+  }
+  [[nodiscard]] std::vector<long> All() const {
+    std::vector<long> places;
+    if (wanted_.empty()) return places;
+    for (std::size_t at = text_.find(wanted_); at != wxString::npos;
+         at = text_.find(wanted_, at + wanted_.length())) {
+      places.push_back(static_cast<long>(at));
+    }
+    return places;
+  }
+
+ private:
+  static std::optional<long> Found(std::size_t place) {
+    if (place == wxString::npos) return std::nullopt;
+    return static_cast<long>(place);
+  }
+
+  wxString text_;
+  wxString wanted_;
+};
+
+wxTextCtrl& WithReadingFont(wxTextCtrl& control) {
+  control.SetFont(control.GetFont().Scaled(1.2F));
+  return control;
+}
+
+}  // namespace
+
+WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
+    : wxTextCtrl(parent, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                 wxTE_MULTILINE | wxTE_RICH2 | wxTE_NOHIDESEL, wxDefaultValidator, "rtfText"),
+      buffer_(WithReadingFont(*this)) {
+  SetInnerMargins(*this, FromDIP(12), FromDIP(10));
+  SetAccessibleName(*this, "Dokument");
+}
+
+std::string WxDocumentEditor::Text() {
+  return FromWx(GetValue());
+}
+void WxDocumentEditor::SetText(std::string_view text) {
+  buffer_.ReplaceText(ToWx(WithoutNul(text)));
+}
+
+std::string WxDocumentEditor::RichText() {
+  return buffer_.Rtf();
+}
+
+void WxDocumentEditor::LoadFile(const std::string& path) {
+  buffer_.ShowFile(path);
+}
+
+void WxDocumentEditor::Undo() {
+  buffer_.Undo();
+}
+void WxDocumentEditor::Redo() {
+  buffer_.Redo();
+}
+
+bool WxDocumentEditor::FindNext(const std::string& text, bool matchCase, bool backwards) {
+  long from = 0;
+  long to = 0;
+  GetSelection(&from, &to);
+  const TextPlaces places(GetValue(), ToWx(text), matchCase);
+  const auto place = backwards ? places.Before(from) : places.From(to);
+  if (!place) return false;
+  SetSelection(*place, *place + places.Length());
+  ShowPosition(*place);
+  return true;
+}
+
+bool WxDocumentEditor::ReplaceNext(const std::string& text, const std::string& replacement, bool matchCase) {
+  const TextPlaces places(GetStringSelection(), ToWx(text), matchCase);
+  if (places.IsWhole()) ReplaceSelection(replacement);
+  return FindNext(text, matchCase, false);
+}
+
+int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::string& replacement,
+                                       bool matchCase) {
+  const TextPlaces places(GetValue(), ToWx(text), matchCase);
+  const std::vector<long> all = places.All();
+  buffer_.BeginChange();
+  for (auto place = all.rbegin(); place != all.rend(); ++place) {
+    Replace(*place, *place + places.Length(), ToWx(WithoutNul(replacement)));
+  }
+  buffer_.EndChange();
+  return static_cast<int>(all.size());
+}
+
+void WxDocumentEditor::Zoom(int steps) {
+  zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
+  const double factor = std::pow(kZoomStep, zoomSteps_);
+  buffer_.SetZoom(factor);
+}
+
+std::size_t WxDocumentEditor::SelectionStart() {
+  long from = 0;
+  long to = 0;
+  GetSelection(&from, &to);
+  return buffer_.CharactersBefore(from);
+}
+
+std::string WxDocumentEditor::SelectedText() {
+  return FromWx(GetStringSelection());
+}
+
+void WxDocumentEditor::ReplaceSelection(std::string_view text) {
+  long from = 0;
+  long to = 0;
+  GetSelection(&from, &to);
+  Replace(from, to, ToWx(WithoutNul(text)));
+}
+
+}  // namespace lorelin

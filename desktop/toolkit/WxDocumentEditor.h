@@ -1,0 +1,42 @@
+#pragma once
+
+#include <wx/textctrl.h>
+
+#include "desktop/toolkit/richTextBuffer.h"
+#include "ports/DocumentEditor.h"
+
+namespace lorelin {
+
+// The document in a native multi-line text control.
+class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
+ public:
+  explicit WxDocumentEditor(wxWindow* parent);
+
+  std::string Text() override;
+  void SetText(std::string_view text) override;
+  std::string RichText() override;
+  void LoadFile(const std::string& path) override;
+  std::size_t SelectionStart() override;
+  std::string SelectedText() override;
+  void ReplaceSelection(std::string_view text) override;
+
+  void Undo() override;
+  void Redo() override;
+  // Selects the next place of the text from the caret on, or before it, and round the ends; false when there
+  // is none.
+  bool FindNext(const std::string& text, bool matchCase, bool backwards);
+  // Replaces the selection when it is such a place, then goes to the next one.
+  bool ReplaceNext(const std::string& text, const std::string& replacement, bool matchCase);
+  // The number of places.
+  int ReplaceAllPlaces(const std::string& text, const std::string& replacement, bool matchCase);
+  // Larger, smaller, or (0) of the usual size again.
+  void Zoom(int steps);
+
+  [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
+
+ private:
+  RichTextBuffer buffer_;
+  int zoomSteps_ = 0;
+};
+
+}  // namespace lorelin

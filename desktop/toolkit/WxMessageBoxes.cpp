@@ -1,0 +1,63 @@
+#include "desktop/toolkit/WxMessageBoxes.h"
+
+#include <wx/msgdlg.h>
+
+#include "desktop/toolkit/activeWindow.h"
+#include "desktop/toolkit/text.h"
+
+namespace lorelin {
+namespace {
+
+long IconStyle(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::None:
+      return wxICON_NONE;
+    case MessageIcon::Information:
+      return wxICON_INFORMATION;
+    case MessageIcon::Question:
+      return wxICON_QUESTION;
+    case MessageIcon::Exclamation:
+      return wxICON_WARNING;
+    case MessageIcon::Critical:
+      return wxICON_ERROR;
+  }
+  return wxICON_NONE;
+}
+
+long ButtonStyle(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::Ok:
+      return wxOK;
+    case MessageButtons::YesNo:
+      return wxYES_NO;
+    case MessageButtons::YesNoCancel:
+      return wxYES_NO | wxCANCEL;
+  }
+  return wxOK;
+}
+
+MessageAnswer Answer(int id, MessageButtons buttons) {
+  if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
+  if (id == wxID_YES) return MessageAnswer::Yes;
+  return id == wxID_CANCEL && buttons == MessageButtons::YesNoCancel ? MessageAnswer::Cancel
+                                                                     : MessageAnswer::No;
+}
+
+}  // namespace
+
+MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title, MessageIcon icon,
+                                   MessageButtons buttons) {
+  wxMessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title),
+                         ButtonStyle(buttons) | IconStyle(icon) | wxCENTRE);
+  // The program speaks German whatever the system's language is.
+  if (buttons == MessageButtons::Ok) {
+    dialog.SetOKLabel("OK");
+  } else if (buttons == MessageButtons::YesNo) {
+    dialog.SetYesNoLabels("&Ja", "&Nein");
+  } else {
+    dialog.SetYesNoCancelLabels("&Ja", "&Nein", "&Abbrechen");
+  }
+  return Answer(dialog.ShowModal(), buttons);
+}
+
+}  // namespace lorelin

@@ -1,0 +1,397 @@
+#include "desktop/toolkit/richTextBuffer.h"
+
+#ifdef __WXGTK__
+
+#include <gtk/gtk.h>
+
+#include <map>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "base/textEncoding.h"
+#include "desktop/toolkit/text.h"
+#include "documents/UndoHistory.h"
+#include "documents/richTextFile.h"
+#include "richtext/RichText.h"
+#include "richtext/rtf.h"
+
+namespace lorelin {
+namespace {
+
+constexpr double kPixelsPerTwip = 96.0 / 1440.0;
+constexpr double kSmallScript = 0.7;
+constexpr int kScriptRise = 4;             // points
+constexpr double kReadableContrast = 3.0;  // of luminances, after WCAG 2.1
+constexpr const char* kFormatKey = "lorelin-format";
+constexpr const char* kParagraphKey = "lorelin-paragraph";
+
+GtkTextBuffer* BufferOf(wxTextCtrl& control) {
+  GtkWidget* const scrolled = static_cast<GtkWidget*>(control.GetHandle());
+  GtkWidget* const view = GTK_IS_BIN(scrolled) ? gtk_bin_get_child(GTK_BIN(scrolled)) : scrolled;
+  return gtk_text_view_get_buffer(GTK_TEXT_VIEW(view));
+}
+
+GdkRGBA RgbaOf(Colour colour) {
+  return {.red = (colour >> 16 & 0xFF) / 255.0,
+          .green = (colour >> 8 & 0xFF) / 255.0,
+          .blue = (colour & 0xFF) / 255.0,
+          .alpha = 1.0};
+}
+
+wxColour WxColourOf(Colour colour) {
+  return {static_cast<unsigned char>(colour >> 16), static_cast<unsigned char>(colour >> 8),
+          static_cast<unsigned char>(colour)};
+}
+
+double Contrast(const wxColour& a, const wxColour& b) {
+  const double first = a.GetLuminance() + 0.05;
+  const double second = b.GetLuminance() + 0.05;
+  return first > second ? first / second : second / first;
+}
+
+auto KeyOf(const CharacterFormat& f) {
+  return std::tuple(f.font, f.halfPoints, f.foreground, f.background, f.bold, f.italic, f.underline,
+                    f.strikeThrough, f.position);
+}
+auto KeyOf(const ParagraphFormat& f) {
+  return std::tuple(f.alignment, f.leftIndent, f.rightIndent, f.firstLineIndent);
+}
+
+struct ByKey {
+  template <typename Format>
+  bool operator()(const Format& a, const Format& b) const {
+    return KeyOf(a) < KeyOf(b);
+  }
+};
+
+}  // namespace
+
+class RichTextBuffer::Implementation {
+ public:
+  explicit Implementation(wxTextCtrl& control)
+      : control_(control), buffer_(BufferOf(control)), usualFont_(control.GetFont()) {
+    g_object_ref(buffer_);
+    Connect("insert-text",
+            G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* where, gchar* text, gint size, gpointer self) {
+              static_cast<Implementation*>(self)->Inserting(*where, {text, static_cast<std::size_t>(size)});
+            }));
+    Connect("delete-range",
+            G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* from, GtkTextIter* to, gpointer self) {
+              static_cast<Implementation*>(self)->Deleting(*from, *to);
+            }));
+    Connect("begin-user-action", G_CALLBACK(+[](GtkTextBuffer*, gpointer self) {
+              static_cast<Implementation*>(self)->history_.Begin();
+            }));
+    Connect("end-user-action", G_CALLBACK(+[](GtkTextBuffer*, gpointer self) {
+              static_cast<Implementation*>(self)->history_.End();
+            }));
+  }
+
+  ~Implementation() {
+    for (const gulong handler : handlers_) g_signal_handler_disconnect(buffer_, handler);
+    g_object_unref(buffer_);
+  }
+
+  Implementation(const Implementation&) = delete;
+  Implementation& operator=(const Implementation&) = delete;
+
+  void Show(const RichText& text) {
+    const Applying applying(applying_);
+    fonts_ = text.fonts;
+    ForgetTags();
+    control_.SetValue(ToWx(text.text));
+    ApplyRuns(text);
+    ApplyParagraphs(text);
+    history_.Clear();
+  }
+
+  [[nodiscard]] RichText Content() const {
+    RichText content;
+    content.text = Text();
+    content.fonts = fonts_;
+    ReadRuns(content);
+    ReadParagraphs(content);
+    return content;
+  }
+
+  // Without the detour by the toolkit's strings: this runs while somebody types.
+  [[nodiscard]] std::string Text() const {
+    GtkTextIter from;
+    GtkTextIter to;
+    gtk_text_buffer_get_bounds(buffer_, &from, &to);
+    gchar* const bytes = gtk_text_buffer_get_text(buffer_, &from, &to, TRUE);
+    std::string text(bytes);
+    g_free(bytes);
+    return text;
+  }
+
+  void Carry(const std::vector<TextEdit>& edits) {
+    if (edits.empty()) return;
+    const Applying applying(applying_);
+    gtk_text_buffer_begin_user_action(buffer_);
+    for (const TextEdit& edit : edits) CarryOne(edit);
+    gtk_text_buffer_end_user_action(buffer_);
+  }
+
+  void ReplaceText(const wxString& text) {
+    gtk_text_buffer_begin_user_action(buffer_);
+    control_.SetValue(text);
+    gtk_text_buffer_end_user_action(buffer_);
+  }
+
+  void SetZoom(double factor) {
+    zoom_ = factor;
+    control_.SetFont(usualFont_.Scaled(static_cast<float>(factor)));
+    for (const auto& [format, tag] : tags_) SetSize(tag, format);
+  }
+
+  UndoHistory& History() { return history_; }
+  GtkTextBuffer* Buffer() { return buffer_; }
+
+ private:
+  // What the program does by itself is no change to take back.
+  class Applying {
+   public:
+    explicit Applying(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~Applying() { flag_ = before_; }
+    Applying(const Applying&) = delete;
+    Applying& operator=(const Applying&) = delete;
+
+   private:
+    bool& flag_;
+    bool before_;
+  };
+
+  void Connect(const char* signal, GCallback callback) {
+    handlers_.push_back(g_signal_connect(buffer_, signal, callback, this));
+  }
+
+  void Inserting(const GtkTextIter& where, std::string text) {
+    if (!applying_)
+      history_.Inserted(static_cast<std::size_t>(gtk_text_iter_get_offset(&where)), std::move(text));
+  }
+
+  void Deleting(const GtkTextIter& from, const GtkTextIter& to) {
+    if (applying_) return;
+    gchar* const text = gtk_text_iter_get_text(&from, &to);
+    history_.Removed(static_cast<std::size_t>(gtk_text_iter_get_offset(&from)), text);
+    g_free(text);
+  }
+
+  [[nodiscard]] GtkTextIter IterAt(std::size_t offset) const {
+    GtkTextIter iter;
+    gtk_text_buffer_get_iter_at_offset(buffer_, &iter, static_cast<gint>(offset));
+    return iter;
+  }
+
+  void CarryOne(const TextEdit& edit) {
+    GtkTextIter from = IterAt(edit.position);
+    GtkTextIter to = IterAt(edit.position + CharacterCount(edit.removed));
+    gtk_text_buffer_delete(buffer_, &from, &to);
+    gtk_text_buffer_insert(buffer_, &from, edit.inserted.data(), static_cast<gint>(edit.inserted.size()));
+    gtk_text_buffer_place_cursor(buffer_, &from);
+  }
+
+  void ForgetTags() {
+    GtkTextTagTable* const table = gtk_text_buffer_get_tag_table(buffer_);
+    for (const auto& [format, tag] : tags_) gtk_text_tag_table_remove(table, tag);
+    for (const auto& [format, tag] : paragraphTags_) gtk_text_tag_table_remove(table, tag);
+    tags_.clear();
+    paragraphTags_.clear();
+  }
+
+  void ApplyRuns(const RichText& text) {
+    GtkTextIter from = IterAt(0);
+    std::size_t at = 0;
+    for (const TextRun& run : text.runs) {
+      GtkTextIter to = from;
+      gtk_text_iter_forward_chars(
+          &to, static_cast<gint>(CharacterCount(std::string_view(text.text).substr(at, run.bytes))));
+      if (!(run.format == CharacterFormat{}))
+        gtk_text_buffer_apply_tag(buffer_, TagFor(run.format), &from, &to);
+      at += run.bytes;
+      from = to;
+    }
+  }
+
+  void ApplyParagraphs(const RichText& text) {
+    gint line = 0;
+    for (const ParagraphRun& run : text.paragraphs) {
+      const auto end = static_cast<gint>(static_cast<std::size_t>(line) + run.paragraphs);
+      if (!(run.format == ParagraphFormat{})) {
+        GtkTextIter from;
+        GtkTextIter to;
+        gtk_text_buffer_get_iter_at_line(buffer_, &from, line);
+        gtk_text_buffer_get_iter_at_line(buffer_, &to, end);
+        if (end >= gtk_text_buffer_get_line_count(buffer_)) gtk_text_buffer_get_end_iter(buffer_, &to);
+        gtk_text_buffer_apply_tag(buffer_, TagFor(run.format), &from, &to);
+      }
+      line = end;
+    }
+  }
+
+  GtkTextTag* TagFor(const CharacterFormat& format) {
+    const auto [entry, added] = tags_.try_emplace(format, nullptr);
+    if (!added) return entry->second;
+    GtkTextTag* const tag = gtk_text_buffer_create_tag(buffer_, nullptr, nullptr);
+    entry->second = tag;
+    g_object_set_data(G_OBJECT(tag), kFormatKey, const_cast<CharacterFormat*>(&entry->first));
+    if (format.font < fonts_.size() && !fonts_[format.font].empty()) {
+      g_object_set(tag, "family", fonts_[format.font].c_str(), nullptr);
+    }
+    if (format.bold) g_object_set(tag, "weight", PANGO_WEIGHT_BOLD, nullptr);
+    if (format.italic) g_object_set(tag, "style", PANGO_STYLE_ITALIC, nullptr);
+    if (format.underline) g_object_set(tag, "underline", PANGO_UNDERLINE_SINGLE, nullptr);
+    if (format.strikeThrough) g_object_set(tag, "strikethrough", TRUE, nullptr);
+    if (format.position != ScriptPosition::Normal) {
+      const int rise = format.position == ScriptPosition::Superscript ? kScriptRise : -kScriptRise / 2;
+      g_object_set(tag, "rise", rise * PANGO_SCALE, "scale", kSmallScript, nullptr);
+    }
+    SetColours(tag, format);
+    SetSize(tag, format);
+    return tag;
+  }
+
+  // A colour that cannot be read on its ground, as black in a dark theme, is kept but not shown.
+  void SetColours(GtkTextTag* tag, const CharacterFormat& format) {
+    const bool grounded = format.background != kAutomaticColour;
+    const wxColour ground = grounded ? WxColourOf(format.background) : control_.GetBackgroundColour();
+    if (grounded) {
+      const GdkRGBA colour = RgbaOf(format.background);
+      g_object_set(tag, "background-rgba", &colour, nullptr);
+    }
+    const bool coloured = format.foreground != kAutomaticColour;
+    const wxColour wanted = coloured ? WxColourOf(format.foreground) : control_.GetForegroundColour();
+    if (Contrast(wanted, ground) >= kReadableContrast) {
+      if (!coloured) return;
+      const GdkRGBA colour = RgbaOf(format.foreground);
+      g_object_set(tag, "foreground-rgba", &colour, nullptr);
+    } else if (grounded) {
+      const GdkRGBA colour = RgbaOf(ground.GetLuminance() > 0.5 ? 0x000000 : 0xFFFFFF);
+      g_object_set(tag, "foreground-rgba", &colour, nullptr);
+    }
+  }
+
+  void SetSize(GtkTextTag* tag, const CharacterFormat& format) const {
+    if (format.halfPoints != 0) g_object_set(tag, "size-points", format.halfPoints / 2.0 * zoom_, nullptr);
+  }
+
+  GtkTextTag* TagFor(const ParagraphFormat& format) {
+    const auto [entry, added] = paragraphTags_.try_emplace(format, nullptr);
+    if (!added) return entry->second;
+    GtkTextTag* const tag = gtk_text_buffer_create_tag(buffer_, nullptr, nullptr);
+    entry->second = tag;
+    g_object_set_data(G_OBJECT(tag), kParagraphKey, const_cast<ParagraphFormat*>(&entry->first));
+    constexpr GtkJustification kJustifications[] = {GTK_JUSTIFY_LEFT, GTK_JUSTIFY_CENTER, GTK_JUSTIFY_RIGHT,
+                                                    GTK_JUSTIFY_FILL};
+    g_object_set(tag, "justification", kJustifications[static_cast<std::size_t>(format.alignment)], nullptr);
+    const auto pixels = [](std::int32_t twips) {
+      return static_cast<int>(std::min(std::max(twips, 0), 14400) * kPixelsPerTwip);
+    };
+    if (format.leftIndent > 0) g_object_set(tag, "left-margin", pixels(format.leftIndent) + 12, nullptr);
+    if (format.rightIndent > 0) g_object_set(tag, "right-margin", pixels(format.rightIndent) + 12, nullptr);
+    if (format.firstLineIndent != 0) {
+      const int sign = format.firstLineIndent < 0 ? -1 : 1;
+      g_object_set(tag, "indent", sign * pixels(std::abs(format.firstLineIndent)), nullptr);
+    }
+    return tag;
+  }
+
+  template <typename Format>
+  static Format FormatAt(const GtkTextIter& iter, const char* key) {
+    Format format;
+    GSList* const tags = gtk_text_iter_get_tags(&iter);
+    for (const GSList* entry = tags; entry != nullptr; entry = entry->next) {
+      if (const void* const data = g_object_get_data(G_OBJECT(entry->data), key); data != nullptr) {
+        format = *static_cast<const Format*>(data);
+      }
+    }
+    g_slist_free(tags);
+    return format;
+  }
+
+  void ReadRuns(RichText& content) const {
+    GtkTextIter from = IterAt(0);
+    std::string_view rest = content.text;
+    while (!gtk_text_iter_is_end(&from)) {
+      GtkTextIter to = from;
+      if (gtk_text_iter_forward_to_tag_toggle(&to, nullptr) == FALSE)
+        gtk_text_buffer_get_end_iter(buffer_, &to);
+      const auto characters =
+          static_cast<std::size_t>(gtk_text_iter_get_offset(&to) - gtk_text_iter_get_offset(&from));
+      const std::size_t bytes = rest.size() - FromCharacter(rest, characters).size();
+      AddRun(content, bytes, FormatAt<CharacterFormat>(from, kFormatKey));
+      rest.remove_prefix(bytes);
+      from = to;
+    }
+  }
+
+  static void AddRun(RichText& content, std::size_t bytes, const CharacterFormat& format) {
+    if (content.runs.empty() || !(content.runs.back().format == format)) content.runs.push_back({0, format});
+    content.runs.back().bytes += bytes;
+  }
+
+  void ReadParagraphs(RichText& content) const {
+    const gint lines = gtk_text_buffer_get_line_count(buffer_);
+    if (paragraphTags_.empty()) return content.paragraphs.push_back({static_cast<std::size_t>(lines), {}});
+    for (gint line = 0; line < lines; ++line) {
+      GtkTextIter iter;
+      gtk_text_buffer_get_iter_at_line(buffer_, &iter, line);
+      const auto format = FormatAt<ParagraphFormat>(iter, kParagraphKey);
+      auto& runs = content.paragraphs;
+      if (runs.empty() || !(runs.back().format == format)) runs.push_back({0, format});
+      ++runs.back().paragraphs;
+    }
+  }
+
+  wxTextCtrl& control_;
+  GtkTextBuffer* buffer_;
+  wxFont usualFont_;
+  std::vector<gulong> handlers_;
+  UndoHistory history_;
+  bool applying_ = false;
+  double zoom_ = 1.0;
+  std::vector<std::string> fonts_{std::string()};
+  std::map<CharacterFormat, GtkTextTag*, ByKey> tags_;
+  std::map<ParagraphFormat, GtkTextTag*, ByKey> paragraphTags_;
+};
+
+RichTextBuffer::RichTextBuffer(wxTextCtrl& control)
+    : implementation_(std::make_unique<Implementation>(control)) {}
+RichTextBuffer::~RichTextBuffer() = default;
+
+void RichTextBuffer::ShowFile(const std::string& path) {
+  implementation_->Show(ReadRichTextFile(path));
+}
+std::string RichTextBuffer::Rtf() const {
+  return WriteRtf(implementation_->Content());
+}
+void RichTextBuffer::ReplaceText(const wxString& text) {
+  implementation_->ReplaceText(text);
+}
+void RichTextBuffer::Undo() {
+  implementation_->Carry(implementation_->History().Undo());
+}
+void RichTextBuffer::Redo() {
+  implementation_->Carry(implementation_->History().Redo());
+}
+void RichTextBuffer::BeginChange() {
+  gtk_text_buffer_begin_user_action(implementation_->Buffer());
+}
+void RichTextBuffer::EndChange() {
+  gtk_text_buffer_end_user_action(implementation_->Buffer());
+}
+void RichTextBuffer::SetZoom(double factor) {
+  implementation_->SetZoom(factor);
+}
+std::size_t RichTextBuffer::Length() const {
+  return static_cast<std::size_t>(gtk_text_buffer_get_char_count(implementation_->Buffer()));
+}
+std::size_t RichTextBuffer::CharactersBefore(long position) const {
+  return static_cast<std::size_t>(position);
+}
+
+}  // namespace lorelin
+
+#endif

@@ -1,0 +1,220 @@
+#include "documents/Documents.h"
+
+#include <string_view>
+#include <utility>
+
+#include "base/RuntimeError.h"
+#include "base/modFile.h"
+#include "base/text.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::string_view kOpenFilter =
+    "Textbasierende Dateien (*.txt,*.rtf)|*.txt;*.rtf|Textdateien (*.txt)|*.txt|Wordpad Dateien "
+    "(*.rtf)|*.rtf|Alle "
+    "Dateien (*.*)|*.*";
+constexpr std::string_view kSaveFilter =
+    "Textdateien (*.txt)|*.txt|Wordpad Dateien (*.rtf)|*.rtf|Alle Dateien (*.*)|*.*";
+constexpr int kNoOldFile = static_cast<int>(ErrorNumber::FileNotFound);
+
+std::string FileName(const std::string& path) {
+  return path.substr(path.find_last_of("/\\") + 1);
+}
+
+std::string Folder(const std::string& path) {
+  const auto separator = path.find_last_of("/\\");
+  return separator == std::string::npos ? "" : path.substr(0, separator);
+}
+
+// Whether the file can be loaded is for the editor to say.
+TextFormat FormatOfFile(const std::string& path) {
+  try {
+    return FormatOf(ReadFileBytes(path));
+  } catch (const RuntimeError&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+void Documents::NewDoc() {
+  if (!parts_.editor.Text().empty()) {
+    switch (
+        parts_.messageBoxes.Show("Möchten Sie das aktuelle Dokument speichern bevor Sie ein neues anlegen?",
+                                 "Frage", MessageIcon::Question, MessageButtons::YesNoCancel)) {
+      case MessageAnswer::Yes:
+        SaveDoc();
+        break;
+      case MessageAnswer::No:
+        parts_.editor.SetText("");
+        document_.path.clear();
+        document_.name.clear();
+        document_.format = {};
+        Stored();
+        break;
+      case MessageAnswer::Ok:
+      case MessageAnswer::Cancel:
+        return;
+    }
+  }
+  parts_.extensions.NewFile();
+}
+
+// Only the name decides; what is in the file does not matter.
+bool Documents::IsTextFile(const std::string& path) {
+  const std::string lower = LowerAscii(path);
+  if (lower.ends_with(".txt") || lower.ends_with(".rtf")) return true;
+  return parts_.messageBoxes.Show(
+             "Die von Ihnen ausgewählte Datei scheint keine darstellbare, textbasierende Datei zu "
+             "sein.\n\nMöchten Sie "
+             "diese trotzdem öffnen?",
+             "Frage", MessageIcon::Question, MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+bool Documents::OpenDoc() {
+  const auto path = parts_.fileDialogs.AskForFile({.title = "Öffnen",
+                                                   .folder = Folder(document_.path),
+                                                   .fileName = {},
+                                                   .filter = std::string(kOpenFilter),
+                                                   .defaultExtension = document_.defaultExtension});
+  return path && OpenPath(*path);
+}
+
+bool Documents::OpenPath(const std::string& path) {
+  if (!IsTextFile(path)) return false;
+  parts_.pump.RunPendingEvents();
+  parts_.extensions.OpenFile(path);
+  try {
+    Load(path);
+  } catch (const RuntimeError& error) {
+    parts_.log.Write(path + ": " + error.what());
+    return false;
+  }
+  // Only now: a name whose file is not shown would be overwritten with another text.
+  SetPath(path);
+  parts_.used(path);
+  return true;
+}
+
+void Documents::Load(const std::string& path) {
+  const TextFormat format = FormatOfFile(path);
+  loading_ = true;
+  try {
+    parts_.editor.LoadFile(path);
+  } catch (...) {
+    loading_ = false;
+    throw;
+  }
+  loading_ = false;
+  document_.format = format;
+  document_.name = FileName(path);
+  Stored();
+}
+
+void Documents::Restore(const std::string& snapshot) {
+  Load(snapshot);
+  document_.format = {};
+  document_.path.clear();
+  document_.name.clear();
+  modified_ = true;
+  parts_.stateChanged();
+}
+
+void Documents::SetPath(const std::string& path) {
+  document_.path = path;
+  document_.name = FileName(path);
+  parts_.stateChanged();
+}
+
+void Documents::Stored() {
+  modified_ = false;
+  parts_.stored();
+  parts_.stateChanged();
+}
+
+void Documents::Changed() {
+  if (!loading_ && !std::exchange(modified_, true)) parts_.stateChanged();
+}
+
+std::string Documents::Title() const {
+  const std::string& name = document_.name;
+  if (name.empty()) return modified_ ? "• Lorelin" : "Lorelin";
+  return (modified_ ? "• " : "") + name + " – Lorelin";
+}
+
+int Documents::WriteText(const std::string& path) {
+  const int result =
+      WriteTextFile(path, StoredText(parts_.editor.Text(), document_.format), parts_.files, parts_.pump);
+  if (result == 0 || result == kNoOldFile) {
+    Stored();
+    parts_.used(path);
+  } else {
+    parts_.log.Write(path + ": " + ErrorText(static_cast<ErrorNumber>(result)));
+  }
+  return result;
+}
+
+void Documents::TellError(int number) {
+  parts_.messageBoxes.Show("Während des Speichervorganges ist ein Fehler aufgetreten: " +
+                               ErrorText(static_cast<ErrorNumber>(number)) + " (" + std::to_string(number) +
+                               ")",
+                           "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
+}
+
+bool Documents::SaveRichText(const std::string& path) {
+  try {
+    parts_.files.Replace(path, parts_.editor.RichText());
+  } catch (const RuntimeError& error) {
+    parts_.log.Write(path + ": " + error.what());
+    return false;
+  }
+  Stored();
+  parts_.used(path);
+  return true;
+}
+
+bool Documents::SaveDoc() {
+  const auto path = parts_.fileDialogs.AskForTarget({.title = "Speichern",
+                                                     .folder = Folder(document_.path),
+                                                     .fileName = FileName(document_.path),
+                                                     .filter = std::string(kSaveFilter),
+                                                     .defaultExtension = document_.defaultExtension});
+  if (!path) return false;
+  SetPath(*path);
+  bool saved = true;
+  if (path->ends_with(".txt")) {
+    const int result = WriteText(*path);
+    saved = result == 0 || result == kNoOldFile;
+    if (!saved) TellError(result);
+  } else {
+    saved = SaveRichText(*path);
+  }
+  parts_.extensions.SaveFile(*path);
+  return saved;
+}
+
+void Documents::SaveAs() {
+  if (document_.path.empty()) {
+    SaveDoc();
+  } else {
+    (void)WriteText(document_.path);
+  }
+}
+
+bool Documents::MayExit() {
+  switch (parts_.messageBoxes.Show("Möchten Sie das aktuelle Dokument speichern bevor Sie Lorelin beenden?",
+                                   "Frage", MessageIcon::Question, MessageButtons::YesNoCancel)) {
+    case MessageAnswer::Yes:
+      return SaveDoc();
+    case MessageAnswer::No:
+      Stored();
+      return true;
+    case MessageAnswer::Ok:
+    case MessageAnswer::Cancel:
+      return false;
+  }
+  return false;
+}
+
+}  // namespace lorelin

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "documents/Document.h"
+#include "extensions/modAddin.h"
+#include "ports/DocumentEditor.h"
+#include "ports/EventPump.h"
+#include "ports/FileDialogs.h"
+#include "ports/FileWriter.h"
+#include "ports/Log.h"
+#include "ports/MessageBoxes.h"
+
+namespace lorelin {
+
+// Creating, opening and saving the document. User-interface thread only.
+class Documents {
+ public:
+  // What it works with; it owns none of it.
+  struct Parts {
+    DocumentEditor& editor;
+    FileDialogs& fileDialogs;
+    FileWriter& files;
+    MessageBoxes& messageBoxes;
+    EventPump& pump;
+    ModAddin& extensions;
+    Log& log;
+    // The document is another one, or was stored: its name and state may have changed.
+    std::function<void()> stateChanged = [] {};
+    // Nothing of the document would be lost now: it was stored or loaded, or the user does not want it.
+    std::function<void()> stored = [] {};
+    // This file was opened or saved.
+    std::function<void(const std::string& path)> used = [](const std::string&) {};
+  };
+
+  explicit Documents(Parts parts) : parts_(std::move(parts)) {}
+
+  void NewDoc();
+  // Whether a file is shown now.
+  bool OpenDoc();
+  // Opens this file as OpenDoc does the chosen one.
+  bool OpenPath(const std::string& path);
+  // Always asks for a name; false when the user cancelled or it could not be saved.
+  bool SaveDoc();
+  // Writes the plain text to the current path without a word; asks for a name only when there is none.
+  void SaveAs();
+  // Asks whether to save before the end; false when the program goes on.
+  [[nodiscard]] bool MayExit();
+
+  // Loads a file as start-up does: no question, no hook. Throws RuntimeError and keeps the document.
+  void Load(const std::string& path);
+  // The path that the file dialogs share, whatever becomes of loading it.
+  void SetPath(const std::string& path);
+
+  // Loads a text that has no file of its own any more; it counts as changed. Throws as Load does.
+  void Restore(const std::string& snapshot);
+
+  // The editor's text changed.
+  void Changed();
+  [[nodiscard]] bool Modified() const { return modified_; }
+  [[nodiscard]] const Document& Current() const { return document_; }
+  void SetDefaultExtension(const std::string& ending) { document_.defaultExtension = ending; }
+  // What the window is called: the file's name, marked when there are changes, and the program's.
+  [[nodiscard]] std::string Title() const;
+
+ private:
+  [[nodiscard]] bool IsTextFile(const std::string& path);
+  void Stored();
+  void TellError(int number);
+  [[nodiscard]] int WriteText(const std::string& path);
+  [[nodiscard]] bool SaveRichText(const std::string& path);
+
+  Parts parts_;
+  Document document_;
+  bool modified_ = false;
+  bool loading_ = false;
+};
+
+}  // namespace lorelin

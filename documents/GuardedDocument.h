@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "documents/Recovery.h"
+#include "ports/DocumentEditor.h"
+
+namespace lorelin {
+
+// The editor for everything that may put another text in the place of the user's: what was typed and not
+// saved goes to the recovery first. Owns neither.
+class GuardedDocument final : public DocumentEditor {
+ public:
+  GuardedDocument(DocumentEditor& editor, Recovery& recovery) : editor_(editor), recovery_(recovery) {}
+
+  std::string Text() override { return editor_.Text(); }
+  void SetText(std::string_view text) override {
+    Replacing replacing(recovery_);
+    editor_.SetText(text);
+    replacing.done = true;
+  }
+  std::string RichText() override { return editor_.RichText(); }
+  void LoadFile(const std::string& path) override {
+    Replacing replacing(recovery_);
+    editor_.LoadFile(path);
+    replacing.done = true;
+  }
+  std::size_t SelectionStart() override { return editor_.SelectionStart(); }
+  std::string SelectedText() override { return editor_.SelectedText(); }
+  void ReplaceSelection(std::string_view text) override { editor_.ReplaceSelection(text); }
+
+ private:
+  struct Replacing {
+    explicit Replacing(Recovery& guard) : recovery(guard) { recovery.BeforeReplacing(); }
+    ~Replacing() { recovery.AfterReplacing(done); }
+    Replacing(const Replacing&) = delete;
+    Replacing& operator=(const Replacing&) = delete;
+    Recovery& recovery;
+    bool done = false;
+  };
+
+  DocumentEditor& editor_;
+  Recovery& recovery_;
+};
+
+}  // namespace lorelin

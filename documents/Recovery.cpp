@@ -1,0 +1,171 @@
+#include "documents/Recovery.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "base/paths.h"
+#include "base/textEncoding.h"
+#include "richtext/rtf.h"
+
+namespace lorelin {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLookedAt = 16384;  // bytes of a file that hold its first words
+constexpr std::size_t kBeginning = 40;    // characters
+constexpr std::size_t kNameLength = 19;   // "2026-11-21 05-10-33"
+
+// The fonts and colours come first in a file; a text begins within the first pages of it.
+std::string BeginningOf(const std::string& file) {
+  std::ifstream stream(NativePath(file), std::ios::binary);
+  std::string bytes(kLookedAt, '\0');
+  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  const std::string text = ReadRtf(bytes).text;
+  std::string line;
+  for (const char c : text) {
+    const bool blank = static_cast<unsigned char>(c) <= ' ';
+    if (!blank) line += c;
+    if (blank && !line.empty() && line.back() != ' ') line += ' ';
+  }
+  const std::string_view rest = FromCharacter(line, kBeginning);
+  return rest.empty() ? line : line.substr(0, line.size() - rest.size()) + "…";
+}
+
+// "2026-11-21 05-10-33" as people write it.
+std::string TimeOf(const std::string& name) {
+  if (name.size() < kNameLength) return {};
+  return name.substr(8, 2) + "." + name.substr(5, 2) + "." + name.substr(0, 4) + " " + name.substr(11, 2) +
+         ":" + name.substr(14, 2);
+}
+
+std::string NameOf(const std::string& path) {
+  return path.substr(path.find_last_of("/\\") + 1);
+}
+
+}  // namespace
+
+void Recovery::Start() {
+  std::vector<std::string> names = parts_.fileSearch.FilesMatching(JoinPath(parts_.folder, {"*.rtf"}));
+  std::sort(names.begin(), names.end());
+  for (const std::string& name : names) AddLeftover(JoinPath(parts_.folder, {name}));
+}
+
+void Recovery::AddLeftover(const std::string& file) {
+  leftovers_.insert(leftovers_.begin(), {file, BeginningOf(file), TimeOf(NameOf(file))});
+  while (leftovers_.size() > kMostLeftovers) {
+    Remove(leftovers_.back().file);
+    leftovers_.pop_back();
+  }
+  parts_.leftoversChanged();
+}
+
+void Recovery::Changed() {
+  changed_ = true;
+  if (replacing_ == 0) typed_ = true;
+  if (!std::exchange(scheduled_, true)) parts_.scheduleSnapshot();
+}
+
+void Recovery::SnapshotDue() {
+  scheduled_ = false;
+  if (changed_) Snapshot();
+}
+
+std::string Recovery::NewName() const {
+  const LocalTime now = parts_.clock.Now();
+  std::array<char, 32> stamp{};
+  (void)std::snprintf(stamp.data(), stamp.size(), "%04d-%02d-%02d %02d-%02d-%02d", now.year % 10000,
+                      now.month % 100, now.day % 100, now.hour % 100, now.minute % 100, now.second % 100);
+  std::string path = JoinPath(parts_.folder, {std::string(stamp.data()) + ".rtf"});
+  std::error_code error;
+  for (int number = 2; fs::exists(NativePath(path), error); ++number) {
+    path = JoinPath(parts_.folder, {std::string(stamp.data()) + " " + std::to_string(number) + ".rtf"});
+  }
+  return path;
+}
+
+void Recovery::Snapshot() {
+  FinishWriting();
+  changed_ = false;
+  if (parts_.editor.Text().empty()) {
+    Remove(std::exchange(current_, {}));
+    return;
+  }
+  try {
+    if (current_.empty()) {
+      fs::create_directories(NativePath(parts_.folder));
+      fs::permissions(NativePath(parts_.folder), fs::perms::owner_all);
+      current_ = NewName();
+    }
+    writing_ =
+        std::async(std::launch::async, [&files = parts_.files, path = current_,
+                                        bytes = parts_.editor.RichText()] { files.Replace(path, bytes); });
+  } catch (const std::exception& error) {
+    parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
+  }
+}
+
+void Recovery::FinishWriting() {
+  if (!writing_.valid()) return;
+  try {
+    writing_.get();
+  } catch (const std::exception& error) {
+    parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
+  }
+}
+
+void Recovery::Remove(const std::string& file) {
+  if (file.empty()) return;
+  FinishWriting();
+  std::error_code error;
+  fs::remove(NativePath(file), error);
+  if (error) parts_.log.Write(file + ": " + error.message());
+}
+
+void Recovery::Saved() {
+  typed_ = false;
+  changed_ = false;
+  Remove(std::exchange(current_, {}));
+}
+
+// A text that no user wrote, as a script sets thousands of, is not worth a file.
+void Recovery::BeforeReplacing() {
+  if (replacing_++ > 0) return;
+  if (typed_ && changed_) Snapshot();
+  FinishWriting();
+}
+
+void Recovery::AfterReplacing(bool replaced) {
+  if (--replacing_ > 0 || !replaced) return;
+  const bool typed = std::exchange(typed_, false);
+  const std::string file = std::exchange(current_, {});
+  if (file.empty()) return;
+  if (typed) return AddLeftover(file);
+  Remove(file);
+}
+
+void Recovery::Adopt(const std::string& file) {
+  Changed();
+  const auto found = std::find_if(leftovers_.begin(), leftovers_.end(),
+                                  [&](const Leftover& leftover) { return leftover.file == file; });
+  // The text that was there before may have taken the last place.
+  if (found == leftovers_.end()) return;
+  Remove(std::exchange(current_, file));
+  leftovers_.erase(found);
+  parts_.leftoversChanged();
+}
+
+void Recovery::DiscardLeftovers() {
+  for (const Leftover& leftover : leftovers_) Remove(leftover.file);
+  leftovers_.clear();
+  parts_.leftoversChanged();
+}
+
+}  // namespace lorelin

@@ -1,0 +1,24 @@
+#include "documents/richTextFile.h"
+
+#include "base/modFile.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
+#include "richtext/rtf.h"
+
+namespace lorelin {
+
+std::string WithoutNul(std::string_view text) {
+  std::string clean(text);
+  ReplaceAll(clean, std::string_view("\0", 1), "\xEF\xBF\xBD");
+  return clean;
+}
+
+RichText ReadRichTextFile(const std::string& path) {
+  const std::string bytes = ReadFileBytes(path);
+  if (IsRtf(bytes)) return ReadRtf(bytes);
+  RichText plain;
+  plain.text = WithoutNul(WithPlainLineEnds(DecodeText(bytes)));
+  return plain;
+}
+
+}  // namespace lorelin

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "richtext/RichText.h"
+
+namespace lorelin {
+
+// A document's file as a text with formats: RTF when it is RTF, else plain text (see DecodeText) with "\n"
+// line ends. A NUL, at which text controls and engines would end, is the replacement character. Throws like
+// ReadFileBytes.
+[[nodiscard]] RichText ReadRichTextFile(const std::string& path);
+
+// The replacement character for every NUL.
+[[nodiscard]] std::string WithoutNul(std::string_view text);
+
+}  // namespace lorelin

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "ports/Automation.h"
+#include "ports/Clock.h"
+#include "ports/DirectSS.h"
+#include "ports/Downloader.h"
+#include "ports/EventPump.h"
+#include "ports/FileAssociation.h"
+#include "ports/FileSearch.h"
+#include "ports/FileWriter.h"
+#include "ports/ForegroundWindow.h"
+#include "ports/Log.h"
+#include "ports/ProgramLauncher.h"
+#include "ports/ProgramPaths.h"
+#include "ports/Registry.h"
+#include "ports/Shell.h"
+#include "ports/SingleInstance.h"
+
+namespace lorelin {
+
+// The adapters of the system that need no window. One implementation per system; both front ends begin with
+// it.
+struct PlatformServices {
+  ProgramPaths paths;
+  std::unique_ptr<Clock> clock;
+  std::unique_ptr<Log> log;
+  std::unique_ptr<FileSearch> fileSearch;
+  std::unique_ptr<Shell> shell;
+  std::unique_ptr<ProgramLauncher> launcher;
+  std::unique_ptr<Downloader> downloader;
+  std::unique_ptr<FileWriter> fileWriter;
+  std::unique_ptr<Log> scriptLog;  // what task scripts did
+  std::unique_ptr<Automation> automation;
+  std::unique_ptr<ForegroundWindow> foreground;
+  std::unique_ptr<FileAssociation> fileAssociation;
+  std::unique_ptr<SingleInstance> singleInstance;
+  std::unique_ptr<Registry> registry;
+  std::string registryNotice;  // German; "" when the settings are as they should be
+  bool settingsLost = false;   // the notice has to be confirmed by a person
+};
+
+// `verbose` copies the log to standard error. Never throws.
+[[nodiscard]] PlatformServices MakePlatformServices(bool verbose);
+
+// An engine instance. `audible` prepares the sound device. `notice` gets German sentences for the status bar,
+// on the pump's thread; the services and the pump must outlive the instance.
+[[nodiscard]] std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump,
+                                                           bool audible,
+                                                           std::function<void(const std::string&)> notice);
+
+// The arguments of the process, its own name left out, as the one string that start-up reads.
+[[nodiscard]] std::string CommandLineText(std::span<char* const> arguments);
+
+}  // namespace lorelin

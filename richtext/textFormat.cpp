@@ -1,0 +1,45 @@
+#include "richtext/textFormat.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "base/textEncoding.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool IsAscii(std::string_view bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+TextFormat::Encoding EncodingOf(std::string_view bytes) {
+  if (bytes.starts_with(kByteOrderMark)) return TextFormat::Encoding::Utf8WithMark;
+  return !IsAscii(bytes) && IsValidUtf8(bytes) ? TextFormat::Encoding::Utf8
+                                               : TextFormat::Encoding::SingleBytes;
+}
+
+}  // namespace
+
+TextFormat FormatOf(std::string_view bytes) {
+  const auto end = bytes.find('\n');
+  return {.encoding = EncodingOf(bytes),
+          .carriageReturns = end != std::string_view::npos && end > 0 && bytes[end - 1] == '\r'};
+}
+
+std::string StoredText(std::string_view text, const TextFormat& format) {
+  std::string stored(text);
+  if (format.carriageReturns) ReplaceAll(stored, "\n", "\r\n");
+  switch (format.encoding) {
+    case TextFormat::Encoding::Utf8:
+      return stored;
+    case TextFormat::Encoding::Utf8WithMark:
+      return std::string(kByteOrderMark) + stored;
+    case TextFormat::Encoding::SingleBytes:
+      break;
+  }
+  return EncodeText(stored);
+}
+
+}  // namespace lorelin

@@ -1,0 +1,230 @@
+#include "documents/Documents.h"
+
+#include "base/modFile.h"
+
+#include "tests/support/ScriptFixture.h"
+
+namespace lorelin {
+namespace {
+
+class DocumentsTest : public ScriptFixture {
+ protected:
+  DocumentsTest() {
+    documents.SetDefaultExtension(".txt");
+    RegisterFilter("E", [this](const std::string& method, std::optional<std::string> argument) {
+      hooks.push_back(method + " " + argument.value_or("-"));
+      return std::string();
+    });
+  }
+  void Opens(const std::string& name, std::string_view bytes) {
+    fileDialogs.answer = folder.File(name);
+    WriteFile(*fileDialogs.answer, bytes);
+    document.files[*fileDialogs.answer] = WithPlainLineEnds(DecodeText(bytes));
+    documents.OpenDoc();
+  }
+  std::string SavedAs(const std::string& name) {
+    fileDialogs.answer = folder.File(name);
+    documents.SaveDoc();
+    return files.files.count(folder.File(name)) != 0 ? files.files[folder.File(name)] : "(fehlt)";
+  }
+  std::vector<std::string> hooks;
+};
+
+TEST_F(DocumentsTest, SetsUpTheDialogs) {
+  documents.OpenDoc();
+  documents.SaveDoc();
+  ASSERT_EQ(fileDialogs.requests.size(), 2U);
+  EXPECT_EQ(fileDialogs.requests[0].filter,
+            "Textbasierende Dateien (*.txt,*.rtf)|*.txt;*.rtf|Textdateien (*.txt)|*.txt|Wordpad Dateien "
+            "(*.rtf)|*.rtf|Alle Dateien (*.*)|*.*");
+  EXPECT_EQ(fileDialogs.requests[1].filter,
+            "Textdateien (*.txt)|*.txt|Wordpad Dateien (*.rtf)|*.rtf|Alle Dateien (*.*)|*.*");
+  EXPECT_EQ(fileDialogs.requests[1].defaultExtension, ".txt");
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_TRUE(hooks.empty());
+}
+
+TEST_F(DocumentsTest, OpensAFileAndTellsTheExtensionsBefore) {
+  document.text = "alt, nicht gespeichert";
+  documents.Changed();
+  Opens("Brief.TXT", "Lieber Leser");
+  EXPECT_EQ(document.text, "Lieber Leser");
+  EXPECT_EQ(documents.Current().path, folder.File("Brief.TXT"));
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(hooks, std::vector<std::string>{"Startup " + folder.File("Brief.TXT")});
+  EXPECT_EQ(view.title, "Brief.TXT – Lorelin");
+}
+
+TEST_F(DocumentsTest, AsksBeforeItOpensAnotherKindOfFile) {
+  document.text = "alt";
+  messageBoxes.answers = {MessageAnswer::No, MessageAnswer::Yes};
+  Opens("notizen.log", "Eintrag");
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].title, "Frage");
+  EXPECT_EQ(messageBoxes.boxes[0].icon, MessageIcon::Question);
+  EXPECT_EQ(messageBoxes.boxes[0].buttons, MessageButtons::YesNo);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Die von Ihnen ausgewählte Datei scheint keine darstellbare, textbasierende Datei zu "
+            "sein.\n\nMöchten Sie "
+            "diese trotzdem öffnen?");
+  EXPECT_EQ(document.text, "alt");
+  EXPECT_TRUE(hooks.empty());
+  documents.OpenDoc();
+  EXPECT_EQ(document.text, "Eintrag");
+}
+
+// "Speichern unter" would write the text that is shown over a file that is not.
+TEST_F(DocumentsTest, KeepsItsPathWhenAFileIsNotOpened) {
+  Opens("a.txt", "A");
+  messageBoxes.answers = {MessageAnswer::No};
+  Opens("notizen.log", "Eintrag");
+  EXPECT_EQ(documents.Current().path, folder.File("a.txt"));
+  fileDialogs.answer = folder.File("fehlt.txt");
+  documents.OpenDoc();
+  EXPECT_EQ(documents.Current().path, folder.File("a.txt"));
+  EXPECT_EQ(document.text, "A");
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+}
+
+TEST_F(DocumentsTest, SavesPlainTextInSingleBytes) {
+  document.text = "Grüße\nzwei";
+  EXPECT_EQ(SavedAs("a.txt"),
+            "Gr\xFC\xDF"
+            "e\nzwei");
+  EXPECT_EQ(hooks, std::vector<std::string>{"SaveFile " + folder.File("a.txt")});
+  EXPECT_EQ(documents.Current().path, folder.File("a.txt"));
+}
+
+TEST_F(DocumentsTest, SavesOtherEndingsAsRichTextWhateverTheirCase) {
+  document.text = "Hallo";
+  EXPECT_EQ(SavedAs("a.rtf"), "{\\rtf1 Hallo}");
+  EXPECT_EQ(SavedAs("Brief.TXT"), "{\\rtf1 Hallo}");
+  EXPECT_EQ(SavedAs("a"), "{\\rtf1 Hallo}");
+}
+
+TEST_F(DocumentsTest, WritesATextAsItWasRead) {
+  Opens("a.txt",
+        "Gr\xC3\xBC\xC3\x9F"
+        "e\r\nzwei");
+  EXPECT_EQ(SavedAs("a.txt"),
+            "Gr\xC3\xBC\xC3\x9F"
+            "e\r\nzwei");
+  Opens("b.txt", "\xEF\xBB\xBFGrüße");
+  EXPECT_EQ(SavedAs("b.txt"), "\xEF\xBB\xBFGrüße");
+  Opens("c.txt",
+        "Gr\xFC\xDF"
+        "e");
+  EXPECT_EQ(SavedAs("c.txt"),
+            "Gr\xFC\xDF"
+            "e");
+  document.text = "♥";
+  EXPECT_EQ(SavedAs("c.txt"), "\xEF\xBB\xBF♥");
+}
+
+TEST_F(DocumentsTest, TellsWhyItCouldNotSave) {
+  document.text = "x";
+  files.error = ErrorNumber::DiskFull;
+  EXPECT_EQ(SavedAs("a.txt"), "(fehlt)");
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].title, "Fehler");
+  EXPECT_EQ(messageBoxes.boxes[0].icon, MessageIcon::Exclamation);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Während des Speichervorganges ist ein Fehler aufgetreten: Datenträger voll (61)");
+  EXPECT_EQ(hooks, std::vector<std::string>{"SaveFile " + folder.File("a.txt")});
+}
+
+TEST_F(DocumentsTest, KeepsSilentAboutRichTextAndKnownPaths) {
+  files.error = ErrorNumber::DiskFull;
+  document.text = "x";
+  (void)SavedAs("a.rtf");
+  documents.SaveAs();
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(log.lines.size(), 2U);
+}
+
+TEST_F(DocumentsTest, WritesPlainTextUnderTheKnownPathWithoutADialog) {
+  Opens("a.rtf", "{\\rtf1 x}");
+  document.text = "nur Text";
+  fileDialogs.requests.clear();
+  hooks.clear();
+  documents.SaveAs();
+  EXPECT_TRUE(fileDialogs.requests.empty());
+  EXPECT_TRUE(hooks.empty());
+  EXPECT_EQ(files.files[folder.File("a.rtf")], "nur Text");
+}
+
+TEST_F(DocumentsTest, AsksForANameWhenThereIsNone) {
+  document.text = "x";
+  fileDialogs.answer = folder.File("neu.txt");
+  documents.SaveAs();
+  EXPECT_EQ(fileDialogs.requests.size(), 1U);
+  EXPECT_EQ(files.files[folder.File("neu.txt")], "x");
+}
+
+TEST_F(DocumentsTest, AsksNothingForANewDocumentInPlaceOfAnEmptyOne) {
+  documents.NewDoc();
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(hooks, std::vector<std::string>{"NewFile -"});
+}
+
+TEST_F(DocumentsTest, KeepsTheTextWhenItWasSavedForANewOne) {
+  document.text = "Hallo";
+  fileDialogs.answer = folder.File("a.txt");
+  documents.NewDoc();
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].buttons, MessageButtons::YesNoCancel);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Möchten Sie das aktuelle Dokument speichern bevor Sie ein neues anlegen?");
+  EXPECT_EQ(document.text, "Hallo");
+  EXPECT_EQ(documents.Current().path, folder.File("a.txt"));
+  EXPECT_EQ(hooks, (std::vector<std::string>{"SaveFile " + folder.File("a.txt"), "NewFile -"}));
+}
+
+TEST_F(DocumentsTest, EmptiesTheDocumentForANewOne) {
+  Opens("a.txt", "Hallo");
+  hooks.clear();
+  messageBoxes.answers = {MessageAnswer::Cancel, MessageAnswer::No};
+  documents.NewDoc();
+  EXPECT_EQ(document.text, "Hallo");
+  EXPECT_TRUE(hooks.empty());
+  documents.NewDoc();
+  EXPECT_EQ(document.text, "");
+  EXPECT_EQ(documents.Current().path, "");
+  EXPECT_EQ(hooks, std::vector<std::string>{"NewFile -"});
+  EXPECT_EQ(view.title, "Lorelin");
+}
+
+TEST_F(DocumentsTest, AsksBeforeTheEndEvenForAnEmptyDocument) {
+  messageBoxes.answers = {MessageAnswer::Cancel, MessageAnswer::No, MessageAnswer::Yes, MessageAnswer::Yes};
+  EXPECT_FALSE(documents.MayExit());
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Möchten Sie das aktuelle Dokument speichern bevor Sie Lorelin beenden?");
+  EXPECT_TRUE(documents.MayExit());
+  EXPECT_FALSE(documents.MayExit());  // the dialog was cancelled
+  fileDialogs.answer = folder.File("a.txt");
+  EXPECT_TRUE(documents.MayExit());
+}
+
+TEST_F(DocumentsTest, ShowsChangesInTheTitle) {
+  documents.Changed();
+  EXPECT_EQ(view.title, "• Lorelin");
+  (void)SavedAs("a.txt");
+  EXPECT_EQ(view.title, "a.txt – Lorelin");
+  documents.Changed();
+  EXPECT_EQ(view.title, "• a.txt – Lorelin");
+}
+
+TEST(WriteTextFile, AnswersWith53WhenThereWasNoOldFile) {
+  const TemporaryFolder folder;
+  FakeFileWriter files;
+  FakeEventPump pump;
+  EXPECT_EQ(WriteTextFile(folder.File("neu.txt"), "x", files, pump), 53);
+  WriteFile(folder.File("alt.txt"), "");
+  EXPECT_EQ(WriteTextFile(folder.File("alt.txt"), "x", files, pump), 0);
+  EXPECT_EQ(pump.turns, 2);
+  files.error = ErrorNumber::PermissionDenied;
+  EXPECT_EQ(WriteTextFile(folder.File("alt.txt"), "x", files, pump), 70);
+}
+
+}  // namespace
+}  // namespace lorelin
