@@ -1,28 +1,11 @@
 #include "desktop/toolkit/WxMessageBoxes.h"
 
-#include <wx/msgdlg.h>
-
 #include "desktop/toolkit/activeWindow.h"
+#include "desktop/toolkit/messageDialog.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
 namespace {
-
-long IconStyle(MessageIcon icon) {
-  switch (icon) {
-    case MessageIcon::None:
-      return wxICON_NONE;
-    case MessageIcon::Information:
-      return wxICON_INFORMATION;
-    case MessageIcon::Question:
-      return wxICON_QUESTION;
-    case MessageIcon::Exclamation:
-      return wxICON_WARNING;
-    case MessageIcon::Critical:
-      return wxICON_ERROR;
-  }
-  return wxICON_NONE;
-}
 
 long ButtonStyle(MessageButtons buttons) {
   switch (buttons) {
@@ -47,8 +30,7 @@ MessageAnswer Answer(int id, MessageButtons buttons) {
 
 MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title, MessageIcon icon,
                                    MessageButtons buttons) {
-  wxMessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title),
-                         ButtonStyle(buttons) | IconStyle(icon) | wxCENTRE);
+  MessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title), ButtonStyle(buttons), icon);
   // The program speaks German whatever the system's language is.
   if (buttons == MessageButtons::Ok) {
     dialog.SetOKLabel("OK");
