@@ -5,7 +5,6 @@
 #include <iostream>
 
 #include "base/RuntimeError.h"
-#include "base/StartupState.h"
 #include "base/version.h"
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
@@ -19,7 +18,7 @@
 #include "cli/runScript.h"
 #include "ports/Platform.h"
 #include "speech/SilentVoice.h"
-#include "speech/modSpeak.h"
+#include "speech/SpeechModules.h"
 
 namespace lorelin::cli {
 namespace {
@@ -48,8 +47,6 @@ class Session {
       : options_(options),
         services_(MakePlatformServices(options.verbose)),
         statusBar_(options.verbose),
-        settings_(*services_.registry),
-        extensions_(*services_.registry, *services_.fileWriter, *services_.automation, *services_.log),
         engine_(MakeSpeechInstance(services_, pump_,
                                    options.waveFile.empty() && options.action == Action::Say,
                                    [](const std::string& notice) { std::cerr << notice << '\n'; })) {
@@ -71,25 +68,19 @@ class Session {
     const std::string input = ReadInput(options_.input);
     if (!options_.waveFile.empty()) RequireTarget(options_.waveFile, options_.input);
     if (options_.voice) RequireVoice(*engine_, *options_.voice);
-    OverrideSettings(settings_, options_);
     document_.SetText(input);
     const bool rendering = !options_.waveFile.empty();
     SilentVoice silent(*engine_);
-    StartupState startup;
-    ModSpeak speech({.voice = rendering ? static_cast<DirectSS&>(silent) : *engine_,
-                     .voice2 = rendering ? *engine_ : static_cast<DirectSS&>(silent),
-                     .document = document_,
-                     .statusBar = statusBar_,
-                     .messageBoxes = messageBoxes_,
-                     .pump = pump_,
-                     .clock = *services_.clock,
-                     .fileSearch = *services_.fileSearch,
-                     .log = *services_.log,
-                     .settings = settings_,
-                     .extensions = extensions_,
-                     .startup = startup,
-                     .programFolder = services_.paths.programFolder});
-    return SpeakToTheEnd(speech, input);
+    SpeechModules spoken({.system = services_.Ports(),
+                          .voice = rendering ? static_cast<DirectSS&>(silent) : *engine_,
+                          .voice2 = rendering ? *engine_ : static_cast<DirectSS&>(silent),
+                          .document = document_,
+                          .statusBar = statusBar_,
+                          .messageBoxes = messageBoxes_,
+                          .pump = pump_,
+                          .programFolder = services_.paths.programFolder});
+    OverrideSettings(spoken.settings, options_);
+    return SpeakToTheEnd(spoken.speech, input);
   }
 
  private:
@@ -113,8 +104,6 @@ class Session {
   ConsoleMessageBoxes messageBoxes_{MessageAnswer::Yes};  // of extensions; nobody is asked
   ConsoleStatusBar statusBar_;
   ConsoleDocument document_;
-  SettingsStore settings_;
-  ModAddin extensions_;
   std::unique_ptr<DirectSS> engine_;
 };
 

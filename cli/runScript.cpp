@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "base/RuntimeError.h"
-#include "base/StartupState.h"
 #include "base/modFile.h"
 #include "base/paths.h"
 #include "cli/ConsoleEventPump.h"
@@ -21,7 +20,7 @@
 #include "ports/Platform.h"
 #include "scripts/interpreter.h"
 #include "speech/SilentVoice.h"
-#include "speech/modSpeak.h"
+#include "speech/SpeechModules.h"
 
 namespace lorelin::cli {
 namespace {
@@ -121,26 +120,18 @@ ExitCode RunScript(const Options& options) {
   ConsoleStatusBar statusBar(options.verbose || isatty(STDERR_FILENO) == 1);
   ConsoleDocument document;
   ConsoleClipboard clipboard;
-  SettingsStore settings(*services.registry);
-  OverrideSettings(settings, options);
-  ModAddin extensions(*services.registry, *services.fileWriter, *services.automation, *services.log);
   const RenderingFolder renderingFolder(services.paths.cacheFolder);
   Instances instances(services, pump, options.waveFile);
-  StartupState startup;
-  ModSpeak speech({.voice = instances.Voice(),
-                   .voice2 = instances.Voice2(),
-                   .document = document,
-                   .statusBar = statusBar,
-                   .messageBoxes = messageBoxes,
-                   .pump = pump,
-                   .clock = *services.clock,
-                   .fileSearch = *services.fileSearch,
-                   .log = *services.log,
-                   .settings = settings,
-                   .extensions = extensions,
-                   .startup = startup,
-                   .programFolder = renderingFolder.Path()});
-  Interpreter interpreter({.speech = speech,
+  SpeechModules spoken({.system = services.Ports(),
+                        .voice = instances.Voice(),
+                        .voice2 = instances.Voice2(),
+                        .document = document,
+                        .statusBar = statusBar,
+                        .messageBoxes = messageBoxes,
+                        .pump = pump,
+                        .programFolder = renderingFolder.Path()});
+  OverrideSettings(spoken.settings, options);
+  Interpreter interpreter({.speech = spoken.speech,
                            .document = document,
                            .statusBar = statusBar,
                            .messageBoxes = messageBoxes,
@@ -150,14 +141,14 @@ ExitCode RunScript(const Options& options) {
                            .fileSearch = *services.fileSearch,
                            .launcher = *services.launcher,
                            .downloader = *services.downloader,
-                           .settings = settings,
+                           .settings = spoken.settings,
                            .runLog = *services.scriptLog,
                            .scriptFolder = PathText(path.parent_path()),
                            .fileOfItem = [&](std::int32_t) { return name; }});
   pump.OnTurn([] { ThrowIfInterrupted(); });
-  speech.SetWaveFile("");
+  spoken.speech.SetWaveFile("");
   interpreter.SetCurrentScriptFile(name);
-  extensions.TaskScript(name);
+  spoken.extensions.TaskScript(name);
   interpreter.ExecuteSkript(1);
   while (instances.Speaking()) pump.RunPendingEvents();
   pump.RunPendingEvents();

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/MainWindow.h"
+#include "app/WindowModules.h"
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
 #include "base/paths.h"
@@ -20,14 +20,9 @@
 #include "desktop/toolkit/icons.h"
 #include "desktop/toolkit/toolkit.h"
 #include "documents/GuardedDocument.h"
-#include "documents/RecentFiles.h"
 #include "documents/Recovery.h"
-#include "help/errorPage.h"
-#include "help/launches.h"
 #include "ports/Platform.h"
-#include "scripts/TaskMenu.h"
-#include "scripts/interpreter.h"
-#include "speech/modExport.h"
+#include "speech/SpeechModules.h"
 
 namespace lorelin {
 
@@ -37,10 +32,8 @@ class App::Program {
   Program()
       : services_(MakePlatformServices(false)),
         pump_(*services_.log),
-        settings_(*services_.registry),
         voice_(MakeSpeechInstance(services_, pump_, true, Notice())),
         voice2_(MakeSpeechInstance(services_, pump_, false, Notice())),
-        extensions_(*services_.registry, *services_.fileWriter, *services_.automation, *services_.log),
         form_(std::make_unique<FrmMain>(
             services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
         recovery_({.editor = form_->Editor(),
@@ -49,115 +42,47 @@ class App::Program {
                    .clock = *services_.clock,
                    .log = *services_.log,
                    .folder = JoinPath(services_.paths.programFolder, {"recovery"}),
-                   .scheduleSnapshot = [this] { form_->EnableTimer(WatchTimer::Snapshot, true); },
-                   .leftoversChanged = [this] { window_.OfferLeftovers(); }}),
+                   .scheduleSnapshot = [this] { form_->EnableTimer(WatchTimer::Snapshot, true); }}),
         document_(form_->Editor(), recovery_),
-        recent_(settings_, [this] { form_->SetRecentFiles(recent_.Paths()); }),
-        speech_({.voice = *voice_,
+        spoken_({.system = services_.Ports(),
+                 .voice = *voice_,
                  .voice2 = *voice2_,
                  .document = document_,
                  .statusBar = *form_,
                  .messageBoxes = messageBoxes_,
                  .pump = pump_,
-                 .clock = *services_.clock,
-                 .fileSearch = *services_.fileSearch,
-                 .log = *services_.log,
-                 .settings = settings_,
-                 .extensions = extensions_,
-                 .startup = startup_,
                  .programFolder = services_.paths.programFolder}),
-        documents_({.editor = document_,
-                    .fileDialogs = fileDialogs_,
-                    .files = *services_.fileWriter,
-                    .messageBoxes = messageBoxes_,
-                    .pump = pump_,
-                    .extensions = extensions_,
-                    .log = *services_.log,
-                    .stateChanged = [this] { form_->SetTitle(documents_.Title()); },
-                    .stored = [this] { recovery_.Saved(); },
-                    .used = [this](const std::string& path) { recent_.Add(path); }}),
-        exporter_({.speech = speech_,
-                   .statusBar = *form_,
-                   .messageBoxes = messageBoxes_,
-                   .fileDialogs = fileDialogs_,
-                   .files = *services_.fileWriter,
-                   .progress = progress_,
-                   .clock = *services_.clock,
-                   .extensions = extensions_}),
-        voiceDialogs_(speech_, settings_),
-        monitor_({.clipboard = clipboard_,
-                  .foreground = *services_.foreground,
-                  .statusBar = *form_,
-                  .speech = speech_}),
-        interpreter_({.speech = speech_,
-                      .document = document_,
-                      .statusBar = *form_,
-                      .messageBoxes = messageBoxes_,
-                      .clipboard = clipboard_,
-                      .pump = pump_,
-                      .clock = *services_.clock,
-                      .fileSearch = *services_.fileSearch,
-                      .launcher = *services_.launcher,
-                      .downloader = *services_.downloader,
-                      .settings = settings_,
-                      .runLog = *services_.scriptLog,
-                      .scriptFolder = JoinPath(services_.paths.programFolder, {"scripts"}),
-                      .fileOfItem = [this](std::int32_t item) { return tasks_.GetSelectedItem(item); }}),
-        errorPage_({.view = *form_,
-                    .browser = form_->Browser(),
-                    .files = *services_.fileWriter,
-                    .log = *services_.log,
-                    .programFolder = services_.paths.programFolder}),
-        tasks_({.taskPane = form_->Tasks(),
-                .fileSearch = *services_.fileSearch,
-                .messageBoxes = messageBoxes_,
-                .settings = settings_,
-                .extensions = extensions_,
-                .interpreter = interpreter_,
-                .programFolder = services_.paths.programFolder,
-                .createScript = [this] { CreateScript(); },
-                .reportError =
-                    [this](std::int32_t number, const std::string& description) {
-                      errorPage_.ShowErrorPage(number, description);
-                    }}),
+        voiceDialogs_(spoken_.speech, spoken_.settings),
         helpDialogs_(
             {.settings = modSettings_,
              .messageBoxes = messageBoxes_,
              .pictureFile = JoinPath(services_.paths.programFolder, {"hypertext", "farbverlauf.jpg"}),
              .titlesObstacle = [this] { return services_.foreground->Obstacle(); },
-             .applied = [this] { window_.SettingsApplied(); },
-             .manageExtensions = [this] { launches_.ManageExtensions(); }}),
-        launches_(*services_.shell, *services_.log, services_.paths.programFolder),
-        window_({.view = *form_,
-                 .editor = document_,
-                 .browser = form_->Browser(),
-                 .taskPane = form_->Tasks(),
-                 .statusBar = *form_,
-                 .messageBoxes = messageBoxes_,
-                 .clipboard = clipboard_,
-                 .shell = *services_.shell,
-                 .log = *services_.log,
-                 .settings = settings_,
-                 .documents = documents_,
-                 .editing = *form_,
-                 .recent = recent_,
-                 .recovery = recovery_,
-                 .speech = speech_,
-                 .exporter = exporter_,
-                 .voiceDialogs = voiceDialogs_,
-                 .extensions = extensions_,
-                 .monitor = monitor_,
-                 .interpreter = interpreter_,
-                 .tasks = tasks_,
-                 .helpDialogs = helpDialogs_,
-                 .launches = launches_,
-                 .startup = startup_,
-                 .programFolder = services_.paths.programFolder,
-                 .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); }}),
+             .applied = [this] { modules_.timers.FollowSettings(); },
+             .manageExtensions = [this] { modules_.launches.ManageExtensions(); }}),
+        modules_({.system = services_.Ports(),
+                  .spoken = spoken_,
+                  .document = document_,
+                  .recovery = recovery_,
+                  .view = *form_,
+                  .editing = *form_,
+                  .browser = form_->Browser(),
+                  .taskPane = form_->Tasks(),
+                  .statusBar = *form_,
+                  .messageBoxes = messageBoxes_,
+                  .fileDialogs = fileDialogs_,
+                  .progress = progress_,
+                  .clipboard = clipboard_,
+                  .pump = pump_,
+                  .voiceDialogs = voiceDialogs_,
+                  .helpDialogs = helpDialogs_,
+                  .programFolder = services_.paths.programFolder,
+                  .createScript = [this] { CreateScript(); },
+                  .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); }}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
-    form_->Attach(&window_);
+    form_->Attach(&modules_);
     services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
     messageBoxes_.SetParent(form_.get());
     fileDialogs_.SetParent(form_.get());
@@ -178,8 +103,8 @@ class App::Program {
     const MainParts parts{
         .singleInstance = *services_.singleInstance,
         .messageBoxes = messageBoxes_,
-        .settings = settings_,
-        .startup = startup_,
+        .settings = spoken_.settings,
+        .startup = spoken_.startup,
         .log = *services_.log,
         .registerFileType =
             [this] {
@@ -189,8 +114,8 @@ class App::Program {
                                                   .programDrawing = IconSource("lorelin"),
                                                   .scriptDrawing = IconSource("vts")});
             },
-        .loadMainWindow = [this] { window_.Load(); },
-        .textmode = [this] { window_.Textmode(); }};
+        .loadMainWindow = [this] { modules_.window.Load(); },
+        .textmode = [this] { modules_.window.Textmode(); }};
     return Main(parts, commandLine) == StartResult::Started;
   }
 
@@ -199,19 +124,19 @@ class App::Program {
  private:
   void CreateScript() {
     if (taskEditor_ == nullptr) {
-      taskEditor_ =
-          new FrmTaskEditor(form_.get(), {.fileDialogs = fileDialogs_,
-                                          .files = *services_.fileWriter,
-                                          .messageBoxes = messageBoxes_,
-                                          .programFolder = services_.paths.programFolder,
-                                          .scriptsChanged = [this] { tasks_.AddUserdefinedScripts(); },
-                                          .showHelp = [this] { ShowScriptHelp(); }});
+      taskEditor_ = new FrmTaskEditor(form_.get(),
+                                      {.fileDialogs = fileDialogs_,
+                                       .files = *services_.fileWriter,
+                                       .messageBoxes = messageBoxes_,
+                                       .programFolder = services_.paths.programFolder,
+                                       .scriptsChanged = [this] { modules_.tasks.AddUserdefinedScripts(); },
+                                       .showHelp = [this] { ShowScriptHelp(); }});
     }
     taskEditor_->Open();
   }
 
   void ShowScriptHelp() {
-    window_.ShowPage("taskscripts.htm");
+    modules_.modes.ShowPage("taskscripts.htm");
     form_->Raise();
   }
 
@@ -250,27 +175,16 @@ class App::Program {
   WxFileDialogs fileDialogs_{messageBoxes_};
   WxProgressWindow progress_;
   WxClipboard clipboard_;
-  StartupState startup_;
-  SettingsStore settings_;
   std::unique_ptr<DirectSS> voice_;
   std::unique_ptr<DirectSS> voice2_;
-  ModAddin extensions_;
   std::unique_ptr<FrmMain> form_;
   Recovery recovery_;
   GuardedDocument document_;
-  RecentFiles recent_;
-  ModSpeak speech_;
-  Documents documents_;
-  ModExport exporter_;
+  SpeechModules spoken_;
   FrmVoiceDialogs voiceDialogs_;
-  DesktopMonitor monitor_;
-  Interpreter interpreter_;
-  ErrorPage errorPage_;
-  TaskMenu tasks_;
-  ModSettings modSettings_{settings_};
+  ModSettings modSettings_{spoken_.settings};
   FrmHelpDialogs helpDialogs_;
-  Launches launches_;
-  MainWindow window_;
+  WindowModules modules_;
   ModFileReg fileTypes_;
   FrmTaskEditor* taskEditor_ = nullptr;  // goes with the main form
   bool ending_ = false;

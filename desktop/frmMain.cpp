@@ -10,7 +10,7 @@
 #include <sstream>
 #include <utility>
 
-#include "app/MainWindow.h"
+#include "app/WindowModules.h"
 #include "desktop/frmFind.h"
 #include "desktop/toolkit/DropTarget.h"
 #include "desktop/toolkit/accessibility.h"
@@ -69,17 +69,17 @@ FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgr
   SetSize(FromDIP(wxSize(1000, 680)));
   Bind(wxEVT_CHAR_HOOK, &FrmMain::OnCharHook, this);
   Bind(wxEVT_TIMER, [this](wxTimerEvent& event) {
-    if (window_ == nullptr) return;
+    if (modules_ == nullptr) return;
     const wxTimer* const timer = &event.GetTimer();
-    window_->TimerTicked(timer == &tmrClipboard_  ? WatchTimer::Clipboard
-                         : timer == &tmrWinTasks_ ? WatchTimer::WindowTitle
-                                                  : WatchTimer::Snapshot);
+    modules_->timers.Ticked(timer == &tmrClipboard_  ? WatchTimer::Clipboard
+                            : timer == &tmrWinTasks_ ? WatchTimer::WindowTitle
+                                                     : WatchTimer::Snapshot);
   });
   Bind(wxEVT_CLOSE_WINDOW, &FrmMain::OnClose, this);
 }
 
 FrmMain::~FrmMain() {
-  if (window_ != nullptr) window_->Unloaded();
+  if (modules_ != nullptr) modules_->window.Unloaded();
 }
 
 void FrmMain::BuildMenus() {
@@ -108,7 +108,8 @@ void FrmMain::AddEntry(wxMenu& menu, const MenuEntry& entry) {
   menuIds_.emplace(entry.name, id);
   menu.Append(id, MenuLabel(entry), wxEmptyString, KindOf(entry));
   Bind(
-      wxEVT_MENU, [this, command = entry.command](wxCommandEvent&) { window_->RunCommand(command); }, id);
+      wxEVT_MENU, [this, command = entry.command](wxCommandEvent&) { modules_->window.RunCommand(command); },
+      id);
 }
 
 void FrmMain::BuildToolbar() {
@@ -122,7 +123,7 @@ void FrmMain::BuildToolbar() {
     toolIds_.emplace(button.key, id);
     bar->AddTool(id, ToWx(button.key), Icon(button.icon, 24), ToWx(button.tooltip));
     Bind(
-        wxEVT_TOOL, [this, key = button.key](wxCommandEvent&) { window_->ToolbarClicked(key); }, id);
+        wxEVT_TOOL, [this, key = button.key](wxCommandEvent&) { modules_->window.ToolbarClicked(key); }, id);
   }
   bar->Realize();
   SetAccessibleName(*bar, "Werkzeugleiste");
@@ -154,24 +155,25 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   AcceptFiles(*rtfText_);
   AcceptFiles(*ctlTask_);
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
-    if (window_ != nullptr) window_->EditorChanged(rtfText_->CharacterCount());
+    if (modules_ != nullptr) modules_->window.EditorChanged(rtfText_->CharacterCount());
   });
 }
 
 // Only the first of several files: there is one document.
 void FrmMain::AcceptFiles(wxWindow& window) {
   window.SetDropTarget(new DropTarget(
-      {.files = [this](const std::string& path) { CallAfter([this, path] { window_->FileDropped(path); }); },
+      {.files =
+           [this](const std::string& path) { CallAfter([this, path] { modules_->opening.Open(path); }); },
        .text = [this](const std::string& text) { rtfText_->ReplaceSelection(text); }}));
 }
 
 void FrmMain::OnCharHook(wxKeyEvent& event) {
   const int code = WindowKey(event);
-  if (code == 0 || !window_->KeyPressed(code)) event.Skip();
+  if (code == 0 || !modules_->window.KeyPressed(code)) event.Skip();
 }
 
 void FrmMain::OnClose(wxCloseEvent& event) {
-  window_->CloseRequested(!event.CanVeto());
+  modules_->window.CloseRequested(!event.CanVeto());
 }
 
 void FrmMain::ShowEditor(bool visible) {
@@ -226,7 +228,7 @@ void FrmMain::SetRecentFiles(const std::vector<std::string>& paths) {
         wxString::Format("&%zu ", i + 1) + wxControl::EscapeMnemonics(ToWx(ShortPath(paths[i])));
     const wxMenuItem& item = *recent_->Append(wxID_ANY, caption);
     recent_->Bind(
-        wxEVT_MENU, [this, i](wxCommandEvent&) { CallAfter([this, i] { window_->RecentFileChosen(i); }); },
+        wxEVT_MENU, [this, i](wxCommandEvent&) { CallAfter([this, i] { modules_->opening.OpenRecent(i); }); },
         item.GetId());
   }
   if (paths.empty()) recent_->Append(wxID_ANY, "(noch keine)")->Enable(false);

@@ -20,16 +20,16 @@
 namespace lorelin {
 
 class FrmFind;
-class MainWindow;
+struct WindowModules;
 
 // The main window as controls. It builds them from the tables in app/commands.h, hands every event to
-// MainWindow and shows what it is told.
+// the window's modules and shows what it is told.
 class FrmMain final : public wxFrame, public MainView, public StatusBar, public EditorCommands {
  public:
   // `filterFolder` is the browser pane's; `endProgram` ends the process once the window has gone.
   FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log);
   // Where the events go; nullptr when it goes before the window does.
-  void Attach(MainWindow* window) { window_ = window; }
+  void Attach(WindowModules* modules) { modules_ = modules; }
   ~FrmMain() override;
   FrmMain(const FrmMain&) = delete;
   FrmMain& operator=(const FrmMain&) = delete;
@@ -72,7 +72,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void OnClose(wxCloseEvent& event);
 
   std::function<void()> endProgram_;
-  MainWindow* window_ = nullptr;
+  WindowModules* modules_ = nullptr;
   std::map<std::string, int, std::less<>> menuIds_;
   std::map<std::string, int, std::less<>> toolIds_;
   wxSplitterWindow* splitter_ = nullptr;

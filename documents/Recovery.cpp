@@ -64,7 +64,7 @@ void Recovery::AddLeftover(const std::string& file) {
     Remove(leftovers_.back().file);
     leftovers_.pop_back();
   }
-  parts_.leftoversChanged();
+  TellLeftoversChanged();
 }
 
 void Recovery::Changed() {
@@ -110,6 +110,10 @@ void Recovery::Snapshot() {
   } catch (const std::exception& error) {
     parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
   }
+}
+
+void Recovery::TellLeftoversChanged() const {
+  if (leftoversChanged_) leftoversChanged_();
 }
 
 void Recovery::FinishWriting() {
@@ -159,13 +163,13 @@ void Recovery::Adopt(const std::string& file) {
   if (found == leftovers_.end()) return;
   Remove(std::exchange(current_, file));
   leftovers_.erase(found);
-  parts_.leftoversChanged();
+  TellLeftoversChanged();
 }
 
 void Recovery::DiscardLeftovers() {
   for (const Leftover& leftover : leftovers_) Remove(leftover.file);
   leftovers_.clear();
-  parts_.leftoversChanged();
+  TellLeftoversChanged();
 }
 
 }  // namespace lorelin

@@ -4,6 +4,7 @@
 #include <functional>
 #include <future>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ports/Clock.h"
@@ -29,7 +30,6 @@ class Recovery {
     std::string folder;
     // Calls SnapshotDue in a few seconds.
     std::function<void()> scheduleSnapshot = [] {};
-    std::function<void()> leftoversChanged = [] {};
   };
 
   // A text that can be fetched back.
@@ -46,6 +46,9 @@ class Recovery {
   ~Recovery() { FinishWriting(); }
   Recovery(const Recovery&) = delete;
   Recovery& operator=(const Recovery&) = delete;
+
+  // Called whenever the list of leftovers is another one.
+  void OnLeftoversChanged(std::function<void()> listener) { leftoversChanged_ = std::move(listener); }
 
   // Looks for what earlier runs left, the newest first, and forgets the oldest.
   void Start();
@@ -69,12 +72,14 @@ class Recovery {
  private:
   void Snapshot();
   void AddLeftover(const std::string& file);
+  void TellLeftoversChanged() const;
   void Remove(const std::string& file);
   [[nodiscard]] std::string NewName() const;
 
   Parts parts_;
   std::future<void> writing_;  // typing goes on while the disk works
   std::vector<Leftover> leftovers_;
+  std::function<void()> leftoversChanged_;
   std::string current_;  // the document's own snapshot; "" while there is none
   int replacing_ = 0;
   bool typed_ = false;    // by the user, since the document was another one or saved

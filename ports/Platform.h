@@ -20,6 +20,7 @@
 #include "ports/Registry.h"
 #include "ports/Shell.h"
 #include "ports/SingleInstance.h"
+#include "ports/SystemPorts.h"
 
 namespace lorelin {
 
@@ -42,6 +43,11 @@ struct PlatformServices {
   std::unique_ptr<Registry> registry;
   std::string registryNotice;  // German; "" when the settings are as they should be
   bool settingsLost = false;   // the notice has to be confirmed by a person
+
+  [[nodiscard]] SystemPorts Ports() const {
+    return {*registry,   *fileWriter, *fileSearch, *clock,    *log,       *scriptLog,
+            *automation, *foreground, *shell,      *launcher, *downloader};
+  }
 };
 
 // `verbose` copies the log to standard error. Never throws.

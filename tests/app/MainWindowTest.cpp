@@ -11,31 +11,6 @@ namespace {
 class MainWindowTest : public ScriptFixture {
  protected:
   FakeSingleInstance singleInstance;
-  MainWindow window{{.view = view,
-                     .editor = guarded,
-                     .browser = browser,
-                     .taskPane = taskPane,
-                     .statusBar = statusBar,
-                     .messageBoxes = messageBoxes,
-                     .clipboard = clipboard,
-                     .shell = shell,
-                     .log = log,
-                     .settings = settings,
-                     .documents = documents,
-                     .editing = editing,
-                     .recent = recent,
-                     .recovery = recovery,
-                     .speech = speech,
-                     .exporter = exporter,
-                     .voiceDialogs = voiceDialogs,
-                     .extensions = extensions,
-                     .monitor = monitor,
-                     .interpreter = interpreter,
-                     .tasks = tasks,
-                     .helpDialogs = helpDialogs,
-                     .launches = launches,
-                     .startup = startup,
-                     .programFolder = folder.Path()}};
   ModFileReg fileTypes{registry, messageBoxes, "C:\\Programme\\X", "C:\\Programme\\X\\prog.exe"};
 
   StartResult Start(std::string_view commandLine) {
@@ -77,12 +52,9 @@ TEST_F(Loading, StartsInInteractiveModeByDefault) {
 TEST_F(Loading, StartsInTextModeWhenShowWbIsNotOne) {
   for (const auto* const stored : {"0", "true", ""}) {
     Set(setting::ShowWB, stored);
-    MainWindow other({view,        document, browser,      taskPane,     statusBar, messageBoxes, clipboard,
-                      shell,       log,      settings,     documents,    editing,   recent,       recovery,
-                      speech,      exporter, voiceDialogs, extensions,   monitor,   interpreter,  tasks,
-                      helpDialogs, launches, startup,      folder.Path()});
+    WindowModules other(modules.edges);
     calls.Clear();
-    other.Load();
+    other.window.Load();
     EXPECT_TRUE(view.editorVisible) << stored;
     EXPECT_FALSE(view.browserVisible) << stored;
     EXPECT_FALSE(calls.Has("browser.navigate " + folder.File("hypertext/home.htm"))) << stored;
@@ -309,14 +281,14 @@ TEST_F(Commands, ExistForEveryEntryOfTheWindow) {
   for (const Menu& menu : MainMenus()) {
     for (const MenuEntry& entry : menu.entries) {
       EXPECT_TRUE(entry.command.empty() == (entry.caption == "-")) << entry.name;
-      EXPECT_TRUE(entry.command.empty() || window.Commands().Has(entry.command)) << entry.name;
+      EXPECT_TRUE(entry.command.empty() || modules.commands.Has(entry.command)) << entry.name;
     }
   }
   for (const ToolbarButton& button : ToolbarButtons()) {
-    EXPECT_TRUE(button.key.empty() || window.Commands().Has(button.command)) << button.key;
+    EXPECT_TRUE(button.key.empty() || modules.commands.Has(button.command)) << button.key;
   }
   for (const TaskPaneEntry& task : SpeechTasks())
-    EXPECT_TRUE(window.Commands().Has(task.command)) << task.caption;
+    EXPECT_TRUE(modules.commands.Has(task.command)) << task.caption;
 }
 
 TEST_F(Commands, AreReachedByTheToolbarsExactKeys) {
@@ -370,20 +342,8 @@ TEST_F(Commands, LetClosingEndAScript) {
 }
 
 TEST_F(Commands, KeepTheWindowOpenForSomethingUndecided) {
-  MainWindow other({view,          document,
-                    browser,       taskPane,
-                    statusBar,     messageBoxes,
-                    clipboard,     shell,
-                    log,           settings,
-                    documents,     editing,
-                    recent,        recovery,
-                    speech,        exporter,
-                    voiceDialogs,  extensions,
-                    monitor,       interpreter,
-                    tasks,         helpDialogs,
-                    launches,      startup,
-                    folder.Path(), [] { return false; }});
-  other.CloseRequested();
+  mayClose = false;
+  window.CloseRequested();
   EXPECT_FALSE(calls.Has("view.end"));
 }
 
@@ -527,16 +487,16 @@ TEST_F(Desk, OpensARecentDocument) {
   recent.Add(folder.File("brief.txt"));
   window.Load();
   EXPECT_EQ(view.recentFiles, std::vector<std::string>{folder.File("brief.txt")});
-  window.RecentFileChosen(0);
+  modules.opening.OpenRecent(0);
   EXPECT_EQ(document.text, "Lieber Leser");
   EXPECT_TRUE(view.editorVisible);
-  window.RecentFileChosen(7);
+  modules.opening.OpenRecent(7);
   EXPECT_TRUE(messageBoxes.boxes.empty());
 }
 
 TEST_F(Desk, ForgetsARecentDocumentThatHasGone) {
   recent.Add(folder.File("fehlt.txt"));
-  window.RecentFileChosen(0);
+  modules.opening.OpenRecent(0);
   ASSERT_EQ(messageBoxes.boxes.size(), 1U);
   EXPECT_EQ(messageBoxes.boxes[0].text,
             "Die Datei „" + folder.File("fehlt.txt") + "“ kann nicht gelesen werden oder ist nicht mehr da.");
@@ -547,7 +507,7 @@ TEST_F(Desk, AsksBeforeItOpensADroppedFileThatIsNoText) {
   WriteFile(folder.File("bild.png"), "x");
   messageBoxes.answers = {MessageAnswer::No};
   document.text = "bleibt";
-  window.FileDropped(folder.File("bild.png"));
+  modules.opening.Open(folder.File("bild.png"));
   EXPECT_EQ(messageBoxes.boxes.size(), 1U);
   EXPECT_EQ(document.text, "bleibt");
 }
@@ -562,7 +522,6 @@ TEST_F(Desk, RunsTheCommandsOfTheEditor) {
 }
 
 TEST_F(Desk, OffersWhatAnEarlierRunLeft) {
-  leftoversChanged = [this] { window.OfferLeftovers(); };
   std::filesystem::create_directories(folder.File("recovery"));
   const std::string file = folder.File("recovery/2026-11-21 05-10-33.rtf");
   WriteFile(file, "{\\rtf1 Liebe Oma}");
@@ -635,7 +594,7 @@ TEST_F(Desk, RemembersWhereTheWindowStood) {
 
 TEST_F(Desk, SwitchesTheTimersWhenSettingsAreApplied) {
   settings.Save(setting::ReadClipboardOnChange, "1");
-  window.SettingsApplied();
+  modules.timers.FollowSettings();
   EXPECT_TRUE(calls.Has("tmrClipboard on"));
   EXPECT_TRUE(calls.Has("tmrWinTasks off"));
 }
@@ -660,12 +619,12 @@ TEST_F(Desk, LooksAtTheDesktopOnlyBetweenCallsOfExtensions) {
   clipboard.text = "neu";
   int called = 0;
   RegisterFilter("F", [&](const std::string& method, std::optional<std::string> text) {
-    if (method == "FilterText" && ++called == 1) window.TimerTicked(WatchTimer::Clipboard);
+    if (method == "FilterText" && ++called == 1) modules.timers.Ticked(WatchTimer::Clipboard);
     return text.value_or("");
   });
   EXPECT_EQ(extensions.FilterText("x"), "x");
   EXPECT_EQ(called, 1);
-  window.TimerTicked(WatchTimer::Clipboard);
+  modules.timers.Ticked(WatchTimer::Clipboard);
   EXPECT_NE(voice.SpokenText().find("neu"), std::string::npos);
 }
 

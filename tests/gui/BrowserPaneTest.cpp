@@ -20,7 +20,7 @@ class Pane : public FormFixture {
     window.Load();
     form.Browser().OnNavigate([this](std::string& address) {
       followed.push_back(address);
-      return window.Links().BeforeNavigate(address);
+      return modules.links.BeforeNavigate(address);
     });
     // The page comes from another process; it is there when a click on its first link arrives.
     ASSERT_TRUE(WaitUntil([this] {

@@ -8,7 +8,7 @@
 
 #include <chrono>
 
-#include "app/MainWindow.h"
+#include "app/WindowModules.h"
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
 #include "desktop/frmVoiceDialogs.h"
@@ -16,7 +16,6 @@
 #include "desktop/toolkit/WxEventPump.h"
 #include "desktop/toolkit/text.h"
 #include "documents/GuardedDocument.h"
-#include "documents/RecentFiles.h"
 #include "documents/Recovery.h"
 #include "tests/support/SpeechFixture.h"
 
@@ -26,7 +25,7 @@ namespace lorelin {
 class FormFixture : public testing::Test {
  protected:
   FormFixture() {
-    form.Attach(&window);
+    form.Attach(&modules);
     settings.Save(setting::Survey, "false");
     std::filesystem::copy(LORELIN_PAGES, folder.File("hypertext"));
   }
@@ -99,12 +98,12 @@ class FormFixture : public testing::Test {
   FakeShell shell;
   FakeProgramLauncher launcher;
   FakeDownloader downloader;
+  FakeForegroundWindow foreground;
+  FakeFileWriter files;
+  SystemPorts system{registry,   files,      fileSearch, clock,    log,       log,
+                     automation, foreground, shell,      launcher, downloader};
   WxClipboard clipboard;
   WxEventPump pump{log};
-  StartupState startup;
-  SettingsStore settings{registry};
-  FakeFileWriter files;
-  ModAddin extensions{registry, files, automation, log};
   bool ended = false;
   FrmMain form{folder.File("cache"), [this] { ended = true; }, log};
   FakeFileSearch recoveryFiles;
@@ -114,105 +113,54 @@ class FormFixture : public testing::Test {
                      .clock = clock,
                      .log = log,
                      .folder = folder.File("recovery"),
-                     .scheduleSnapshot = [this] { form.EnableTimer(WatchTimer::Snapshot, true); },
-                     .leftoversChanged = [this] { window.OfferLeftovers(); }}};
+                     .scheduleSnapshot = [this] { form.EnableTimer(WatchTimer::Snapshot, true); }}};
   GuardedDocument document{form.Editor(), recovery};
-  RecentFiles recent{settings, [this] { form.SetRecentFiles(recent.Paths()); }};
-  ModSpeak speech{{.voice = voice,
-                   .voice2 = voice2,
-                   .document = document,
-                   .statusBar = form,
-                   .messageBoxes = messageBoxes,
-                   .pump = pump,
-                   .clock = clock,
-                   .fileSearch = fileSearch,
-                   .log = log,
-                   .settings = settings,
-                   .extensions = extensions,
-                   .startup = startup,
-                   .programFolder = folder.Path()}};
+  SpeechModules spoken{{.system = system,
+                        .voice = voice,
+                        .voice2 = voice2,
+                        .document = document,
+                        .statusBar = form,
+                        .messageBoxes = messageBoxes,
+                        .pump = pump,
+                        .programFolder = folder.Path()}};
+  SettingsStore& settings = spoken.settings;
+  ModAddin& extensions = spoken.extensions;
+  ModSpeak& speech = spoken.speech;
   FakeFileDialogs fileDialogs;
   FakeProgressWindow progress;
-  Documents documents{{.editor = document,
-                       .fileDialogs = fileDialogs,
-                       .files = files,
-                       .messageBoxes = messageBoxes,
-                       .pump = pump,
-                       .extensions = extensions,
-                       .log = log,
-                       .stateChanged = [this] { form.SetTitle(documents.Title()); },
-                       .stored = [this] { recovery.Saved(); },
-                       .used = [this](const std::string& path) { recent.Add(path); }}};
-  ModExport exporter{{.speech = speech,
-                      .statusBar = form,
-                      .messageBoxes = messageBoxes,
-                      .fileDialogs = fileDialogs,
-                      .files = files,
-                      .progress = progress,
-                      .clock = clock,
-                      .extensions = extensions}};
   FrmVoiceDialogs voiceDialogs{speech, settings};
-  Launches launches{shell, log, folder.Path()};
   ModSettings modSettings{settings};
   FrmHelpDialogs helpDialogs{{.settings = modSettings,
                               .messageBoxes = messageBoxes,
                               .pictureFile = folder.File("hypertext/farbverlauf.jpg"),
                               .titlesObstacle = [this] { return foreground.obstacle; },
-                              .applied = [this] { window.SettingsApplied(); },
-                              .manageExtensions = [this] { launches.ManageExtensions(); }}};
-  FakeForegroundWindow foreground;
-  DesktopMonitor monitor{
-      {.clipboard = clipboard, .foreground = foreground, .statusBar = form, .speech = speech}};
-  Interpreter interpreter{{.speech = speech,
-                           .document = document,
-                           .statusBar = form,
-                           .messageBoxes = messageBoxes,
-                           .clipboard = clipboard,
-                           .pump = pump,
-                           .clock = clock,
-                           .fileSearch = fileSearch,
-                           .launcher = launcher,
-                           .downloader = downloader,
-                           .settings = settings,
-                           .runLog = log,
-                           .scriptFolder = folder.File("scripts"),
-                           .fileOfItem = [this](std::int32_t item) { return tasks.GetSelectedItem(item); }}};
-  TaskMenu tasks{{.taskPane = form.Tasks(),
-                  .fileSearch = fileSearch,
-                  .messageBoxes = messageBoxes,
-                  .settings = settings,
-                  .extensions = extensions,
-                  .interpreter = interpreter,
-                  .programFolder = folder.Path(),
-                  .createScript = [this] { ++editorsOpened; },
-                  .reportError = [this](std::int32_t number, const std::string&) { reported = number; }}};
+                              .applied = [this] { modules.timers.FollowSettings(); },
+                              .manageExtensions = [this] { modules.launches.ManageExtensions(); }}};
   int editorsOpened = 0;
-  std::int32_t reported = 0;
-  MainWindow window{{.view = form,
-                     .editor = document,
-                     .browser = form.Browser(),
-                     .taskPane = form.Tasks(),
-                     .statusBar = form,
-                     .messageBoxes = messageBoxes,
-                     .clipboard = clipboard,
-                     .shell = shell,
-                     .log = log,
-                     .settings = settings,
-                     .documents = documents,
-                     .editing = form,
-                     .recent = recent,
-                     .recovery = recovery,
-                     .speech = speech,
-                     .exporter = exporter,
-                     .voiceDialogs = voiceDialogs,
-                     .extensions = extensions,
-                     .monitor = monitor,
-                     .interpreter = interpreter,
-                     .tasks = tasks,
-                     .helpDialogs = helpDialogs,
-                     .launches = launches,
-                     .startup = startup,
-                     .programFolder = folder.Path()}};
+  WindowModules modules{{.system = system,
+                         .spoken = spoken,
+                         .document = document,
+                         .recovery = recovery,
+                         .view = form,
+                         .editing = form,
+                         .browser = form.Browser(),
+                         .taskPane = form.Tasks(),
+                         .statusBar = form,
+                         .messageBoxes = messageBoxes,
+                         .fileDialogs = fileDialogs,
+                         .progress = progress,
+                         .clipboard = clipboard,
+                         .pump = pump,
+                         .voiceDialogs = voiceDialogs,
+                         .helpDialogs = helpDialogs,
+                         .programFolder = folder.Path(),
+                         .createScript = [this] { ++editorsOpened; }}};
+  RecentFiles& recent = modules.recent;
+  Documents& documents = modules.documents;
+  Interpreter& interpreter = modules.interpreter;
+  DesktopMonitor& monitor = modules.monitor;
+  TaskMenu& tasks = modules.tasks;
+  MainWindow& window = modules.window;
 };
 
 }  // namespace lorelin

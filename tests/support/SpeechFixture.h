@@ -6,7 +6,7 @@
 #include <string>
 
 #include "base/paths.h"
-#include "speech/modSpeak.h"
+#include "speech/SpeechModules.h"
 #include "tests/support/FakeDirectSS.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"
@@ -42,23 +42,26 @@ class SpeechFixture : public testing::Test {
   FakeFileSearch fileSearch;
   FakeRegistry registry;
   FakeAutomation automation;
-  SettingsStore settings{registry};
   FakeFileWriter files;
-  ModAddin extensions{registry, files, automation, log};
-  StartupState startup;
-  ModSpeak speech{{.voice = voice,
-                   .voice2 = voice2,
-                   .document = document,
-                   .statusBar = statusBar,
-                   .messageBoxes = messageBoxes,
-                   .pump = pump,
-                   .clock = clock,
-                   .fileSearch = fileSearch,
-                   .log = log,
-                   .settings = settings,
-                   .extensions = extensions,
-                   .startup = startup,
-                   .programFolder = folder.Path()}};
+  FakeLog runLog;
+  FakeForegroundWindow foreground;
+  FakeShell shell;
+  FakeProgramLauncher launcher;
+  FakeDownloader downloader;
+  SystemPorts system{registry,   files,      fileSearch, clock,    log,       runLog,
+                     automation, foreground, shell,      launcher, downloader};
+  SpeechModules spoken{{.system = system,
+                        .voice = voice,
+                        .voice2 = voice2,
+                        .document = document,
+                        .statusBar = statusBar,
+                        .messageBoxes = messageBoxes,
+                        .pump = pump,
+                        .programFolder = folder.Path()}};
+  StartupState& startup = spoken.startup;
+  SettingsStore& settings = spoken.settings;
+  ModAddin& extensions = spoken.extensions;
+  ModSpeak& speech = spoken.speech;
 };
 
 }  // namespace lorelin

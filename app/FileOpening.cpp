@@ -1,0 +1,46 @@
+#include "app/FileOpening.h"
+
+#include <vector>
+
+#include "app/steps.h"
+#include "base/modFile.h"
+
+namespace lorelin {
+
+void FileOpening::Choose() {
+  if (parts_.documents.OpenDoc()) parts_.modes.Textmode();
+}
+
+void FileOpening::Open(const std::string& path) {
+  if (!FileExists(path)) {
+    parts_.messageBoxes.Show("Die Datei „" + path + "“ kann nicht gelesen werden oder ist nicht mehr da.",
+                             "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
+    parts_.recent.Remove(path);
+    return;
+  }
+  if (parts_.documents.OpenPath(path)) parts_.modes.Textmode();
+}
+
+void FileOpening::OpenRecent(std::size_t index) {
+  const std::vector<std::string> paths = parts_.recent.Paths();
+  if (index < paths.size()) Open(paths[index]);
+}
+
+void FileOpening::OpenLast() {
+  if (!IsOn(setting::ShowLastDoc, parts_.settings.Get(setting::ShowLastDoc))) return;
+  const std::string path = parts_.settings.Get(setting::LastDocAtStart);
+  parts_.documents.SetPath(path);
+  Guarded(parts_.log, "Letztes Dokument", [&] { parts_.documents.Load(path); });
+  parts_.modes.Textmode();
+}
+
+void FileOpening::OpenAtStart() {
+  const std::string& path = parts_.startup.startupFilePath;
+  if (path.empty()) return;
+  Guarded(parts_.log, "Dokument beim Start", [&] { parts_.documents.Load(path); });
+  // The name of a file that could not be loaded is better than an empty window.
+  if (parts_.editor.Text().empty()) parts_.editor.SetText(path);
+  parts_.modes.Textmode();
+}
+
+}  // namespace lorelin

@@ -1,0 +1,152 @@
+#include "app/WindowModules.h"
+
+#include <utility>
+
+#include "app/sequences.h"
+#include "app/windowCommands.h"
+#include "base/paths.h"
+
+namespace lorelin {
+
+WindowModules::WindowModules(Edges given)
+    : edges(std::move(given)),
+      recent(edges.spoken.settings, [this] { edges.view.SetRecentFiles(recent.Paths()); }),
+      documents({.editor = edges.document,
+                 .fileDialogs = edges.fileDialogs,
+                 .files = edges.system.files,
+                 .messageBoxes = edges.messageBoxes,
+                 .pump = edges.pump,
+                 .extensions = edges.spoken.extensions,
+                 .log = edges.system.log,
+                 .stateChanged = [this] { edges.view.SetTitle(documents.Title()); },
+                 .stored = [this] { edges.recovery.Saved(); },
+                 .used = [this](const std::string& path) { recent.Add(path); }}),
+      exporter({.speech = edges.spoken.speech,
+                .statusBar = edges.statusBar,
+                .messageBoxes = edges.messageBoxes,
+                .fileDialogs = edges.fileDialogs,
+                .files = edges.system.files,
+                .progress = edges.progress,
+                .clock = edges.system.clock,
+                .extensions = edges.spoken.extensions}),
+      monitor({.clipboard = edges.clipboard,
+               .foreground = edges.system.foreground,
+               .statusBar = edges.statusBar,
+               .speech = edges.spoken.speech}),
+      interpreter({.speech = edges.spoken.speech,
+                   .document = edges.document,
+                   .statusBar = edges.statusBar,
+                   .messageBoxes = edges.messageBoxes,
+                   .clipboard = edges.clipboard,
+                   .pump = edges.pump,
+                   .clock = edges.system.clock,
+                   .fileSearch = edges.system.fileSearch,
+                   .launcher = edges.system.launcher,
+                   .downloader = edges.system.downloader,
+                   .settings = edges.spoken.settings,
+                   .runLog = edges.system.scriptLog,
+                   .scriptFolder = JoinPath(edges.programFolder, {"scripts"}),
+                   .fileOfItem = [this](std::int32_t item) { return tasks.GetSelectedItem(item); }}),
+      errorPage({.view = edges.view,
+                 .browser = edges.browser,
+                 .files = edges.system.files,
+                 .log = edges.system.log,
+                 .programFolder = edges.programFolder}),
+      tasks({.taskPane = edges.taskPane,
+             .fileSearch = edges.system.fileSearch,
+             .messageBoxes = edges.messageBoxes,
+             .settings = edges.spoken.settings,
+             .extensions = edges.spoken.extensions,
+             .interpreter = interpreter,
+             .programFolder = edges.programFolder,
+             .createScript = edges.createScript,
+             .reportError =
+                 [this](std::int32_t number, const std::string& description) {
+                   errorPage.ShowErrorPage(number, description);
+                 }}),
+      launches(edges.system.shell, edges.system.log, edges.programFolder),
+      modes({.view = edges.view,
+             .browser = edges.browser,
+             .settings = edges.spoken.settings,
+             .log = edges.system.log,
+             .programFolder = edges.programFolder}),
+      opening({.documents = documents,
+               .recent = recent,
+               .editor = edges.document,
+               .messageBoxes = edges.messageBoxes,
+               .settings = edges.spoken.settings,
+               .log = edges.system.log,
+               .startup = edges.spoken.startup,
+               .modes = modes}),
+      unsaved({.taskPane = edges.taskPane,
+               .statusBar = edges.statusBar,
+               .messageBoxes = edges.messageBoxes,
+               .documents = documents,
+               .recovery = edges.recovery,
+               .modes = modes}),
+      taskItems({.taskPane = edges.taskPane,
+                 .messageBoxes = edges.messageBoxes,
+                 .scripts = tasks,
+                 .unsaved = unsaved,
+                 .speech = edges.spoken.speech,
+                 .runCommand = [this](std::string_view command) { window.RunCommand(command); }}),
+      timers({.view = edges.view,
+              .settings = edges.spoken.settings,
+              .extensions = edges.spoken.extensions,
+              .monitor = monitor,
+              .recovery = edges.recovery,
+              .log = edges.system.log}),
+      window({.view = edges.view,
+              .statusBar = edges.statusBar,
+              .messageBoxes = edges.messageBoxes,
+              .shell = edges.system.shell,
+              .log = edges.system.log,
+              .commands = commands,
+              .modes = modes,
+              .documents = documents,
+              .recovery = edges.recovery,
+              .interpreter = interpreter,
+              .programFolder = edges.programFolder,
+              .loadSequence = [this] { return LoadSequence(*this); },
+              .closeSequence = [this](bool forced) { return CloseSequence(*this, forced); },
+              .mayClose = edges.mayClose}),
+      links({.view = edges.view,
+             .editor = edges.document,
+             .messageBoxes = edges.messageBoxes,
+             .shell = edges.system.shell,
+             .log = edges.system.log,
+             .textmode = [this] { window.Textmode(); },
+             .openDoc = [this] { documents.OpenDoc(); },
+             .showHomePage = [this] { modes.ShowHomePage(); },
+             .speak = [this] { window.RunCommand("SpeakDocument"); }}) {
+  FillCommands();
+  Connect();
+}
+
+WindowModules::~WindowModules() {
+  edges.recovery.OnLeftoversChanged({});
+  edges.spoken.speech.OnExportAvailable({});
+  edges.taskPane.OnClick({});
+  edges.browser.OnNavigate({});
+}
+
+void WindowModules::FillCommands() {
+  commands.Add("Textmode", [this] { window.Textmode(); });
+  commands.Add("InteractiveMode", [this] { window.InteractiveMode(); });
+  commands.Add("ExitLo", [this] { window.ExitLo(); });
+  AddSpeechCommands(commands, edges.spoken.speech, exporter, edges.voiceDialogs);
+  AddDocumentCommands(commands, documents, opening);
+  AddEditingCommands(commands, edges.document, edges.clipboard, edges.editing);
+  AddHelpCommands(commands, modes, edges.helpDialogs, launches);
+}
+
+void WindowModules::Connect() {
+  edges.browser.OnNavigate([this](std::string& address) { return links.BeforeNavigate(address); });
+  edges.spoken.speech.OnExportAvailable(
+      [this](bool available) { edges.view.EnableToolbarButton("Exportieren", available); });
+  edges.taskPane.OnClick(
+      [this](std::int32_t number, TaskPaneRequest request) { taskItems.Clicked(number, request); });
+  edges.recovery.OnLeftoversChanged([this] { unsaved.Offer(); });
+}
+
+}  // namespace lorelin

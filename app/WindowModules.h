@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/FileOpening.h"
+#include "app/MainWindow.h"
+#include "app/Modes.h"
+#include "app/TaskItems.h"
+#include "app/UnsavedTexts.h"
+#include "app/WatchTimers.h"
+#include "app/browserLinks.h"
+#include "app/commands.h"
+#include "documents/Documents.h"
+#include "documents/RecentFiles.h"
+#include "documents/Recovery.h"
+#include "help/errorPage.h"
+#include "help/launches.h"
+#include "monitor/DesktopMonitor.h"
+#include "ports/BrowserPane.h"
+#include "ports/EditorCommands.h"
+#include "ports/HelpDialogs.h"
+#include "ports/ProgressWindow.h"
+#include "ports/SystemPorts.h"
+#include "ports/VoiceDialogs.h"
+#include "scripts/TaskMenu.h"
+#include "scripts/interpreter.h"
+#include "speech/SpeechModules.h"
+#include "speech/modExport.h"
+
+namespace lorelin {
+
+// The main window's modules, in the order in which the one needs the other, and their connections: the one
+// place where the window is put together, whatever shows it.
+struct WindowModules {
+  // What it works with; it owns none of it.
+  struct Edges {
+    SystemPorts system;
+    SpeechModules& spoken;
+    DocumentEditor& document;
+    Recovery& recovery;
+    MainView& view;
+    EditorCommands& editing;
+    BrowserPane& browser;
+    TaskPane& taskPane;
+    StatusBar& statusBar;
+    MessageBoxes& messageBoxes;
+    FileDialogs& fileDialogs;
+    ProgressWindow& progress;
+    Clipboard& clipboard;
+    EventPump& pump;
+    VoiceDialogs& voiceDialogs;
+    HelpDialogs& helpDialogs;
+    std::string programFolder;
+    std::function<void()> createScript;                    // opens the script editor
+    std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
+  };
+
+  explicit WindowModules(Edges given);
+  ~WindowModules();
+  WindowModules(const WindowModules&) = delete;
+  WindowModules& operator=(const WindowModules&) = delete;
+
+  Edges edges;
+  RecentFiles recent;
+  Documents documents;
+  ModExport exporter;
+  DesktopMonitor monitor;
+  Interpreter interpreter;
+  ErrorPage errorPage;
+  TaskMenu tasks;
+  Launches launches;
+  Modes modes;
+  FileOpening opening;
+  UnsavedTexts unsaved;
+  TaskItems taskItems;
+  WatchTimers timers;
+  CommandTable commands;
+  MainWindow window;
+  BrowserLinks links;
+
+ private:
+  void FillCommands();
+  void Connect();
+};
+
+}  // namespace lorelin

@@ -1,0 +1,88 @@
+#include "app/sequences.h"
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "app/WindowModules.h"
+#include "base/paths.h"
+#include "base/version.h"
+
+namespace lorelin {
+namespace {
+
+void SaveVersion(SettingsStore& settings) {
+  settings.Save(setting::Version, std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor));
+}
+
+void CreateScriptDir(const WindowModules::Edges& edges) {
+  for (const auto name : {"scripts", "temp"}) {
+    std::error_code error;
+    std::filesystem::create_directory(NativePath(JoinPath(edges.programFolder, {name})), error);
+    if (error) edges.system.log.Write(std::string("Ordner ") + name + ": " + error.message());
+  }
+}
+
+void SpeakStartupDocument(SpeechModules& spoken) {
+  if (!spoken.startup.speakOnStart) return;
+  spoken.startup.loadingInProgress = false;
+  spoken.speech.SpeakToolbar();
+}
+
+void RefuseParameterScript(const StartupState& startup, MessageBoxes& messageBoxes) {
+  if (startup.parameterScript.empty()) return;
+  messageBoxes.Show("Can't start VTS Scripts per Parameter!", "Lorelin", MessageIcon::Critical,
+                    MessageButtons::Ok);
+}
+
+void WriteLastSnapshot(Recovery& recovery) {
+  recovery.SnapshotDue();
+  recovery.FinishWriting();
+}
+
+}  // namespace
+
+std::vector<Step> LoadSequence(WindowModules& m) {
+  const WindowModules::Edges& edges = m.edges;
+  SpeechModules& spoken = edges.spoken;
+  return {{"path", [&] { spoken.settings.Save(setting::Path, edges.programFolder); }},
+          {"version", [&] { SaveVersion(spoken.settings); }},
+          {"offline", [&] { edges.browser.SetOffline(); }},
+          {"loading", [&] { spoken.startup.loadingInProgress = true; }},
+          {"extensions", [&] { spoken.extensions.Startup(); }},
+          {"toolbar", [&] { edges.view.StretchToolbar(); }},
+          {"title timer", [&] { m.timers.Start(WatchTimer::WindowTitle); }},
+          {"clipboard timer", [&] { m.timers.Start(WatchTimer::Clipboard); }},
+          {"mode", [&] { m.modes.ChooseInitial(); }},
+          {"default extension", [&] { m.documents.SetDefaultExtension(".txt"); }},
+          {"temporary folder", [&] { spoken.speech.ClearTempFolder(); }},
+          {"folders", [&] { CreateScriptDir(edges); }},
+          {"wave file", [&] { spoken.speech.SetWaveFile(""); }},
+          {"task pane", [&] { m.taskItems.AddBuiltIn(); }},
+          {"last document", [&] { m.opening.OpenLast(); }},
+          {"scripts", [&] { m.tasks.AddUserdefinedScripts(); }},
+          {"export link", [&] { m.taskItems.AddExportLink(); }},
+          {"recent files", [&] { edges.view.SetRecentFiles(m.recent.Paths()); }},
+          {"recovery", [&] { m.unsaved.Start(); }},
+          {"document", [&] { m.opening.OpenAtStart(); }},
+          {"speak", [&] { SpeakStartupDocument(spoken); }},
+          {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
+          {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},
+          {"show", [&] { edges.view.ShowWindow(); }},
+          {"loaded", [&] { spoken.startup.loadingInProgress = false; }}};
+}
+
+std::vector<Step> CloseSequence(WindowModules& m, bool forced) {
+  const WindowModules::Edges& edges = m.edges;
+  SpeechModules& spoken = edges.spoken;
+  return {{"extensions", [&] { spoken.extensions.Close(); }},
+          {"LastDoc", [&] { spoken.settings.Save(setting::LastDoc, m.documents.Current().path); }},
+          {"recovery", [&] { WriteLastSnapshot(edges.recovery); }},
+          {"placement", [&] { spoken.settings.Save(setting::Placement, edges.view.Placement()); }},
+          {"hide", [&] { edges.view.HideWindow(); }},
+          {"survey", [&, forced] {
+             if (!forced) InviteToSurvey(edges.helpDialogs, spoken.settings, m.launches);
+           }}};
+}
+
+}  // namespace lorelin

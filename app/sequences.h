@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "app/steps.h"
+
+namespace lorelin {
+
+struct WindowModules;
+
+// What happens in which order when the main window is loaded and when it closes.
+[[nodiscard]] std::vector<Step> LoadSequence(WindowModules& modules);
+// `forced`: the system ends the session, nobody can be asked.
+[[nodiscard]] std::vector<Step> CloseSequence(WindowModules& modules, bool forced);
+
+}  // namespace lorelin

@@ -1,0 +1,70 @@
+#include "app/windowCommands.h"
+
+#include <string>
+
+namespace lorelin {
+namespace {
+
+void CopySelection(DocumentEditor& editor, Clipboard& clipboard) {
+  const std::string selected = editor.SelectedText();
+  // Nothing selected: what the clipboard holds is worth more than nothing.
+  if (!selected.empty()) clipboard.SetText(selected);
+}
+
+void CutSelection(DocumentEditor& editor, Clipboard& clipboard) {
+  CopySelection(editor, clipboard);
+  editor.ReplaceSelection("");
+}
+
+}  // namespace
+
+void AddSpeechCommands(CommandTable& commands, ModSpeak& speech, ModExport& exporter, VoiceDialogs& dialogs) {
+  commands.Add("Speak", [&] { speech.SpeakMenu(); });
+  commands.Add("SpeakDocument", [&] { speech.SpeakToolbar(); });
+  commands.Add("ReadFromCursor", [&] { speech.ReadFromCursor(); });
+  commands.Add("Stop", [&] { speech.Stop(); });
+  commands.Add("Pause", [&] { speech.PauseSpeech(); });
+  commands.Add("ExportDoc", [&] { exporter.ExportDoc(); });
+  commands.Add("ChooseVoice", [&] { dialogs.ChooseVoice(); });
+  commands.Add("ChangeVolume", [&] { dialogs.ChangeParameter(VoiceParameter::Volume); });
+  commands.Add("ChangeSpeed", [&] { dialogs.ChangeParameter(VoiceParameter::Speed); });
+  commands.Add("ChangePitch", [&] { dialogs.ChangeParameter(VoiceParameter::Pitch); });
+}
+
+void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpening& opening) {
+  commands.Add("NewDoc", [&] { documents.NewDoc(); });
+  commands.Add("OpenDoc", [&] { opening.Choose(); });
+  commands.Add("OpenRecent", [&] { opening.OpenRecent(0); });
+  commands.Add("SaveDoc", [&] { documents.SaveDoc(); });
+  commands.Add("SaveAs", [&] { documents.SaveAs(); });
+}
+
+void AddEditingCommands(CommandTable& commands, DocumentEditor& editor, Clipboard& clipboard,
+                        EditorCommands& editing) {
+  commands.Add("Cut", [&] { CutSelection(editor, clipboard); });
+  commands.Add("Copy", [&] { CopySelection(editor, clipboard); });
+  commands.Add("Insert", [&] { editor.ReplaceSelection(clipboard.Text()); });
+  commands.Add("Delete", [&] { editor.ReplaceSelection(""); });
+  commands.Add("Undo", [&] { editing.Undo(); });
+  commands.Add("Redo", [&] { editing.Redo(); });
+  commands.Add("SelectAll", [&] { editing.SelectAll(); });
+  commands.Add("Find", [&] { editing.ShowSearch(false); });
+  commands.Add("FindAgain", [&] { editing.SearchAgain(); });
+  commands.Add("Replace", [&] { editing.ShowSearch(true); });
+  commands.Add("Larger", [&] { editing.Zoom(1); });
+  commands.Add("Smaller", [&] { editing.Zoom(-1); });
+  commands.Add("UsualSize", [&] { editing.Zoom(0); });
+}
+
+void AddHelpCommands(CommandTable& commands, Modes& modes, HelpDialogs& dialogs, Launches& launches) {
+  commands.Add("Settings", [&] { dialogs.ShowSettings(); });
+  commands.Add("ManageExtensions", [&] { launches.ManageExtensions(); });
+  commands.Add("ShowHelp", [&] { modes.ShowPage("hilfe.htm"); });
+  commands.Add("GetMoreVoices", [&] { launches.GetMoreVoices(); });
+  commands.Add("ReportError", [&] { launches.ReportError(); });
+  commands.Add("MoreInfo", [&] { modes.ShowPage("About.htm"); });
+  commands.Add("SearchForUpdates", [&] { launches.SearchForUpdates(); });
+  commands.Add("About", [&] { dialogs.ShowAbout(); });
+}
+
+}  // namespace lorelin
