@@ -6,6 +6,8 @@
 
 #include "base/RuntimeError.h"
 #include "base/StartupState.h"
+#include "base/paths.h"
+#include "base/unfinishedName.h"
 #include "base/version.h"
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
@@ -96,7 +98,8 @@ class Session {
   ExitCode SpeakToTheEnd(ModSpeak& speech, std::string text) {
     bool ended = false;
     speech.OnExportAvailable([&](bool available) { ended = available; });
-    Progress progress(options_.waveFile);
+    Progress progress(options_.waveFile.empty() ? std::string()
+                                                : UnfinishedName(NativePath(options_.waveFile)).string());
     pump_.OnTurn([&] {
       progress.Turn();
       ThrowIfInterrupted();  // nothing inside Speak holds what would have to be undone
