@@ -13,6 +13,7 @@
 #include "base/modFile.h"
 #include "base/paths.h"
 #include "base/textEncoding.h"
+#include "base/unfinishedName.h"
 #include "cli/Failure.h"
 #include "cli/interruption.h"
 
@@ -121,16 +122,16 @@ std::string ReadInput(const std::string& input) {
 }
 
 void RequireTarget(const std::string& target, const std::string& input) {
-  const fs::path path = NativePath(target);
+  const fs::path path = FollowedLinks(NativePath(target));
   std::error_code error;
   if (input != "-" && fs::equivalent(path, NativePath(input), error) && fs::is_regular_file(path, error)) {
     throw Failure(ExitCode::Usage, "Die WAV-Datei würde den Text „" + input + "“ ersetzen.");
   }
   const fs::file_type before = fs::status(path, error).type();
-  // The length stands at the front of a WAV file and is known at the end: nothing for a pipe.
-  if (before == fs::file_type::fifo || before == fs::file_type::socket) {
-    throw Unwritable(target, "Das ist keine Datei");
-  }
+  // A WAV file is written beside its place and put there when it is whole: nothing for pipes and devices.
+  const bool possible = before == fs::file_type::not_found || before == fs::file_type::regular ||
+                        before == fs::file_type::directory;
+  if (!possible) throw Unwritable(target, "Das ist keine gewöhnliche Datei");
   const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
   if (file.Number() < 0) throw Unwritable(target, Reason(errno));
   if (before == fs::file_type::not_found) fs::remove(path, error);

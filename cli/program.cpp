@@ -5,6 +5,8 @@
 #include <iostream>
 
 #include "base/RuntimeError.h"
+#include "base/paths.h"
+#include "base/unfinishedName.h"
 #include "base/version.h"
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
@@ -87,7 +89,8 @@ class Session {
   ExitCode SpeakToTheEnd(ModSpeak& speech, std::string text) {
     bool ended = false;
     speech.OnExportAvailable([&](bool available) { ended = available; });
-    Progress progress(options_.waveFile);
+    Progress progress(options_.waveFile.empty() ? std::string()
+                                                : UnfinishedName(NativePath(options_.waveFile)).string());
     pump_.OnTurn([&] {
       progress.Turn();
       ThrowIfInterrupted();  // nothing inside Speak holds what would have to be undone

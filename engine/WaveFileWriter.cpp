@@ -1,8 +1,15 @@
 #include "engine/WaveFileWriter.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <bit>
 #include <cerrno>
-#include <system_error>
+#include <utility>
+
+#include "base/unfinishedName.h"
 
 namespace lorelin::engine {
 namespace {
@@ -26,6 +33,10 @@ std::string ReasonFor(int errorNumber) {
       return "Den Ordner gibt es nicht.";
     case EISDIR:
       return "Der Name gehört einem Ordner.";
+    case EINVAL:
+      return "Das ist keine gewöhnliche Datei.";
+    case EBUSY:
+      return "Sie wird gerade schon geschrieben.";
     case EFBIG:
       return "Das Dateisystem erlaubt keine so große Datei.";
     default:
@@ -40,12 +51,14 @@ void AppendNumber(std::string& bytes, std::uint32_t number, unsigned size) {
 }  // namespace
 
 WaveFileWriter::WaveFileWriter(const std::string& path, std::uint32_t sampleRate, std::uint64_t maxDataBytes)
-    : path_(std::u8string(path.begin(), path.end())), sampleRate_(sampleRate), maxDataBytes_(maxDataBytes) {
-  file_.rdbuf()->pubsetbuf(nullptr, 0);  // the blocks are large already
-  errno = 0;
-  file_.open(path_, std::ios::binary | std::ios::trunc);
-  if (!file_) {
-    Fail(errno);
+    : target_(FollowedLinks(std::u8string(path.begin(), path.end()))),
+      unfinished_(UnfinishedName(target_)),
+      sampleRate_(sampleRate),
+      maxDataBytes_(maxDataBytes) {
+  int error = CheckTarget();
+  if (error == 0) error = OpenUnfinished();
+  if (error != 0) {
+    Fail(error);
     return;
   }
   buffer_.reserve(kBufferSize);
@@ -54,12 +67,45 @@ WaveFileWriter::WaveFileWriter(const std::string& path, std::uint32_t sampleRate
 }
 
 WaveFileWriter::~WaveFileWriter() {
-  if (!file_.is_open()) return;
-  file_.close();
-  if (finished_) return;
-  std::error_code error;
-  // Only a file of our own goes, never a device that a user named.
-  if (std::filesystem::is_regular_file(path_, error)) std::filesystem::remove(path_, error);
+  if (descriptor_ < 0) return;
+  unlink(unfinished_.c_str());
+  close(descriptor_);
+}
+
+// A pipe would hold up who opens it, and takes no header at the end; a device takes no other's place.
+int WaveFileWriter::CheckTarget() {
+  struct stat status {};
+  if (stat(target_.c_str(), &status) != 0) return errno == ENOENT ? 0 : errno;
+  replaces_ = true;
+  if (S_ISDIR(status.st_mode)) return EISDIR;
+  if (!S_ISREG(status.st_mode)) return EINVAL;
+  return access(target_.c_str(), W_OK) == 0 ? 0 : errno;
+}
+
+// The lock tells a file that is being written from one that a killed process left behind.
+int WaveFileWriter::OpenUnfinished() {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+  descriptor_ = open(unfinished_.c_str(), kFlags, 0666);
+  if (descriptor_ < 0 && errno == EEXIST) {
+    if (const int error = ClearStale(); error != 0) return error;
+    descriptor_ = open(unfinished_.c_str(), kFlags, 0666);
+  }
+  if (descriptor_ < 0) return errno;
+  flock(descriptor_, LOCK_EX | LOCK_NB);
+  struct stat status {};
+  if (fstat(descriptor_, &status) != 0) return errno;
+  newMode_ = status.st_mode & 0777;
+  return fchmod(descriptor_, 0600) == 0 ? 0 : errno;
+}
+
+int WaveFileWriter::ClearStale() const {
+  const int stale = open(unfinished_.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (stale < 0) return errno == ENOENT ? 0 : errno;
+  int error = 0;
+  if (flock(stale, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) error = EBUSY;
+  if (error == 0 && unlink(unfinished_.c_str()) != 0 && errno != ENOENT) error = errno;
+  close(stale);
+  return error;
 }
 
 bool WaveFileWriter::Fail(int errorNumber) {
@@ -68,8 +114,14 @@ bool WaveFileWriter::Fail(int errorNumber) {
 }
 
 bool WaveFileWriter::WriteBytes(const char* bytes, std::size_t size) {
-  errno = 0;
-  return file_.write(bytes, static_cast<std::streamsize>(size)) ? true : Fail(errno);
+  while (size > 0) {
+    const ssize_t written = write(descriptor_, bytes, size);
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return Fail(written < 0 ? errno : EIO);
+    bytes += written;
+    size -= static_cast<std::size_t>(written);
+  }
+  return true;
 }
 
 bool WaveFileWriter::Flush() {
@@ -94,11 +146,32 @@ bool WaveFileWriter::Write(std::span<const std::int16_t> samples) {
 bool WaveFileWriter::Finish() {
   if (!problem_.empty() || !Flush()) return false;
   const std::string header = Header();
-  const bool patchable = static_cast<bool>(file_.seekp(0));
-  file_.clear();
-  if (patchable && !WriteBytes(header.data(), header.size())) return false;
-  finished_ = true;
-  return true;
+  if (lseek(descriptor_, 0, SEEK_SET) != 0) return Fail(errno);
+  if (!WriteBytes(header.data(), header.size())) return false;
+  const int error = PutInPlace();
+  return error == 0 || Fail(error);
+}
+
+// What takes the place of another file has to be on the disk before.
+int WaveFileWriter::PutInPlace() {
+  if (const int error = SetPermissions(); error != 0) return error;
+  if (replaces_ && fsync(descriptor_) != 0) return errno;
+  if (rename(unfinished_.c_str(), target_.c_str()) != 0) return errno;
+  return close(std::exchange(descriptor_, -1)) == 0 ? 0 : errno;
+}
+
+int WaveFileWriter::SetPermissions() const {
+  struct stat status {};
+  mode_t mode = newMode_;
+  if (replaces_ && stat(target_.c_str(), &status) == 0) {
+    (void)!fchown(descriptor_, status.st_uid, status.st_gid);  // only root can give a file away
+    mode = status.st_mode & 07777;
+  } else if (const auto folder = target_.parent_path();
+             stat(folder.empty() ? "." : folder.c_str(), &status) == 0) {
+    if ((status.st_mode & S_IXGRP) == 0) mode &= ~static_cast<mode_t>(S_IRWXG);
+    if ((status.st_mode & S_IXOTH) == 0) mode &= ~static_cast<mode_t>(S_IRWXO);
+  }
+  return fchmod(descriptor_, mode) == 0 ? 0 : errno;
 }
 
 std::string WaveFileWriter::Header() const {

@@ -18,6 +18,8 @@ int main(int argc, char** argv) {
   }
   // Ctrl+C in a terminal reaches the whole group; the program decides what becomes of its engine.
   std::signal(SIGINT, SIG_IGN);
+  // A file that grows beyond what is allowed is an error of writing like others.
+  std::signal(SIGXFSZ, SIG_IGN);
   try {
     lorelin::engine::EngineServer server(socket, argc >= 3 && std::string_view(argv[2]) == "audio");
     return server.Run();

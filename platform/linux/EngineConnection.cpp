@@ -18,6 +18,8 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "base/paths.h"
+#include "base/unfinishedName.h"
 
 namespace lorelin {
 namespace {
@@ -35,9 +37,10 @@ constexpr std::string_view kGivenUp =
     "Die Sprachausgabe ist mehrmals nacheinander ausgefallen. Bitte versuchen Sie es in zwei Minuten noch "
     "einmal.";
 
-void RemoveRegularFile(const std::string& path) {
+// What an engine that is gone was writing.
+void RemoveUnfinished(const std::string& waveFile) {
   std::error_code error;
-  if (std::filesystem::is_regular_file(path, error)) std::filesystem::remove(path, error);
+  if (!waveFile.empty()) std::filesystem::remove(UnfinishedName(NativePath(waveFile)), error);
 }
 
 // Spawns the engine with `socket` as its descriptor 3; its process number or -1.
@@ -94,7 +97,7 @@ EngineConnection::~EngineConnection() {
   thread_.join();
   if (socket_ >= 0) close(socket_);
   if (process_ > 0) WaitFor(process_, kFarewell);
-  if (current_ != 0 && !currentFile_.empty()) RemoveRegularFile(currentFile_);
+  if (current_ != 0) RemoveUnfinished(currentFile_);
   close(wake_);
 }
 
@@ -239,7 +242,7 @@ void EngineConnection::Lost(Guard& guard) {
   const std::uint32_t lost = current_;
   const std::string file = std::exchange(currentFile_, {});
   Reap();
-  if (lost != 0 && !file.empty()) RemoveRegularFile(file);
+  if (lost != 0) RemoveUnfinished(file);
   log_.Write("Sprachausgabe: Prozess beendet" + std::string(lost != 0 ? " mitten im Text" : ""));
   Restart(guard);
   told_.notify_all();

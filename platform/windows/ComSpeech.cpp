@@ -7,6 +7,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/paths.h"
+#include "base/unfinishedName.h"
 #include "engine/speakableText.h"
 #include "platform/windows/dispatch.h"
 
@@ -20,11 +21,21 @@ constexpr const char* kFailed =
     "Die Sprachausgabe von Windows meldet einen Fehler. Der Text wurde nicht bis zum Ende gelesen.";
 constexpr const char* kTooLong =
     "Der Text ist zu lang für eine WAV-Datei (höchstens 4 GB). Es wurde keine Datei geschrieben.";
+constexpr const char* kNoFile =
+    "Die WAV-Datei konnte nicht geschrieben werden. Das ist keine gewöhnliche Datei.";
+constexpr const char* kNotWritten =
+    "Die WAV-Datei konnte nicht geschrieben werden. Die vorhandene lässt sich nicht ersetzen.";
 
 std::string AbsolutePath(const std::string& path) {
   std::error_code error;
   const auto absolute = fs::absolute(NativePath(path), error);
   return error ? path : PathText(absolute);
+}
+
+bool IsFileOrNothing(const std::string& path) {
+  std::error_code error;
+  const fs::file_type type = fs::status(NativePath(path), error).type();
+  return type == fs::file_type::not_found || type == fs::file_type::regular;
 }
 
 bool IsBlank(std::string_view text) {
@@ -94,6 +105,10 @@ void ComSpeech::Speak(std::string_view text) {
   utterance.text = engine::SpeakableText(text);
   speaking_ = true;
   renderedFile_ = utterance.waveFile;
+  if (!renderedFile_.empty()) {
+    if (!IsFileOrNothing(renderedFile_)) return End(kNoFile);
+    utterance.waveFile = PathText(UnfinishedName(NativePath(renderedFile_)));
+  }
   // Engines tell no end of a text without words.
   if (IsBlank(utterance.text)) return End("");
   if (!Try([&] { StartText(utterance); })) End(kFailed);
@@ -142,7 +157,10 @@ void ComSpeech::Finished() {
   if (!renderedFile_.empty()) {
     if (!Try([this] { CloseWaveFile(); })) return End(kFailed);
     std::error_code error;
-    if (fs::file_size(NativePath(renderedFile_), error) > kMostWaveBytes && !error) return End(kTooLong);
+    if (fs::file_size(UnfinishedName(NativePath(renderedFile_)), error) > kMostWaveBytes && !error) {
+      return End(kTooLong);
+    }
+    if (!PutWaveFileInPlace()) return End(kNotWritten);
   }
   End("");
 }
@@ -159,11 +177,22 @@ void ComSpeech::End(const std::string& reason) {
   });
 }
 
+// An engine that keeps the file open lets it be copied, not moved.
+bool ComSpeech::PutWaveFileInPlace() const {
+  const fs::path target = FollowedLinks(NativePath(renderedFile_));
+  const fs::path unfinished = UnfinishedName(target);
+  if (MoveFileExW(unfinished.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
+      FALSE) {
+    return true;
+  }
+  const bool copied = CopyFileW(unfinished.c_str(), target.c_str(), FALSE) != FALSE;
+  DeleteFileW(unfinished.c_str());
+  return copied;
+}
+
 void ComSpeech::RemoveWaveFile() const {
   std::error_code error;
-  if (!renderedFile_.empty() && fs::is_regular_file(NativePath(renderedFile_), error)) {
-    fs::remove(NativePath(renderedFile_), error);
-  }
+  if (!renderedFile_.empty()) fs::remove(UnfinishedName(NativePath(renderedFile_)), error);
 }
 
 void ComSpeech::Set(std::int32_t engine::Utterance::*property, std::int32_t value,

@@ -86,6 +86,7 @@ class ComSpeech : public DirectSS {
   // Runs `work` on the engine; one that fails is let go and the reason kept for the user.
   bool Try(const std::function<void()>& work);
   void End(const std::string& reason);
+  [[nodiscard]] bool PutWaveFileInPlace() const;
   void RemoveWaveFile() const;
 
   engine::Capabilities abilities_;

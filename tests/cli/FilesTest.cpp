@@ -89,7 +89,19 @@ TEST_F(CliFiles, TellWhyATargetCannotBeWritten) {
 TEST_F(CliFiles, RefuseAPipeAsTarget) {
   ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   EXPECT_EQ(Writing(Path("pipe")),
-            "4: „" + Path("pipe") + "“ kann nicht geschrieben werden: Das ist keine Datei.");
+            "4: „" + Path("pipe") + "“ kann nicht geschrieben werden: Das ist keine gewöhnliche Datei.");
+}
+
+TEST_F(CliFiles, RefuseADeviceAsTarget) {
+  EXPECT_EQ(Writing("/dev/full"),
+            "4: „/dev/full“ kann nicht geschrieben werden: Das ist keine gewöhnliche Datei.");
+}
+
+TEST_F(CliFiles, LeaveALinkToAFileThatIsNotThere) {
+  std::filesystem::create_symlink("neu.wav", Path("link.wav"));
+  EXPECT_EQ(Writing(Path("link.wav")), "(gelungen)");
+  EXPECT_TRUE(std::filesystem::is_symlink(Path("link.wav")));
+  EXPECT_FALSE(Exists(Path("neu.wav")));
 }
 
 TEST_F(CliFiles, RefuseToReplaceTheTextUnderWhateverName) {

@@ -60,18 +60,22 @@ check "the reason is told" says "Das ist ein Ordner"
 check "a target in a missing folder" exits 4 "$cli" say --wav "$home/fehlt/a.wav" "$home/kurz.txt"
 check "a target that is a folder" exits 4 "$cli" say --wav "$home" "$home/kurz.txt"
 check "a list that cannot be printed" bash -c "'$cli' voices >/dev/full 2>'$home/err'; test \$? -eq 4"
-check "a full disk" exits 1 "$cli" say --wav /dev/full "$top/hypertext/willkommen.txt"
-check "it is told" says "kein Speicherplatz"
+check "a device as target" exits 4 "$cli" say --wav /dev/full "$home/kurz.txt"
+printf 'alt' >"$wave"
+check "a file that may not grow" exits 1 bash -c "ulimit -f 100; exec '$cli' say --wav '$wave' '$top/hypertext/willkommen.txt'"
+check "it is told" says "keine so große Datei"
+check "what was there is still there" test "$(cat "$wave")" = alt
 
 repeat 'Ein langer Text. ' 200000 >"$home/lang.txt"
-rm -f "$wave"
+part=$home/.part-${wave##*/}
 "$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
 process=$!
-check "the file grows" within 10 test -s "$wave"
+check "the file grows" within 10 test -s "$part"
 kill -INT $process
 wait $process
 check "Ctrl+C ends with 130" test $? -eq 130
-check "the unfinished file is gone" test ! -e "$wave"
+check "the unfinished file is gone" test ! -e "$part"
+check "what was there is still there" test "$(cat "$wave")" = alt
 
 "$cli" say "$home/lang.txt" 2>"$home/err" &
 process=$!
@@ -95,20 +99,22 @@ exec 7>&-
 
 "$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
 process=$!
-check "the file grows" within 10 test -s "$wave"
+check "the file grows" within 10 test -s "$part"
 check "the engine runs" within 5 pgrep -P $process
 pkill -KILL -P $process
 wait $process
 check "a killed engine ends with 1" test $? -eq 1
 check "it is not called complete" says "nicht vollständig"
-check "the unfinished file is gone" test ! -e "$wave"
+check "the unfinished file is gone" test ! -e "$part"
+check "what was there is still there" test "$(cat "$wave")" = alt
 
 "$cli" say --wav "$wave" "$home/lang.txt" 2>"$home/err" &
 process=$!
-check "the file grows" within 10 test -s "$wave"
+check "the file grows" within 10 test -s "$part"
 kill -KILL $process
 check "a killed program leaves no engine" within 10 no_engine_left "$bin"
-check "and no unfinished file" within 5 test ! -e "$wave"
+check "and no unfinished file" within 5 test ! -e "$part"
+check "what was there is still there" test "$(cat "$wave")" = alt
 
 check "settings that cannot be kept" exits 0 env -u XDG_RUNTIME_DIR TMPDIR="$home" LORELIN_HOME=/proc/nicht/da "$cli" say --wav "$wave" "$home/kurz.txt"
 check "that is told" says "nicht gespeichert"

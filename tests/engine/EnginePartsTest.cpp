@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <filesystem>
 #include <vector>
 
 #include "base/textEncoding.h"
+#include "base/unfinishedName.h"
 #include "engine/WaveFileWriter.h"
 #include "engine/protocol.h"
 #include "engine/speakableText.h"
@@ -42,14 +46,35 @@ TEST(WaveFile, HasTheHeaderOfItsSamples) {
   EXPECT_EQ(bytes.substr(44), std::string("\x01\x00\xFE\xFF\x34\x12", 6));
 }
 
-TEST(WaveFile, DisappearsWhenItIsNotFinished) {
+TEST(WaveFile, IsNotThereBeforeItIsWhole) {
+  const TemporaryFolder folder;
+  WaveFileWriter wave(folder.File("a.wav"), 22050);
+  EXPECT_TRUE(wave.Write(std::vector<std::int16_t>(1000000, 7)));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("a.wav")));
+  EXPECT_TRUE(std::filesystem::exists(folder.File(".part-a.wav")));
+  EXPECT_TRUE(wave.Finish());
+  EXPECT_EQ(ReadFile(folder.File("a.wav")).size(), 2000044U);
+  EXPECT_FALSE(std::filesystem::exists(folder.File(".part-a.wav")));
+}
+
+TEST(WaveFile, LeavesNothingWhenItIsNotFinished) {
   const TemporaryFolder folder;
   {
     WaveFileWriter wave(folder.File("a.wav"), 22050);
     EXPECT_TRUE(wave.Write(std::vector<std::int16_t>(1000000, 7)));
-    EXPECT_TRUE(std::filesystem::exists(folder.File("a.wav")));
   }
-  EXPECT_FALSE(std::filesystem::exists(folder.File("a.wav")));
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST(WaveFile, LeavesTheOldOneUntilTheNewOneIsWhole) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("a.wav"), std::string(5000, 'x'));
+  {
+    WaveFileWriter wave(folder.File("a.wav"), 22050);
+    EXPECT_TRUE(wave.Write(std::vector<std::int16_t>(1000000, 7)));
+    EXPECT_EQ(ReadFile(folder.File("a.wav")), std::string(5000, 'x'));
+  }
+  EXPECT_EQ(ReadFile(folder.File("a.wav")), std::string(5000, 'x'));
 }
 
 TEST(WaveFile, ReplacesALongerOne) {
@@ -58,6 +83,82 @@ TEST(WaveFile, ReplacesALongerOne) {
   WaveFileWriter wave(folder.File("a.wav"), 22050);
   EXPECT_TRUE(wave.Finish());
   EXPECT_EQ(ReadFile(folder.File("a.wav")).size(), 44U);
+}
+
+TEST(WaveFile, GoesWhereALinkPointsAndLeavesTheLink) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("ordner/echt.wav"), "alt");
+  std::filesystem::create_symlink("ordner/echt.wav", folder.File("link.wav"));
+  std::filesystem::create_symlink("ordner/neu.wav", folder.File("leer.wav"));
+  for (const auto* const link : {"link.wav", "leer.wav"}) {
+    WaveFileWriter wave(folder.File(link), 22050);
+    EXPECT_TRUE(wave.Finish()) << wave.Problem();
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.File(link)));
+  }
+  EXPECT_EQ(ReadFile(folder.File("ordner/echt.wav")).size(), 44U);
+  EXPECT_EQ(ReadFile(folder.File("ordner/neu.wav")).size(), 44U);
+}
+
+TEST(WaveFile, RefusesWhatIsNoRegularFile) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0600), 0);
+  for (const std::string& path : {folder.File("pipe"), std::string("/dev/full"), std::string("/dev/null")}) {
+    WaveFileWriter wave(path, 22050);
+    EXPECT_FALSE(wave.Finish());
+    EXPECT_EQ(wave.Problem(),
+              "Die WAV-Datei konnte nicht geschrieben werden. Das ist keine gewöhnliche Datei.");
+  }
+}
+
+TEST(WaveFile, IsNotWrittenTwiceAtATime) {
+  const TemporaryFolder folder;
+  WaveFileWriter first(folder.File("a.wav"), 22050);
+  EXPECT_EQ(WaveFileWriter(folder.File("a.wav"), 22050).Problem(),
+            "Die WAV-Datei konnte nicht geschrieben werden. Sie wird gerade schon geschrieben.");
+  EXPECT_TRUE(first.Finish());
+  EXPECT_EQ(ReadFile(folder.File("a.wav")).size(), 44U);
+}
+
+TEST(WaveFile, ClearsAwayWhatAKilledProcessLeft) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File(".part-a.wav"), std::string(5000, 'x'));
+  WaveFileWriter wave(folder.File("a.wav"), 22050);
+  EXPECT_TRUE(wave.Finish());
+  EXPECT_EQ(ReadFile(folder.File("a.wav")).size(), 44U);
+}
+
+TEST(WaveFile, CanHaveTheLongestName) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File(std::string(251, 'n') + ".wav");
+  WaveFileWriter wave(path, 22050);
+  EXPECT_TRUE(wave.Finish()) << wave.Problem();
+  EXPECT_TRUE(std::filesystem::exists(path));
+}
+
+mode_t ModeOf(const std::string& path) {
+  struct stat status {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0);
+  return status.st_mode & 0777;
+}
+
+TEST(WaveFile, IsAsPrivateAsItsFolderAndKeepsItsPermissions) {
+  const TemporaryFolder folder;
+  const mode_t mask = umask(022);
+  for (const auto* const name : {"offen/a.wav", "privat/a.wav", "offen/b.wav"})
+    WriteFile(folder.File(name), "x");
+  std::filesystem::remove(folder.File("offen/a.wav"));
+  std::filesystem::remove(folder.File("privat/a.wav"));
+  chmod(folder.File("offen").c_str(), 0755);
+  chmod(folder.File("privat").c_str(), 0700);
+  chmod(folder.File("offen/b.wav").c_str(), 0640);
+  for (const auto& [name, mode] :
+       {std::pair{"offen/a.wav", 0644U}, {"privat/a.wav", 0600U}, {"offen/b.wav", 0640U}}) {
+    WaveFileWriter wave(folder.File(name), 22050);
+    EXPECT_EQ(ModeOf(UnfinishedName(folder.File(name)).string()), 0600U);
+    EXPECT_TRUE(wave.Finish());
+    EXPECT_EQ(ModeOf(folder.File(name)), mode) << name;
+  }
+  umask(mask);
 }
 
 TEST(WaveFile, RefusesMoreThanItsHeaderCanTell) {
@@ -86,12 +187,25 @@ TEST(WaveFile, TellsWhyItCannotBeWritten) {
             "Die WAV-Datei konnte nicht geschrieben werden. Der Name gehört einem Ordner.");
 }
 
-TEST(WaveFile, NoticesAFullDisk) {
-  WaveFileWriter wave("/dev/full", 22050);
-  EXPECT_FALSE(wave.Write(std::vector<std::int16_t>(1000000, 7)));
-  EXPECT_EQ(
-      wave.Problem(),
-      "Die WAV-Datei konnte nicht geschrieben werden. Auf dem Datenträger ist kein Speicherplatz mehr frei.");
+TEST(WaveFile, ThatFindsNoRoomLeavesTheOldOne) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("a.wav"), "alt");
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{.rlim_cur = 100000, .rlim_max = before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  {
+    WaveFileWriter wave(folder.File("a.wav"), 22050);
+    EXPECT_FALSE(wave.Write(std::vector<std::int16_t>(1000000, 7)));
+    EXPECT_EQ(wave.Problem(),
+              "Die WAV-Datei konnte nicht geschrieben werden. Das Dateisystem erlaubt keine so große Datei.");
+    EXPECT_FALSE(wave.Finish());
+  }
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(ReadFile(folder.File("a.wav")), "alt");
+  EXPECT_FALSE(std::filesystem::exists(folder.File(".part-a.wav")));
 }
 
 TEST(SpeakableText, DropsControlCharactersAndKeepsLines) {

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <cerrno>
@@ -51,6 +52,7 @@ class Engine : public testing::Test {
 
   RealEngine real;
   std::string wave = real.folder.File("a.wav");
+  std::string unfinished = real.folder.File(".part-a.wav");
 
   double SecondsOf(const std::string& text) {
     real.ends.clear();
@@ -117,25 +119,38 @@ TEST_F(Engine, TellsWhyAFileCannotBeWritten) {
   EXPECT_EQ(real.ends[0].reason, "Die WAV-Datei konnte nicht geschrieben werden. Den Ordner gibt es nicht.");
 }
 
-TEST_F(Engine, RemovesTheFileOfADiscardedText) {
+TEST_F(Engine, IsNotHeldUpByAPipe) {
+  const std::string pipe = real.folder.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  real.engine.SetWaveFile(pipe);
+  real.engine.Speak("Guten Tag.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_EQ(real.ends[0].reason,
+            "Die WAV-Datei konnte nicht geschrieben werden. Das ist keine gewöhnliche Datei.");
+  real.engine.SetWaveFile(wave);
+  EXPECT_GT(SecondsOf("Guten Tag."), 0.3);
+}
+
+TEST_F(Engine, RemovesTheUnfinishedFileOfADiscardedText) {
   real.engine.Speak(Repeated("Ein langer Text. ", 20000));
-  ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(wave); }));
+  ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(unfinished); }));
   real.engine.ResetAudio();
-  EXPECT_TRUE(real.WaitUntil([&] { return !std::filesystem::exists(wave); }));
+  EXPECT_TRUE(real.WaitUntil([&] { return !std::filesystem::exists(unfinished); }));
+  EXPECT_FALSE(std::filesystem::exists(wave));
   EXPECT_GT(SecondsOf("Guten Tag."), 0.3);
 }
 
 TEST_F(Engine, HoldsARenderingWhilePaused) {
   real.engine.Speak(Repeated("Ein langer Text. ", 4000));
-  ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(wave); }));
+  ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(unfinished); }));
   real.engine.PauseAudio();
   const auto begin = std::chrono::steady_clock::now();
   (void)real.WaitUntil(
       [&] { return std::chrono::steady_clock::now() - begin > std::chrono::milliseconds(300); });
-  const auto size = std::filesystem::file_size(wave);
+  const auto size = std::filesystem::file_size(unfinished);
   (void)real.WaitUntil(
       [&] { return std::chrono::steady_clock::now() - begin > std::chrono::milliseconds(600); });
-  EXPECT_EQ(std::filesystem::file_size(wave), size);
+  EXPECT_EQ(std::filesystem::file_size(unfinished), size);
   EXPECT_TRUE(real.engine.Speaking());
   real.engine.ResumeAudio();
   ASSERT_TRUE(real.WaitForEnd());
@@ -146,15 +161,17 @@ TEST_F(Engine, WhichDiesMidTextIsReplacedAndDoesNotClaimTheEnd) {
   for (const int signal : {SIGKILL, SIGABRT, SIGSEGV}) {
     real.clock.steady += std::chrono::minutes(5);
     real.ends.clear();
+    WriteFile(wave, "alt");
     real.engine.Speak(Repeated("Ein langer Text. ", 20000));
-    ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(wave); }));
+    ASSERT_TRUE(real.WaitUntil([&] { return std::filesystem::exists(unfinished); }));
     kill(real.engine.ProcessId(), signal);
     ASSERT_TRUE(real.WaitForEnd());
     EXPECT_FALSE(real.ends[0].complete);
     EXPECT_EQ(real.ends[0].reason,
               "Die Sprachausgabe wurde unterbrochen. Der Text wurde nicht vollständig vorgelesen.");
     EXPECT_TRUE(real.WaitUntil([&] { return !real.engine.Speaking(); }));
-    EXPECT_FALSE(std::filesystem::exists(wave));
+    EXPECT_FALSE(std::filesystem::exists(unfinished));
+    EXPECT_EQ(ReadFile(wave), "alt");
     EXPECT_GT(SecondsOf("Guten Tag."), 0.3);
   }
 }

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "base/paths.h"
+#include "base/unfinishedName.h"
 #include "platform/windows/DirectSSControl.h"
 #include "platform/windows/MissingSpeech.h"
 #include "platform/windows/SapiVoice.h"
@@ -125,12 +127,33 @@ TEST_F(ControlTest, LeavesAWaveFileOfTheTextsLength) {
   EXPECT_EQ(fs::file_size(served.WavePath()), 44U + 20U * 882U);
 }
 
-TEST_F(ControlTest, TakesAwayAFileThatIsNotComplete) {
+TEST_F(ControlTest, TakesAwayAFileThatIsNotCompleteAndLeavesTheOldOne) {
+  const auto unfinished = UnfinishedName(NativePath(served.WavePath()));
   engine.SetWaveFile(served.WavePath());
-  WriteFile(served.WavePath(), "halb");
+  WriteFile(served.WavePath(), "alt");
+  WriteFile(PathText(unfinished), "halb");
   engine.Speak("Guten Tag.");
   engine.ResetAudio();
-  EXPECT_FALSE(fs::exists(served.WavePath()));
+  EXPECT_FALSE(fs::exists(unfinished));
+  EXPECT_EQ(ReadFile(served.WavePath()), "alt");
+}
+
+TEST_F(ControlTest, ReplacesTheOldFileWhenTheNewOneIsWhole) {
+  engine.SetWaveFile(served.WavePath());
+  WriteFile(served.WavePath(), "alt");
+  engine.Speak("Zwanzig Zeichen lang");
+  ASSERT_TRUE(served.RunToTheEnd());
+  EXPECT_EQ(fs::file_size(served.WavePath()), 44U + 20U * 882U);
+  EXPECT_FALSE(fs::exists(UnfinishedName(NativePath(served.WavePath()))));
+}
+
+TEST_F(ControlTest, RefusesAFolderAsTarget) {
+  fs::create_directory(NativePath(served.WavePath()));
+  engine.SetWaveFile(served.WavePath());
+  engine.Speak("Guten Tag.");
+  served.RunToTheEnd();
+  ASSERT_EQ(ends.size(), 1U);
+  EXPECT_FALSE(ends[0].complete);
 }
 
 TEST_F(ControlTest, IsMadeAnewWhenItFails) {
