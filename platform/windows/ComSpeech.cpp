@@ -26,12 +26,6 @@ constexpr const char* kNoFile =
 constexpr const char* kNotWritten =
     "Die WAV-Datei konnte nicht geschrieben werden. Die vorhandene lässt sich nicht ersetzen.";
 
-std::string AbsolutePath(const std::string& path) {
-  std::error_code error;
-  const auto absolute = fs::absolute(NativePath(path), error);
-  return error ? path : PathText(absolute);
-}
-
 bool IsFileOrNothing(const std::string& path) {
   std::error_code error;
   const fs::file_type type = fs::status(NativePath(path), error).type();
@@ -44,14 +38,7 @@ bool IsBlank(std::string_view text) {
 
 }  // namespace
 
-// What posted calls find, if the object still lives.
-struct ComSpeech::Listener {
-  std::function<void(const EndOfText&)> endOfText;
-  std::uint32_t current = 0;  // the text whose end may be told
-};
-
-ComSpeech::ComSpeech(EventPump& pump, Log& log)
-    : pump_(pump), log_(log), listener_(std::make_shared<Listener>()) {
+ComSpeech::ComSpeech(EventPump& pump, Log& log) : pump_(pump), log_(log) {
   properties_.voice = 0;
 }
 
@@ -78,11 +65,13 @@ void ComSpeech::RequireEngine() {
   if (!Try([this] { CreateEngine(); })) throw RuntimeError(ErrorNumber::AutomationFailed);
   created_ = true;
   if (first) {
-    properties_.pitch = (abilities_.pitch.lowest + abilities_.pitch.highest) / 2;
-    properties_.speed = (abilities_.speed.lowest + abilities_.speed.highest) / 2;
-    properties_.volumeLeft = properties_.volumeRight = abilities_.volume.highest;
+    SetUsualProperties(abilities_);
     properties_.voice = 1;
   }
+  PropertiesChanged();
+}
+
+void ComSpeech::PropertiesChanged() {
   if (!Try([this] { ApplyProperties(properties_); })) throw RuntimeError(ErrorNumber::AutomationFailed);
 }
 
@@ -91,17 +80,10 @@ const engine::Capabilities& ComSpeech::Abilities() {
   return abilities_;
 }
 
-const engine::Voice* ComSpeech::VoiceWith(std::int32_t number) {
-  const auto& voices = Abilities().voices;
-  if (number < 1 || static_cast<std::size_t>(number) > voices.size()) return nullptr;
-  return &voices[static_cast<std::size_t>(number) - 1];
-}
-
 void ComSpeech::Speak(std::string_view text) {
   RequireEngine();
   if (speaking_) ResetAudio();
-  engine::Utterance utterance = properties_;
-  utterance.id = listener_->current = ++lastId_;
+  engine::Utterance utterance = BeginText();
   utterance.text = engine::SpeakableText(text);
   speaking_ = true;
   renderedFile_ = utterance.waveFile;
@@ -128,7 +110,7 @@ void ComSpeech::ResumeAudio() {
 
 void ComSpeech::ResetAudio() {
   const bool interrupted = std::exchange(speaking_, false);
-  if (interrupted) listener_->current = 0;
+  if (interrupted) DiscardText();
   if (created_) {
     const bool paused = std::exchange(paused_, false);
     (void)Try([&] {
@@ -168,13 +150,7 @@ void ComSpeech::Finished() {
 void ComSpeech::End(const std::string& reason) {
   speaking_ = false;
   if (!reason.empty()) RemoveWaveFile();
-  pump_.Post([alive = std::weak_ptr(listener_), id = listener_->current, reason] {
-    const auto listener = alive.lock();
-    if (!listener || listener->current != id) return;
-    listener->current = 0;
-    const auto handler = listener->endOfText;
-    if (handler) handler({.complete = reason.empty(), .reason = reason});
-  });
+  pump_.Post([listener = ListenerForTasks(), id = CurrentText(), reason] { TellEnd(listener, id, reason); });
 }
 
 // An engine that keeps the file open lets it be copied, not moved.
@@ -193,91 +169,6 @@ bool ComSpeech::PutWaveFileInPlace() const {
 void ComSpeech::RemoveWaveFile() const {
   std::error_code error;
   if (!renderedFile_.empty()) fs::remove(UnfinishedName(NativePath(renderedFile_)), error);
-}
-
-void ComSpeech::Set(std::int32_t engine::Utterance::*property, std::int32_t value,
-                    engine::Range engine::Capabilities::*range) {
-  const engine::Range& bounds = Abilities().*range;
-  properties_.*property = std::clamp(value, bounds.lowest, bounds.highest);
-  if (!Try([this] { ApplyProperties(properties_); })) throw RuntimeError(ErrorNumber::AutomationFailed);
-}
-
-std::int32_t ComSpeech::Value(std::int32_t engine::Utterance::*property) {
-  RequireEngine();
-  return properties_.*property;
-}
-
-void ComSpeech::SetCurrentVoice(std::int32_t number) {
-  if (VoiceWith(number) == nullptr) return;
-  properties_.voice = number;
-  if (!Try([this] { ApplyProperties(properties_); })) throw RuntimeError(ErrorNumber::AutomationFailed);
-}
-
-std::int32_t ComSpeech::VoiceCount() {
-  return static_cast<std::int32_t>(Abilities().voices.size());
-}
-std::string ComSpeech::VoiceName(std::int32_t number) {
-  const auto* const voice = VoiceWith(number);
-  return voice != nullptr ? voice->name : std::string();
-}
-std::int32_t ComSpeech::VoiceLanguage(std::int32_t number) {
-  const auto* const voice = VoiceWith(number);
-  return voice != nullptr ? voice->languageId : 0;
-}
-std::int32_t ComSpeech::VoiceGender(std::int32_t number) {
-  const auto* const voice = VoiceWith(number);
-  return voice != nullptr ? voice->gender : 0;
-}
-
-void ComSpeech::SetPitch(std::int32_t value) {
-  Set(&engine::Utterance::pitch, value, &engine::Capabilities::pitch);
-}
-std::int32_t ComSpeech::Pitch() {
-  return Value(&engine::Utterance::pitch);
-}
-std::int32_t ComSpeech::MinPitch() {
-  return Abilities().pitch.lowest;
-}
-std::int32_t ComSpeech::MaxPitch() {
-  return Abilities().pitch.highest;
-}
-void ComSpeech::SetSpeed(std::int32_t value) {
-  Set(&engine::Utterance::speed, value, &engine::Capabilities::speed);
-}
-std::int32_t ComSpeech::Speed() {
-  return Value(&engine::Utterance::speed);
-}
-std::int32_t ComSpeech::MinSpeed() {
-  return Abilities().speed.lowest;
-}
-std::int32_t ComSpeech::MaxSpeed() {
-  return Abilities().speed.highest;
-}
-void ComSpeech::SetVolumeLeft(std::int32_t value) {
-  Set(&engine::Utterance::volumeLeft, value, &engine::Capabilities::volume);
-}
-std::int32_t ComSpeech::VolumeLeft() {
-  return Value(&engine::Utterance::volumeLeft);
-}
-void ComSpeech::SetVolumeRight(std::int32_t value) {
-  Set(&engine::Utterance::volumeRight, value, &engine::Capabilities::volume);
-}
-std::int32_t ComSpeech::VolumeRight() {
-  return Value(&engine::Utterance::volumeRight);
-}
-std::int32_t ComSpeech::MinVolume() {
-  return Abilities().volume.lowest;
-}
-std::int32_t ComSpeech::MaxVolume() {
-  return Abilities().volume.highest;
-}
-
-void ComSpeech::SetWaveFile(const std::string& path) {
-  properties_.waveFile = path.empty() ? path : AbsolutePath(path);
-}
-
-void ComSpeech::OnEndOfText(std::function<void(const EndOfText&)> handler) {
-  listener_->endOfText = std::move(handler);
 }
 
 }  // namespace lorelin

@@ -6,16 +6,15 @@
 #include <string>
 
 #include "engine/protocol.h"
-#include "ports/DirectSS.h"
+#include "platform/common/SpeechInstance.h"
 #include "ports/EventPump.h"
 #include "ports/Log.h"
 
 namespace lorelin {
 
-// What the engines of Windows have in common: properties that survive an engine that is made anew, one end
-// for every text, and wave files that are complete or gone. An engine whose object fails is let go; the next
-// text gets a new one.
-class ComSpeech : public DirectSS {
+// What the engines of Windows have in common: properties that survive an engine that is made anew, and wave
+// files that are complete or gone. An engine whose object fails is let go; the next text gets a new one.
+class ComSpeech : public SpeechInstance {
  public:
   ~ComSpeech() override;
   ComSpeech(const ComSpeech&) = delete;
@@ -26,27 +25,6 @@ class ComSpeech : public DirectSS {
   void ResumeAudio() final;
   void ResetAudio() final;
   bool Speaking() final;
-  void SetCurrentVoice(std::int32_t number) final;
-  std::int32_t VoiceCount() final;
-  std::string VoiceName(std::int32_t number) final;
-  std::int32_t VoiceLanguage(std::int32_t number) final;
-  std::int32_t VoiceGender(std::int32_t number) final;
-  void SetPitch(std::int32_t value) final;
-  std::int32_t Pitch() final;
-  std::int32_t MinPitch() final;
-  std::int32_t MaxPitch() final;
-  void SetSpeed(std::int32_t value) final;
-  std::int32_t Speed() final;
-  std::int32_t MinSpeed() final;
-  std::int32_t MaxSpeed() final;
-  void SetVolumeLeft(std::int32_t value) final;
-  std::int32_t VolumeLeft() final;
-  void SetVolumeRight(std::int32_t value) final;
-  std::int32_t VolumeRight() final;
-  std::int32_t MinVolume() final;
-  std::int32_t MaxVolume() final;
-  void SetWaveFile(const std::string& path) final;
-  void OnEndOfText(std::function<void(const EndOfText&)> handler) final;
 
  protected:
   // Owns none of the references; they must outlive the object. All calls come from one apartment.
@@ -75,14 +53,9 @@ class ComSpeech : public DirectSS {
   Log& log_;
 
  private:
-  struct Listener;
-
-  [[nodiscard]] const engine::Capabilities& Abilities();
-  [[nodiscard]] const engine::Voice* VoiceWith(std::int32_t number);
+  [[nodiscard]] const engine::Capabilities& Abilities() override;
+  void PropertiesChanged() override;
   void RequireEngine();
-  void Set(std::int32_t engine::Utterance::*property, std::int32_t value,
-           engine::Range engine::Capabilities::*range);
-  std::int32_t Value(std::int32_t engine::Utterance::*property);
   // Runs `work` on the engine; one that fails is let go and the reason kept for the user.
   bool Try(const std::function<void()>& work);
   void End(const std::string& reason);
@@ -90,12 +63,9 @@ class ComSpeech : public DirectSS {
   void RemoveWaveFile() const;
 
   engine::Capabilities abilities_;
-  engine::Utterance properties_;
-  std::shared_ptr<Listener> listener_;
   bool created_ = false;
   bool speaking_ = false;
   bool paused_ = false;
-  std::uint32_t lastId_ = 0;
   std::string renderedFile_;  // of the text that is under way; "" when it is heard
 };
 
