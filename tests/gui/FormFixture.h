@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <wx/dialog.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
@@ -17,12 +18,12 @@
 #include "desktop/toolkit/text.h"
 #include "documents/GuardedDocument.h"
 #include "documents/Recovery.h"
-#include "tests/support/SpeechFixture.h"
+#include "tests/support/FakeSystem.h"
 
 namespace lorelin {
 
 // The real main window on the modules, with the engine and the rest of the world as fakes.
-class FormFixture : public testing::Test {
+class FormFixture : public testing::Test, protected FakeSystem {
  protected:
   FormFixture() {
     form.Attach(&modules);
@@ -85,23 +86,6 @@ class FormFixture : public testing::Test {
   }
   std::string Panel(int number) { return FromWx(form.GetStatusBar()->GetStatusText(number)); }
 
-  TemporaryFolder folder;
-  CallLog calls;
-  FakeLog log;
-  FakeDirectSS voice{"Voice", calls};
-  FakeDirectSS voice2{"Voice2", calls};
-  FakeMessageBoxes messageBoxes;
-  FakeClock clock;
-  FakeFileSearch fileSearch;
-  FakeRegistry registry;
-  FakeAutomation automation;
-  FakeShell shell;
-  FakeProgramLauncher launcher;
-  FakeDownloader downloader;
-  FakeForegroundWindow foreground;
-  FakeFileWriter files;
-  SystemPorts system{registry,   files,      fileSearch, clock,    log,       log,
-                     automation, foreground, shell,      launcher, downloader};
   WxClipboard clipboard;
   WxEventPump pump{log};
   bool ended = false;

@@ -7,15 +7,12 @@
 
 #include "base/paths.h"
 #include "speech/SpeechModules.h"
-#include "tests/support/FakeDirectSS.h"
-#include "tests/support/FakePorts.h"
-#include "tests/support/FakeRegistry.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/FakeSystem.h"
 
 namespace lorelin {
 
 // The speaking part of the program on fakes, with a program folder of its own.
-class SpeechFixture : public testing::Test {
+class SpeechFixture : public testing::Test, protected FakeSystem {
  protected:
   void Set(const SettingKey& key, std::string_view text) { settings.Save(key, text); }
   std::string Spoken(std::string text) {
@@ -29,27 +26,9 @@ class SpeechFixture : public testing::Test {
     automation.objects[name] = std::move(object);
   }
 
-  TemporaryFolder folder;
-  CallLog calls;
-  FakeLog log;
-  FakeDirectSS voice{"Voice", calls};
-  FakeDirectSS voice2{"Voice2", calls};
   FakeDocumentEditor document{calls};
   FakeStatusBar statusBar;
-  FakeMessageBoxes messageBoxes;
   FakeEventPump pump;
-  FakeClock clock;
-  FakeFileSearch fileSearch;
-  FakeRegistry registry;
-  FakeAutomation automation;
-  FakeFileWriter files;
-  FakeLog runLog;
-  FakeForegroundWindow foreground;
-  FakeShell shell;
-  FakeProgramLauncher launcher;
-  FakeDownloader downloader;
-  SystemPorts system{registry,   files,      fileSearch, clock,    log,       runLog,
-                     automation, foreground, shell,      launcher, downloader};
   SpeechModules spoken{{.system = system,
                         .voice = voice,
                         .voice2 = voice2,
