@@ -111,6 +111,8 @@ class FormFixture : public testing::Test {
                      .files = files,
                      .fileSearch = recoveryFiles,
                      .clock = clock,
+                     .statusBar = form,
+                     .messageBoxes = messageBoxes,
                      .log = log,
                      .folder = folder.File("recovery"),
                      .scheduleSnapshot = [this] { form.EnableTimer(WatchTimer::Snapshot, true); }}};
