@@ -20,6 +20,7 @@ WindowModules::WindowModules(Edges given)
                  .log = edges.system.log,
                  .stateChanged = [this] { edges.view.SetTitle(documents.Title()); },
                  .stored = [this] { edges.recovery.Saved(); },
+                 .unwanted = [this] { edges.recovery.LetGo(); },
                  .used = [this](const std::string& path) { recent.Add(path); }}),
       exporter({.speech = edges.spoken.speech,
                 .statusBar = edges.statusBar,

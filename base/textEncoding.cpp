@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/utf16.h"
+
 namespace lorelin {
 namespace {
 
@@ -145,7 +147,12 @@ bool IsValidUtf8(std::string_view text) {
   return true;
 }
 
+bool IsText(std::string_view bytes) {
+  return bytes.starts_with(kByteOrderMark) || Utf16Order(bytes) || bytes.find('\0') == std::string_view::npos;
+}
+
 std::string DecodeText(std::string_view bytes) {
+  if (const auto order = Utf16Order(bytes)) return FromUtf16(bytes, *order);
   if (bytes.starts_with(kByteOrderMark)) return WithBadBytesReplaced(bytes.substr(kByteOrderMark.size()));
   return IsValidUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
 }

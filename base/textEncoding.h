@@ -6,10 +6,13 @@
 
 namespace lorelin {
 
-// The text of a file's bytes in UTF-8: taken as UTF-8 when it begins with a byte-order mark (which is
-// dropped) or is valid UTF-8 throughout, else as Windows-1252 (the five unassigned bytes become the C1
-// controls of the same number). After a byte-order mark, bytes that are no UTF-8 become U+FFFD. Line ends
-// stay as they are.
+// Whether the bytes can be a text: without a byte-order mark, one has no NUL.
+[[nodiscard]] bool IsText(std::string_view bytes);
+
+// The text of a file's bytes in UTF-8. A byte-order mark, which is dropped, tells UTF-8 and UTF-16; without
+// one it is taken as UTF-8 when it is valid throughout, else as Windows-1252 (the five unassigned bytes
+// become the C1 controls of the same number). After a byte-order mark, bytes that fit no character become
+// U+FFFD. Line ends stay as they are.
 [[nodiscard]] std::string DecodeText(std::string_view bytes);
 
 // The bytes in which UTF-8 text is stored so that DecodeText gives it back: Windows-1252 when every character

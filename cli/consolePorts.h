@@ -39,6 +39,9 @@ class ConsoleStatusBar final : public StatusBar {
  public:
   explicit ConsoleStatusBar(bool wanted) : wanted_(wanted) {}
   void SetMessage(std::string_view text) override;
+  void SetNotice(std::string_view, std::string_view text) override {
+    if (!text.empty()) SetMessage(text);
+  }
   void SetFirstPanel(std::string_view) override {}
   [[nodiscard]] const std::string& LastMessage() const { return lastMessage_; }
 

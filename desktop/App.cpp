@@ -40,6 +40,8 @@ class App::Program {
                    .files = *services_.fileWriter,
                    .fileSearch = *services_.fileSearch,
                    .clock = *services_.clock,
+                   .statusBar = *form_,
+                   .messageBoxes = messageBoxes_,
                    .log = *services_.log,
                    .folder = JoinPath(services_.paths.programFolder, {"recovery"}),
                    .scheduleSnapshot = [this] { form_->EnableTimer(WatchTimer::Snapshot, true); }}),

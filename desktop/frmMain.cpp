@@ -289,7 +289,17 @@ void FrmMain::HideWindow() {
   Hide();
 }
 void FrmMain::SetMessage(std::string_view text) {
-  SetStatusText(ToWx(text), 1);
+  message_ = text;
+  ShowMessage();
+}
+void FrmMain::SetNotice(std::string_view name, std::string_view text) {
+  notices_.insert_or_assign(std::string(name), std::string(text));
+  ShowMessage();
+}
+void FrmMain::ShowMessage() {
+  std::string text;
+  for (const auto& [name, notice] : notices_) text += notice.empty() ? "" : notice + "  ";
+  SetStatusText(ToWx(text + message_), 1);
 }
 void FrmMain::SetFirstPanel(std::string_view text) {
   SetStatusText(ToWx(text), 0);

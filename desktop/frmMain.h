@@ -59,6 +59,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void HideWindow() override;
   void EndProgram() override { endProgram_(); }
   void SetMessage(std::string_view text) override;
+  void SetNotice(std::string_view name, std::string_view text) override;
   void SetFirstPanel(std::string_view text) override;
 
  private:
@@ -70,12 +71,15 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void AcceptFiles(wxWindow& window);
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
+  void ShowMessage();
 
   std::function<void()> endProgram_;
   WindowModules* modules_ = nullptr;
   std::map<std::string, int, std::less<>> menuIds_;
   std::map<std::string, int, std::less<>> toolIds_;
   wxSplitterWindow* splitter_ = nullptr;
+  std::map<std::string, std::string, std::less<>> notices_;
+  std::string message_;
   WxDocumentEditor* rtfText_ = nullptr;
   WxBrowserPane* wbBrowser_ = nullptr;
   WxTaskPane* ctlTask_ = nullptr;

@@ -47,6 +47,7 @@ void Documents::NewDoc() {
         SaveDoc();
         break;
       case MessageAnswer::No:
+        parts_.unwanted();
         parts_.editor.SetText("");
         document_.path.clear();
         document_.name.clear();
@@ -88,13 +89,22 @@ bool Documents::OpenPath(const std::string& path) {
   try {
     Load(path);
   } catch (const RuntimeError& error) {
-    parts_.log.Write(path + ": " + error.what());
+    TellUnreadable(path, error);
     return false;
   }
   // Only now: a name whose file is not shown would be overwritten with another text.
   SetPath(path);
   parts_.used(path);
   return true;
+}
+
+// Only what could be shown, and would be destroyed on saving, has to be explained.
+void Documents::TellUnreadable(const std::string& path, const RuntimeError& error) {
+  parts_.log.Write(path + ": " + error.what());
+  if (error.Number() != static_cast<int>(ErrorNumber::InvalidFileFormat)) return;
+  parts_.messageBoxes.Show(
+      "Die Datei „" + FileName(path) + "“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.",
+      "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
 void Documents::Load(const std::string& path) {

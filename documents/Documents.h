@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "base/RuntimeError.h"
 #include "documents/Document.h"
 #include "extensions/modAddin.h"
 #include "ports/DocumentEditor.h"
@@ -30,6 +31,8 @@ class Documents {
     std::function<void()> stateChanged = [] {};
     // Nothing of the document would be lost now: it was stored or loaded, or the user does not want it.
     std::function<void()> stored = [] {};
+    // The user wants the document no more, which will be replaced at once.
+    std::function<void()> unwanted = [] {};
     // This file was opened or saved.
     std::function<void(const std::string& path)> used = [](const std::string&) {};
   };
@@ -68,6 +71,7 @@ class Documents {
   [[nodiscard]] bool IsTextFile(const std::string& path);
   void Stored();
   void TellError(int number);
+  void TellUnreadable(const std::string& path, const RuntimeError& error);
   [[nodiscard]] int WriteText(const std::string& path);
   [[nodiscard]] bool SaveRichText(const std::string& path);
 

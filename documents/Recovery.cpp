@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/RuntimeError.h"
 #include "base/paths.h"
 #include "base/textEncoding.h"
 #include "richtext/rtf.h"
@@ -21,6 +23,14 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLookedAt = 16384;  // bytes of a file that hold its first words
 constexpr std::size_t kBeginning = 40;    // characters
 constexpr std::size_t kNameLength = 19;   // "2026-11-21 05-10-33"
+
+constexpr std::string_view kNotice = "recovery";
+
+std::string ReasonOf(const std::error_code& error) {
+  if (error == std::errc::no_space_on_device) return ErrorText(ErrorNumber::DiskFull);
+  const bool refused = error == std::errc::permission_denied || error == std::errc::read_only_file_system;
+  return ErrorText(refused ? ErrorNumber::PermissionDenied : ErrorNumber::PathFileAccess);
+}
 
 // The fonts and colours come first in a file; a text begins within the first pages of it.
 std::string BeginningOf(const std::string& file) {
@@ -70,11 +80,19 @@ void Recovery::AddLeftover(const std::string& file) {
 void Recovery::Changed() {
   changed_ = true;
   if (replacing_ == 0) typed_ = true;
+  Schedule();
+}
+
+void Recovery::Schedule() {
   if (!std::exchange(scheduled_, true)) parts_.scheduleSnapshot();
 }
 
 void Recovery::SnapshotDue() {
   scheduled_ = false;
+  if (writing_.valid() && writing_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+    return Schedule();
+  }
+  FinishWriting();
   if (changed_) Snapshot();
 }
 
@@ -91,13 +109,11 @@ std::string Recovery::NewName() const {
   return path;
 }
 
+// Looked at again when the next one is due: whether it was written shows only then.
 void Recovery::Snapshot() {
   FinishWriting();
   changed_ = false;
-  if (parts_.editor.Text().empty()) {
-    Remove(std::exchange(current_, {}));
-    return;
-  }
+  if (parts_.editor.Text().empty()) return Forget();
   try {
     if (current_.empty()) {
       fs::create_directories(NativePath(parts_.folder));
@@ -107,8 +123,11 @@ void Recovery::Snapshot() {
     writing_ =
         std::async(std::launch::async, [&files = parts_.files, path = current_,
                                         bytes = parts_.editor.RichText()] { files.Replace(path, bytes); });
+    Schedule();
+  } catch (const fs::filesystem_error& error) {
+    Failed(ReasonOf(error.code()));
   } catch (const std::exception& error) {
-    parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
+    Failed(error.what());
   }
 }
 
@@ -120,39 +139,76 @@ void Recovery::FinishWriting() {
   if (!writing_.valid()) return;
   try {
     writing_.get();
+    kept_ = true;
+    Safe();
   } catch (const std::exception& error) {
-    parts_.log.Write("Sicherung des Textes: " + std::string(error.what()));
+    Failed(error.what());
   }
 }
 
-void Recovery::Remove(const std::string& file) {
-  if (file.empty()) return;
+// Once is enough, however often it is tried again.
+void Recovery::Failed(const std::string& reason) {
+  changed_ = true;
+  Schedule();
+  if (failure_ == reason) return;
+  failure_ = reason;
+  parts_.log.Write("Sicherung des Textes: " + reason);
+  parts_.statusBar.SetNotice(
+      kNotice, "Ihr Text ist nicht gegen Verlust gesichert: " + reason + ". Bitte speichern Sie ihn.");
+}
+
+// The document has no snapshot any more.
+void Recovery::Forget() {
   FinishWriting();
+  if (std::exchange(kept_, false)) Remove(current_);
+  current_.clear();
+  Safe();
+}
+
+void Recovery::Safe() {
+  if (!std::exchange(failure_, {}).empty()) parts_.statusBar.SetNotice(kNotice, "");
+}
+
+void Recovery::Remove(const std::string& file) {
   std::error_code error;
   fs::remove(NativePath(file), error);
   if (error) parts_.log.Write(file + ": " + error.message());
 }
 
 void Recovery::Saved() {
+  Forget();
   typed_ = false;
   changed_ = false;
-  Remove(std::exchange(current_, {}));
 }
 
 // A text that no user wrote, as a script sets thousands of, is not worth a file.
-void Recovery::BeforeReplacing() {
-  if (replacing_++ > 0) return;
+bool Recovery::MayGo() {
+  FinishWriting();
   if (typed_ && changed_) Snapshot();
   FinishWriting();
+  return !typed_ || !changed_ || unwanted_ || MayLose();
+}
+
+bool Recovery::MayLose() {
+  return parts_.messageBoxes.Show("Ihr nicht gespeicherter Text konnte nicht gesichert werden: " + failure_ +
+                                      ".\n\nMöchten Sie ihn trotzdem verwerfen?",
+                                  "Frage", MessageIcon::Question,
+                                  MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+void Recovery::BeforeReplacing() {
+  if (replacing_ == 0 && !MayGo()) {
+    throw RuntimeError(ErrorNumber::PathFileAccess, "Der bisherige Text ist nicht gesichert");
+  }
+  ++replacing_;
 }
 
 void Recovery::AfterReplacing(bool replaced) {
   if (--replacing_ > 0 || !replaced) return;
+  unwanted_ = false;
   const bool typed = std::exchange(typed_, false);
-  const std::string file = std::exchange(current_, {});
-  if (file.empty()) return;
-  if (typed) return AddLeftover(file);
-  Remove(file);
+  if (typed && std::exchange(kept_, false)) AddLeftover(current_);
+  Forget();
 }
 
 void Recovery::Adopt(const std::string& file) {
@@ -161,7 +217,9 @@ void Recovery::Adopt(const std::string& file) {
                                   [&](const Leftover& leftover) { return leftover.file == file; });
   // The text that was there before may have taken the last place.
   if (found == leftovers_.end()) return;
-  Remove(std::exchange(current_, file));
+  Forget();
+  current_ = file;
+  kept_ = true;
   leftovers_.erase(found);
   TellLeftoversChanged();
 }

@@ -12,12 +12,14 @@
 #include "ports/FileSearch.h"
 #include "ports/FileWriter.h"
 #include "ports/Log.h"
+#include "ports/MessageBoxes.h"
+#include "ports/StatusBar.h"
 
 namespace lorelin {
 
 // Snapshots of texts that nobody saved, so that neither a crash nor an opened file costs what was typed. Each
-// is an RTF file of its own, named after its time. Nothing here throws or shows anything; failures go to the
-// log. User-interface thread only; the files are written beside it.
+// is an RTF file of its own, named after its time. What fails is told and tried again while the text is
+// unsaved. User-interface thread only; the files are written beside it.
 class Recovery {
  public:
   // What it works with; it owns none of it.
@@ -26,6 +28,8 @@ class Recovery {
     FileWriter& files;
     FileSearch& fileSearch;
     Clock& clock;
+    StatusBar& statusBar;
+    MessageBoxes& messageBoxes;
     Log& log;
     std::string folder;
     // Calls SnapshotDue in a few seconds.
@@ -43,7 +47,9 @@ class Recovery {
 
   explicit Recovery(Parts parts) : parts_(std::move(parts)) {}
   // Waits for a snapshot that is still being written.
-  ~Recovery() { FinishWriting(); }
+  ~Recovery() {
+    if (writing_.valid()) writing_.wait();
+  }
   Recovery(const Recovery&) = delete;
   Recovery& operator=(const Recovery&) = delete;
 
@@ -60,9 +66,15 @@ class Recovery {
   // The document was saved, or the user wants it no more.
   void Saved();
 
-  // Around every operation of the program that puts another text in the editor's place.
+  // Around every operation of the program that puts another text in the editor's place. The first throws
+  // RuntimeError (75) when the user rather keeps a text that is nowhere safe.
   void BeforeReplacing();
   void AfterReplacing(bool replaced);
+  // The user wants the text no more, so that nobody is asked when it is replaced.
+  void LetGo() { unwanted_ = true; }
+  // Makes a snapshot when something was typed since the last one; whether the text is safe then or may be
+  // lost.
+  [[nodiscard]] bool MayGo();
 
   [[nodiscard]] const std::vector<Leftover>& Leftovers() const { return leftovers_; }
   // The leftover's text was loaded: its file is the document's own snapshot from now on.
@@ -70,7 +82,12 @@ class Recovery {
   void DiscardLeftovers();
 
  private:
+  void Schedule();
   void Snapshot();
+  void Failed(const std::string& reason);
+  void Safe();
+  [[nodiscard]] bool MayLose();
+  void Forget();
   void AddLeftover(const std::string& file);
   void TellLeftoversChanged() const;
   void Remove(const std::string& file);
@@ -82,9 +99,12 @@ class Recovery {
   std::function<void()> leftoversChanged_;
   std::string current_;  // the document's own snapshot; "" while there is none
   int replacing_ = 0;
+  std::string failure_;   // of the last snapshot; "" when it worked
+  bool kept_ = false;     // there is such a file
   bool typed_ = false;    // by the user, since the document was another one or saved
   bool changed_ = false;  // since the last snapshot
   bool scheduled_ = false;
+  bool unwanted_ = false;
 };
 
 }  // namespace lorelin

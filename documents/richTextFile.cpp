@@ -1,5 +1,6 @@
 #include "documents/richTextFile.h"
 
+#include "base/RuntimeError.h"
 #include "base/modFile.h"
 #include "base/text.h"
 #include "base/textEncoding.h"
@@ -16,6 +17,7 @@ std::string WithoutNul(std::string_view text) {
 RichText ReadRichTextFile(const std::string& path) {
   const std::string bytes = ReadFileBytes(path);
   if (IsRtf(bytes)) return ReadRtf(bytes);
+  if (!IsText(bytes)) throw RuntimeError(ErrorNumber::InvalidFileFormat, "Die Datei enthält keinen Text");
   RichText plain;
   plain.text = WithoutNul(WithPlainLineEnds(DecodeText(bytes)));
   return plain;

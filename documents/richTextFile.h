@@ -8,7 +8,7 @@ namespace lorelin {
 
 // A document's file as a text with formats: RTF when it is RTF, else plain text (see DecodeText) with "\n"
 // line ends. A NUL, at which text controls and engines would end, is the replacement character. Throws like
-// ReadFileBytes.
+// ReadFileBytes, and 321 for what is no text (see IsText).
 [[nodiscard]] RichText ReadRichTextFile(const std::string& path);
 
 // The replacement character for every NUL.

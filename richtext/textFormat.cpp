@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "base/textEncoding.h"
+#include "base/utf16.h"
 
 namespace lorelin {
 namespace {
@@ -15,17 +16,26 @@ bool IsAscii(std::string_view bytes) {
 }
 
 TextFormat::Encoding EncodingOf(std::string_view bytes) {
+  if (const auto order = Utf16Order(bytes)) {
+    return order == ByteOrder::BigEndian ? TextFormat::Encoding::Utf16BigEndian
+                                         : TextFormat::Encoding::Utf16LittleEndian;
+  }
   if (bytes.starts_with(kByteOrderMark)) return TextFormat::Encoding::Utf8WithMark;
   return !IsAscii(bytes) && IsValidUtf8(bytes) ? TextFormat::Encoding::Utf8
                                                : TextFormat::Encoding::SingleBytes;
 }
 
+bool HasCarriageReturns(std::string_view text) {
+  const auto end = text.find('\n');
+  return end != std::string_view::npos && end > 0 && text[end - 1] == '\r';
+}
+
 }  // namespace
 
 TextFormat FormatOf(std::string_view bytes) {
-  const auto end = bytes.find('\n');
+  const bool wide = Utf16Order(bytes).has_value();
   return {.encoding = EncodingOf(bytes),
-          .carriageReturns = end != std::string_view::npos && end > 0 && bytes[end - 1] == '\r'};
+          .carriageReturns = wide ? HasCarriageReturns(DecodeText(bytes)) : HasCarriageReturns(bytes)};
 }
 
 std::string StoredText(std::string_view text, const TextFormat& format) {
@@ -36,6 +46,10 @@ std::string StoredText(std::string_view text, const TextFormat& format) {
       return stored;
     case TextFormat::Encoding::Utf8WithMark:
       return std::string(kByteOrderMark) + stored;
+    case TextFormat::Encoding::Utf16LittleEndian:
+      return ToUtf16(stored, ByteOrder::LittleEndian);
+    case TextFormat::Encoding::Utf16BigEndian:
+      return ToUtf16(stored, ByteOrder::BigEndian);
     case TextFormat::Encoding::SingleBytes:
       break;
   }

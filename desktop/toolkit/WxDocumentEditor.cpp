@@ -57,17 +57,14 @@ class TextPlaces {
   wxString wanted_;
 };
 
-wxTextCtrl& WithReadingFont(wxTextCtrl& control) {
-  control.SetFont(control.GetFont().Scaled(1.2F));
-  return control;
-}
+constexpr float kReadingSize = 1.2F;  // of the system's
 
 }  // namespace
 
 WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
     : wxTextCtrl(parent, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                  wxTE_MULTILINE | wxTE_RICH2 | wxTE_NOHIDESEL, wxDefaultValidator, "rtfText"),
-      buffer_(WithReadingFont(*this)) {
+      buffer_(*this, GetFont().Scaled(kReadingSize)) {
   SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
 }

@@ -69,8 +69,9 @@ struct ByKey {
 
 class RichTextBuffer::Implementation {
  public:
-  explicit Implementation(wxTextCtrl& control)
-      : control_(control), buffer_(BufferOf(control)), usualFont_(control.GetFont()) {
+  Implementation(wxTextCtrl& control, const wxFont& font)
+      : control_(control), buffer_(BufferOf(control)), usualFont_(font) {
+    SetFont(font);
     g_object_ref(buffer_);
     Connect("insert-text",
             G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* where, gchar* text, gint size, gpointer self) {
@@ -142,7 +143,7 @@ class RichTextBuffer::Implementation {
 
   void SetZoom(double factor) {
     zoom_ = factor;
-    control_.SetFont(usualFont_.Scaled(static_cast<float>(factor)));
+    SetFont(usualFont_.Scaled(static_cast<float>(factor)));
     for (const auto& [format, tag] : tags_) SetSize(tag, format);
   }
 
@@ -162,6 +163,9 @@ class RichTextBuffer::Implementation {
     bool& flag_;
     bool before_;
   };
+
+  // The control's own function would write the whole text anew, without its formats.
+  void SetFont(const wxFont& font) { control_.wxTextCtrlBase::SetFont(font); }
 
   void Connect(const char* signal, GCallback callback) {
     handlers_.push_back(g_signal_connect(buffer_, signal, callback, this));
@@ -357,8 +361,8 @@ class RichTextBuffer::Implementation {
   std::map<ParagraphFormat, GtkTextTag*, ByKey> paragraphTags_;
 };
 
-RichTextBuffer::RichTextBuffer(wxTextCtrl& control)
-    : implementation_(std::make_unique<Implementation>(control)) {}
+RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
+    : implementation_(std::make_unique<Implementation>(control, font)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
 void RichTextBuffer::ShowFile(const std::string& path) {

@@ -46,7 +46,10 @@ DWORD CALLBACK AppendBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* wri
 
 class RichTextBuffer::Implementation {
  public:
-  explicit Implementation(wxTextCtrl& control) : control_(control) { Send(EM_EXLIMITTEXT, 0, kLongestText); }
+  Implementation(wxTextCtrl& control, const wxFont& font) : control_(control) {
+    control.SetFont(font);
+    Send(EM_EXLIMITTEXT, 0, kLongestText);
+  }
 
   LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
     return SendMessageW(static_cast<HWND>(control_.GetHandle()), message, first, second);
@@ -148,8 +151,8 @@ class RichTextBuffer::Implementation {
   wxString after_;
 };
 
-RichTextBuffer::RichTextBuffer(wxTextCtrl& control)
-    : implementation_(std::make_unique<Implementation>(control)) {}
+RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
+    : implementation_(std::make_unique<Implementation>(control, font)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
 void RichTextBuffer::ShowFile(const std::string& path) {

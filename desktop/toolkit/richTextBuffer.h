@@ -12,7 +12,8 @@ namespace lorelin {
 // the program's own. One for each control, which has to outlive it. User-interface thread only.
 class RichTextBuffer {
  public:
-  explicit RichTextBuffer(wxTextCtrl& control);
+  // Texts without a font of their own are shown in `font`.
+  RichTextBuffer(wxTextCtrl& control, const wxFont& font);
   ~RichTextBuffer();
   RichTextBuffer(const RichTextBuffer&) = delete;
   RichTextBuffer& operator=(const RichTextBuffer&) = delete;

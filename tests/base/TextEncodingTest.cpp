@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "base/utf16.h"
+
 namespace lorelin {
 namespace {
 
@@ -29,6 +31,54 @@ TEST(DecodeText, KeepsEveryByteOfWindows1252) {
 
 TEST(DecodeText, ReplacesBadBytesBehindAByteOrderMark) {
   EXPECT_EQ(DecodeText("\xEF\xBB\xBFä\xFFz"), "ä\xEF\xBF\xBDz");
+}
+
+constexpr std::string_view kLittle("\xFF\xFEG\0r\0\xFC\0=\xD8\0\xDE", 12);
+constexpr std::string_view kBig("\xFE\xFF\0G\0r\0\xFC\xD8=\xDE\0", 12);
+
+TEST(DecodeText, ReadsUtf16InBothOrders) {
+  EXPECT_EQ(DecodeText(kLittle), "Grü😀");
+  EXPECT_EQ(DecodeText(kBig), "Grü😀");
+  EXPECT_EQ(DecodeText("\xFF\xFE"), "");
+}
+
+TEST(DecodeText, ReplacesHalvesOfUtf16) {
+  EXPECT_EQ(DecodeText(kLittle.substr(0, 11)), "Grü\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(DecodeText(kLittle.substr(0, 10)), "Grü\xEF\xBF\xBD");
+  EXPECT_EQ(DecodeText(std::string_view("\xFE\xFF\xDE\0\0a", 6)),
+            "\xEF\xBF\xBD"
+            "a");
+}
+
+TEST(ToUtf16, GivesTheBytesThatWereRead) {
+  EXPECT_EQ(ToUtf16("Grü😀", ByteOrder::LittleEndian), kLittle);
+  EXPECT_EQ(ToUtf16("Grü😀", ByteOrder::BigEndian), kBig);
+}
+
+TEST(ToUtf16, GivesBackEveryCharacter) {
+  std::string all;
+  for (char32_t code = 1; code <= 0x10FFFF; ++code) {
+    if (code < 0xD800 || code > 0xDFFF) AppendUtf8(all, code);
+  }
+  for (const auto order : {ByteOrder::LittleEndian, ByteOrder::BigEndian}) {
+    EXPECT_TRUE(DecodeText(ToUtf16(all, order)) == all);
+  }
+}
+
+TEST(IsText, IsWhatHasNoNulOrAMark) {
+  EXPECT_TRUE(IsText(""));
+  EXPECT_TRUE(
+      IsText("Gr\xFC\xDF"
+             "e"));
+  EXPECT_TRUE(IsText(kLittle));
+  EXPECT_TRUE(IsText(kBig));
+  EXPECT_TRUE(
+      IsText(std::string_view("\xEF\xBB\xBF"
+                              "a\0b",
+                              6)));
+  EXPECT_FALSE(IsText(std::string_view("PK\3\4\0\0", 6)));
+  EXPECT_FALSE(IsText(kLittle.substr(2)));
+  EXPECT_FALSE(IsText(std::string_view("\xFF\xFE\0\0a\0\0\0", 8)));  // UTF-32
 }
 
 TEST(EncodeText, WritesSingleBytesWhenEveryCharacterFits) {

@@ -1,6 +1,7 @@
 #include "documents/Documents.h"
 
 #include "base/modFile.h"
+#include "documents/richTextFile.h"
 
 #include "tests/support/ScriptFixture.h"
 
@@ -119,6 +120,50 @@ TEST_F(DocumentsTest, WritesATextAsItWasRead) {
             "e");
   document.text = "♥";
   EXPECT_EQ(SavedAs("c.txt"), "\xEF\xBB\xBF♥");
+}
+
+TEST_F(DocumentsTest, WritesUtf16AsItWasRead) {
+  const std::string little(
+      "\xFF\xFE"
+      "a\0\r\0\n\0e&",
+      10);
+  const std::string big("\xFE\xFF\0a\0\n&e", 8);
+  Opens("a.txt", little);
+  EXPECT_EQ(document.text, "a\n♥");
+  EXPECT_EQ(SavedAs("a.txt"), std::string("\xFF\xFE"
+                                          "a\0\r\0\n\0e&",
+                                          10));
+  Opens("b.txt", big);
+  EXPECT_EQ(document.text, "a\n♥");
+  document.text = "♥\na";
+  EXPECT_EQ(SavedAs("b.txt"), std::string("\xFE\xFF&e\0\n\0a", 8));
+}
+
+TEST_F(DocumentsTest, SaysThatAFileHoldsNoText) {
+  Opens("a.txt", "A");
+  document.unreadable[folder.File("bild.txt")] = ErrorNumber::InvalidFileFormat;
+  Opens("bild.txt", "");
+  EXPECT_EQ(document.text, "A");
+  EXPECT_EQ(documents.Current().path, folder.File("a.txt"));
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].icon, MessageIcon::Exclamation);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Die Datei „bild.txt“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.");
+}
+
+TEST(ReadRichTextFile, RefusesWhatIsNoText) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("bild.txt"), std::string_view("GIF\0\1", 5));
+  try {
+    (void)ReadRichTextFile(folder.File("bild.txt"));
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), 321);
+  }
+  WriteFile(folder.File("wide.txt"), std::string_view("\xFF\xFE"
+                                                      "a\0\r\0\n\0",
+                                                      8));
+  EXPECT_EQ(ReadRichTextFile(folder.File("wide.txt")).text, "a\n");
 }
 
 TEST_F(DocumentsTest, TellsWhyItCouldNotSave) {

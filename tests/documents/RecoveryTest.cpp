@@ -51,7 +51,6 @@ TEST_F(RecoveryTest, KeepsOneFileForOneDocument) {
   Type("ab");
   Due();
   EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 ab}"});
-  EXPECT_EQ(snapshotsScheduled, 2);
 }
 
 TEST_F(RecoveryTest, ForgetsWhatWasSaved) {
@@ -106,15 +105,96 @@ TEST_F(RecoveryTest, KeepsNoEmptyText) {
   EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(RecoveryTest, LogsAFailureAndGoesOn) {
-  files.error = ErrorNumber::DiskFull;
-  Type("a");
+class FullDisk : public RecoveryTest {
+ protected:
+  FullDisk() {
+    files.error = ErrorNumber::DiskFull;
+    Type("Brief");
+    Due();
+    WriteFile(folder.File("b.txt"), "b");
+    document.files[folder.File("b.txt")] = "b";
+  }
+  bool Opens(MessageAnswer answer) {
+    messageBoxes.answers = {answer};
+    return documents.OpenPath(folder.File("b.txt"));
+  }
+};
+
+TEST_F(FullDisk, IsToldOnceAndStaysInTheStatusBar) {
+  statusBar.SetMessage("etwas anderes");
+  const std::string notice =
+      "Ihr Text ist nicht gegen Verlust gesichert: Datenträger voll. Bitte speichern Sie ihn.";
+  EXPECT_EQ(statusBar.notices["recovery"], notice);
   Due();
+  Type("Brief, weiter");
+  Due();
+  EXPECT_EQ(statusBar.notices["recovery"], notice);
   EXPECT_EQ(log.lines.size(), 1U);
-  files.error.reset();
-  Type("ab");
+}
+
+TEST_F(FullDisk, IsTriedAgainWhileTheTextIsUnsaved) {
   Due();
-  EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 ab}"});
+  EXPECT_GE(snapshotsScheduled, 3);
+  files.error.reset();
+  Due();
+  EXPECT_EQ(Snapshots(), std::vector<std::string>{"{\\rtf1 Brief}"});
+  EXPECT_TRUE(statusBar.notices.empty());
+}
+
+TEST_F(FullDisk, IsForgottenOnceTheTextIsSaved) {
+  files.error.reset();
+  fileDialogs.answer = folder.File("a.txt");
+  documents.SaveDoc();
+  EXPECT_TRUE(statusBar.notices.empty());
+}
+
+TEST_F(FullDisk, IsAskedAboutBeforeTheTextIsReplaced) {
+  EXPECT_FALSE(Opens(MessageAnswer::No));
+  EXPECT_EQ(document.text, "Brief");
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(
+      messageBoxes.boxes[0].text,
+      "Ihr nicht gespeicherter Text konnte nicht gesichert werden: Datenträger voll.\n\nMöchten Sie ihn "
+      "trotzdem verwerfen?");
+  EXPECT_TRUE(Opens(MessageAnswer::Yes));
+  EXPECT_EQ(document.text, "b");
+}
+
+TEST_F(FullDisk, LeavesNoEmptyEntry) {
+  EXPECT_TRUE(Opens(MessageAnswer::Yes));
+  EXPECT_TRUE(recovery.Leftovers().empty());
+  EXPECT_TRUE(statusBar.notices.empty());
+}
+
+TEST_F(FullDisk, AsksNothingWhenTheDiskHasRoomAgain) {
+  files.error.reset();
+  EXPECT_TRUE(Opens(MessageAnswer::No));
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(recovery.Leftovers().size(), 1U);
+}
+
+TEST_F(FullDisk, AsksNoSecondTimeAboutATextThatIsNotWanted) {
+  messageBoxes.answers = {MessageAnswer::No};
+  documents.NewDoc();
+  EXPECT_EQ(document.text, "");
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+}
+
+TEST_F(FullDisk, KeepsWhatWasWrittenBefore) {
+  files.error.reset();
+  Due();
+  files.error = ErrorNumber::DiskFull;
+  Type("Brief, weiter");
+  EXPECT_TRUE(Opens(MessageAnswer::Yes));
+  EXPECT_EQ(recovery.Leftovers().size(), 1U);
+}
+
+TEST_F(FullDisk, LetsTextsGoThatNobodyTyped) {
+  EXPECT_TRUE(Opens(MessageAnswer::Yes));
+  messageBoxes.boxes.clear();
+  guarded.SetText("von einem Skript");
+  guarded.SetText("noch einer");
+  EXPECT_TRUE(messageBoxes.boxes.empty());
 }
 
 class Leftovers : public RecoveryTest {

@@ -150,6 +150,21 @@ TEST_F(DocumentEditorForm, ZoomsAndComesBack) {
   EXPECT_LT(TextSize(), usual);
 }
 
+TEST_F(DocumentEditorForm, ZoomIsNoChange) {
+  documents.Load(Rtf("\\b fett\\b0  normal"));
+  const std::string before = Editor().RichText();
+  files.files.clear();
+  Choose("Ansicht", "Schrift größer");
+  recovery.SnapshotDue();
+  recovery.FinishWriting();
+  EXPECT_FALSE(documents.Modified());
+  EXPECT_EQ(FromWx(form.GetTitle()), "x.rtf – Lorelin");
+  EXPECT_TRUE(files.files.empty());
+  EXPECT_EQ(ReadRtf(Editor().RichText()).runs, ReadRtf(before).runs);
+  Choose("Bearbeiten", "Rückgängig");
+  EXPECT_EQ(Text(), "fett normal");
+}
+
 TEST_F(DocumentEditorForm, MarksAChangedDocumentInTheTitle) {
   WriteFile(folder.File("brief.txt"), "Lieber Leser");
   fileDialogs.answer = folder.File("brief.txt");

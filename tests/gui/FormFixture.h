@@ -95,6 +95,8 @@ class FormFixture : public testing::Test, protected FakeSystem {
                      .files = files,
                      .fileSearch = recoveryFiles,
                      .clock = clock,
+                     .statusBar = form,
+                     .messageBoxes = messageBoxes,
                      .log = log,
                      .folder = folder.File("recovery"),
                      .scheduleSnapshot = [this] { form.EnableTimer(WatchTimer::Snapshot, true); }}};

@@ -102,6 +102,8 @@ class FakeDocumentEditor final : public DocumentEditor {
   std::string RichText() override { return "{\\rtf1 " + text + "}"; }
   void LoadFile(const std::string& path) override {
     log_.Add("editor.LoadFile " + path);
+    if (const auto reason = unreadable.find(path); reason != unreadable.end())
+      throw RuntimeError(reason->second);
     const auto found = files.find(path);
     if (found == files.end()) throw RuntimeError(ErrorNumber::FileNotFound);
     text = found->second;
@@ -118,6 +120,7 @@ class FakeDocumentEditor final : public DocumentEditor {
   std::size_t selectionStart = 0;
   std::size_t selectionBytes = 0;
   std::map<std::string, std::string> files;
+  std::map<std::string, ErrorNumber> unreadable;
 
  private:
   CallLog& log_;
@@ -137,7 +140,15 @@ class FakeEditorCommands final : public EditorCommands {
 class FakeStatusBar final : public StatusBar {
  public:
   void SetMessage(std::string_view text) override { messages.push_back(message = text); }
+  void SetNotice(std::string_view name, std::string_view text) override {
+    if (text.empty()) {
+      notices.erase(std::string(name));
+    } else {
+      notices[std::string(name)] = text;
+    }
+  }
   void SetFirstPanel(std::string_view text) override { firstPanel = text; }
+  std::map<std::string, std::string> notices;
   std::string message;
   std::vector<std::string> messages;
   std::string firstPanel;

@@ -32,6 +32,8 @@ class ScriptFixture : public SpeechFixture {
                      .files = files,
                      .fileSearch = recoveryFiles,
                      .clock = clock,
+                     .statusBar = statusBar,
+                     .messageBoxes = messageBoxes,
                      .log = log,
                      .folder = folder.File("recovery"),
                      .scheduleSnapshot = [this] { ++snapshotsScheduled; }}};
