@@ -8,6 +8,7 @@
 #include <wx/toolbar.h>
 
 #include <chrono>
+#include <filesystem>
 
 #include "app/WindowModules.h"
 #include "desktop/frmHelpDialogs.h"
