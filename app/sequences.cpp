@@ -16,10 +16,15 @@ void SaveVersion(SettingsStore& settings) {
 }
 
 void CreateScriptDir(const WindowModules::Edges& edges) {
-  for (const auto name : {"scripts", "temp"}) {
+  for (const std::string name : {"scripts", "temp"}) {
+    const std::filesystem::path folder = NativePath(JoinPath(edges.programFolder, {name}));
     std::error_code error;
-    std::filesystem::create_directory(NativePath(JoinPath(edges.programFolder, {name})), error);
-    if (error) edges.system.log.Write(std::string("Ordner ") + name + ": " + error.message());
+    if (name == "temp") {
+      error = MakePrivateFolder(folder);  // what was read aloud lies there
+    } else {
+      std::filesystem::create_directory(folder, error);
+    }
+    if (error) edges.system.log.Write("Ordner " + name + ": " + error.message());
   }
 }
 

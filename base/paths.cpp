@@ -34,4 +34,13 @@ std::string JoinPath(std::string_view folder, std::initializer_list<std::string_
   return PathText(joined);
 }
 
+std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error || fs::is_symlink(fs::symlink_status(folder, error))) return error;
+  fs::permissions(folder, fs::perms::owner_all, error);
+  return error;
+}
+
 }  // namespace lorelin

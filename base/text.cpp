@@ -28,4 +28,17 @@ std::string LowerAscii(std::string_view text) {
   return lower;
 }
 
+std::string WithoutCredentials(std::string_view text) {
+  constexpr std::string_view kMark = "://";
+  std::string result;
+  for (;;) {
+    const auto mark = text.find(kMark);
+    if (mark == std::string_view::npos) return result.append(text);
+    result.append(text.substr(0, mark + kMark.size()));
+    text.remove_prefix(mark + kMark.size());
+    const auto at = text.substr(0, text.find_first_of("/?#\\ \t\r\n\"'<>")).rfind('@');
+    if (at != std::string_view::npos) text.remove_prefix(at + 1);
+  }
+}
+
 }  // namespace lorelin

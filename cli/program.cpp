@@ -130,6 +130,7 @@ ExitCode Perform(const Options& options) {
       return CheckScripts(options.scripts, std::cout, std::cerr);
     case Action::Registry: {
       const PlatformServices services = MakePlatformServices(options.verbose);
+      if (!services.registryNotice.empty()) std::cerr << services.registryNotice << '\n';
       return UseRegistry(options.words, *services.registry, *services.fileWriter, std::cout);
     }
   }

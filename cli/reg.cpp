@@ -9,6 +9,7 @@
 #include "base/modFile.h"
 #include "base/text.h"
 #include "cli/Failure.h"
+#include "platform/common/caseFold.h"
 #include "settings/clsRegistryAccess.h"
 
 namespace lorelin::cli {
@@ -24,13 +25,20 @@ std::string ShownName(const std::string& name) {
   return name.empty() ? "@" : name;
 }
 
+std::string Hexadecimal(std::uint32_t number) {
+  std::string digits;
+  for (; number > 0 || digits.empty(); number >>= 4) digits.insert(0, 1, "0123456789ABCDEF"[number & 0xF]);
+  return digits;
+}
+
+// In the form in which it can be typed in.
 std::string DataText(const RegistryValue& value) {
   switch (value.type) {
     case RegistryType::String:
     case RegistryType::ExpandString:
       return value.data;
     case RegistryType::DoubleWord:
-      return "dword:" + std::to_string(DoubleWordOf(value).value_or(0));
+      return "dword:" + Hexadecimal(DoubleWordOf(value).value_or(0));
     case RegistryType::Binary:
       break;
   }
@@ -39,7 +47,8 @@ std::string DataText(const RegistryValue& value) {
 
 class Editor {
  public:
-  Editor(Registry& registry, FileWriter& files, std::ostream& out) : access_(registry, files), out_(out) {
+  Editor(Registry& registry, FileWriter& files, std::ostream& out)
+      : registry_(registry), access_(registry, files), out_(out) {
     access_.CreateKeyIfDoesntExists(true);
   }
 
@@ -52,6 +61,7 @@ class Editor {
   }
 
   void Add(Words words) {
+    RequireLasting();
     const std::string& path = words[0];
     if (words.size() == 2) throw UsageError("Hinter dem Namen fehlen die Daten.");
     const bool done = words.size() == 1 ? access_.CreateKey(path) : Write(path, NameOf(words[1]), words[2]);
@@ -60,6 +70,7 @@ class Editor {
   }
 
   void Delete(Words words) {
+    RequireLasting();
     RequireKey(words[0]);
     if (words.size() == 1) {
       if (!access_.KillKey(words[0])) Refuse("Der Schlüssel „" + words[0] + "“ ließ sich nicht löschen.");
@@ -80,25 +91,34 @@ class Editor {
   void Import(Words words) {
     if (!FileExists(words[0]))
       throw Failure(ExitCode::NoInput, "„" + words[0] + "“ kann nicht gelesen werden.");
+    RequireLasting();
     if (!access_.ImportFromReg(words[0])) {
-      Refuse("„" + words[0] + "“ beginnt nicht mit REGEDIT4; nichts wurde eingelesen.");
+      const auto& problems = access_.ImportProblems();
+      const std::string why = problems.empty() ? "Die Datei kann nicht gelesen werden." : problems[0].reason;
+      Refuse("Aus „" + words[0] + "“ wurde nichts eingelesen: " + why);
     }
     const auto& problems = access_.ImportProblems();
     for (const ImportProblem& problem : problems) {
       out_ << words[0] << ':' << problem.line << ": " << problem.reason << '\n';
     }
     if (problems.empty()) return;
-    Refuse(problems.size() == 1
-               ? std::string("Eine Zeile wurde nicht verstanden; alle anderen sind eingelesen.")
-               : std::to_string(problems.size()) +
-                     " Zeilen wurden nicht verstanden; alle anderen sind eingelesen.");
+    Refuse(problems.size() == 1 ? std::string("Eine Zeile wurde nicht eingelesen.")
+                                : std::to_string(problems.size()) + " Zeilen wurden nicht eingelesen.");
   }
 
  private:
   [[noreturn]] static void Refuse(const std::string& why) { throw Failure(ExitCode::Refused, why); }
 
+  // Nobody is told that something was done which is forgotten with the end of this program.
+  void RequireLasting() {
+    if (!registry_.IsLasting()) Refuse("Nichts wurde geändert: Der Speicher lässt sich nicht beschreiben.");
+  }
+
   void RequireKey(const std::string& path) {
-    if (!access_.KeyExists(path)) Refuse("Den Schlüssel „" + path + "“ gibt es nicht.");
+    // Whether there is a key can be said only of what can be read.
+    const bool there = access_.KeyExists(path);
+    if (registry_.State() == RegistryState::Unreadable) Refuse("Der Speicher lässt sich nicht lesen.");
+    if (!there) Refuse("Den Schlüssel „" + path + "“ gibt es nicht.");
   }
 
   void ShowKey(const std::string& path) {
@@ -118,7 +138,7 @@ class Editor {
       std::vector<RegistryValue> values;
       access_.EnumValues(path, type, names, values);
       for (std::size_t i = 0; i < names.size(); ++i) {
-        if (only != nullptr && LowerAscii(names[i]) != LowerAscii(*only)) continue;
+        if (only != nullptr && FoldCase(names[i]) != FoldCase(*only)) continue;
         out_ << ShownName(names[i]) << '=' << DataText(values[i]) << '\n';
         shown = true;
       }
@@ -143,6 +163,7 @@ class Editor {
     return access_.WriteDWORD(path, name, number);
   }
 
+  Registry& registry_;
   ClsRegistryAccess access_;
   std::ostream& out_;
 };

@@ -89,8 +89,8 @@ class RenderingFolder {
  public:
   explicit RenderingFolder(const std::string& cacheFolder)
       : folder_(NativePath(cacheFolder) / ("run-" + std::to_string(getpid()))) {
-    std::error_code error;
-    fs::create_directories(folder_ / "temp", error);
+    for (const fs::path& folder : {folder_.parent_path(), folder_, folder_ / "temp"})
+      MakePrivateFolder(folder);
   }
   ~RenderingFolder() {
     std::error_code error;

@@ -116,13 +116,17 @@ void Recovery::Snapshot() {
   if (parts_.editor.Text().empty()) return Forget();
   try {
     if (current_.empty()) {
-      fs::create_directories(NativePath(parts_.folder));
-      fs::permissions(NativePath(parts_.folder), fs::perms::owner_all);
+      if (const auto error = MakePrivateFolder(NativePath(parts_.folder)); error) {
+        throw fs::filesystem_error("Ordner", NativePath(parts_.folder), error);
+      }
       current_ = NewName();
     }
-    writing_ =
-        std::async(std::launch::async, [&files = parts_.files, path = current_,
-                                        bytes = parts_.editor.RichText()] { files.Replace(path, bytes); });
+    writing_ = std::async(
+        std::launch::async, [&files = parts_.files, path = current_, bytes = parts_.editor.RichText()] {
+          files.Replace(path, bytes);
+          std::error_code error;
+          fs::permissions(NativePath(path), fs::perms::owner_read | fs::perms::owner_write, error);
+        });
     Schedule();
   } catch (const fs::filesystem_error& error) {
     Failed(ReasonOf(error.code()));

@@ -47,7 +47,8 @@ void InviteToSurvey(HelpDialogs& dialogs, SettingsStore& settings, Launches& lau
       settings.Save(setting::Survey, "false");
       return launches.OpenSurvey();
     case SurveyAnswer::No:
-      return settings.Save(setting::Survey, "false");
+      settings.Save(setting::Survey, "false");
+      return;
     case SurveyAnswer::Later:
       return;
   }

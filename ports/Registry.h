@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,10 @@ struct RegistryValue {
 // The number in a DoubleWord value; absent for any other type or size.
 [[nodiscard]] std::optional<std::uint32_t> DoubleWordOf(const RegistryValue& value);
 
+// What a missing value says. Whole: it was never stored. Replaced: the store takes the place of one that was
+// lost, and what is missing may have been in that one. Unreadable: nothing, since the last read failed.
+enum class RegistryState { Whole, Replaced, Unreadable };
+
 // Port: a registry as Windows has it. Keys are addressed by hive and a path whose parts are separated by
 // single backslashes; "" names the hive itself. Key and value names are compared without regard to case,
 // letters beyond ASCII included, and keep the spelling of their first writer. The unnamed default value has
@@ -63,6 +68,15 @@ class Registry {
   virtual bool WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
                           const RegistryValue& value) = 0;
   virtual bool DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) = 0;
+
+  [[nodiscard]] virtual RegistryState State() const { return RegistryState::Whole; }
+  // Whether what is written outlives the program.
+  [[nodiscard]] virtual bool IsLasting() const { return true; }
+  // Runs the changes and answers what they answer. Where the system can do that, none of them is stored when
+  // the answer is false, or when their storing fails.
+  virtual bool Together(const std::function<bool()>& changes) { return changes(); }
+  // A person has read that settings were lost; until then every start says so.
+  virtual void ConfirmLoss() {}
 };
 
 }  // namespace lorelin

@@ -23,7 +23,6 @@ namespace {
 // Between commands that do not wait, events are let in this often: Escape acts soon and long loops lose
 // little.
 constexpr std::chrono::milliseconds kEventInterval{50};
-constexpr std::size_t kNotedCharacters = 200;
 
 std::string ClockText(const LocalTime& time) {
   const std::string second = std::to_string(time.second);
@@ -37,10 +36,9 @@ std::chrono::sys_seconds WallSeconds(const LocalTime& time) {
          chrono::minutes(time.minute) + chrono::seconds(time.second);
 }
 
-// Texts can be whole documents; the log is kept small.
-std::string Shortened(const std::string& text) {
-  if (text.size() <= kNotedCharacters) return text;
-  return text.substr(0, text.size() - FromCharacter(text, kNotedCharacters).size()) + "…";
+// What a script reads or writes can be anybody's secret: a log tells how much it was.
+std::string LengthOf(const std::string& text) {
+  return std::to_string(CharacterCount(text)) + " Zeichen";
 }
 
 std::string_view EndText(ScriptEnd end) {
@@ -126,9 +124,11 @@ Interpreter::Action Interpreter::ActionOf(std::string_view command) {
 
 bool Interpreter::ScriptsAreAllowed() {
   if (parts_.settings.Get(setting::VTSAllow) != "0") return true;
+  const std::string reason = parts_.settings.WhyForbidden();
   parts_.messageBoxes.Show(
       "Sie haben das Ausführen von Voice Taskscripts in den Einstellungen unterbunden. Die Ausführung wurde "
-      "abgebrochen.",
+      "abgebrochen." +
+          (reason.empty() ? "" : "\n\n" + reason),
       "Warnung", MessageIcon::Exclamation, MessageButtons::Ok);
   end_ = ScriptEnd::Forbidden;
   return false;
@@ -223,8 +223,10 @@ void Interpreter::Carry(const std::string& command, std::string& parameter1, std
 
 void Interpreter::Note(const std::string& command, const std::string& parameter1,
                        const std::string& parameter2) {
-  parts_.runLog.Write(currentScriptFile_ + ": " + command + "(" + Shortened(parameter1) +
-                      (parameter2.empty() ? "" : "," + Shortened(parameter2)) + ")");
+  std::string lengths;
+  if (!parameter1.empty() || !parameter2.empty()) lengths = LengthOf(parameter1);
+  if (!parameter2.empty()) lengths += ", " + LengthOf(parameter2);
+  parts_.runLog.Write(currentScriptFile_ + ": " + command + "(" + lengths + ")");
 }
 
 void Interpreter::AskWhetherToGoOn(const std::string& description) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -11,7 +12,8 @@ namespace lorelin {
 
 // The user's preferences: string values by section and key, names compared without case, under
 // HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Lorelin. No call fails: a value that is missing or
-// not a string reads as the default, the result of a write is not reported.
+// not a string reads as the default. The permissions of scripts read as "0" while it cannot be known what
+// they are.
 class SettingsStore {
  public:
   // Does not own the registry, which must outlive the store.
@@ -19,14 +21,20 @@ class SettingsStore {
 
   [[nodiscard]] std::string GetSetting(std::string_view section, std::string_view key,
                                        std::string_view defaultText) const;
-  void SaveSetting(std::string_view section, std::string_view key, std::string_view text);
+  // Whether it was written; hardly a caller wants to know.
+  bool SaveSetting(std::string_view section, std::string_view key, std::string_view text);
 
   [[nodiscard]] std::string Get(const SettingKey& key) const;
-  void Save(const SettingKey& key, std::string_view text);
+  bool Save(const SettingKey& key, std::string_view text);
   // The value reads as `text` for the rest of this run, without being stored, until it is saved.
   void Override(const SettingKey& key, std::string_view text);
   // What is stored counts again.
   void EndOverride(const SettingKey& key) { overrides_.erase(&key); }
+  // See Registry.
+  bool Together(const std::function<bool()>& changes) { return registry_.Together(changes); }
+  [[nodiscard]] bool IsLasting() const { return registry_.IsLasting(); }
+  // Why a permission that nobody took away is missing, in German; "" when that is not so.
+  [[nodiscard]] std::string WhyForbidden() const;
 
  private:
   Registry& registry_;

@@ -58,7 +58,7 @@ class ClsRegistryAccess {
   // types than text, binary and double word become comments.
   bool ExportToReg(std::string_view path, const std::string& file);
   // Success when the file is there and begins as it has to. What was not understood is in ImportProblems; all
-  // the rest was carried out.
+  // the rest was carried out. Values below the deletion of a key go to the key before it.
   bool ImportFromReg(const std::string& file);
   // The same with what the file holds.
   bool ImportText(std::string_view text);

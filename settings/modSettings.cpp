@@ -18,8 +18,8 @@ std::string ModSettings::GetPref(std::string_view key, std::string_view defaultT
   return store_.GetSetting(kSection, key, defaultText);
 }
 
-void ModSettings::SavePref(std::string_view key, std::string_view value) {
-  store_.SaveSetting(kSection, key, value);
+bool ModSettings::SavePref(std::string_view key, std::string_view value) {
+  return store_.SaveSetting(kSection, key, value);
 }
 
 bool ModSettings::Checked(std::string_view key, std::string_view defaultText) const {
@@ -50,18 +50,22 @@ SettingsValues ModSettings::GetSettings() {
   return values;
 }
 
-void ModSettings::ApplySettings(const SettingsValues& values) {
-  SavePref("Prefix", values.prefix);
-  SavePref("Suffix", values.suffix);
-  SavePref("VTSAllowRead", CheckText(values.allowRead));
-  SavePref("VTSAllow", CheckText(values.allowVTS));
-  SavePref("VTSAllowDownload", CheckText(values.allowDownload));
-  store_.Save(setting::LaunchMailProgram, values.launchMailProgram ? "true" : "false");
-  SavePref("ReadTitleOnAppChange", CheckText(values.readTitle));
-  SavePref("ReadClipboardOnChange", CheckText(values.readClipboard));
-  if (!values.start) return;
-  SavePref("ShowWB", CheckText(*values.start == StartOption::Interactive));
-  SavePref("ShowLastDoc", CheckText(*values.start == StartOption::LastDocument));
+bool ModSettings::ApplySettings(const SettingsValues& values) {
+  return store_.Together([&] {
+    return SavePref("Prefix", values.prefix) && SavePref("Suffix", values.suffix) &&
+           SavePref("VTSAllowRead", CheckText(values.allowRead)) &&
+           SavePref("VTSAllow", CheckText(values.allowVTS)) &&
+           SavePref("VTSAllowDownload", CheckText(values.allowDownload)) &&
+           store_.Save(setting::LaunchMailProgram, values.launchMailProgram ? "true" : "false") &&
+           SavePref("ReadTitleOnAppChange", CheckText(values.readTitle)) &&
+           SavePref("ReadClipboardOnChange", CheckText(values.readClipboard)) &&
+           (!values.start || SaveStart(*values.start));
+  });
+}
+
+bool ModSettings::SaveStart(StartOption start) {
+  return SavePref("ShowWB", CheckText(start == StartOption::Interactive)) &&
+         SavePref("ShowLastDoc", CheckText(start == StartOption::LastDocument));
 }
 
 bool ModSettings::WantsRestart(const SettingsValues& values) const {

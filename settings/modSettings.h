@@ -33,14 +33,18 @@ class ModSettings {
   explicit ModSettings(SettingsStore& store) : store_(store) {}
 
   [[nodiscard]] std::string GetPref(std::string_view key, std::string_view defaultText) const;
-  void SavePref(std::string_view key, std::string_view value);
+  bool SavePref(std::string_view key, std::string_view value);
   // A number text other than 0 is a checked box; a text that is no number counts as the default.
   [[nodiscard]] SettingsValues GetSettings();
-  void ApplySettings(const SettingsValues& values);
+  // Stores all of them or, as far as the system can do that, none; whether they were stored.
+  bool ApplySettings(const SettingsValues& values);
+  // Whether what is stored outlives the program.
+  [[nodiscard]] bool IsLasting() const { return store_.IsLasting(); }
   // Whether the shown value of the one option that wants a restart is another one than the stored.
   [[nodiscard]] bool WantsRestart(const SettingsValues& values) const;
 
  private:
+  bool SaveStart(StartOption start);
   [[nodiscard]] bool Checked(std::string_view key, std::string_view defaultText) const;
 
   SettingsStore& store_;

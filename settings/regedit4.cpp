@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <string>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/modFile.h"
@@ -149,7 +150,13 @@ bool ClsRegistryAccess::ImportFromReg(const std::string& file) {
 bool ClsRegistryAccess::ImportText(std::string_view text) {
   problems_.clear();
   const auto lines = Lines(text);
-  if (LowerAscii(lines.front()) != LowerAscii(kHeader)) return false;
+  if (LowerAscii(lines.front()) != LowerAscii(kHeader)) {
+    const bool otherLineEnds = LowerAscii(text).starts_with(LowerAscii(kHeader) + "\n");
+    problems_.push_back({1, std::string(kHeader),
+                         otherLineEnds ? "Die Zeilen enden mit LF; dieses Format verlangt CR LF."
+                                       : "Die Datei beginnt nicht mit REGEDIT4."});
+    return false;
+  }
   std::string key;
   for (std::size_t i = 1; i < lines.size(); ++i) ImportLine(i + 1, lines[i], key);
   return true;
@@ -167,13 +174,16 @@ void ClsRegistryAccess::ImportLine(std::size_t number, std::string_view line, st
   if (!reason.empty()) problems_.push_back({number, std::string(line), reason});
 }
 
-// Values below a key line that means nothing belong to no key, certainly not to the one before.
+// Values below a key line that means nothing belong to no key, certainly not to the one before; those below a
+// deletion do.
 std::string ClsRegistryAccess::ImportKey(std::string_view line, std::string& key) {
-  key.clear();
+  const std::string before = std::exchange(key, {});
   const auto end = line.rfind(']');
   if (end == std::string_view::npos) return "Die Klammer „]“ fehlt.";
   const std::string name(line.substr(1, end - 1));
+  if (name.find('\n') != std::string::npos) return "Die Zeile endet mit LF; dieses Format verlangt CR LF.";
   if (name.starts_with('-')) {
+    key = before;
     return !KeyExists(name.substr(1)) || KillKey(name.substr(1)) ? ""
                                                                  : "Der Schlüssel ließ sich nicht löschen.";
   }

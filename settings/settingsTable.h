@@ -94,6 +94,10 @@ inline constexpr std::array All{
 
 }  // namespace setting
 
+// What allows scripts something; a value that cannot be known allows nothing.
+inline constexpr std::array kPermissions{&setting::VTSAllow, &setting::VTSAllowRead,
+                                         &setting::VTSAllowDownload};
+
 // A "1"/"0" switch is on only when its text is "1" exactly; a "true"/"false" one only when it is "true"
 // exactly.
 [[nodiscard]] constexpr bool IsOn(const SettingKey& key, std::string_view text) {

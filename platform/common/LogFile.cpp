@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "base/paths.h"
+#include "base/text.h"
 
 namespace lorelin {
 namespace {
@@ -37,7 +38,7 @@ std::string LogFile::WithTime(std::string_view line) {
   std::array<char, 64> time{};
   std::snprintf(time.data(), time.size(), "%04d-%02d-%02d %02d:%02d:%02d ", now.year, now.month, now.day,
                 now.hour, now.minute, now.second);
-  std::string entry = time.data() + std::string(line);
+  std::string entry = time.data() + WithoutCredentials(line);
   std::replace(entry.begin(), entry.end(), '\n', ' ');
   return entry + '\n';
 }
@@ -48,10 +49,9 @@ void LogFile::Write(std::string_view line) {
   if (copyToStandardError_) std::fwrite(entry.data(), 1, entry.size(), stderr);
   KeepSmall(path_);
   std::error_code error;
-  const bool fresh = !fs::exists(path_, error);
   std::ofstream file(path_, std::ios::binary | std::ios::app);
   // What somebody reads is nobody else's business.
-  if (fresh) fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write, error);
+  fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write, error);
   file.write(entry.data(), static_cast<std::streamsize>(entry.size()));
 }
 

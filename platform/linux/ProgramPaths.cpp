@@ -11,6 +11,7 @@
 #include "base/paths.h"
 #include "platform/common/programFolder.h"
 #include "platform/linux/SystemFacts.h"
+#include "platform/linux/ownFolder.h"
 
 namespace lorelin {
 namespace {
@@ -71,7 +72,10 @@ bool IsPrivate(const fs::path& folder) {
 }
 
 fs::path WritableFolder(const fs::path& wanted, const SystemFacts& facts) {
-  if (MakeWritable(wanted)) return wanted;
+  if (MakeWritable(wanted)) {
+    CloseOwnFolder(wanted);
+    return wanted;
+  }
   const fs::path runtime = facts.environment("XDG_RUNTIME_DIR");
   const fs::path forUser = "lorelin-" + std::to_string(geteuid());
   for (const fs::path& base : {runtime, facts.temporaryFolder}) {

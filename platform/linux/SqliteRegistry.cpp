@@ -1,21 +1,18 @@
 #include "platform/linux/SqliteRegistry.h"
 
-#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/file.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
-#include "base/paths.h"
 #include "base/text.h"
 #include "platform/common/caseFold.h"
+#include "platform/linux/storeFile.h"
 
 namespace lorelin {
 namespace {
@@ -33,6 +30,10 @@ constexpr const char* kSchema =
     "CREATE TABLE IF NOT EXISTS vals (path TEXT, folded TEXT, name TEXT NOT NULL, type INTEGER NOT NULL, "
     "data BLOB NOT NULL, PRIMARY KEY (path, folded)) WITHOUT ROWID;"
     "PRAGMA user_version = 1;";
+
+// What a store remembers of the one that it replaces lies under no hive, where no key is.
+constexpr std::string_view kReplaces = "replaces";
+constexpr std::string_view kUnreadNotice = "unread notice";
 
 constexpr std::string_view HiveName(RegistryHive hive) {
   switch (hive) {
@@ -66,54 +67,6 @@ std::string FullPath(RegistryHive hive, std::string_view path) {
   return full;
 }
 
-std::string TimeStamp() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  std::array<char, 32> text{};
-  std::strftime(text.data(), text.size(), "%Y%m%d-%H%M%S", &local);
-  return text.data();
-}
-
-// A name beside `file` that nothing has yet.
-std::string FreeName(const std::string& file, std::string_view reason) {
-  const std::string base = file + "." + std::string(reason) + "-" + TimeStamp();
-  std::string name = base;
-  std::error_code error;
-  for (int i = 2; fs::symlink_status(name, error).type() != fs::file_type::not_found; ++i) {
-    name = base + "-" + std::to_string(i);
-  }
-  return name;
-}
-
-// The store's own file goes last: a new store must not begin beside the old one's log.
-bool SetAside(const std::string& file, const std::string& name, Log& log) {
-  std::error_code error;
-  for (const auto* const suffix : {"-wal", "-shm"}) fs::rename(file + suffix, name + suffix, error);
-  fs::rename(file, name, error);
-  if (!error) return true;
-  log.Write("Einstellungen: " + file + " lässt sich nicht umbenennen: " + error.message());
-  return false;
-}
-
-// Opening (shared) and setting aside (exclusive) keep apart: SQLite opens a store and its log by name one
-// after the other, and would take the damaged store's file together with the new store's log.
-class OpeningLock {
- public:
-  OpeningLock(const std::string& file, int operation)
-      : lock_(open((file + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-    if (lock_ >= 0) flock(lock_, operation);
-  }
-  ~OpeningLock() {
-    if (lock_ >= 0) close(lock_);
-  }
-  OpeningLock(const OpeningLock&) = delete;
-  OpeningLock& operator=(const OpeningLock&) = delete;
-
- private:
-  int lock_;
-};
-
 // The change to the write-ahead log does not wait for other processes by itself.
 int ExecutePatiently(sqlite3* database, const char* sql) {
   int code = SQLITE_BUSY;
@@ -124,12 +77,23 @@ int ExecutePatiently(sqlite3* database, const char* sql) {
   return code;
 }
 
-int CreateSchema(sqlite3* database, int version) {
+int RememberLoss(sqlite3* database, const std::string& notice) {
+  if (notice.empty()) return SQLITE_OK;
+  char* const sql = sqlite3_mprintf(
+      "INSERT INTO vals (path, folded, name, type, data) VALUES ('', '%s', '', 1, ''), ('', '%s', '', 1, %Q)",
+      kReplaces.data(), kUnreadNotice.data(), notice.c_str());
+  const int code = ExecutePatiently(database, sql);
+  sqlite3_free(sql);
+  return code;
+}
+
+int CreateSchema(sqlite3* database, int version, const std::string& lossNotice) {
   int code = ExecutePatiently(database, "PRAGMA journal_mode = WAL");
   if (code == SQLITE_OK) code = ExecutePatiently(database, "PRAGMA synchronous = NORMAL");
   if (code != SQLITE_OK || version == kSchemaVersion) return code;
   code = ExecutePatiently(database, "BEGIN IMMEDIATE");
   if (code == SQLITE_OK) code = ExecutePatiently(database, kSchema);
+  if (code == SQLITE_OK) code = RememberLoss(database, lossNotice);
   if (code == SQLITE_OK) code = ExecutePatiently(database, "COMMIT");
   return code;
 }
@@ -149,18 +113,16 @@ std::string SetAsideNotice(bool newer, const std::string& name) {
               : std::string("Die Einstellungen von Lorelin waren beschädigt. Die beschädigte Datei wurde "
                             "aufgehoben als:\n\n")) +
          name +
-         "\n\nAlle Einstellungen stehen wieder auf ihren Anfangswerten. Auch Taskscripts sind damit wieder "
-         "erlaubt; bitte prüfen Sie die Sicherheitseinstellungen.";
+         "\n\nAlle Einstellungen stehen wieder auf ihren Anfangswerten. Nur Taskscripts sind nicht erlaubt, "
+         "bis "
+         "Sie sie in den Einstellungen wieder zulassen.";
 }
 
-bool CanWriteBeside(const std::string& file) {
-  const fs::path path = NativePath(file);
-  std::error_code error;
-  if (fs::create_directories(path.parent_path(), error)) {
-    fs::permissions(path.parent_path(), fs::perms::owner_all, error);
-  }
-  return access(path.parent_path().c_str(), W_OK | X_OK) == 0 &&
-         (!fs::exists(path, error) || access(path.c_str(), R_OK | W_OK) == 0);
+std::string UnreadableNotice(const std::string& file) {
+  return "Die Einstellungen von Lorelin können nicht gelesen werden:\n\n" + file +
+         "\n\nSo lange stehen sie auf ihren Anfangswerten, und Taskscripts sind nicht erlaubt. Bitte sorgen "
+         "Sie "
+         "dafür, dass die Datei gelesen werden kann, und starten Sie dann neu.";
 }
 
 }  // namespace
@@ -265,7 +227,11 @@ SqliteRegistry::OpenResult SqliteRegistry::PrepareStore() {
     log_.Write("Einstellungen: die Datei stammt von einer neueren Version");
     return OpenResult::Newer;
   }
-  code = CreateSchema(database, version);
+  if (version == 0 && past_.written) {
+    log_.Write("Einstellungen: die Datei enthält nichts mehr");
+    return OpenResult::Damaged;
+  }
+  code = CreateSchema(database, version, past_.lossNotice);
   if (code == SQLITE_OK) code = PrepareStatements();
   return code == SQLITE_OK ? Check() : Judge(code);
 }
@@ -309,62 +275,105 @@ int SqliteRegistry::PrepareStatements() {
   return SQLITE_OK;
 }
 
-SqliteRegistry::Attempt SqliteRegistry::Try(Log& log, const std::string& name, Connection connection) {
+SqliteRegistry::Attempt SqliteRegistry::Try(Log& log, const std::string& name, Connection connection,
+                                            Past past) {
   Attempt attempt{std::unique_ptr<SqliteRegistry>(new SqliteRegistry(log)), OpenResult::Inaccessible};
+  attempt.registry->past_ = std::move(past);
   attempt.result = (*attempt.registry.*connection)(name);
+  if (attempt.result == OpenResult::Ok) {
+    attempt.registry->replacesLost_ = attempt.registry->Remembered(kReplaces).has_value();
+  }
   return attempt;
 }
 
-OpenedRegistry SqliteRegistry::Repair(const std::string& file, Log& log) {
+SqliteRegistry::Attempt SqliteRegistry::TryFile(const std::string& file, Log& log, const OpeningLock& lock) {
+  if (WasEmptied(file)) {
+    log.Write("Einstellungen: " + file + " wurde geleert");
+    return {nullptr, OpenResult::Damaged};
+  }
+  CloseStore(file);
+  Attempt attempt = Try(log, file, &SqliteRegistry::Connect, {.written = WasWritten(file), .lossNotice = {}});
+  if (attempt.result == OpenResult::Ok) lock.RememberStore();
+  return attempt;
+}
+
+std::unique_ptr<SqliteRegistry> SqliteRegistry::Repair(const std::string& file, Log& log) {
   const OpeningLock lock(file, LOCK_EX);
   // Another program may have been faster.
-  Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
-  OpenedRegistry opened;
+  Attempt attempt = TryFile(file, log, lock);
   if (attempt.result == OpenResult::Damaged || attempt.result == OpenResult::Newer) {
     attempt.registry.reset();
     const bool newer = attempt.result == OpenResult::Newer;
     const std::string aside = FreeName(file, newer ? "neuere-version" : "beschaedigt");
-    if (!SetAside(file, aside, log)) return opened;
-    opened.lost = true;
-    opened.notice = SetAsideNotice(newer, aside);
-    attempt = Try(log, file, &SqliteRegistry::Connect);
+    if (!SetAside(file, aside, log)) return nullptr;
+    CloseStore(file);
+    attempt = Try(log, file, &SqliteRegistry::Connect,
+                  {.written = false, .lossNotice = SetAsideNotice(newer, aside)});
   }
-  if (attempt.result == OpenResult::Ok) opened.registry = std::move(attempt.registry);
-  return opened;
+  return attempt.result == OpenResult::Ok ? std::move(attempt.registry) : nullptr;
 }
 
-OpenedRegistry SqliteRegistry::OpenFile(const std::string& file, Log& log) {
-  OpenedRegistry opened;
-  if (!CanWriteBeside(file)) return opened;
+std::unique_ptr<SqliteRegistry> SqliteRegistry::OpenFile(const std::string& file, Log& log) {
+  if (!CanWriteBeside(file)) return nullptr;
   {
     const OpeningLock lock(file, LOCK_SH);
-    Attempt attempt = Try(log, file, &SqliteRegistry::Connect);
-    if (attempt.result == OpenResult::Ok) opened.registry = std::move(attempt.registry);
-    if (attempt.result == OpenResult::Ok || attempt.result == OpenResult::Inaccessible) return opened;
+    Attempt attempt = TryFile(file, log, lock);
+    if (attempt.result == OpenResult::Ok) return std::move(attempt.registry);
+    if (attempt.result == OpenResult::Inaccessible) return nullptr;
   }
   return Repair(file, log);
 }
 
-std::unique_ptr<SqliteRegistry> SqliteRegistry::OpenInMemory(const std::string& file, Log& log) {
+std::unique_ptr<SqliteRegistry> SqliteRegistry::CopyOf(const std::string& file, Log& log) {
   std::error_code error;
-  if (fs::is_regular_file(file, error)) {
-    // The second form reads a store whose folder allows no lock file beside it.
-    for (const std::string& name : {file, ImmutableUri(file)}) {
-      Attempt attempt = Try(log, name, &SqliteRegistry::ConnectToCopy);
-      if (attempt.result == OpenResult::Ok) return std::move(attempt.registry);
-    }
-  }
-  return std::move(Try(log, kMemory, &SqliteRegistry::Connect).registry);
+  if (!fs::is_regular_file(file, error) || WasEmptied(file)) return nullptr;
+  const Past past{.written = WasWritten(file), .lossNotice = {}};
+  Attempt attempt = Try(log, file, &SqliteRegistry::ConnectToCopy, past);
+  if (attempt.result == OpenResult::Ok) return std::move(attempt.registry);
+  // The second form reads a store whose folder allows no lock file beside it, without the latest changes.
+  if (HasLog(file)) return nullptr;
+  attempt = Try(log, ImmutableUri(file), &SqliteRegistry::ConnectToCopy, past);
+  return attempt.result == OpenResult::Ok ? std::move(attempt.registry) : nullptr;
+}
+
+std::unique_ptr<SqliteRegistry> SqliteRegistry::OpenInMemory(const std::string& file, Log& log) {
+  std::unique_ptr<SqliteRegistry> registry = CopyOf(file, log);
+  const bool unreadable = registry == nullptr && MayExist(file);
+  if (registry == nullptr) registry = std::move(Try(log, kMemory, &SqliteRegistry::Connect, {}).registry);
+  registry->unreadable_ = unreadable;
+  registry->lasting_ = false;
+  return registry;
 }
 
 OpenedRegistry SqliteRegistry::Open(const std::string& file, Log& log) {
-  OpenedRegistry opened = OpenFile(file, log);
-  if (opened.registry != nullptr) return opened;
-  opened.registry = OpenInMemory(file, log);
+  OpenedRegistry opened;
+  opened.registry = OpenFile(file, log);
+  if (opened.registry == nullptr) opened.registry = OpenInMemory(file, log);
+  const SqliteRegistry& registry = *opened.registry;
+  opened.notice =
+      registry.unreadable_ ? UnreadableNotice(file) : opened.registry->Remembered(kUnreadNotice).value_or("");
+  opened.lost = !opened.notice.empty();
+  if (registry.lasting_) return opened;
   opened.notice += opened.notice.empty() ? "" : "\n\n";
   opened.notice +=
       "Die Einstellungen können nicht gespeichert werden; Änderungen gelten nur bis zum Programmende.";
   return opened;
+}
+
+std::optional<std::string> SqliteRegistry::Remembered(std::string_view what) {
+  Statement use(readValue_.get());
+  if (use.Text("").Text(what).Step() != SQLITE_ROW) return std::nullopt;
+  return use.Column(1);
+}
+
+void SqliteRegistry::ConfirmLoss() {
+  (void)Transact(
+      [&] { return Statement(deleteValue_.get()).Text("").Text(kUnreadNotice).Step() == SQLITE_DONE; });
+}
+
+RegistryState SqliteRegistry::State() const {
+  if (unreadable_ || readFailed_) return RegistryState::Unreadable;
+  return replacesLost_ ? RegistryState::Replaced : RegistryState::Whole;
 }
 
 bool SqliteRegistry::Run(sqlite3_stmt* statement, std::string_view what) {
@@ -375,16 +384,27 @@ bool SqliteRegistry::Run(sqlite3_stmt* statement, std::string_view what) {
 
 template <typename Changes>
 bool SqliteRegistry::Transact(const Changes& changes) {
+  if (together_) return changes();
   if (!Run(begin_.get(), "Schreiben beginnen")) return false;
   if (changes() && Run(commit_.get(), "Schreiben abschließen")) return true;
   sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
   return false;
 }
 
+bool SqliteRegistry::Together(const std::function<bool()>& changes) {
+  return Transact([&] {
+    const bool outer = std::exchange(together_, true);
+    const bool done = changes();
+    together_ = outer;
+    return done;
+  });
+}
+
 bool SqliteRegistry::Exists(const std::string& folded) {
   if (folded.find('\\') == std::string::npos) return true;  // a hive
   const int code = Statement(findKey_.get()).Text(folded).Step();
-  if (code != SQLITE_ROW && code != SQLITE_DONE) LogProblem("Schlüssel suchen");
+  readFailed_ = code != SQLITE_ROW && code != SQLITE_DONE;
+  if (readFailed_) LogProblem("Schlüssel suchen");
   return code == SQLITE_ROW;
 }
 
@@ -428,7 +448,8 @@ std::vector<std::string> SqliteRegistry::Names(sqlite3_stmt* statement, const st
   use.Text(folded);
   int code = use.Step();
   for (; code == SQLITE_ROW; code = use.Step()) names.push_back(use.Column(0));
-  if (code != SQLITE_DONE) LogProblem("Namen lesen");
+  readFailed_ = code != SQLITE_DONE;
+  if (readFailed_) LogProblem("Namen lesen");
   return names;
 }
 
@@ -451,8 +472,9 @@ std::optional<RegistryValue> SqliteRegistry::ReadValue(RegistryHive hive, std::s
   const std::string folded = FoldCase(name);
   Statement use(readValue_.get());
   const int code = use.Text(key).Text(folded).Step();
+  readFailed_ = code != SQLITE_ROW && code != SQLITE_DONE;
   if (code == SQLITE_ROW) return RegistryValue{static_cast<RegistryType>(use.NumberColumn(0)), use.Column(1)};
-  if (code != SQLITE_DONE) LogProblem("Wert lesen");
+  if (readFailed_) LogProblem("Wert lesen");
   return std::nullopt;
 }
 

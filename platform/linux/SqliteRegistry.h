@@ -13,9 +13,11 @@ namespace lorelin {
 
 class SqliteRegistry;
 
+class OpeningLock;
+
 // The registry as it could be opened. `notice` is a German text for the user when it is not the one that was
-// asked for; `lost` says that settings were lost, which a person has to be told of before anything else
-// happens.
+// asked for; `lost` says that settings were lost or cannot be read, which a person has to be told of before
+// anything else happens.
 struct OpenedRegistry {
   std::unique_ptr<SqliteRegistry> registry;
   std::string notice;
@@ -27,8 +29,8 @@ struct OpenedRegistry {
 class SqliteRegistry final : public Registry {
  public:
   // Opens or creates the store. A damaged file, or one of a newer version, is set aside under a new name
-  // beside the old one. Where nothing can be written the settings live in memory, beginning with those of a
-  // store that can be read.
+  // beside the old one; the notice of it comes with every opening until the loss is confirmed. Where nothing
+  // can be written the settings live in memory, beginning with those of a store that can be read.
   [[nodiscard]] static OpenedRegistry Open(const std::string& file, Log& log);
 
   ~SqliteRegistry() override;
@@ -45,6 +47,10 @@ class SqliteRegistry final : public Registry {
   bool WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
                   const RegistryValue& value) override;
   bool DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) override;
+  [[nodiscard]] RegistryState State() const override;
+  [[nodiscard]] bool IsLasting() const override { return lasting_; }
+  bool Together(const std::function<bool()>& changes) override;
+  void ConfirmLoss() override;
 
  private:
   class Statement;
@@ -63,11 +69,19 @@ class SqliteRegistry final : public Registry {
   };
   using Connection = OpenResult (SqliteRegistry::*)(const std::string& name);
 
+  // What is known of the store before it is opened.
+  struct Past {
+    bool written = false;    // there has been one in its place
+    std::string lossNotice;  // of the one that a new one replaces
+  };
+
   explicit SqliteRegistry(Log& log) : log_(log) {}
 
-  static Attempt Try(Log& log, const std::string& name, Connection connection);
-  static OpenedRegistry OpenFile(const std::string& file, Log& log);
-  static OpenedRegistry Repair(const std::string& file, Log& log);
+  static Attempt Try(Log& log, const std::string& name, Connection connection, Past past);
+  static Attempt TryFile(const std::string& file, Log& log, const OpeningLock& lock);
+  static std::unique_ptr<SqliteRegistry> OpenFile(const std::string& file, Log& log);
+  static std::unique_ptr<SqliteRegistry> Repair(const std::string& file, Log& log);
+  static std::unique_ptr<SqliteRegistry> CopyOf(const std::string& file, Log& log);
   static std::unique_ptr<SqliteRegistry> OpenInMemory(const std::string& file, Log& log);
   OpenResult OpenDatabase(const std::string& name, int flags);
   OpenResult Connect(const std::string& name);
@@ -84,8 +98,16 @@ class SqliteRegistry final : public Registry {
   [[nodiscard]] bool Exists(const std::string& folded);
   std::vector<std::string> Names(sqlite3_stmt* statement, const std::string& folded);
   void LogProblem(std::string_view what);
+  // What this store knows of the one that it replaces.
+  [[nodiscard]] std::optional<std::string> Remembered(std::string_view what);
 
   Log& log_;
+  Past past_;
+  bool replacesLost_ = false;
+  bool unreadable_ = false;  // there is a store, but this one is empty
+  bool readFailed_ = false;
+  bool lasting_ = true;
+  bool together_ = false;
   // The statements go before the database.
   std::unique_ptr<sqlite3, DatabaseCloser> database_;
   Prepared begin_, commit_, readValue_, writeValue_, deleteValue_, deleteValues_, findKey_, insertKey_,

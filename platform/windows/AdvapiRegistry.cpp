@@ -64,10 +64,15 @@ class Key {
   HKEY key_ = nullptr;
 };
 
-Key Opened(RegistryHive hive, std::string_view path, REGSAM access) {
+Key Opened(RegistryHive hive, std::string_view path, REGSAM access, LSTATUS* outcome = nullptr) {
   HKEY key = nullptr;
-  if (RegOpenKeyExW(RootOf(hive), KeyPath(path).c_str(), 0, access, &key) != ERROR_SUCCESS) return Key();
-  return Key(key);
+  const LSTATUS error = RegOpenKeyExW(RootOf(hive), KeyPath(path).c_str(), 0, access, &key);
+  if (outcome != nullptr) *outcome = error;
+  return Key(error == ERROR_SUCCESS ? key : nullptr);
+}
+
+bool IsMissing(LSTATUS error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
 }
 
 std::pair<Key, LSTATUS> Created(RegistryHive hive, std::string_view path) {
@@ -156,12 +161,14 @@ std::optional<std::vector<std::string>> AdvapiRegistry::ValueNames(RegistryHive 
 
 std::optional<RegistryValue> AdvapiRegistry::ReadValue(RegistryHive hive, std::string_view path,
                                                        std::string_view name) {
-  const Key key = Opened(hive, path, KEY_READ);
+  LSTATUS error = ERROR_SUCCESS;
+  const Key key = Opened(hive, path, KEY_READ, &error);
+  readFailed_ = !key && !IsMissing(error);
   if (!key) return std::nullopt;
   const std::wstring wideName = Wide(name);
   DWORD type = 0;
   DWORD size = 0;
-  LSTATUS error = RegQueryValueExW(key.Handle(), wideName.c_str(), nullptr, &type, nullptr, &size);
+  error = RegQueryValueExW(key.Handle(), wideName.c_str(), nullptr, &type, nullptr, &size);
   std::string bytes;
   // Somebody else may make the value longer meanwhile.
   while (error == ERROR_SUCCESS || error == ERROR_MORE_DATA) {
@@ -170,6 +177,7 @@ std::optional<RegistryValue> AdvapiRegistry::ReadValue(RegistryHive hive, std::s
                              reinterpret_cast<BYTE*>(bytes.data()), &size);
     if (error == ERROR_SUCCESS) break;
   }
+  readFailed_ = error != ERROR_SUCCESS && !IsMissing(error);
   if (error != ERROR_SUCCESS) return std::nullopt;
   bytes.resize(size);
   const auto kind = static_cast<RegistryType>(type);

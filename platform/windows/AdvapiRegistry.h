@@ -23,6 +23,10 @@ class AdvapiRegistry final : public Registry {
                   const RegistryValue& value) override;
   bool DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) override;
 
+  [[nodiscard]] RegistryState State() const override {
+    return readFailed_ ? RegistryState::Unreadable : RegistryState::Whole;
+  }
+
   // Whether a class has been written with another value than it had; the desktop has to be told.
   [[nodiscard]] bool ClassesChanged() const { return classesChanged_; }
 
@@ -31,6 +35,7 @@ class AdvapiRegistry final : public Registry {
 
   Log& log_;
   bool classesChanged_ = false;
+  bool readFailed_ = false;
 };
 
 }  // namespace lorelin

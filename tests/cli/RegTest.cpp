@@ -1,5 +1,6 @@
 #include "cli/reg.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -36,7 +37,7 @@ TEST_F(Reg, AddsAndShows) {
   EXPECT_EQ(Does({"add", "HKCU\\A", "d", "dword:FF"}), "");
   EXPECT_EQ(Does({"add", "HKCU\\A", "b", "hex:41,0A"}), "");
   EXPECT_EQ(Does({"add", "HKCU\\A\\B"}), "");
-  EXPECT_EQ(Does({"query", "HKCU\\A"}), "@=Standard\ns=Größe\nb=hex:41 0A \nd=dword:255\n[HKCU\\A\\B]\n");
+  EXPECT_EQ(Does({"query", "HKCU\\A"}), "@=Standard\ns=Größe\nb=hex:41 0A \nd=dword:FF\n[HKCU\\A\\B]\n");
   EXPECT_EQ(Does({"query", "HKCU\\A", "S"}), "s=Größe\n");
 }
 
@@ -52,6 +53,47 @@ TEST_F(Reg, SaysWhatItRefuses) {
   files.error = ErrorNumber::DiskFull;
   EXPECT_EQ(Does({"export", "HKCU\\A", folder.File("x.reg")}),
             "! „" + folder.File("x.reg") + "“ ließ sich nicht schreiben.");
+}
+
+TEST_F(Reg, RefusesChangesThatWouldBeForgotten) {
+  (void)Does({"add", "HKCU\\A", "n", "x"});
+  registry.lasting = false;
+  const std::string refusal = "! Nichts wurde geändert: Der Speicher lässt sich nicht beschreiben.";
+  EXPECT_EQ(Does({"add", "HKCU\\A", "n", "y"}), refusal);
+  EXPECT_EQ(Does({"delete", "HKCU\\A", "n"}), refusal);
+  const std::string file = folder.File("x.reg");
+  WriteFile(file, "REGEDIT4\r\n[HKCU\\A]\r\n\"n\"=\"z\"\r\n");
+  EXPECT_EQ(Does({"import", file}), refusal);
+  EXPECT_EQ(Does({"query", "HKCU\\A"}), "n=x\n");
+}
+
+TEST_F(Reg, DoesNotTakeWhatCannotBeReadForMissing) {
+  registry.state = RegistryState::Unreadable;
+  EXPECT_EQ(Does({"query", "HKCU\\A"}), "! Der Speicher lässt sich nicht lesen.");
+  EXPECT_EQ(Does({"export", "HKCU\\A", folder.File("x.reg")}), "! Der Speicher lässt sich nicht lesen.");
+}
+
+TEST_F(Reg, SaysWhenTheDiskIsFull) {
+  registry.writesUntilFull = 0;
+  EXPECT_THAT(Does({"add", "HKCU\\A", "n", "x"}), testing::StartsWith("! "));
+  const std::string file = folder.File("x.reg");
+  WriteFile(file, "REGEDIT4\r\n[HKCU\\A]\r\n\"n\"=\"z\"\r\n");
+  EXPECT_EQ(Does({"import", file}),
+            file + ":3: Der Wert ließ sich nicht schreiben.\n! Eine Zeile wurde nicht eingelesen.");
+}
+
+TEST_F(Reg, ShowsNumbersAsTheyAreTypedIn) {
+  for (const auto* const number : {"dword:0", "dword:FF", "dword:DEADBEEF"}) {
+    (void)Does({"add", "HKCU\\A", "d", number});
+    EXPECT_EQ(Does({"query", "HKCU\\A", "d"}), std::string("d=") + number + "\n");
+  }
+}
+
+TEST_F(Reg, ComparesNamesInAllItsWordsAlike) {
+  (void)Does({"add", "HKCU\\A", "Größe", "x"});
+  EXPECT_EQ(Does({"query", "HKCU\\A", "GRÖßE"}), "Größe=x\n");
+  EXPECT_EQ(Does({"delete", "HKCU\\A", "gRÖße"}), "");
+  EXPECT_EQ(Does({"query", "HKCU\\A"}), "");
 }
 
 TEST_F(Reg, KnowsItsWords) {
@@ -76,12 +118,16 @@ TEST_F(Reg, NamesTheLinesThatItDidNotUnderstand) {
   const std::string file = folder.File("x.reg");
   WriteFile(file, "REGEDIT4\r\n[HKCU\\A]\r\nUnsinn\r\n\"n\"=\"x\"\r\n");
   EXPECT_EQ(Does({"import", file}),
-            file +
-                ":3: Die Zeile ist weder Schlüssel noch Wert.\n! Eine Zeile wurde nicht "
-                "verstanden; alle anderen sind eingelesen.");
+            file + ":3: Die Zeile ist weder Schlüssel noch Wert.\n! Eine Zeile wurde nicht eingelesen.");
   EXPECT_EQ(Does({"query", "HKCU\\A"}), "n=x\n");
   WriteFile(file, "x");
-  EXPECT_EQ(Does({"import", file}), "! „" + file + "“ beginnt nicht mit REGEDIT4; nichts wurde eingelesen.");
+  EXPECT_EQ(Does({"import", file}),
+            "! Aus „" + file + "“ wurde nichts eingelesen: Die Datei beginnt nicht mit REGEDIT4.");
+  WriteFile(file, "REGEDIT4\n\n[HKCU\\A]\n\"n\"=\"y\"\n");
+  EXPECT_EQ(Does({"import", file}), "! Aus „" + file +
+                                        "“ wurde nichts eingelesen: Die Zeilen enden mit LF; dieses Format "
+                                        "verlangt CR LF.");
+  EXPECT_EQ(Does({"query", "HKCU\\A"}), "n=x\n");
 }
 
 }  // namespace

@@ -62,8 +62,46 @@ TEST_F(DamagedStore, IsLeftAloneWhenItIsWhole) {
   EXPECT_FALSE(IsSetAside(good));
 }
 
-TEST_F(DamagedStore, IsANewOneWhenItIsEmpty) {
+TEST_F(DamagedStore, IsANewOneWhenItWasNeverWritten) {
   EXPECT_FALSE(IsSetAside(""));
+  EXPECT_EQ(SqliteRegistry::Open(file, log).registry->State(), RegistryState::Whole);
+}
+
+TEST_F(DamagedStore, IsSetAsideWhenItWasEmptied) {
+  WriteFile(file, "");
+  const auto opened = SqliteRegistry::Open(file, log);
+  EXPECT_TRUE(opened.lost);
+  EXPECT_EQ(SetAsideFiles().size(), 1U);
+  EXPECT_EQ(opened.registry->State(), RegistryState::Replaced);
+}
+
+TEST_F(DamagedStore, IsSetAsideWhenNothingIsLeftButItsHeader) {
+  fs::remove(file);
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+  sqlite3_exec(database, "PRAGMA journal_mode = WAL; CREATE TABLE x (y); DROP TABLE x", nullptr, nullptr,
+               nullptr);
+  sqlite3_close(database);
+  ASSERT_GT(fs::file_size(file), 0U);
+  EXPECT_TRUE(SqliteRegistry::Open(file, log).lost);
+}
+
+TEST_F(DamagedStore, IsToldOfAtEveryOpeningUntilSomebodyHasReadIt) {
+  WriteFile(file, "Unsinn, und zwar mehr als ein Kopf lang ist. Unsinn, und zwar mehr als ein Kopf.");
+  const std::string notice = SqliteRegistry::Open(file, log).notice;
+  EXPECT_NE(notice.find(SetAsideFiles().at(0)), std::string::npos) << notice;
+  EXPECT_NE(notice.find("Taskscripts sind nicht erlaubt"), std::string::npos) << notice;
+  {
+    const auto opened = SqliteRegistry::Open(file, log);
+    EXPECT_TRUE(opened.lost);
+    EXPECT_EQ(opened.notice, notice);
+    opened.registry->ConfirmLoss();
+  }
+  const auto opened = SqliteRegistry::Open(file, log);
+  EXPECT_FALSE(opened.lost);
+  EXPECT_EQ(opened.notice, "");
+  EXPECT_EQ(opened.registry->State(), RegistryState::Replaced);
+  EXPECT_EQ(SetAsideFiles().size(), 1U);
 }
 
 TEST_F(DamagedStore, IsSetAsideWhereverItWasCutOff) {

@@ -1,10 +1,13 @@
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
+#include "settings/modSettings.h"
 #include "tests/e2e/storeProcesses.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -82,6 +85,102 @@ TEST_F(UnwritableHome, WithoutAStoreBeginsWithTheDefaults) {
               return WriteText(*opened.registry, "Stimme", "5") ? 0 : 4;
             })),
             0);
+}
+
+// What a store says that is there but cannot be seen: 0 when all is as it has to be.
+int JudgeUnreadable(const std::string& file) {
+  if (!BecomeNobody()) return 1;
+  FakeLog log;
+  const auto opened = SqliteRegistry::Open(file, log);
+  if (!opened.lost || opened.notice.find("nicht gelesen") == std::string::npos) return 2;
+  if (opened.registry->State() != RegistryState::Unreadable || opened.registry->IsLasting()) return 3;
+  SettingsStore settings(*opened.registry);
+  settings.Save(setting::VTSAllow, "1");
+  return settings.Get(setting::VTSAllow) == "0" && settings.Get(setting::VTSAllowRead) == "0" ? 0 : 4;
+}
+
+TEST_F(UnwritableHome, ForbidsScriptsWhileTheStoreCannotBeRead) {
+  {
+    const auto opened = SqliteRegistry::Open(file, log);
+    SettingsStore(*opened.registry).Save(setting::VTSAllow, "0");
+  }
+  fs::permissions(folder.Path(), fs::perms::all);
+  fs::permissions(fs::path(file).parent_path(), fs::perms::all);
+  fs::permissions(file, fs::perms::none);
+  EXPECT_EQ(ResultOf(Start([&] { return JudgeUnreadable(file); })), 0);
+  fs::permissions(file, fs::perms::all);
+  fs::permissions(fs::path(file).parent_path(), fs::perms::none);
+  EXPECT_EQ(ResultOf(Start([&] { return JudgeUnreadable(file); })), 0);
+  fs::permissions(fs::path(file).parent_path(), fs::perms::owner_all);
+  const auto opened = SqliteRegistry::Open(file, log);
+  EXPECT_EQ(opened.registry->State(), RegistryState::Whole);
+  EXPECT_EQ(SettingsStore(*opened.registry).Get(setting::VTSAllow), "0");
+}
+
+TEST_F(UnwritableHome, ForbidsScriptsWhenTheStoreWasEmptied) {
+  { const auto opened = SqliteRegistry::Open(file, log); }
+  WriteFile(file, "");
+  fs::permissions(file, fs::perms::all);
+  fs::permissions(file + ".lock", fs::perms::all);
+  Protect(kReadOnly);
+  EXPECT_EQ(ResultOf(Start([&] { return JudgeUnreadable(file); })), 0);
+}
+
+// No byte can be written any more, to whatever file.
+void FillDisk() {
+  signal(SIGXFSZ, SIG_IGN);
+  const rlimit nothing{0, RLIM_INFINITY};
+  setrlimit(RLIMIT_FSIZE, &nothing);
+}
+
+TEST_F(UnwritableHome, StillGivesTheStoredSettingsOnAFullDisk) {
+  {
+    const auto opened = SqliteRegistry::Open(file, log);
+    SettingsStore(*opened.registry).Save(setting::VTSAllow, "0");
+  }
+  EXPECT_EQ(ResultOf(Start([&] {
+              FillDisk();
+              const auto opened = SqliteRegistry::Open(file, log);
+              if (opened.registry->IsLasting() || opened.notice.empty()) return 1;
+              return SettingsStore(*opened.registry).Get(setting::VTSAllow) == "0" ? 0 : 2;
+            })),
+            0);
+}
+
+TEST_F(UnwritableHome, StoresAllSettingsOrNoneWhenTheDiskGetsFull) {
+  const auto opened = SqliteRegistry::Open(file, log);
+  SettingsStore store(*opened.registry);
+  ModSettings settings(store);
+  ASSERT_TRUE(settings.ApplySettings({}));
+  ASSERT_TRUE(store.SaveSetting("settings", "viel", std::string(100000, 'x')));
+  EXPECT_EQ(ResultOf(Start([&] {
+              FillDisk();
+              SettingsValues values;
+              values.prefix = "vor";
+              values.allowVTS = false;
+              if (settings.ApplySettings(values)) return 1;
+              return store.Get(setting::Prefix).empty() && store.Get(setting::VTSAllow) == "1" ? 0 : 2;
+            })),
+            0);
+}
+
+TEST_F(UnwritableHome, MakesTheRegistryCommandRefuseChangesOnAFullDisk) {
+  const std::string key = "HKCU\\Software\\Test";
+  const auto command = [&](const std::string& verb, bool full) {
+    return ResultOf(Start([&] {
+      setenv("LORELIN_HOME", folder.Path().c_str(), 1);
+      if (full) FillDisk();
+      execl(LORELIN_BIN_DIR "/lorelin-cli", "lorelin-cli", "reg", verb.c_str(), key.c_str(), "n",
+            verb == "add" ? "x" : nullptr, nullptr);
+      return 127;
+    }));
+  };
+  EXPECT_EQ(command("add", true), 8);
+  EXPECT_EQ(command("query", true), 8);
+  EXPECT_EQ(command("add", false), 0);
+  EXPECT_EQ(command("query", true), 0);
+  EXPECT_EQ(command("delete", true), 8);
+  EXPECT_EQ(command("query", false), 0);
 }
 
 // The whole program: the text is still read into the file that the user may write.

@@ -98,6 +98,29 @@ TEST_F(ProgramFolders, LieTogetherWhereAPersonWantsThem) {
   EXPECT_EQ(ReadFile(folder.File("stick/lorelin/hypertext/home.htm")), "Start");
 }
 
+TEST_F(ProgramFolders, AreClosedToOthersWhenTheyAreTheProgramsOwn) {
+  const auto permissionsOf = [&](const std::string& name) {
+    variables = {{"LORELIN_HOME", folder.File(name)}};
+    (void)Choose();
+    return fs::status(folder.File(name)).permissions();
+  };
+  const auto open = fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec;
+  const auto make = [&](const std::string& name, fs::perms permissions) {
+    fs::create_directories(folder.File(name));
+    fs::permissions(folder.File(name), permissions);
+  };
+  make("leer", open);
+  EXPECT_EQ(permissionsOf("leer"), fs::perms::owner_all);
+  make("benutzt", open);
+  WriteFile(folder.File("benutzt/registry.sqlite"), "");
+  EXPECT_EQ(permissionsOf("benutzt"), fs::perms::owner_all);
+  make("fremd", open);
+  WriteFile(folder.File("fremd/brief.txt"), "");
+  EXPECT_EQ(permissionsOf("fremd"), open);
+  make("alle", fs::perms::all | fs::perms::sticky_bit);
+  EXPECT_EQ(permissionsOf("alle"), fs::perms::all | fs::perms::sticky_bit);
+}
+
 TEST_F(ProgramFolders, GiveWayToOneOfTheSessionWhereNothingCanBeWritten) {
   fs::create_directories(folder.File("run"));
   variables = {{"XDG_DATA_HOME", Blocked()}, {"XDG_RUNTIME_DIR", folder.File("run")}};

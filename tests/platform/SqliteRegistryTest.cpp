@@ -54,6 +54,26 @@ class SqliteRegistryTest : public testing::Test {
   }
 };
 
+TEST_F(SqliteRegistryTest, IsForItsOwnerAlone) {
+  const auto expectClosed = [&] {
+    for (const std::string& name : {file, file + "-wal", file + "-shm", file + ".lock"}) {
+      EXPECT_EQ(fs::status(name).permissions(), fs::perms::owner_read | fs::perms::owner_write) << name;
+    }
+    EXPECT_EQ(fs::status(fs::path(file).parent_path()).permissions(), fs::perms::owner_all);
+  };
+  {
+    const auto opened = Open();
+    Write(*opened.registry, "eins");
+    expectClosed();
+  }
+  for (const std::string& name : {file, fs::path(file).parent_path().string()}) {
+    fs::permissions(name, fs::perms::all);
+  }
+  const auto opened = Open();
+  Write(*opened.registry, "zwei");
+  expectClosed();
+}
+
 TEST_F(SqliteRegistryTest, KeepsValuesFromOneStartToTheNext) {
   Write(*Open().registry, "eins");
   const auto opened = Open();

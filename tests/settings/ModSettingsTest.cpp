@@ -105,6 +105,24 @@ TEST_F(ModSettingsTest, WantsARestartForTheTitlesOnly) {
   EXPECT_FALSE(settings.WantsRestart(values));
 }
 
+TEST_F(ModSettingsTest, StoresNothingWhenTheDiskGetsFullOnTheWay) {
+  settings.ApplySettings({});
+  SettingsValues values;
+  values.prefix = "vor";
+  values.allowVTS = false;
+  values.start = StartOption::LastDocument;
+  for (registry.writesUntilFull = 0; registry.writesUntilFull < 10; ++registry.writesUntilFull) {
+    const int before = registry.writesUntilFull;
+    EXPECT_FALSE(settings.ApplySettings(values)) << before;
+    EXPECT_EQ(Stored("Prefix"), "") << before;
+    EXPECT_EQ(Stored("VTSAllow"), "1") << before;
+    registry.writesUntilFull = before;
+  }
+  registry.writesUntilFull = 10;
+  EXPECT_TRUE(settings.ApplySettings(values));
+  EXPECT_EQ(Stored("ShowLastDoc"), "1");
+}
+
 TEST_F(ModSettingsTest, TakesTheMailProgramOnlyByTheExactWord) {
   store.SaveSetting("Extension Settings", "LaunchMailProgram", "True");
   EXPECT_FALSE(settings.GetSettings().launchMailProgram);

@@ -231,6 +231,24 @@ TEST_F(RegistryAccess, ImportsDeletions) {
   EXPECT_TRUE(access.ImportProblems().empty());
 }
 
+TEST_F(RegistryAccess, ImportsValuesBelowADeletionIntoTheKeyBeforeIt) {
+  access.WriteString("HKCU\\Weg", "s", "x");
+  ASSERT_TRUE(Import("REGEDIT4\r\n[HKCU\\A]\r\n[-HKCU\\Weg]\r\n\"s\"=\"y\"\r\n"));
+  EXPECT_FALSE(access.KeyExists("HKCU\\Weg"));
+  EXPECT_EQ(access.ReadString("HKCU\\A", "s"), "y");
+  EXPECT_TRUE(access.ImportProblems().empty());
+}
+
+TEST_F(RegistryAccess, NamesFilesWithOtherLineEnds) {
+  EXPECT_FALSE(Import("REGEDIT4\n[HKCU\\A]\n\"s\"=\"x\"\n"));
+  ASSERT_EQ(access.ImportProblems().size(), 1U);
+  EXPECT_EQ(access.ImportProblems()[0].reason, "Die Zeilen enden mit LF; dieses Format verlangt CR LF.");
+  EXPECT_TRUE(Import("REGEDIT4\r\n[HKCU\\A]\n\"s\"=\"[x]\"\n"));
+  ASSERT_EQ(access.ImportProblems().size(), 1U);
+  EXPECT_EQ(access.ImportProblems()[0].reason, "Die Zeile endet mit LF; dieses Format verlangt CR LF.");
+  EXPECT_FALSE(access.KeyExists("HKCU\\A"));
+}
+
 TEST_F(RegistryAccess, ImportsValuesOfEveryKind) {
   ASSERT_TRUE(Import(
       "REGEDIT4\r\n\r\n  [HKCU\\A]  \r\n@=\"d\"\r\n\"b\"=HEX:41,0a\r\n\"n\"=DWORD:ff\r\n;\"x\"=\"y\"\r\n"));

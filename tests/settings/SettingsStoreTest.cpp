@@ -1,5 +1,6 @@
 #include "settings/SettingsStore.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -70,6 +71,30 @@ TEST_F(Settings, AreOverriddenWithoutBeingStored) {
   EXPECT_EQ(SettingsStore(registry).Get(setting::Speed), "30");
   settings.Save(setting::Speed, "40");
   EXPECT_EQ(settings.Get(setting::Speed), "40");
+}
+
+TEST_F(Settings, ForbidScriptsWhileTheyCannotBeRead) {
+  settings.Save(setting::VTSAllow, "1");
+  registry.state = RegistryState::Unreadable;
+  EXPECT_EQ(settings.Get(setting::VTSAllow), "0");
+  EXPECT_EQ(settings.Get(setting::VTSAllowRead), "0");
+  EXPECT_EQ(settings.GetSetting("settings", "vtsallowdownload", "1"), "0");
+  EXPECT_EQ(settings.Get(setting::ShowWB), "1");
+  EXPECT_EQ(settings.WhyForbidden(), "Die Einstellungen können nicht gelesen werden.");
+  registry.state = RegistryState::Whole;
+  EXPECT_EQ(settings.Get(setting::VTSAllow), "1");
+  EXPECT_EQ(settings.WhyForbidden(), "");
+}
+
+TEST_F(Settings, ForbidScriptsAfterALossUntilSomebodyAllowsThem) {
+  registry.state = RegistryState::Replaced;
+  EXPECT_EQ(settings.Get(setting::VTSAllow), "0");
+  EXPECT_EQ(settings.Get(setting::VTSAllowRead), "0");
+  EXPECT_THAT(settings.WhyForbidden(), testing::HasSubstr("wieder zu"));
+  settings.Save(setting::VTSAllow, "1");
+  EXPECT_EQ(settings.Get(setting::VTSAllow), "1");
+  EXPECT_EQ(settings.WhyForbidden(), "");
+  EXPECT_EQ(settings.Get(setting::VTSAllowRead), "0");
 }
 
 TEST(Switches, AreOnForTheirExactWordOnly) {

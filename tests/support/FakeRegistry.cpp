@@ -62,10 +62,19 @@ std::optional<RegistryValue> FakeRegistry::ReadValue(RegistryHive hive, std::str
 
 bool FakeRegistry::WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
                               const RegistryValue& value) {
+  if (writesUntilFull == 0) return false;
+  if (writesUntilFull > 0) --writesUntilFull;
   Value& stored =
       Find(hive, path, true)->values.try_emplace(FoldCase(name), Value{std::string(name), {}}).first->second;
   stored.value = value;
   return true;
+}
+
+bool FakeRegistry::Together(const std::function<bool()>& changes) {
+  const auto before = hives_;
+  if (changes()) return true;
+  hives_ = before;
+  return false;
 }
 
 bool FakeRegistry::DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) {

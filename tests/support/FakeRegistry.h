@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -20,6 +21,15 @@ class FakeRegistry final : public Registry {
   bool WriteValue(RegistryHive hive, std::string_view path, std::string_view name,
                   const RegistryValue& value) override;
   bool DeleteValue(RegistryHive hive, std::string_view path, std::string_view name) override;
+  [[nodiscard]] RegistryState State() const override { return state; }
+  [[nodiscard]] bool IsLasting() const override { return lasting; }
+  bool Together(const std::function<bool()>& changes) override;
+  void ConfirmLoss() override { ++confirmed; }
+
+  RegistryState state = RegistryState::Whole;
+  bool lasting = true;
+  int writesUntilFull = -1;  // how many values can still be written; negative: as many as one likes
+  int confirmed = 0;
 
  private:
   struct Value {
