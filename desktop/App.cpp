@@ -23,6 +23,7 @@
 #include "documents/Recovery.h"
 #include "ports/Platform.h"
 #include "speech/SpeechModules.h"
+#include "speech/temporaryFiles.h"
 
 namespace lorelin {
 
@@ -85,7 +86,10 @@ class App::Program {
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
     form_->Attach(&modules_);
-    services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
+    spoken_.extensions.WhileWaiting({.clock = *services_.clock, .tell = Notice(), .turn = [] {
+                                       WxEventPump::Repaint();
+                                       return !WxEventPump::EscapeIsWaiting();
+                                     }});
     messageBoxes_.SetParent(form_.get());
     fileDialogs_.SetParent(form_.get());
     voiceDialogs_.SetParent(form_.get());
@@ -116,7 +120,11 @@ class App::Program {
                                                   .programDrawing = IconSource("lorelin"),
                                                   .scriptDrawing = IconSource("vts")});
             },
-        .loadMainWindow = [this] { modules_.window.Load(); },
+        .loadMainWindow =
+            [this] {
+              temporaryFiles_.areOurs = true;
+              modules_.window.Load();
+            },
         .textmode = [this] { modules_.window.Textmode(); }};
     return Main(parts, commandLine) == StartResult::Started;
   }
@@ -154,6 +162,7 @@ class App::Program {
       return;
     }
     messageBoxes_.Show(services_.registryNotice, "Lorelin", MessageIcon::Exclamation, MessageButtons::Ok);
+    services_.registry->ConfirmLoss();
   }
 
   // A routine that waits somewhere down the stack cannot be unwound; then the engines are let go and the
@@ -166,12 +175,25 @@ class App::Program {
       voice_.reset();
       voice2_.reset();
       services_.registry.reset();
+      temporaryFiles_.Remove();
       std::_Exit(EXIT_SUCCESS);
     }
     wxTheApp->ExitMainLoop();
   }
 
+  // What was read aloud does not stay on the disk. An instance that was refused must not take away the files
+  // of the one that runs.
+  struct TemporaryFiles {
+    PlatformServices& services;
+    bool areOurs = false;
+    void Remove() const {
+      if (areOurs) RemoveTemporaryFiles(services.paths.programFolder, *services.fileSearch, *services.log);
+    }
+    ~TemporaryFiles() { Remove(); }
+  };
+
   PlatformServices services_;
+  TemporaryFiles temporaryFiles_{services_};  // goes after the engines
   WxEventPump pump_;
   WxMessageBoxes messageBoxes_;
   WxFileDialogs fileDialogs_{messageBoxes_};

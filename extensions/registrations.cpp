@@ -11,6 +11,16 @@ std::string KeyOf(std::string_view name) {
 
 }  // namespace
 
+bool IsActive(std::string_view active) {
+  return active == "true";
+}
+bool IsActiveForExport(std::string_view active) {
+  return active.find("true") != std::string_view::npos;
+}
+bool IsActiveForFilter(std::string_view active) {
+  return LowerAscii(WithoutBlanks(active)).starts_with("true");
+}
+
 std::vector<Registration> Registrations::List() {
   std::vector<std::string> names;
   std::size_t count = 0;

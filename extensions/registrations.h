@@ -12,12 +12,19 @@ namespace lorelin {
 inline constexpr std::string_view kExtensionRoot =
     "HKEY_CURRENT_USER\\Software\\VB and VBA Program Settings\\Lorelin\\Extensions";
 
+// The hooks read the value `Active` in different ways. All but the two that follow call an extension when it
+// is exactly "true".
+[[nodiscard]] bool IsActive(std::string_view active);
+[[nodiscard]] bool IsActiveForExport(std::string_view active);
+[[nodiscard]] bool IsActiveForFilter(std::string_view active);
+
 struct Registration {
   std::string name;  // of the subkey
   std::string objectName;
   std::string active;
 
-  [[nodiscard]] bool IsActive() const { return active == "true"; }
+  // Whether any hook calls it.
+  [[nodiscard]] bool IsCalled() const { return IsActiveForExport(active) || IsActiveForFilter(active); }
 };
 
 // What the extension manager does with the registrations. User-interface thread only.

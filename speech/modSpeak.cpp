@@ -12,6 +12,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/textEncoding.h"
+#include "speech/temporaryFiles.h"
 
 namespace lorelin {
 namespace {
@@ -82,7 +83,11 @@ void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, 
   } else {
     SetWaveFile(waveFile);
   }
-  if (filter) text = parts_.extensions.FilterText(text);
+  if (filter) {
+    std::optional<std::string> filtered = parts_.extensions.FilterText(text);
+    if (!filtered) return;
+    text = std::move(*filtered);
+  }
   if (WithoutBlanks(text).empty()) text = parts_.document.Text();
   text = Decorate(text);
   ResetBoth();
@@ -229,7 +234,7 @@ void ModSpeak::ReadFromCursor() {
 
 void ModSpeak::SetWaveFile(const std::string& path) {
   if (path.empty()) {
-    RemoveFile(TempWavPath());
+    RemoveTemporaryFile(TempWavPath(), parts_.log);
     tempWavNumber_ = RandomBetween(1, 31000);
   }
   parts_.voice2.SetWaveFile(path.empty() ? TempWavPath() : path);
@@ -240,16 +245,7 @@ std::string ModSpeak::TempWavPath() const {
 }
 
 void ModSpeak::ClearTempFolder() {
-  for (const std::string& name :
-       parts_.fileSearch.FilesMatching(JoinPath(parts_.programFolder, {"temp", "*.*"}))) {
-    RemoveFile(JoinPath(parts_.programFolder, {"temp", name}));
-  }
-}
-
-void ModSpeak::RemoveFile(const std::string& path) {
-  std::error_code error;
-  std::filesystem::remove(NativePath(path), error);
-  if (error) parts_.log.Write(path + " bleibt: " + error.message());
+  RemoveTemporaryFiles(parts_.programFolder, parts_.fileSearch, parts_.log);
 }
 
 std::int32_t ModSpeak::RandomBetween(std::int32_t low, std::int32_t high) {

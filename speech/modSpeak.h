@@ -56,7 +56,8 @@ class ModSpeak {
   // Reads `text` aloud; a blank text stands for the whole document. On return `text` is what the engine was
   // given: prefix, suffix and placeholders applied. `wait` returns only when the speech has ended. `waveFile`
   // is "-1" (keep the current wave file), "" (a new temporary one) or a path. `filter` passes the text
-  // through the extensions. Throws RuntimeError 6 when a stored percentage or voice number overflows, 13 when
+  // through the extensions; when the user gives that up nothing is read. Throws RuntimeError 6 when a stored
+  // percentage or voice number overflows, 13 when
   // one is no number; what the engine throws goes to the caller too. Does nothing while the program is
   // loading.
   void Speak(std::string& text, bool wait, const std::string& waveFile, bool filter);
@@ -90,7 +91,6 @@ class ModSpeak {
 
  private:
   [[nodiscard]] std::string Decorate(const std::string& text) const;
-  void RemoveFile(const std::string& path);
   void ResetBoth();
   void ApplyVoice();
   void ApplyParameters();

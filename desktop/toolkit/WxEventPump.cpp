@@ -5,11 +5,14 @@
 #include <wx/evtloop.h>
 #ifdef __WXMSW__
 #include <wx/msw/wrapwin.h>
+#else
+#include <gdk/gdk.h>
 #endif
 
 #include <exception>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace lorelin {
 namespace {
@@ -48,7 +51,28 @@ void WxEventPump::Repaint() {
   wxTheApp->ResumeProcessingOfPendingEvents();
 }
 
+bool WxEventPump::EscapeIsWaiting() {
+  MSG message{};
+  return PeekMessageW(&message, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_NOREMOVE) != FALSE &&
+         message.wParam == VK_ESCAPE;
+}
+
 #else
+
+// There is no look at more than the first event of the queue, so all are taken out and put back.
+bool WxEventPump::EscapeIsWaiting() {
+  GdkDisplay* const display = gdk_display_get_default();
+  if (display == nullptr) return false;
+  std::vector<GdkEvent*> events;
+  while (GdkEvent* const event = gdk_display_get_event(display)) events.push_back(event);
+  bool found = false;
+  for (GdkEvent* const event : events) {
+    found = found || (event->type == GDK_KEY_PRESS && event->key.keyval == GDK_KEY_Escape);
+    gdk_display_put_event(display, event);
+    gdk_event_free(event);
+  }
+  return found;
+}
 
 void WxEventPump::Repaint() {
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();

@@ -13,6 +13,8 @@ class WxEventPump final : public EventPump {
   void RunPendingEvents() override;
   // Draws what has to be drawn; input and posted tasks wait, timers may tick.
   static void Repaint();
+  // Whether the user has pressed Esc and nobody has seen it yet; the key stays where it is.
+  [[nodiscard]] static bool EscapeIsWaiting();
   void Post(std::function<void()> task) override;
   // Whether a routine waits for something at the moment.
   [[nodiscard]] bool IsWaiting() const { return depth_ > 0; }

@@ -1,6 +1,7 @@
 #include "platform/linux/DBusAutomation.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <future>
 #include <string>
@@ -22,24 +23,33 @@ struct VariantDeleter {
 };
 using Variant = std::unique_ptr<GVariant, VariantDeleter>;
 
+struct CancellableDeleter {
+  void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }
+};
+using Cancellable = std::unique_ptr<GCancellable, CancellableDeleter>;
+
 struct Answer {
   Variant value;
   std::string errorName;  // of the bus; "" for other failures
   std::string message;    // "" when it worked
 };
 
+using CallFunction = std::function<Answer(GCancellable*)>;
+
 // One call, answered or failed after the time limit at the latest. Runs on any thread.
 Answer Call(GDBusConnection* bus, const std::string& name, const std::string& path,
-            const std::string& interface, const std::string& method, GVariant* arguments) {
+            const std::string& interface, const std::string& method, GVariant* arguments,
+            GCancellable* givenUp) {
   GError* error = nullptr;
   Answer answer;
   answer.value.reset(g_dbus_connection_call_sync(bus, name.c_str(), path.c_str(), interface.c_str(),
                                                  method.c_str(), arguments, nullptr, G_DBUS_CALL_FLAGS_NONE,
-                                                 kTimeout, nullptr, &error));
+                                                 kTimeout, givenUp, &error));
   if (error == nullptr) return answer;
   if (gchar* const remote = g_dbus_error_get_remote_error(error); remote != nullptr) {
     answer.errorName = remote;
     g_free(remote);
+    g_dbus_error_strip_remote_error(error);
   }
   answer.message = error->message;
   g_error_free(error);
@@ -53,9 +63,35 @@ bool IsMissing(const std::string& errorName) {
          errorName == "org.freedesktop.DBus.Error.UnknownObject";
 }
 
+// What a person reads. The words of an extension are left as they are.
+std::string Reason(const Answer& answer) {
+  struct Known {
+    std::string_view part;  // of the error's name
+    const char* text;
+  };
+  static constexpr std::array kKnown{
+      Known{"ServiceUnknown", "Unter diesem Namen ist kein Programm angemeldet."},
+      Known{"NameHasNoOwner", "Unter diesem Namen ist kein Programm angemeldet."},
+      Known{"Spawn.", "Das Programm der Erweiterung lässt sich nicht starten."},
+      Known{"NoReply", "Die Erweiterung antwortet nicht."},
+      Known{"Timeout", "Die Erweiterung antwortet nicht."},
+      Known{"TimedOut", "Die Erweiterung antwortet nicht."},
+      Known{"AccessDenied", "Der Sitzungsbus (D-Bus) erlaubt den Aufruf nicht."},
+      Known{"Disconnected", "Die Verbindung zum Sitzungsbus (D-Bus) ist abgebrochen."},
+      Known{"LimitsExceeded", "Der Text ist zu lang für den Sitzungsbus (D-Bus)."}};
+  if (answer.errorName.empty()) return "Die Erweiterung antwortet nicht.";
+  for (const auto& [part, text] : kKnown) {
+    if (answer.errorName.starts_with("org.freedesktop.DBus.") &&
+        answer.errorName.find(part) != std::string::npos) {
+      return text;
+    }
+  }
+  return "Die Erweiterung meldet: " + answer.message;
+}
+
 class DBusObject final : public AutomationObject {
  public:
-  DBusObject(GDBusConnection* bus, std::string name, std::function<Answer(std::function<Answer()>)> wait)
+  DBusObject(GDBusConnection* bus, std::string name, std::function<Answer(CallFunction)> wait)
       : bus_(G_DBUS_CONNECTION(g_object_ref(bus))),
         name_(std::move(name)),
         path_("/" + name_),
@@ -66,18 +102,16 @@ class DBusObject final : public AutomationObject {
   DBusObject(const DBusObject&) = delete;
   DBusObject& operator=(const DBusObject&) = delete;
 
-  std::string Invoke(std::string_view method, std::optional<std::string_view> argument) override {
+  std::optional<std::string> Invoke(std::string_view method,
+                                    std::optional<std::string_view> argument) override {
     if (argument && argument->size() > kLongestArgument) throw RuntimeError(ErrorNumber::AutomationFailed);
     if (!g_dbus_is_member_name(std::string(method).c_str())) throw RuntimeError(ErrorNumber::NoSuchMethod);
     GVariant* const arguments = argument ? TextArgument(*argument) : nullptr;
-    const Answer answer = wait_([this, name = std::string(method), arguments] {
-      return Call(bus_, name_, path_, name_, name, arguments);
+    const Answer answer = wait_([this, name = std::string(method), arguments](GCancellable* givenUp) {
+      return Call(bus_, name_, path_, name_, name, arguments, givenUp);
     });
-    if (!answer.message.empty()) {
-      throw RuntimeError(
-          IsMissing(answer.errorName) ? ErrorNumber::NoSuchMethod : ErrorNumber::AutomationFailed,
-          answer.message);
-    }
+    if (IsMissing(answer.errorName)) throw RuntimeError(ErrorNumber::NoSuchMethod);
+    if (!answer.message.empty()) throw RuntimeError(ErrorNumber::AutomationFailed, Reason(answer));
     return FirstText(answer.value.get());
   }
 
@@ -90,20 +124,20 @@ class DBusObject final : public AutomationObject {
     return arguments;
   }
 
-  static std::string FirstText(GVariant* value) {
-    if (g_variant_n_children(value) == 0) return {};
+  static std::optional<std::string> FirstText(GVariant* value) {
+    if (g_variant_n_children(value) == 0) return std::nullopt;
     const Variant first(g_variant_get_child_value(value, 0));
-    if (!g_variant_is_of_type(first.get(), G_VARIANT_TYPE_STRING)) return {};
+    if (!g_variant_is_of_type(first.get(), G_VARIANT_TYPE_STRING)) return std::nullopt;
     gsize size = 0;
     const gchar* const text = g_variant_get_string(first.get(), &size);
     if (size > kLongestText) throw RuntimeError(ErrorNumber::AutomationFailed, "Die Antwort ist zu lang.");
-    return {text, size};
+    return std::string(text, size);
   }
 
   GDBusConnection* bus_;
   std::string name_;
   std::string path_;
-  std::function<Answer(std::function<Answer()>)> wait_;
+  std::function<Answer(CallFunction)> wait_;
 };
 
 }  // namespace
@@ -138,20 +172,21 @@ std::unique_ptr<AutomationObject> DBusAutomation::CreateObject(std::string_view 
   }
   GDBusConnection* const bus = Connection();
   // The answer is fetched beside the caller, so that its window can be drawn meanwhile.
-  const auto wait = [this](const std::function<Answer()>& call) {
-    std::future<Answer> answer = std::async(std::launch::async, call);
+  const auto wait = [this](const CallFunction& call) {
+    const Cancellable givenUp(g_cancellable_new());
+    std::future<Answer> answer = std::async(std::launch::async, call, givenUp.get());
     while (answer.wait_for(kTurn) != std::future_status::ready) {
-      if (turn_) turn_();
+      if (turn_ && !turn_()) g_cancellable_cancel(givenUp.get());
     }
     return answer.get();
   };
-  const Answer started = wait([bus, &name] {
+  const Answer started = wait([bus, &name](GCancellable* givenUp) {
     return Call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                "StartServiceByName", g_variant_new("(su)", name.c_str(), 0U));
+                "StartServiceByName", g_variant_new("(su)", name.c_str(), 0U), givenUp);
   });
   if (!started.message.empty()) {
     log_.Write(name + ": " + started.message);
-    throw RuntimeError(ErrorNumber::CannotCreateObject, started.message);
+    throw RuntimeError(ErrorNumber::CannotCreateObject, Reason(started));
   }
   return std::make_unique<DBusObject>(bus, name, wait);
 }

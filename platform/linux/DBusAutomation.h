@@ -21,7 +21,7 @@ class DBusAutomation final : public Automation {
   DBusAutomation& operator=(const DBusAutomation&) = delete;
 
   [[nodiscard]] std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) override;
-  void WhileWaiting(const std::function<void()>& turn) override { turn_ = turn; }
+  void WhileWaiting(const std::function<bool()>& turn) override { turn_ = turn; }
 
  private:
   // Throws RuntimeError 429 when there is no bus.
@@ -29,7 +29,7 @@ class DBusAutomation final : public Automation {
 
   Log& log_;
   GDBusConnection* connection_ = nullptr;
-  std::function<void()> turn_;
+  std::function<bool()> turn_;
 };
 
 }  // namespace lorelin

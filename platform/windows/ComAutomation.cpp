@@ -33,12 +33,13 @@ class ComObject final : public AutomationObject {
  public:
   ComObject(Dispatch object, Log& log) : object_(std::move(object)), log_(log) {}
 
-  std::string Invoke(std::string_view method, std::optional<std::string_view> argument) override {
+  std::optional<std::string> Invoke(std::string_view method,
+                                    std::optional<std::string_view> argument) override {
     try {
       const Ticking ticking;
       const auto member = object_.Member(method);
       if (!member) throw RuntimeError(ErrorNumber::NoSuchMethod);
-      if (!argument) return object_.Call(*member).Text();
+      if (!argument) return TextOf(object_.Call(*member));
       return CallWithText(*member, *argument);
     } catch (const ComError& error) {
       log_.Write("Erweiterung, " + std::string(method) + ": " + error.what());
@@ -47,15 +48,20 @@ class ComObject final : public AutomationObject {
   }
 
  private:
+  static std::optional<std::string> TextOf(const Variant& result) {
+    if (result.Raw().vt != VT_BSTR) return std::nullopt;
+    return result.Text();
+  }
+
   // The text goes by reference; what the method makes of it there is its own affair.
-  [[nodiscard]] std::string CallWithText(DISPID member, std::string_view text) const {
+  [[nodiscard]] std::optional<std::string> CallWithText(DISPID member, std::string_view text) const {
     const std::wstring wide = Wide(text);
     BSTR value = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
     std::vector<Variant> arguments(1);
     arguments[0].Raw().vt = VT_BSTR | VT_BYREF;
     arguments[0].Raw().pbstrVal = &value;
     try {
-      std::string result = object_.Call(member, std::move(arguments)).Text();
+      auto result = TextOf(object_.Call(member, std::move(arguments)));
       SysFreeString(value);
       return result;
     } catch (...) {
@@ -96,7 +102,7 @@ class ComAutomation::Patience final : public Counted<IMessageFilter> {
   }
   DWORD STDMETHODCALLTYPE MessagePending(HTASK, DWORD elapsed, DWORD) override {
     if (elapsed > kLongestCall) return PENDINGMSG_CANCELCALL;
-    if (owner_ != nullptr && owner_->work_) owner_->work_();
+    if (owner_ != nullptr && owner_->work_ && !owner_->work_()) return PENDINGMSG_CANCELCALL;
     return PENDINGMSG_WAITNOPROCESS;
   }
 

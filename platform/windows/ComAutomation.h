@@ -19,13 +19,13 @@ class ComAutomation final : public Automation {
   ComAutomation& operator=(const ComAutomation&) = delete;
 
   std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) override;
-  void WhileWaiting(const std::function<void()>& work) override { work_ = work; }
+  void WhileWaiting(const std::function<bool()>& work) override { work_ = work; }
 
  private:
   class Patience;
 
   Log& log_;
-  std::function<void()> work_;
+  std::function<bool()> work_;
   Patience* patience_;  // COM's reference to it lasts as long as this object
 };
 

@@ -6,6 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "extensions/modAddin.h"
+#include "platform/common/SystemClock.h"
 #include "platform/linux/DBusAutomation.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"
@@ -22,7 +23,8 @@ class Extensions : public testing::Test {
     std::filesystem::create_directories(folder.File("services"));
     g_test_dbus_add_service_dir(bus, folder.File("services").c_str());
     AddService("org.lorelin.example.Protokoll", LORELIN_EXTENSIONS "/python/protokoll.py");
-    for (const std::string kind : {"one", "two", "lacks", "raises", "dies", "sleeps", "huge"}) {
+    for (const std::string kind :
+         {"one", "two", "lacks", "raises", "dies", "sleeps", "huge", "number", "bytes", "nothing"}) {
       AddService("org.lorelin.test." + kind,
                  LORELIN_E2E "/difficult.py org.lorelin.test." + kind + " " + kind);
     }
@@ -103,7 +105,7 @@ TEST_F(Extensions, FilterOneAfterTheOther) {
 TEST_F(Extensions, EndTheFilteringWhenTheyFail) {
   Register("A", "org.lorelin.test.one");
   Register("C", "org.lorelin.test.two");
-  for (const auto* const kind : {"lacks", "raises", "dies", "huge"}) {
+  for (const auto* const kind : {"lacks", "raises", "dies", "huge", "number", "bytes", "nothing"}) {
     Register("B", std::string("org.lorelin.test.") + kind);
     EXPECT_EQ(extensions->FilterText("x"), "x+one") << kind;
   }
@@ -129,6 +131,33 @@ TEST_F(Extensions, SpellOutAbbreviations) {
   EXPECT_EQ(extensions->FilterText("die VBG"), "die Berufsgenossenschaft+one");
 }
 
+TEST_F(Extensions, AreGivenUpAtOnceWhenNobodyWantsToWait) {
+  Register("A", "org.lorelin.test.one");
+  (void)extensions->FilterText("x");
+  Register("A", "org.lorelin.test.sleeps");
+  (void)automation->CreateObject("org.lorelin.test.sleeps");
+  int turns = 0;
+  SystemClock clock;
+  extensions->WhileWaiting(
+      {.clock = clock, .tell = [](const std::string&) {}, .turn = [&] { return ++turns < 50; }});
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(extensions->FilterText("x"), std::nullopt);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
+}
+
+TEST_F(Extensions, SayInGermanWhyTheyCannotBeCreated) {
+  AddService("org.lorelin.test.broken", "/nirgends.py");
+  for (const std::string name : {"org.lorelin.fehlt", "org.lorelin.test.broken"}) {
+    try {
+      (void)automation->CreateObject(name);
+      ADD_FAILURE() << name;
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(std::string(error.what()).find("GDBus"), std::string::npos) << error.what();
+      EXPECT_NE(std::string(error.what()).find("Programm"), std::string::npos) << error.what();
+    }
+  }
+}
+
 TEST_F(Extensions, CannotBeCreatedUnderAWrongName) {
   for (const auto* const name : {"org.lorelin.fehlt", "kein Name", "", "Excel", ":1.0", "a..b", "ä.b"}) {
     EXPECT_EQ(Refusal(name), ErrorNumber::CannotCreateObject) << name;
@@ -138,7 +167,7 @@ TEST_F(Extensions, CannotBeCreatedUnderAWrongName) {
 TEST_F(Extensions, AreGivenUpAfterTenSeconds) {
   Register("A", "org.lorelin.test.sleeps");
   int turns = 0;
-  automation->WhileWaiting([&] { ++turns; });
+  automation->WhileWaiting([&] { return ++turns > 0; });
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(extensions->FilterText("x"), "x");
   const auto taken = std::chrono::steady_clock::now() - begin;

@@ -13,8 +13,17 @@ name, kind = sys.argv[1:]
 DBusGMainLoop(set_as_default=True)
 
 
+SIGNATURES = {"number": ("i", 7), "bytes": ("ay", [120]), "nothing": ("", None)}
+
+
 class Extension(dbus.service.Object):
-    if kind != "lacks":
+    if kind in SIGNATURES:
+
+        @dbus.service.method(name, in_signature="s", out_signature=SIGNATURES[kind][0])
+        def FilterText(self, text):
+            return SIGNATURES[kind][1]
+
+    elif kind != "lacks":
 
         @dbus.service.method(name, in_signature="s", out_signature="s")
         def FilterText(self, text):

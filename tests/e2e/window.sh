@@ -55,6 +55,12 @@ keys ctrl+1
 sleep 0.5
 xdotool type --delay 15 "Das darf nicht weg sein."
 check "what was typed is safe within seven seconds" within 7 snapshot_holds "Das darf nicht weg sein."
+# open_to_others: what of the texts and settings anybody but their owner could come to.
+open_to_others() {
+  find "$LORELIN_HOME" -maxdepth 0 -perm /077
+  find "$LORELIN_HOME"/temp "$LORELIN_HOME"/recovery "$LORELIN_HOME"/registry.sqlite* -perm /077
+}
+check "nobody else can read it" test -z "$(open_to_others)"
 kill -KILL "$process"
 wait "$process" 2>/dev/null
 check "it starts after it was killed" start
@@ -110,6 +116,7 @@ check "it ends while it waits for the speech" within 10 ended
 wait "$process"
 check "with code 0" test $? -eq 0
 check "no engine is left" within 5 no_engine_left "$bin"
+check "what was read aloud does not stay" test -z "$(ls -A "$LORELIN_HOME/temp")"
 
 rm -rf "$LORELIN_HOME/scripts"
 mkdir "$LORELIN_HOME/scripts"

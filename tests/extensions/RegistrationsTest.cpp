@@ -25,7 +25,7 @@ TEST_F(RegistrationsTest, AreAddedSwitchedAndRemoved) {
   ASSERT_EQ(registrations.List().size(), 1U);
   EXPECT_EQ(registrations.List()[0].name, "Protokoll");
   EXPECT_EQ(registrations.List()[0].objectName, "org.lorelin.example.Protokoll");
-  EXPECT_TRUE(registrations.List()[0].IsActive());
+  EXPECT_TRUE(registrations.List()[0].IsCalled());
   EXPECT_TRUE(registrations.SetActive("Protokoll", false));
   EXPECT_EQ(registrations.List()[0].active, "false");
   EXPECT_TRUE(registrations.Remove("Protokoll"));
@@ -40,10 +40,13 @@ TEST_F(RegistrationsTest, SayWhatTheyDoNotTake) {
   EXPECT_EQ(registrations.Add("a", "y"), "Eine Erweiterung „a“ gibt es schon.");
 }
 
-TEST_F(RegistrationsTest, CountAsActiveOnlyWithExactlyTrue) {
-  EXPECT_FALSE((Registration{"a", "x", "True"}).IsActive());
-  EXPECT_FALSE((Registration{"a", "x", " true"}).IsActive());
-  EXPECT_TRUE((Registration{"a", "x", "true"}).IsActive());
+TEST_F(RegistrationsTest, AreCalledWhenAnyHookTakesThemForActive) {
+  for (const auto* const active : {"true", "True", " true", "untrue"}) {
+    EXPECT_TRUE((Registration{"a", "x", active}).IsCalled()) << active;
+  }
+  for (const auto* const active : {"", "false", "1", "unTrue"}) {
+    EXPECT_FALSE((Registration{"a", "x", active}).IsCalled()) << active;
+  }
 }
 
 }  // namespace

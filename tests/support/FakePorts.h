@@ -357,20 +357,26 @@ class FakeMainView final : public MainView {
 // Objects by identifier; each is a function of method and argument.
 class FakeAutomation final : public Automation {
  public:
-  using Object = std::function<std::string(const std::string& method, std::optional<std::string> argument)>;
+  using Object = std::function<std::optional<std::string>(const std::string& method,
+                                                          std::optional<std::string> argument)>;
 
   std::unique_ptr<AutomationObject> CreateObject(std::string_view identifier) override {
+    created.emplace_back(identifier);
     const auto found = objects.find(std::string(identifier));
     if (found == objects.end()) throw RuntimeError(ErrorNumber::CannotCreateObject);
     return std::make_unique<Instance>(found->second);
   }
+  void WhileWaiting(const std::function<bool()>& goOn) override { turn = goOn; }
   std::map<std::string, Object> objects;
+  std::vector<std::string> created;  // what anybody tried to create
+  std::function<bool()> turn = [] { return true; };
 
  private:
   class Instance final : public AutomationObject {
    public:
     explicit Instance(Object object) : object_(std::move(object)) {}
-    std::string Invoke(std::string_view method, std::optional<std::string_view> argument) override {
+    std::optional<std::string> Invoke(std::string_view method,
+                                      std::optional<std::string_view> argument) override {
       return object_(std::string(method), argument ? std::optional<std::string>(*argument) : std::nullopt);
     }
 

@@ -50,8 +50,8 @@ TEST_F(AutomationTest, PassesTextByReferenceAndTakesTheResult) {
 TEST_F(AutomationTest, TellsAMethodWithAndWithoutArgumentApart) {
   ExtensionCalls().clear();
   const auto object = automation.CreateObject(kExtensionName);
-  EXPECT_EQ(object->Invoke("Startup", std::nullopt), "");
-  EXPECT_EQ(object->Invoke("Startup", "C:\\brief.txt"), "");
+  EXPECT_EQ(object->Invoke("Startup", std::nullopt), std::nullopt);
+  EXPECT_EQ(object->Invoke("Startup", "C:\\brief.txt"), std::nullopt);
   EXPECT_EQ(ExtensionCalls(), (std::vector<std::string>{"Startup()", "Startup(&C:\\brief.txt)"}));
 }
 
