@@ -110,32 +110,61 @@ void FrmXMGR::BuildButtons() {
   };
   button("&Hinzufügen …", [this] { Add(); });
   remove_ = button("&Entfernen", [this] { Remove(); });
-  button("&Prüfen", [this] { Check(); });
+  button("&Prüfen", [this] { CheckSelectedOrAll(); });
   line->AddStretchSpacer();
   button("&Schließen", [this] { Close(); });
   panel->GetSizer()->Add(line, wxSizerFlags().Expand().Border(wxALL, FromDIP(12)));
 }
 
+// What came with the program can be switched on without being looked for.
+std::vector<FrmXMGR::Listed> FrmXMGR::ListAll() {
+  std::vector<Listed> all;
+  for (Registration& one : parts_.registrations.List()) all.push_back({std::move(one), true});
+  for (const Shipped& one : parts_.shipped) {
+    const bool there =
+        std::any_of(all.begin(), all.end(), [&](const Listed& l) { return l.objectName == one.objectName; });
+    if (!there) all.push_back({{.name = one.name, .objectName = one.objectName, .active = {}}, false});
+  }
+  return all;
+}
+
 void FrmXMGR::Fill() {
-  shown_ = parts_.registrations.List();
+  const auto selected = Selected();
+  shown_ = ListAll();
   list_->DeleteAllItems();
-  for (const Registration& one : shown_) {
+  for (const Listed& one : shown_) {
     wxVector<wxVariant> row;
-    row.push_back(wxVariant(one.IsActive()));
+    row.push_back(wxVariant(one.IsCalled()));
     row.push_back(wxVariant(ToWx(one.name)));
     row.push_back(wxVariant(ToWx(one.objectName)));
-    row.push_back(wxVariant(ToWx("noch nicht geprüft")));
+    row.push_back(wxVariant(ToWx(StateOf(one))));
     list_->AppendItem(row);
+    if (selected && selected->name == one.name) {
+      list_->SelectRow(static_cast<unsigned>(list_->GetItemCount() - 1));
+    }
   }
   SelectionChanged();
 }
 
+std::string FrmXMGR::StateOf(const Listed& extension) const {
+  if (!extension.registered) return "mitgeliefert, ausgeschaltet";
+  const auto tried = tried_.find(extension.objectName);
+  if (!extension.IsCalled())
+    return tried == tried_.end() ? "ausgeschaltet" : "ausgeschaltet; " + tried->second;
+  const std::string state = tried == tried_.end() ? "noch nicht geprüft" : tried->second;
+  if (lorelin::IsActive(extension.active)) return state;
+  if (!IsActiveForExport(extension.active)) return "nur als Filter; " + state;
+  if (!IsActiveForFilter(extension.active)) return "nur beim Export; " + state;
+  return "nur als Filter und beim Export; " + state;
+}
+
 void FrmXMGR::SelectionChanged() {
   const int row = list_->GetSelectedRow();
-  remove_->Enable(Selected().has_value());
+  const auto selected = Selected();
+  remove_->Enable(selected && selected->registered);
   // A long state does not fit into its column.
   wxString hint = shown_.empty() ? ToWx("Es sind keine Erweiterungen eingetragen.") : wxString();
-  if (Selected()) {
+  if (selected) {
     const auto line = static_cast<unsigned>(row);
     hint = list_->GetTextValue(line, kName) + ": " + list_->GetTextValue(line, kState);
   }
@@ -143,13 +172,13 @@ void FrmXMGR::SelectionChanged() {
   hint_->GetParent()->Layout();
 }
 
-std::optional<Registration> FrmXMGR::Selected() const {
+std::optional<FrmXMGR::Listed> FrmXMGR::Selected() const {
   const int row = list_->GetSelectedRow();
   if (row < 0 || static_cast<std::size_t>(row) >= shown_.size()) return std::nullopt;
   return shown_[static_cast<std::size_t>(row)];
 }
 
-std::string FrmXMGR::StateOf(const std::string& objectName) {
+std::string FrmXMGR::Try(const std::string& objectName) {
   try {
     (void)parts_.automation.CreateObject(objectName);
     return "bereit";
@@ -158,10 +187,23 @@ std::string FrmXMGR::StateOf(const std::string& objectName) {
   }
 }
 
+void FrmXMGR::CheckRow(std::size_t row) {
+  const Listed& extension = shown_[row];
+  tried_[extension.objectName] = Try(extension.objectName);
+  list_->SetTextValue(ToWx(StateOf(extension)), static_cast<unsigned>(row), kState);
+}
+
 void FrmXMGR::Check() {
-  for (std::size_t i = 0; i < shown_.size(); ++i) {
-    list_->SetTextValue(ToWx(StateOf(shown_[i].objectName)), static_cast<unsigned>(i), kState);
+  for (std::size_t row = 0; row < shown_.size(); ++row) {
+    if (shown_[row].IsCalled()) CheckRow(row);
   }
+  SelectionChanged();
+}
+
+void FrmXMGR::CheckSelectedOrAll() {
+  const auto selected = Selected();
+  if (!selected) return Check();
+  if (selected->registered) CheckRow(static_cast<std::size_t>(list_->GetSelectedRow()));
   SelectionChanged();
 }
 
@@ -170,32 +212,43 @@ void FrmXMGR::Toggled(wxDataViewEvent& event) {
   const int row = list_->ItemToRow(event.GetItem());
   if (row < 0 || static_cast<std::size_t>(row) >= shown_.size()) return;
   const bool active = list_->GetToggleValue(static_cast<unsigned>(row), kActive);
-  if (parts_.registrations.SetActive(shown_[static_cast<std::size_t>(row)].name, active)) return;
-  parts_.messageBoxes.Show("Die Einstellungen ließen sich nicht schreiben.", "Fehler",
-                           MessageIcon::Exclamation, MessageButtons::Ok);
-  Fill();
+  SwitchTo(shown_[static_cast<std::size_t>(row)], active);
+  // Not while the list is still busy with the very row.
+  CallAfter([this] { Fill(); });
+}
+
+void FrmXMGR::SwitchTo(const Listed& extension, bool active) {
+  if (!extension.registered) {
+    if (active) (void)AddAs(extension.name, extension.objectName);
+  } else if (!parts_.registrations.SetActive(extension.name, active)) {
+    parts_.messageBoxes.Show("Die Einstellungen ließen sich nicht schreiben.", "Fehler",
+                             MessageIcon::Exclamation, MessageButtons::Ok);
+  }
 }
 
 void FrmXMGR::Add() {
   AddDialog dialog(this, parts_.shipped);
-  if (dialog.ShowModal() == wxID_OK) AddAs(dialog.NewName(), dialog.ObjectName());
+  // What was typed stays when it is refused.
+  while (dialog.ShowModal() == wxID_OK && !AddAs(dialog.NewName(), dialog.ObjectName())) {
+  }
+  Fill();
 }
 
-void FrmXMGR::AddAs(const std::string& name, const std::string& objectName) {
+bool FrmXMGR::AddAs(const std::string& name, const std::string& objectName) {
   const std::string refusal = parts_.registrations.Add(name, objectName);
   if (!refusal.empty()) {
     parts_.messageBoxes.Show(refusal, "Erweiterung hinzufügen", MessageIcon::Exclamation, MessageButtons::Ok);
-    return;
+    return false;
   }
   const auto found = std::find_if(parts_.shipped.begin(), parts_.shipped.end(),
                                   [&](const Shipped& s) { return s.objectName == objectName; });
   if (found != parts_.shipped.end()) found->install();
-  Fill();
+  return true;
 }
 
 void FrmXMGR::Remove() {
   const auto selected = Selected();
-  if (!selected) return;
+  if (!selected || !selected->registered) return;
   if (parts_.messageBoxes.Show("Möchten Sie die Erweiterung „" + selected->name + "“ entfernen?", "Frage",
                                MessageIcon::Question, MessageButtons::YesNo) != MessageAnswer::Yes) {
     return;

@@ -6,6 +6,7 @@
 #include <wx/stattext.h>
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,23 +36,35 @@ class FrmXMGR final : public wxFrame {
 
   explicit FrmXMGR(Parts parts);
 
-  // Tries to create every listed object and shows what came of it; takes its time.
+  // Tries to create the objects of all extensions that are switched on, and shows what came of it; takes its
+  // time. Those that are off are left alone.
   void Check();
 
  private:
+  struct Listed : Registration {
+    bool registered = true;  // else it is only offered
+  };
+
   void BuildList();
   void BuildButtons();
   void Fill();
   void Add();
-  void AddAs(const std::string& name, const std::string& objectName);
+  // Whether it was added; if not, the user has been told why.
+  bool AddAs(const std::string& name, const std::string& objectName);
   void Remove();
   void Toggled(wxDataViewEvent& event);
-  [[nodiscard]] std::optional<Registration> Selected() const;
-  [[nodiscard]] std::string StateOf(const std::string& objectName);
+  void SwitchTo(const Listed& extension, bool active);
+  void CheckSelectedOrAll();
+  void CheckRow(std::size_t row);
+  [[nodiscard]] std::vector<Listed> ListAll();
+  [[nodiscard]] std::optional<Listed> Selected() const;
+  [[nodiscard]] std::string StateOf(const Listed& extension) const;
+  [[nodiscard]] std::string Try(const std::string& objectName);
   void SelectionChanged();
 
   Parts parts_;
-  std::vector<Registration> shown_;
+  std::vector<Listed> shown_;
+  std::map<std::string, std::string> tried_;  // what came of it, by object name
   wxDataViewListCtrl* list_ = nullptr;
   wxStaticText* hint_ = nullptr;
   wxButton* remove_ = nullptr;

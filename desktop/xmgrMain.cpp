@@ -23,7 +23,10 @@ class ManagerApp final : public wxApp {
   bool OnInit() override {
     SetAppDisplayName("Lorelin");
     PrepareToolkit(*services_.log);
-    services_.automation->WhileWaiting([] { WxEventPump::Repaint(); });
+    services_.automation->WhileWaiting([] {
+      WxEventPump::Repaint();
+      return true;
+    });
     window_ = new FrmXMGR(
         {.registrations = registrations_,
          .automation = *services_.automation,
@@ -34,7 +37,10 @@ class ManagerApp final : public wxApp {
     messageBoxes_.SetParent(window_);
     window_->Show();
     // Nobody has to wait for the window while objects are created.
-    CallAfter([this] { window_->Check(); });
+    CallAfter([this] {
+      TellRegistryNotice();
+      window_->Check();
+    });
     return true;
   }
 
@@ -44,6 +50,12 @@ class ManagerApp final : public wxApp {
   }
 
  private:
+  void TellRegistryNotice() {
+    if (services_.registryNotice.empty()) return;
+    messageBoxes_.Show(services_.registryNotice, "Lorelin", MessageIcon::Exclamation, MessageButtons::Ok);
+    services_.registry->ConfirmLoss();
+  }
+
   void Install(const std::string& program) {
     const std::string folder = PathText(NativePath(services_.paths.programFile).parent_path());
     try {
