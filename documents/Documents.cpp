@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "base/modFile.h"
 #include "base/text.h"
+#include "documents/windowTitle.h"
 
 namespace lorelin {
 namespace {
@@ -148,9 +149,7 @@ void Documents::Changed() {
 }
 
 std::string Documents::Title() const {
-  const std::string& name = document_.name;
-  if (name.empty()) return modified_ ? "• Lorelin" : "Lorelin";
-  return (modified_ ? "• " : "") + name + " – Lorelin";
+  return WindowTitle(document_.name, modified_);
 }
 
 int Documents::WriteText(const std::string& path) {

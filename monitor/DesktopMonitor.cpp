@@ -1,6 +1,7 @@
 #include "monitor/DesktopMonitor.h"
 
 #include "base/textEncoding.h"
+#include "documents/windowTitle.h"
 
 namespace lorelin {
 namespace {
@@ -19,7 +20,8 @@ void DesktopMonitor::LookAtClipboard() {
 
 void DesktopMonitor::LookAtForeground() {
   parts_.statusBar.SetMessage("sd");
-  std::string title = parts_.foreground.Title();
+  const std::string whole = parts_.foreground.Title();
+  std::string title(WithoutChangeMark(whole));
   title.resize(title.size() - FromCharacter(title, kLongestTitle).size());
   if (const auto end = title.find('\0'); end != std::string::npos) title.resize(end);
   if (title == lastTitle_) return;

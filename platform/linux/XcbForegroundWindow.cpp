@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "base/textEncoding.h"
+#include "platform/linux/compoundText.h"
 
 namespace lorelin {
 namespace {
@@ -44,9 +45,8 @@ class XcbForegroundWindow::Display {
     if (bytes.size() < sizeof window) return {};
     std::memcpy(&window, bytes.data(), sizeof window);
     if (window == 0) return {};
-    std::string title = Property(window, name_);
-    if (title.empty()) title = Property(window, XCB_ATOM_WM_NAME);
-    return DecodeText(title);
+    const std::string title = Property(window, name_);
+    return title.empty() ? OldTitle(window) : DecodeText(title);
   }
 
  private:
@@ -63,8 +63,16 @@ class XcbForegroundWindow::Display {
     return reply ? reply->atom : xcb_atom_t{0};
   }
 
+  // As programs set it that know nothing of the newer property.
+  [[nodiscard]] std::string OldTitle(xcb_window_t window) const {
+    xcb_atom_t type = 0;
+    const std::string title = Property(window, XCB_ATOM_WM_NAME, &type);
+    return type != 0 && type == Atom("COMPOUND_TEXT") ? FromCompoundText(title) : DecodeText(title);
+  }
+
   // The window may have gone meanwhile; then it has no properties.
-  [[nodiscard]] std::string Property(xcb_window_t window, xcb_atom_t property) const {
+  [[nodiscard]] std::string Property(xcb_window_t window, xcb_atom_t property,
+                                     xcb_atom_t* type = nullptr) const {
     xcb_generic_error_t* error = nullptr;
     const auto reply = Owned(xcb_get_property_reply(
         connection_,
@@ -72,6 +80,7 @@ class XcbForegroundWindow::Display {
         &error));
     std::free(error);
     if (!reply) return {};
+    if (type != nullptr) *type = reply->type;
     return {static_cast<const char*>(xcb_get_property_value(reply.get())),
             static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
   }

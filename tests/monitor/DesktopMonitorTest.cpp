@@ -47,6 +47,14 @@ TEST_F(Monitor, ReadsTheDocumentWhenTheClipboardIsEmptied) {
   EXPECT_EQ(Copy(""), "Dokument");
 }
 
+TEST_F(Monitor, SaysNothingOfTheMarkOfAChangeInTheProgramsOwnTitle) {
+  EXPECT_EQ(Bring("brief.txt – Lorelin"), "brief.txt – Lorelin");
+  EXPECT_EQ(Bring("• brief.txt – Lorelin"), "-");
+  EXPECT_EQ(Bring("• Lorelin"), "Lorelin");
+  EXPECT_EQ(Bring("Lorelin"), "-");
+  EXPECT_EQ(Bring("• Notizen"), "• Notizen");
+}
+
 TEST_F(Monitor, FiltersTheClipboardButNoTitle) {
   RegisterFilter("F", [](const std::string& method, std::optional<std::string> text) {
     return method == "FilterText" ? "[" + text.value_or("") + "]" : "";
