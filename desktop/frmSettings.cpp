@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/pictureButton.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -68,6 +69,7 @@ void FrmSettings::BuildLabels(wxSizer& sizer) {
   for (std::size_t i = 0; i < kPageNames.size(); ++i) {
     auto* const label = new wxButton(column_, wxID_ANY, ToWx(kPageNames[i]), wxDefaultPosition, wxDefaultSize,
                                      wxBORDER_NONE | wxBU_LEFT, wxDefaultValidator, "Label1");
+    MakeReadableOnPicture(*label);
     label->Bind(wxEVT_BUTTON, [this, i](wxCommandEvent&) { ShowPage(i); });
     label->Bind(wxEVT_ENTER_WINDOW, [this, label](wxMouseEvent& event) {
       ColourLabels(label);
@@ -195,11 +197,15 @@ void FrmSettings::FillExtensionPage(wxPanel& page) {
 void FrmSettings::FillDesktopPage(wxPanel& page) {
   Text(page, *page.GetSizer(), "Passen Sie hier die Oberfläche von Lorelin ihren Bedürfnissen an.");
   wxSizer& group = *Group(page, "Beim Start....");
+  // Where nothing is chosen, this one is, which nobody sees.
+  optNone_ = new wxRadioButton(&page, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize, wxRB_GROUP,
+                               wxDefaultValidator, "optNone");
+  optNone_->Hide();
   constexpr std::array kOptions{"...den interaktiv Modus anzeigen.", "...den Textmodus anzeigen.",
                                 "...zuletzt bearbeitetes Dokument öffnen."};
   for (std::size_t i = 0; i < kOptions.size(); ++i) {
     optBeimStart_[i] = new wxRadioButton(&page, wxID_ANY, ToWx(kOptions[i]), wxDefaultPosition, wxDefaultSize,
-                                         i == 0 ? wxRB_GROUP : 0, wxDefaultValidator, "optBeimStart");
+                                         0, wxDefaultValidator, "optBeimStart");
     group.Add(optBeimStart_[i], wxSizerFlags().Border(wxALL, FromDIP(6)));
   }
 }
@@ -222,7 +228,9 @@ void FrmSettings::Fill(const SettingsValues& values) {
   chkRememberMailSend_->SetValue(values.launchMailProgram);
   chkReadTitleOnAppChange_->SetValue(values.readTitle);
   chkClipspeech_->SetValue(values.readClipboard);
-  if (values.start) optBeimStart_[static_cast<std::size_t>(*values.start)]->SetValue(true);
+  wxRadioButton* const option =
+      values.start ? optBeimStart_[static_cast<std::size_t>(*values.start)] : optNone_;
+  option->SetValue(true);
 }
 
 SettingsValues FrmSettings::Shown() const {
@@ -252,7 +260,19 @@ void FrmSettings::Apply() {
         "vollständig benutzen.",
         "Hinweis", MessageIcon::Information, MessageButtons::Ok);
   }
-  parts_.settings.ApplySettings(values);
+  if (!parts_.settings.ApplySettings(values)) {
+    parts_.messageBoxes.Show(
+        "Die Einstellungen ließen sich nicht speichern; keine wurde geändert. Ist auf dem Datenträger noch "
+        "Platz?",
+        "Fehler", MessageIcon::Critical, MessageButtons::Ok);
+    return;
+  }
+  if (!parts_.settings.IsLasting()) {
+    parts_.messageBoxes.Show(
+        "Die Einstellungen wurden nicht gespeichert, weil in ihre Datei nicht geschrieben werden kann. Sie "
+        "gelten nur bis zum Programmende.",
+        "Fehler", MessageIcon::Critical, MessageButtons::Ok);
+  }
   parts_.applied();
   if (IsModal()) {
     EndModal(wxID_APPLY);

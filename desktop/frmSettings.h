@@ -64,6 +64,7 @@ class FrmSettings final : public wxDialog {
   wxCheckBox* chkRememberMailSend_ = nullptr;
   wxCheckBox* chkReadTitleOnAppChange_ = nullptr;
   wxCheckBox* chkClipspeech_ = nullptr;
+  wxRadioButton* optNone_ = nullptr;
   std::array<wxRadioButton*, 3> optBeimStart_{};
 };
 

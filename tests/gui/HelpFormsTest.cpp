@@ -78,6 +78,43 @@ TEST_F(HelpForms, SettingsStoreTheStartOption) {
   }
 }
 
+TEST_F(HelpForms, SettingsLeaveAStartThatIsNoneOfTheirsAlone) {
+  settings.SaveSetting("settings", "ShowWB", "ja");
+  InSettings([](wxDialog& dialog) {
+    for (int option = 0; option < 3; ++option) EXPECT_FALSE(Option(dialog, option).GetValue()) << option;
+    PressButton(dialog, "Übernehmen");
+  });
+  EXPECT_EQ(Stored("ShowWB"), "ja");
+  EXPECT_EQ(Stored("ShowLastDoc"), "(fehlt)");
+  InSettings([](wxDialog& dialog) {
+    Option(dialog, 1).SetValue(true);
+    PressButton(dialog, "Übernehmen");
+  });
+  EXPECT_EQ(Stored("ShowWB"), "0");
+}
+
+TEST_F(HelpForms, SettingsSayWhenNothingWasStoredAndStayOpen) {
+  registry.writesUntilFull = 0;
+  InSettings([this](wxDialog& dialog) {
+    FindControl<wxTextCtrl>(dialog, "txtPrefix").SetValue("vor");
+    PressButton(dialog, "Übernehmen");
+    EXPECT_TRUE(dialog.IsModal());
+    ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+    EXPECT_EQ(messageBoxes.boxes[0].title, "Fehler");
+    EXPECT_EQ(settings.Get(setting::Prefix), "");
+    registry.writesUntilFull = -1;
+    PressButton(dialog, "Übernehmen");
+  });
+  EXPECT_EQ(settings.Get(setting::Prefix), "vor");
+}
+
+TEST_F(HelpForms, SettingsSayWhenTheyLastOnlyForTheRun) {
+  registry.lasting = false;
+  InSettings([](wxDialog& dialog) { PressButton(dialog, "Übernehmen"); });
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_NE(messageBoxes.boxes[0].text.find("nicht gespeichert"), std::string::npos);
+}
+
 TEST_F(HelpForms, SettingsTellOfARestartForTheTitlesOnly) {
   InSettings([](wxDialog& dialog) {
     FindControl<wxCheckBox>(dialog, "chkClipspeech").SetValue(true);
@@ -131,6 +168,7 @@ TEST_F(HelpForms, SettingsColourTheLabelUnderTheMouse) {
 
 TEST_F(HelpForms, AboutTellsItsVersionAndClosesByAnyKey) {
   EXPECT_EQ(VersionLabel(1, 2), "Version 1.2.1");
+  EXPECT_EQ(VersionLabel(kVersionMajor, kVersionMinor), std::string("Version ") + kVersionText);
   InDialog([this] { Choose("?", "Über Lorelin"); }, "frmAbout",
            [](wxDialog& dialog) {
              EXPECT_EQ(FromWx(FindControl<wxStaticText>(dialog, "lblVersion").GetLabel()),

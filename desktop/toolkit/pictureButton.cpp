@@ -1,0 +1,35 @@
+#include "desktop/toolkit/pictureButton.h"
+
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
+namespace lorelin {
+
+#ifdef __WXGTK__
+
+// A theme draws a light area below a button under the mouse, and its frame of the focus in any colour.
+void MakeReadableOnPicture(wxButton& button) {
+  static constexpr const char* kStyle =
+      "button, button:hover, button:active, button:focus, button:backdrop {"
+      "  background: none; border-color: transparent; box-shadow: none; text-shadow: none; }"
+      "button:hover { background-color: rgba(0, 0, 0, 0.35); }"
+      "button:active { background-color: rgba(0, 0, 0, 0.5); }"
+      "button:focus { outline: 2px solid white; outline-offset: -3px; }";
+  GtkCssProvider* const provider = gtk_css_provider_new();
+  gtk_css_provider_load_from_data(provider, kStyle, -1, nullptr);
+  gtk_style_context_add_provider(gtk_widget_get_style_context(button.GetHandle()),
+                                 GTK_STYLE_PROVIDER(provider), GTK_STYLE_PROVIDER_PRIORITY_USER);
+  g_object_unref(provider);
+}
+
+#else
+
+// Without the theme's own look the button is drawn in these colours, its frame of the focus included.
+void MakeReadableOnPicture(wxButton& button) {
+  button.SetBackgroundColour(wxColour(28, 79, 143));
+}
+
+#endif
+
+}  // namespace lorelin
