@@ -180,11 +180,18 @@ std::unique_ptr<AutomationObject> DBusAutomation::CreateObject(std::string_view 
     }
     return answer.get();
   };
-  const Answer started = wait([bus, &name](GCancellable* givenUp) {
-    return Call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                "StartServiceByName", g_variant_new("(su)", name.c_str(), 0U), givenUp);
-  });
-  if (!started.message.empty()) {
+  const auto ask = [&](const char* method, GVariant* arguments) {
+    return wait([bus, method, arguments](GCancellable* givenUp) {
+      return Call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
+                  arguments, givenUp);
+    });
+  };
+  const Answer started = ask("StartServiceByName", g_variant_new("(su)", name.c_str(), 0U));
+  // The bus knows how to start it only from a file; one that runs without does as well.
+  const bool runs =
+      started.message.empty() || (started.errorName == "org.freedesktop.DBus.Error.ServiceUnknown" &&
+                                  ask("GetNameOwner", g_variant_new("(s)", name.c_str())).message.empty());
+  if (!runs) {
     log_.Write(name + ": " + started.message);
     throw RuntimeError(ErrorNumber::CannotCreateObject, Reason(started));
   }

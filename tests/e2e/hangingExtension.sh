@@ -9,12 +9,11 @@ no_survey "$bin"
 extensions='HKCU\Software\VB and VBA Program Settings\Lorelin\Extensions'
 "$bin/lorelin-cli" reg add "$extensions\\Schlaf" ObjectName org.lorelin.test.sleeps
 "$bin/lorelin-cli" reg add "$extensions\\Schlaf" Active true
-python3 "$2/tests/e2e/difficult.py" org.lorelin.test.sleeps sleeps &
+/usr/bin/python3 "$2/tests/e2e/difficult.py" org.lorelin.test.sleeps sleeps &
 extension=$!
-within 10 gdbus wait --session --timeout 10 org.lorelin.test.sleeps
+gdbus wait --session --timeout 20 org.lorelin.test.sleeps
 
 start() {
-  begin=$(date +%s%N)
   "$bin/lorelin" >"$home/log" 2>&1 &
   process=$!
   within 40 window_is_there
@@ -38,10 +37,10 @@ sleep 2
 check "the text is not read" test "$(waves)" -eq 0
 keys F5
 sleep 1.5
-begin=$SECONDS
 check "the window is closed while it waits" keys Escape alt+F4
-check "it ends" within 20 ended
+check "it does not wait for it" within 8 ended
 wait "$process"
 check "with code 0" test $? -eq 0
-kill $extension
+check "what was read aloud does not stay" test -z "$(ls -A "$LORELIN_HOME/temp")"
+kill $extension 2>/dev/null
 exit $((failures > 0))

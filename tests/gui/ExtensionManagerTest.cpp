@@ -1,5 +1,6 @@
 #include "desktop/frmXMGR.h"
 
+#include <wx/app.h>
 #include <wx/combobox.h>
 #include <wx/dialog.h>
 #include <wx/textctrl.h>
@@ -37,7 +38,7 @@ class ExtensionManager : public testing::Test {
     wxDataViewEvent event(wxEVT_DATAVIEW_ITEM_VALUE_CHANGED, &List(), List().GetColumn(0),
                           List().RowToItem(static_cast<int>(row)));
     List().ProcessWindowEvent(event);
-    window->ProcessPendingEvents();
+    wxTheApp->ProcessPendingEvents();
   }
   void Select(unsigned row) {
     List().SelectRow(row);
