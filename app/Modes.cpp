@@ -31,13 +31,13 @@ void Modes::InteractiveMode() {
   Mark(true);
 }
 
-void Modes::ChooseInitial() {
+void Modes::ChooseInitial(bool textFollows) {
   if (!IsOn(setting::ShowWB, parts_.settings.Get(setting::ShowWB))) {
     ShowEditorPane();
     Mark(false);
     return;
   }
-  InteractiveMode();
+  if (!textFollows) InteractiveMode();
   ShowHomePage();
 }
 

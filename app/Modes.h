@@ -26,8 +26,9 @@ class Modes {
 
   void Textmode();
   void InteractiveMode();
-  // What the window begins with.
-  void ChooseInitial();
+  // What the window begins with. When a text follows, which brings the text mode, the home page is chosen but
+  // not shown: a page that nobody sees would cost time.
+  void ChooseInitial(bool textFollows);
   // Shows a page of the folder hypertext.
   void ShowPage(std::string_view name);
   void ShowHomePage();

@@ -58,7 +58,7 @@ std::vector<Step> LoadSequence(WindowModules& m) {
           {"toolbar", [&] { edges.view.StretchToolbar(); }},
           {"title timer", [&] { m.timers.Start(WatchTimer::WindowTitle); }},
           {"clipboard timer", [&] { m.timers.Start(WatchTimer::Clipboard); }},
-          {"mode", [&] { m.modes.ChooseInitial(); }},
+          {"mode", [&] { m.modes.ChooseInitial(!spoken.startup.startupFilePath.empty()); }},
           {"default extension", [&] { m.documents.SetDefaultExtension(".txt"); }},
           {"temporary folder", [&] { spoken.speech.ClearTempFolder(); }},
           {"folders", [&] { CreateScriptDir(edges); }},

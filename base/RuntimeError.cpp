@@ -40,6 +40,8 @@ std::string ErrorText(ErrorNumber number) {
       return "Objekt unterstützt diese Eigenschaft oder Methode nicht";
     case ErrorNumber::AutomationFailed:
       return "Automatisierungsfehler";
+    case ErrorNumber::Cancelled:
+      return "Abgebrochen";
   }
   return "Unbekannter Fehler";
 }

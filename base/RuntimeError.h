@@ -26,6 +26,7 @@ enum class ErrorNumber : std::int32_t {
   CannotCreateObject = 429,
   NoSuchMethod = 438,
   AutomationFailed = 440,
+  Cancelled = 32755,
 };
 
 // The German text that a person reads for the number.

@@ -13,6 +13,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// "1,5 GB"
+std::string SizeText(std::uintmax_t bytes) {
+  constexpr std::uintmax_t kMega = 1'000'000;
+  constexpr std::uintmax_t kGiga = 1000 * kMega;
+  if (bytes < kGiga) return std::to_string(bytes / kMega) + " MB";
+  return std::to_string(bytes / kGiga) + "," + std::to_string(bytes % kGiga * 10 / kGiga) + " GB";
+}
+
 // Opening a pipe or a device could wait for ever, so only regular files are opened.
 void RequireRegularFile(const fs::path& path) {
   std::error_code error;
@@ -21,6 +29,16 @@ void RequireRegularFile(const fs::path& path) {
   if (type == fs::file_type::not_found) throw RuntimeError(ErrorNumber::FileNotFound);
   if (error == std::errc::permission_denied) throw RuntimeError(ErrorNumber::PermissionDenied);
   throw RuntimeError(ErrorNumber::PathFileAccess);
+}
+
+// Told before memory is asked for: the system might end the program instead of refusing it.
+void RequireReadableSize(const fs::path& path) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(path, error);
+  if (error || size <= kMostReadBytes) return;
+  throw RuntimeError(ErrorNumber::OutOfMemory, "Die Datei ist mit " + SizeText(size) +
+                                                   " zu groß. Lorelin liest Dateien bis " +
+                                                   SizeText(kMostReadBytes) + ".");
 }
 
 std::ifstream OpenForReading(const std::string& path) {
@@ -57,6 +75,7 @@ bool FileExists(const std::string& path) {
 
 std::string ReadFileBytes(const std::string& path) {
   std::ifstream file = OpenForReading(path);
+  RequireReadableSize(NativePath(path));
   return ReadWhole(file);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "ports/EventPump.h"
@@ -10,8 +11,10 @@ namespace lorelin {
 // Whether the path names a file that can be opened for reading. A folder, an empty path or any error is "no".
 [[nodiscard]] bool FileExists(const std::string& path);
 
+inline constexpr std::uintmax_t kMostReadBytes = 256'000'000;
+
 // The bytes of a file. Throws RuntimeError: 53 when there is no such file, 70 when it may not be read, 75
-// when it is no file or reading fails. Only regular files are read.
+// when it is no file or reading fails, 7 when it is longer than kMostReadBytes. Only regular files are read.
 [[nodiscard]] std::string ReadFileBytes(const std::string& path);
 
 // The text of a file, decoded (see DecodeText), with "\n" line ends. Throws like ReadFileBytes.

@@ -102,6 +102,9 @@ bool Documents::OpenPath(const std::string& path) {
 // Only what could be shown, and would be destroyed on saving, has to be explained.
 void Documents::TellUnreadable(const std::string& path, const RuntimeError& error) {
   parts_.log.Write(path + ": " + error.what());
+  if (error.Number() == static_cast<int>(ErrorNumber::OutOfMemory)) {
+    parts_.messageBoxes.Show(error.what(), "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
+  }
   if (error.Number() != static_cast<int>(ErrorNumber::InvalidFileFormat)) return;
   parts_.messageBoxes.Show(
       "Die Datei „" + FileName(path) + "“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.",

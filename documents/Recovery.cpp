@@ -122,8 +122,8 @@ void Recovery::Snapshot() {
       current_ = NewName();
     }
     writing_ = std::async(
-        std::launch::async, [&files = parts_.files, path = current_, bytes = parts_.editor.RichText()] {
-          files.Replace(path, bytes);
+        std::launch::async, [&files = parts_.files, path = current_, text = parts_.editor.RichTextLater()] {
+          files.Replace(path, text());
           std::error_code error;
           fs::permissions(NativePath(path), fs::perms::owner_read | fs::perms::owner_write, error);
         });

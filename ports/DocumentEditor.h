@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,10 @@ class DocumentEditor {
   virtual void SetText(std::string_view text) = 0;
   // The document as RTF (Rich Text Format Specification 1.9.1), with the format that the editor can show.
   [[nodiscard]] virtual std::string RichText() = 0;
+  // What gives the document as it is now as RTF. It may be called on another thread, once.
+  [[nodiscard]] virtual std::function<std::string()> RichTextLater() {
+    return [rtf = RichText()] { return rtf; };
+  }
   // Replaces the document by the file's content, rich text or plain. Throws RuntimeError (53, 75 ...) and
   // keeps the old document when the file cannot be read.
   virtual void LoadFile(const std::string& path) = 0;

@@ -99,8 +99,19 @@ void WxBrowserPane::CreateSubstitute() {
 }
 
 void WxBrowserPane::Navigate(const std::string& path) {
-  CreateView();
   page_ = wxFileSystem::FileNameToURL(wxFileName(ToWx(PathText(NativePath(path)))));
+  waiting_ = true;
+  if (IsShown()) ShowPage();
+}
+
+bool WxBrowserPane::Show(bool show) {
+  if (show && waiting_) ShowPage();
+  return wxPanel::Show(show);
+}
+
+void WxBrowserPane::ShowPage() {
+  waiting_ = false;
+  CreateView();
   if (view_ != nullptr) view_->LoadURL(page_);
 }
 

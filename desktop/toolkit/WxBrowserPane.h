@@ -22,12 +22,15 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   void OnNavigate(std::function<bool(std::string& address)> handler) override {
     handler_ = std::move(handler);
   }
+  // A page that was asked for before is loaded now.
+  bool Show(bool show = true) override;
   void SetFocus() override;
   void SelectAll();
   // Larger, smaller, or (0) as usual.
   void Zoom(int steps);
 
  private:
+  void ShowPage();
   void CreateView();
   void CreateSubstitute();
   void OnNavigating(wxWebViewEvent& event);
@@ -39,6 +42,7 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   wxWebView* view_ = nullptr;       // owned by the window tree
   wxWindow* substitute_ = nullptr;  // in the place of a view, where there can be none
   wxString page_;
+  bool waiting_ = false;  // the page is loaded when the pane is shown
   std::function<bool(std::string& address)> handler_;
   std::string clicked_;  // the link as it stands in the page, until the navigation to it
   bool offline_ = false;

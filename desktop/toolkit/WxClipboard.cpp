@@ -18,26 +18,50 @@ namespace lorelin {
 
 struct WxClipboard::Request {
   bool answered = true;
+  std::uint64_t asOf = 0;  // the change whose text it is
   std::string text;
 };
 
-WxClipboard::WxClipboard() : request_(std::make_shared<Request>()) {}
-WxClipboard::~WxClipboard() = default;
-
 #ifdef __WXGTK__
+
+WxClipboard::WxClipboard() : request_(std::make_shared<Request>()) {
+  GtkClipboard* const clipboard = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
+  const auto changed =
+      +[](GtkClipboard*, GdkEvent*, gpointer self) { ++static_cast<WxClipboard*>(self)->changes_; };
+  handler_ = g_signal_connect(clipboard, "owner-change", G_CALLBACK(changed), this);
+}
+WxClipboard::~WxClipboard() {
+  g_signal_handler_disconnect(gtk_clipboard_get(GDK_SELECTION_CLIPBOARD), handler_);
+}
 
 namespace {
 
 constexpr auto kLongestWait = std::chrono::seconds(1);
 constexpr auto kPause = std::chrono::milliseconds(1);
 
+bool IsToldOfChanges() {
+  return gdk_display_supports_selection_notification(gdk_display_get_default()) != FALSE;
+}
+
+void LetClipboardEventsIn() {
+  if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive(); loop != nullptr) {
+    loop->YieldFor(wxEVT_CATEGORY_UI | wxEVT_CATEGORY_CLIPBOARD);
+  } else {
+    gtk_main_iteration_do(FALSE);
+  }
+}
+
 }  // namespace
 
-// The toolkit's own way waits for half a minute in an event loop that lets everything in.
+// The toolkit's own way waits for half a minute in an event loop that lets everything in. A text, which
+// may be large, is fetched once for each change.
 std::string WxClipboard::Text() {
-  if (request_->answered) {
+  LetClipboardEventsIn();
+  const bool upToDate = request_->asOf == changes_ && IsToldOfChanges();
+  if (!upToDate && request_->answered) {
     auto next = std::make_shared<Request>();
     next->answered = false;
+    next->asOf = changes_;
     next->text = request_->text;
     request_ = next;
     gtk_clipboard_request_text(
@@ -50,13 +74,8 @@ std::string WxClipboard::Text() {
         },
         new std::shared_ptr<Request>(next));
     const auto end = std::chrono::steady_clock::now() + kLongestWait;
-    wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
     while (!next->answered && std::chrono::steady_clock::now() < end) {
-      if (loop != nullptr) {
-        loop->YieldFor(wxEVT_CATEGORY_UI | wxEVT_CATEGORY_CLIPBOARD);
-      } else {
-        gtk_main_iteration_do(FALSE);
-      }
+      LetClipboardEventsIn();
       if (!next->answered) std::this_thread::sleep_for(kPause);
     }
   }
@@ -64,6 +83,9 @@ std::string WxClipboard::Text() {
 }
 
 #else
+
+WxClipboard::WxClipboard() = default;
+WxClipboard::~WxClipboard() = default;
 
 std::string WxClipboard::Text() {
   wxClipboardLocker lock;
@@ -77,6 +99,7 @@ std::string WxClipboard::Text() {
 void WxClipboard::SetText(std::string_view text) {
   wxClipboardLocker lock;
   if (!lock) return;
+  ++changes_;  // what the system tells comes later
   wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
 }
 

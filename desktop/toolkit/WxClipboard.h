@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -22,6 +23,8 @@ class WxClipboard final : public Clipboard {
  private:
   struct Request;
 
+  std::uint64_t changes_ = 1;         // of the clipboard, as far as the system tells
+  unsigned long handler_ = 0;         // of what it tells
   std::shared_ptr<Request> request_;  // the last one; its answer may come after the clipboard's own end
 };
 

@@ -7,6 +7,7 @@
 
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/innerMargins.h"
+#include "desktop/toolkit/layoutPace.h"
 #include "desktop/toolkit/text.h"
 #include "documents/richTextFile.h"
 
@@ -67,16 +68,20 @@ WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
       buffer_(*this, GetFont().Scaled(kReadingSize)) {
   SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
+  LayOutBehindOtherWork(*this);
 }
 
 std::string WxDocumentEditor::Text() {
-  return FromWx(GetValue());
+  return buffer_.Text();
 }
 void WxDocumentEditor::SetText(std::string_view text) {
-  buffer_.ReplaceText(ToWx(WithoutNul(text)));
+  buffer_.ReplaceText(WithoutNul(text));
 }
 
 std::string WxDocumentEditor::RichText() {
+  return buffer_.Rtf()();
+}
+std::function<std::string()> WxDocumentEditor::RichTextLater() {
   return buffer_.Rtf();
 }
 
@@ -113,12 +118,24 @@ int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::strin
                                        bool matchCase) {
   const TextPlaces places(GetValue(), ToWx(text), matchCase);
   const std::vector<long> all = places.All();
-  buffer_.BeginChange();
-  for (auto place = all.rbegin(); place != all.rend(); ++place) {
-    Replace(*place, *place + places.Length(), ToWx(WithoutNul(replacement)));
-  }
-  buffer_.EndChange();
+  if (all.empty()) return 0;
+  ReplacePlaces(all, places.Length(), ToWx(WithoutNul(replacement)));
   return static_cast<int>(all.size());
+}
+
+// From the end, so that the other places stay where they are; told once, since whoever is told counts and
+// paints.
+void WxDocumentEditor::ReplacePlaces(const std::vector<long>& places, long length,
+                                     const wxString& replacement) {
+  {
+    const EventsSuppressor quiet(this);
+    buffer_.BeginChange();
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+      Replace(*place, *place + length, replacement);
+    }
+    buffer_.EndChange();
+  }
+  SendTextUpdatedEvent();
 }
 
 void WxDocumentEditor::Zoom(int steps) {

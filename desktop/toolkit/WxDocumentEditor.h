@@ -2,6 +2,8 @@
 
 #include <wx/textctrl.h>
 
+#include <vector>
+
 #include "desktop/toolkit/richTextBuffer.h"
 #include "ports/DocumentEditor.h"
 
@@ -15,6 +17,7 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   std::string Text() override;
   void SetText(std::string_view text) override;
   std::string RichText() override;
+  std::function<std::string()> RichTextLater() override;
   void LoadFile(const std::string& path) override;
   std::size_t SelectionStart() override;
   std::string SelectedText() override;
@@ -35,6 +38,8 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
 
  private:
+  void ReplacePlaces(const std::vector<long>& places, long length, const wxString& replacement);
+
   RichTextBuffer buffer_;
   int zoomSteps_ = 0;
 };

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/textEncoding.h"
-#include "desktop/toolkit/text.h"
+#include "desktop/toolkit/loading.h"
 #include "documents/UndoHistory.h"
 #include "documents/richTextFile.h"
 #include "richtext/RichText.h"
@@ -23,13 +23,22 @@ constexpr double kPixelsPerTwip = 96.0 / 1440.0;
 constexpr double kSmallScript = 0.7;
 constexpr int kScriptRise = 4;             // points
 constexpr double kReadableContrast = 3.0;  // of luminances, after WCAG 2.1
+constexpr std::size_t kPiece = 2 << 20;    // bytes that are put into the text at once
 constexpr const char* kFormatKey = "lorelin-format";
 constexpr const char* kParagraphKey = "lorelin-paragraph";
 
-GtkTextBuffer* BufferOf(wxTextCtrl& control) {
+GtkTextView* ViewOf(wxTextCtrl& control) {
   GtkWidget* const scrolled = static_cast<GtkWidget*>(control.GetHandle());
-  GtkWidget* const view = GTK_IS_BIN(scrolled) ? gtk_bin_get_child(GTK_BIN(scrolled)) : scrolled;
-  return gtk_text_view_get_buffer(GTK_TEXT_VIEW(view));
+  return GTK_TEXT_VIEW(GTK_IS_BIN(scrolled) ? gtk_bin_get_child(GTK_BIN(scrolled)) : scrolled);
+}
+
+// GTK takes nothing else.
+std::string AsUtf8(std::string_view text) {
+  if (g_utf8_validate_len(text.data(), text.size(), nullptr) != FALSE) return std::string(text);
+  gchar* const valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+  std::string result(valid);
+  g_free(valid);
+  return result;
 }
 
 GdkRGBA RgbaOf(Colour colour) {
@@ -70,7 +79,10 @@ struct ByKey {
 class RichTextBuffer::Implementation {
  public:
   Implementation(wxTextCtrl& control, const wxFont& font)
-      : control_(control), buffer_(BufferOf(control)), usualFont_(font) {
+      : control_(control),
+        view_(ViewOf(control)),
+        buffer_(gtk_text_view_get_buffer(view_)),
+        usualFont_(font) {
     SetFont(font);
     g_object_ref(buffer_);
     Connect("insert-text",
@@ -97,14 +109,22 @@ class RichTextBuffer::Implementation {
   Implementation(const Implementation&) = delete;
   Implementation& operator=(const Implementation&) = delete;
 
-  void Show(const RichText& text) {
-    const Applying applying(applying_);
-    fonts_ = text.fonts;
-    ForgetTags();
-    control_.SetValue(ToWx(text.text));
-    ApplyRuns(text);
-    ApplyParagraphs(text);
+  // The old text goes when the new one is there: until then the loading can be cancelled.
+  void Show(const RichText& text, Loading& loading) {
+    {
+      const Applying applying(applying_);
+      const Quiet quiet(control_);
+      const gint old = gtk_text_buffer_get_char_count(buffer_);
+      Append(text.text, old, loading);
+      Delete(0, old);
+      fonts_ = text.fonts;
+      ForgetTags();
+      ApplyRuns(text);
+      ApplyParagraphs(text);
+      GoToStart();
+    }
     history_.Clear();
+    Tell();
   }
 
   [[nodiscard]] RichText Content() const {
@@ -135,10 +155,16 @@ class RichTextBuffer::Implementation {
     gtk_text_buffer_end_user_action(buffer_);
   }
 
-  void ReplaceText(const wxString& text) {
-    gtk_text_buffer_begin_user_action(buffer_);
-    control_.SetValue(text);
-    gtk_text_buffer_end_user_action(buffer_);
+  void ReplaceText(std::string_view text) {
+    {
+      const Quiet quiet(control_);
+      gtk_text_buffer_begin_user_action(buffer_);
+      Delete(0, gtk_text_buffer_get_char_count(buffer_));
+      if (!text.empty()) InsertAtEnd(AsUtf8(text));
+      gtk_text_buffer_end_user_action(buffer_);
+      GoToStart();
+    }
+    Tell();
   }
 
   void SetZoom(double factor) {
@@ -151,6 +177,18 @@ class RichTextBuffer::Implementation {
   GtkTextBuffer* Buffer() { return buffer_; }
 
  private:
+  // Whoever hears of changes hears of one when everything is done.
+  class Quiet {
+   public:
+    explicit Quiet(wxTextCtrl& control) : control_(control) { control_.SetEvtHandlerEnabled(false); }
+    ~Quiet() { control_.SetEvtHandlerEnabled(true); }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+
+   private:
+    wxTextCtrl& control_;
+  };
+
   // What the program does by itself is no change to take back.
   class Applying {
    public:
@@ -195,6 +233,49 @@ class RichTextBuffer::Implementation {
     gtk_text_buffer_delete(buffer_, &from, &to);
     gtk_text_buffer_insert(buffer_, &from, edit.inserted.data(), static_cast<gint>(edit.inserted.size()));
     gtk_text_buffer_place_cursor(buffer_, &from);
+  }
+
+  // The toolkit's own way of putting a text there goes to its end and back: all of it would have to be laid
+  // out for that before anything is seen.
+  void InsertAtEnd(std::string_view text) {
+    GtkTextIter end;
+    gtk_text_buffer_get_end_iter(buffer_, &end);
+    gtk_text_buffer_insert(buffer_, &end, text.data(), static_cast<gint>(text.size()));
+  }
+
+  void Append(const std::string& text, gint old, Loading& loading) {
+    const std::string valid = AsUtf8(text);
+    try {
+      for (std::size_t at = 0; at < valid.size();) {
+        std::size_t end = std::min(at + kPiece, valid.size());
+        while (end < valid.size() && (static_cast<unsigned char>(valid[end]) & 0xC0U) == 0x80U) ++end;
+        InsertAtEnd(std::string_view(valid).substr(at, end - at));
+        loading.Advance(static_cast<double>(end) / static_cast<double>(valid.size()));
+        at = end;
+      }
+    } catch (...) {
+      Delete(old, gtk_text_buffer_get_char_count(buffer_));
+      throw;
+    }
+  }
+
+  void Delete(gint from, gint to) {
+    GtkTextIter first = IterAt(static_cast<std::size_t>(from));
+    GtkTextIter last = IterAt(static_cast<std::size_t>(to));
+    gtk_text_buffer_delete(buffer_, &first, &last);
+  }
+
+  void GoToStart() {
+    const GtkTextIter start = IterAt(0);
+    gtk_text_buffer_place_cursor(buffer_, &start);
+    gtk_text_view_scroll_to_mark(view_, gtk_text_buffer_get_insert(buffer_), 0, TRUE, 0, 0);
+  }
+
+  // What Quiet kept back.
+  void Tell() {
+    wxCommandEvent event(wxEVT_TEXT, control_.GetId());
+    event.SetEventObject(&control_);
+    control_.HandleWindowEvent(event);
   }
 
   void ForgetTags() {
@@ -316,6 +397,7 @@ class RichTextBuffer::Implementation {
   }
 
   void ReadRuns(RichText& content) const {
+    if (tags_.empty() && paragraphTags_.empty()) return AddRun(content, content.text.size(), {});
     GtkTextIter from = IterAt(0);
     std::string_view rest = content.text;
     while (!gtk_text_iter_is_end(&from)) {
@@ -332,6 +414,7 @@ class RichTextBuffer::Implementation {
   }
 
   static void AddRun(RichText& content, std::size_t bytes, const CharacterFormat& format) {
+    if (bytes == 0) return;
     if (content.runs.empty() || !(content.runs.back().format == format)) content.runs.push_back({0, format});
     content.runs.back().bytes += bytes;
   }
@@ -350,6 +433,7 @@ class RichTextBuffer::Implementation {
   }
 
   wxTextCtrl& control_;
+  GtkTextView* view_;
   GtkTextBuffer* buffer_;
   wxFont usualFont_;
   std::vector<gulong> handlers_;
@@ -366,12 +450,16 @@ RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
 RichTextBuffer::~RichTextBuffer() = default;
 
 void RichTextBuffer::ShowFile(const std::string& path) {
-  implementation_->Show(ReadRichTextFile(path));
+  Loading loading(path);
+  implementation_->Show(loading.Read(), loading);
 }
-std::string RichTextBuffer::Rtf() const {
-  return WriteRtf(implementation_->Content());
+std::function<std::string()> RichTextBuffer::Rtf() const {
+  return [content = implementation_->Content()] { return WriteRtf(content); };
 }
-void RichTextBuffer::ReplaceText(const wxString& text) {
+std::string RichTextBuffer::Text() const {
+  return implementation_->Text();
+}
+void RichTextBuffer::ReplaceText(std::string_view text) {
   implementation_->ReplaceText(text);
 }
 void RichTextBuffer::Undo() {

@@ -158,11 +158,14 @@ RichTextBuffer::~RichTextBuffer() = default;
 void RichTextBuffer::ShowFile(const std::string& path) {
   implementation_->ShowFile(path);
 }
-std::string RichTextBuffer::Rtf() const {
-  return implementation_->Rtf();
+std::function<std::string()> RichTextBuffer::Rtf() const {
+  return [rtf = implementation_->Rtf()] { return rtf; };
 }
-void RichTextBuffer::ReplaceText(const wxString& text) {
-  implementation_->ReplaceText(text);
+std::string RichTextBuffer::Text() const {
+  return FromWx(implementation_->Control().GetValue());
+}
+void RichTextBuffer::ReplaceText(std::string_view text) {
+  implementation_->ReplaceText(ToWx(text));
 }
 void RichTextBuffer::Undo() {
   implementation_->Undo();

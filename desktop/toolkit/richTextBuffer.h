@@ -3,8 +3,10 @@
 #include <wx/textctrl.h>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace lorelin {
 
@@ -21,10 +23,11 @@ class RichTextBuffer {
   // Replaces text and formats by what is in the file, RTF or plain text; nothing before it can be taken back.
   // Throws RuntimeError when the file cannot be read, and changes nothing then.
   void ShowFile(const std::string& path);
-  // Text and formats as they are now, as RTF.
-  [[nodiscard]] std::string Rtf() const;
+  // Text and formats as they are now, as RTF; what is returned may be called on another thread, once.
+  [[nodiscard]] std::function<std::string()> Rtf() const;
+  [[nodiscard]] std::string Text() const;
   // Replaces all text, without formats; this can be taken back.
-  void ReplaceText(const wxString& text);
+  void ReplaceText(std::string_view text);
 
   void Undo();
   void Redo();

@@ -64,5 +64,19 @@ TEST(ReadTextFile, TellsWhyItCannot) {
   EXPECT_EQ(ErrorOfReading(folder.Path()), 75);
 }
 
+// A sparse file of this length has no bytes on the disk; nobody can read it all.
+TEST(File, RefusesAFileThatIsTooLargeBeforeItReadsIt) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("riesig.txt"), "");
+  std::filesystem::resize_file(folder.File("riesig.txt"), 20'000'000'000);
+  try {
+    (void)ReadFileBytes(folder.File("riesig.txt"));
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), 7);
+    EXPECT_STREQ(error.what(), "Die Datei ist mit 20,0 GB zu groß. Lorelin liest Dateien bis 256 MB.");
+  }
+}
+
 }  // namespace
 }  // namespace lorelin

@@ -139,6 +139,13 @@ TEST_F(DocumentsTest, WritesUtf16AsItWasRead) {
   EXPECT_EQ(SavedAs("b.txt"), std::string("\xFE\xFF&e\0\n\0a", 8));
 }
 
+TEST_F(DocumentsTest, SaysThatAFileIsTooLarge) {
+  document.unreadable[folder.File("riesig.txt")] = ErrorNumber::OutOfMemory;
+  Opens("riesig.txt", "");
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text, ErrorText(ErrorNumber::OutOfMemory));
+}
+
 TEST_F(DocumentsTest, SaysThatAFileHoldsNoText) {
   Opens("a.txt", "A");
   document.unreadable[folder.File("bild.txt")] = ErrorNumber::InvalidFileFormat;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The window while an extension in another process does not answer.
 if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
-  exec env LORELIN_ON_SCREEN=1 dbus-run-session -- "$2/tools/with-display" "$0" "$@"
+  exec env LORELIN_ON_SCREEN=1 "$2/tools/with-display" "$0" "$@"
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"

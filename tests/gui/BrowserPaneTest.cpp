@@ -49,6 +49,16 @@ class Pane : public FormFixture {
   std::vector<std::string> followed;
 };
 
+TEST_F(Pane, MakesNoViewForAPageThatIsNotSeen) {
+  WriteFile(folder.File("brief.txt"), "Lieber Leser");
+  startup.startupFilePath = folder.File("brief.txt");
+  window.Load();
+  EXPECT_EQ(form.Editor().Text(), "Lieber Leser");
+  EXPECT_TRUE(form.Browser().GetChildren().empty());
+  window.InteractiveMode();
+  EXPECT_FALSE(form.Browser().GetChildren().empty());
+}
+
 TEST_F(Pane, HandsOverLinksAsTheyStandInThePage) {
   messageBoxes.answers = {MessageAnswer::Ok};
   ShowLinks({"lo:Nichts", "lo:Go()", "lo:Go", "lo:Open(x)", "lo:Speak(x)", "speak:Guten%20Morgen",

@@ -1,3 +1,4 @@
+#include <gtk/gtk.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,6 +53,29 @@ class MonitorForm : public FormFixture {
   }
   std::vector<std::string> heard;
 };
+
+TEST_F(MonitorForm, FetchesATextOnceForEachChange) {
+  int fetched = 0;
+  const GtkTargetEntry target{const_cast<gchar*>("UTF8_STRING"), 0, 0};
+  const auto give = +[](GtkClipboard*, GtkSelectionData* data, guint, gpointer count) {
+    ++*static_cast<int*>(count);
+    gtk_selection_data_set_text(data, "groß", -1);
+  };
+  GtkClipboard* const owned = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
+  const auto copy = [&] {
+    gtk_clipboard_set_with_data(
+        owned, &target, 1, give, [](GtkClipboard*, gpointer) {}, &fetched);
+    EXPECT_TRUE(WaitUntil([&] { return clipboard.Text() == "groß"; }));
+  };
+  copy();
+  ASSERT_TRUE(WaitUntil([&, before = fetched] { return clipboard.Text() == "groß" && fetched == before; }));
+  const int once = fetched;
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(clipboard.Text(), "groß");
+  EXPECT_EQ(fetched, once);
+  copy();
+  EXPECT_TRUE(WaitUntil([&] { return clipboard.Text() == "groß" && fetched > once; }));
+  gtk_clipboard_clear(owned);
+}
 
 TEST_F(MonitorForm, SpeaksWhatOtherProgramsCopy) {
   settings.Save(setting::ReadClipboardOnChange, "1");

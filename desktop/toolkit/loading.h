@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "desktop/toolkit/WxProgressWindow.h"
+#include "richtext/RichText.h"
+
+namespace lorelin {
+
+// Shows how far the loading of a long document is; nothing is shown for a short one. User-interface thread
+// only.
+class Loading {
+ public:
+  explicit Loading(const std::string& path);
+
+  // The document, read beside the window. Throws like ReadRichTextFile, and as Advance does.
+  [[nodiscard]] RichText Read();
+  // The part `done` (0 to 1) of it is in its place. Throws RuntimeError when the user has cancelled.
+  void Advance(double done);
+
+ private:
+  void ShowShare(double share);
+
+  std::string path_;
+  bool long_;
+  WxProgressWindow window_;
+};
+
+}  // namespace lorelin
