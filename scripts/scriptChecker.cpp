@@ -333,7 +333,12 @@ class Checker {
   void Remember(std::string_view command) {
     if ((command == "Stopp" || command == "Wiederholen") && !endedBy_) endedBy_ = line_;
     if (command == "Exportieren") exportedAt_ = line_;
-    if (command == "Sprechen") exportedAt_.reset();
+    if (command == "Exportieren" || command == "Sprechen2") filledFrom_.reset();
+    if (command == "Sprechen" && filledFrom_) {
+      Error("Auch dieses „Sprechen“ schreibt in die Datei von „Exportieren“ in Zeile " +
+            std::to_string(*filledFrom_) + " und ersetzt, was darin steht.");
+    }
+    if (command == "Sprechen" && exportedAt_) filledFrom_ = std::exchange(exportedAt_, std::nullopt);
     if (command == "Sprechen2" && exportedAt_) {
       Error("„Sprechen2“ spricht in eine neue Datei: die von „Exportieren“ in Zeile " +
             std::to_string(*exportedAt_) + " entsteht nicht. Sie braucht „Sprechen();“.");
@@ -361,6 +366,7 @@ class Checker {
   std::optional<std::size_t> endedBy_;
   bool unreachableTold_ = false;
   std::optional<std::size_t> exportedAt_;
+  std::optional<std::size_t> filledFrom_;  // the line that named the file which has its text already
   std::set<std::string_view> conditionsTold_;
 };
 

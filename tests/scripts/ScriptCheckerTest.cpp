@@ -118,6 +118,14 @@ TEST(CheckScript, NamesAnExportThatLeavesNoFile) {
             std::string::npos);
 }
 
+TEST(CheckScript, NamesASecondTextThatReplacesTheFirstInItsFile) {
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nSprechen();\r\nSprechen();"),
+            "3 E Auch dieses „Sprechen“ schreibt in die Datei von „Exportieren“ in Zeile 1 und ersetzt, was "
+            "darin steht.");
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nSprechen();\r\nExportieren(b.wav);\r\nSprechen();"), "");
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nSprechen();\r\nSprechen2(x);\r\nSprechen();"), "");
+}
+
 TEST(CheckScript, NamesLoneLineEndsOnceAndChecksTheLinesAllTheSame) {
   const std::string all = Findings("Text(a);\r\nText(b);\nWarten(x);\nX();\n");
   EXPECT_EQ(all.find("2 E Diese Zeile endet nicht mit CR LF"), 0U) << all;
