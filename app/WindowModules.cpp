@@ -18,7 +18,11 @@ WindowModules::WindowModules(Edges given)
                  .pump = edges.pump,
                  .extensions = edges.spoken.extensions,
                  .log = edges.system.log,
-                 .stateChanged = [this] { edges.view.SetTitle(documents.Title()); },
+                 .stateChanged =
+                     [this] {
+                       edges.view.SetTitle(documents.Title());
+                       edges.spoken.speech.Status().Forget();  // that was another text
+                     },
                  .stored = [this] { edges.recovery.Saved(); },
                  .unwanted = [this] { edges.recovery.LetGo(); },
                  .used = [this](const std::string& path) { recent.Add(path); }}),
@@ -145,7 +149,7 @@ void WindowModules::FillCommands() {
 void WindowModules::Connect() {
   edges.browser.OnNavigate([this](std::string& address) { return links.BeforeNavigate(address); });
   edges.spoken.speech.OnExportAvailable(
-      [this](bool available) { edges.view.EnableToolbarButton("Exportieren", available); });
+      [this](bool available) { edges.view.EnableCommand("ExportDoc", available); });
   edges.taskPane.OnClick(
       [this](std::int32_t number, TaskPaneRequest request) { taskItems.Clicked(number, request); });
   edges.recovery.OnLeftoversChanged([this] { unsaved.Offer(); });

@@ -17,8 +17,8 @@ class Fixture {
  public:
   Fixture() : services_(MakePlatformServices(false)) {
     engine = std::make_unique<EngineClient>(
-        EngineClient::Options{.engineFile = services_.paths.engineFile, .audible = true, .notice = {}}, pump,
-        *services_.clock, *services_.log);
+        EngineClient::Options{.engineFile = services_.paths.engineFile, .audible = true, .condition = {}},
+        pump, *services_.clock, *services_.log);
     engine->SetCurrentVoice(2);
     Wait(std::chrono::milliseconds(500));
   }

@@ -22,7 +22,7 @@ void WaveCollector::SetWaveFile(const std::string& path) {
 void WaveCollector::OnEndOfText(std::function<void(const EndOfText&)> handler) {
   engine_.OnEndOfText([this, handler = std::move(handler)](const EndOfText& end) {
     if (end.complete) {
-      Append(rendered_);
+      Append(underWay_);
     } else {
       problem_ = end.reason;
     }

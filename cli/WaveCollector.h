@@ -20,7 +20,10 @@ class WaveCollector final : public DirectSS {
   [[nodiscard]] bool Finish();
   [[nodiscard]] const std::string& Problem() const { return problem_; }
 
-  void Speak(std::string_view text) override { engine_.Speak(text); }
+  void Speak(std::string_view text) override {
+    underWay_ = rendered_;
+    engine_.Speak(text);
+  }
   void PauseAudio() override { engine_.PauseAudio(); }
   void ResumeAudio() override { engine_.ResumeAudio(); }
   void ResetAudio() override { engine_.ResetAudio(); }
@@ -52,7 +55,8 @@ class WaveCollector final : public DirectSS {
 
   DirectSS& engine_;
   std::string path_;
-  std::string rendered_;
+  std::string rendered_;  // where the next text goes
+  std::string underWay_;  // and where the one that is spoken does
   std::string problem_;
   std::unique_ptr<engine::WaveFileWriter> file_;
 };

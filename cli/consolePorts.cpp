@@ -25,9 +25,13 @@ MessageAnswer ConsoleMessageBoxes::Show(std::string_view text, std::string_view 
   return answer.starts_with('j') || answer.starts_with('y') ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
+void TellCondition(const std::string& text) {
+  if (!text.empty()) std::cerr << text << '\n';
+}
+
 void ConsoleStatusBar::SetMessage(std::string_view text) {
   lastMessage_ = text;
-  if (wanted_) std::cerr << text << '\n';
+  if (wanted_ && !text.empty()) std::cerr << text << '\n';
 }
 
 std::string ConsoleDocument::RichText() {

@@ -24,6 +24,9 @@ class ConsoleMessageBoxes final : public MessageBoxes {
   std::optional<MessageAnswer> answer_;
 };
 
+// What is wrong with an engine instance, as a line on standard error.
+void TellCondition(const std::string& text);
+
 // The clipboard of a program without windows: its own.
 class ConsoleClipboard final : public Clipboard {
  public:
@@ -39,11 +42,9 @@ class ConsoleStatusBar final : public StatusBar {
  public:
   explicit ConsoleStatusBar(bool wanted) : wanted_(wanted) {}
   void SetMessage(std::string_view text) override;
-  void SetNotice(std::string_view, std::string_view text) override {
-    if (!text.empty()) SetMessage(text);
-  }
+  [[nodiscard]] std::string Message() override { return lastMessage_; }
+  void SetNotice(std::string_view, std::string_view) override {}  // who runs a command knows what it does
   void SetFirstPanel(std::string_view) override {}
-  [[nodiscard]] const std::string& LastMessage() const { return lastMessage_; }
 
  private:
   bool wanted_;

@@ -49,9 +49,8 @@ class Session {
       : options_(options),
         services_(MakePlatformServices(options.verbose)),
         statusBar_(options.verbose),
-        engine_(MakeSpeechInstance(services_, pump_,
-                                   options.waveFile.empty() && options.action == Action::Say,
-                                   [](const std::string& notice) { std::cerr << notice << '\n'; })) {
+        engine_(MakeSpeechInstance(
+            services_, pump_, options.waveFile.empty() && options.action == Action::Say, &TellCondition)) {
     if (!services_.registryNotice.empty()) std::cerr << services_.registryNotice << '\n';
   }
 
@@ -97,8 +96,8 @@ class Session {
     });
     speech.Speak(text, true, options_.waveFile.empty() ? "-1" : options_.waveFile, true);
     while (!ended) pump_.RunPendingEvents();
-    if (statusBar_.LastMessage() == ModSpeak::kReadToTheEnd) return ExitCode::Done;
-    throw Failure(ExitCode::NotToTheEnd, options_.verbose ? std::string() : statusBar_.LastMessage());
+    if (speech.Problem().empty()) return ExitCode::Done;
+    throw Failure(ExitCode::NotToTheEnd, options_.verbose ? std::string() : speech.Problem());
   }
 
   const Options& options_;

@@ -49,8 +49,7 @@ class Instances {
 
  private:
   static std::unique_ptr<DirectSS> Make(const PlatformServices& services, EventPump& pump, bool audible) {
-    return MakeSpeechInstance(services, pump, audible,
-                              [](const std::string& notice) { std::cerr << notice << '\n'; });
+    return MakeSpeechInstance(services, pump, audible, &TellCondition);
   }
 
   std::unique_ptr<DirectSS> rendering_;
@@ -168,7 +167,9 @@ ExitCode RunScript(const Options& options) {
   }
   pump.RunPendingEvents();
   instances.FinishFile();
-  return CodeOf(interpreter);
+  const ExitCode code = CodeOf(interpreter);
+  if (code == ExitCode::Done && spoken.speech.FailedFiles() > 0) return ExitCode::ScriptErrors;
+  return code;
 }
 
 }  // namespace lorelin::cli

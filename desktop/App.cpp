@@ -34,8 +34,8 @@ class App::Program {
   Program()
       : services_(MakePlatformServices(false)),
         pump_(*services_.log),
-        voice_(MakeSpeechInstance(services_, pump_, true, Notice())),
-        voice2_(MakeSpeechInstance(services_, pump_, false, Notice())),
+        voice_(MakeSpeechInstance(services_, pump_, true, Notice(0))),
+        voice2_(MakeSpeechInstance(services_, pump_, false, Notice(1))),
         form_(std::make_unique<FrmMain>(
             services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
         recovery_({.editor = form_->Editor(),
@@ -56,7 +56,8 @@ class App::Program {
                  .messageBoxes = messageBoxes_,
                  .pump = pump_,
                  .programFolder = services_.paths.programFolder}),
-        voiceDialogs_(spoken_.speech, spoken_.settings),
+        voiceDialogs_(spoken_.speech, spoken_.settings,
+                      [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }),
         helpDialogs_(
             {.settings = modSettings_,
              .messageBoxes = messageBoxes_,
@@ -152,8 +153,9 @@ class App::Program {
     form_->Raise();
   }
 
-  std::function<void(const std::string&)> Notice() {
-    return [this](const std::string& text) { form_->SetMessage(text); };
+  std::function<void(const std::string&)> Notice(std::size_t instance) {
+    return
+        [this, instance](const std::string& text) { spoken_.speech.Status().SetCondition(instance, text); };
   }
 
   void TellRegistryNotice() {

@@ -130,9 +130,8 @@ void FrmMain::BuildToolbar() {
 }
 
 void FrmMain::BuildStatusBar() {
-  wxStatusBar* const bar = CreateStatusBar(2, wxSTB_DEFAULT_STYLE, wxID_ANY, "StatusBar1");
-  const int widths[] = {bar->GetTextExtent("100000000 Zeichen.").x + FromDIP(24), -1};
-  bar->SetStatusWidths(2, widths);
+  wxStatusBar* const bar = CreateStatusBar(3, wxSTB_DEFAULT_STYLE, wxID_ANY, "StatusBar1");
+  ShowNotices();
   bar->SetStatusText("0 Zeichen.", 0);
   SetStatusBarPane(-1);  // the menus have no help texts that would wipe out what stands there
 }
@@ -195,9 +194,17 @@ void FrmMain::CheckMenuEntry(std::string_view name, bool checked) {
     GetMenuBar()->Check(found->second, checked);
 }
 
-void FrmMain::EnableToolbarButton(std::string_view key, bool enabled) {
-  if (const auto found = toolIds_.find(key); found != toolIds_.end())
-    GetToolBar()->EnableTool(found->second, enabled);
+void FrmMain::EnableCommand(std::string_view command, bool enabled) {
+  for (const ToolbarButton& button : ToolbarButtons()) {
+    if (button.command == command && !button.key.empty())
+      GetToolBar()->EnableTool(toolIds_.at(std::string(button.key)), enabled);
+  }
+  for (const Menu& menu : MainMenus()) {
+    for (const MenuEntry& entry : menu.entries) {
+      if (entry.command == command && menuIds_.contains(entry.name))
+        GetMenuBar()->Enable(menuIds_.find(entry.name)->second, enabled);
+    }
+  }
 }
 
 // The frame keeps its toolbar as wide as itself; this settles its height for the font in use.
@@ -289,20 +296,32 @@ void FrmMain::HideWindow() {
   Hide();
 }
 void FrmMain::SetMessage(std::string_view text) {
-  message_ = text;
-  ShowMessage();
+  SetStatusText(ToWx(text), 1);
 }
-void FrmMain::SetNotice(std::string_view name, std::string_view text) {
-  notices_.insert_or_assign(std::string(name), std::string(text));
-  ShowMessage();
-}
-void FrmMain::ShowMessage() {
-  std::string text;
-  for (const auto& [name, notice] : notices_) text += notice.empty() ? "" : notice + "  ";
-  SetStatusText(ToWx(text + message_), 1);
+std::string FrmMain::Message() {
+  return FromWx(GetStatusBar()->GetStatusText(1));
 }
 void FrmMain::SetFirstPanel(std::string_view text) {
   SetStatusText(ToWx(text), 0);
+}
+void FrmMain::SetNotice(std::string_view name, std::string_view text) {
+  notices_.insert_or_assign(std::string(name), std::string(text));
+  ShowNotices();
+}
+
+// They have a panel of their own, as wide as they are; the message keeps half of the bar at least.
+void FrmMain::ShowNotices() {
+  std::string all;
+  for (const auto& [name, notice] : notices_) {
+    if (!notice.empty()) all += (all.empty() ? "" : "  ·  ") + notice;
+  }
+  wxStatusBar* const bar = GetStatusBar();
+  const int gap = FromDIP(24);
+  const int half = std::max(bar->GetClientSize().x, GetClientSize().x) / 2;
+  const int wanted = all.empty() ? 0 : std::min(bar->GetTextExtent(ToWx(all)).x + gap, half);
+  const int widths[] = {bar->GetTextExtent("100000000 Zeichen.").x + gap, -1, wanted};
+  bar->SetStatusWidths(3, widths);
+  bar->SetStatusText(ToWx(all), 2);
 }
 
 }  // namespace lorelin

@@ -42,7 +42,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void ShowBrowser(bool visible) override;
   void FocusEditor() override;
   void CheckMenuEntry(std::string_view name, bool checked) override;
-  void EnableToolbarButton(std::string_view key, bool enabled) override;
+  void EnableCommand(std::string_view command, bool enabled) override;
   void StretchToolbar() override;
   void EnableTimer(WatchTimer timer, bool enabled) override;
   void SetTitle(std::string_view title) override;
@@ -59,6 +59,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void HideWindow() override;
   void EndProgram() override { endProgram_(); }
   void SetMessage(std::string_view text) override;
+  std::string Message() override;
   void SetNotice(std::string_view name, std::string_view text) override;
   void SetFirstPanel(std::string_view text) override;
 
@@ -71,7 +72,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void AcceptFiles(wxWindow& window);
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
-  void ShowMessage();
+  void ShowNotices();
 
   std::function<void()> endProgram_;
   WindowModules* modules_ = nullptr;
@@ -79,7 +80,6 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   std::map<std::string, int, std::less<>> toolIds_;
   wxSplitterWindow* splitter_ = nullptr;
   std::map<std::string, std::string, std::less<>> notices_;
-  std::string message_;
   WxDocumentEditor* rtfText_ = nullptr;
   WxBrowserPane* wbBrowser_ = nullptr;
   WxTaskPane* ctlTask_ = nullptr;

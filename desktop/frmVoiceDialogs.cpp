@@ -13,16 +13,18 @@ constexpr const char* kSample = "Guten Tag! So klingt die Stimme mit dieser Eins
 }  // namespace
 
 void FrmVoiceDialogs::ChooseVoice() {
-  FrmVoice dialog(parent_, VoiceChoice(speech_.Voice(), settings_), [this](std::int32_t position) {
-    speech_.SpeakSample(kSample, setting::Voice, std::to_string(position));
+  VoiceSample sample(speech_, makeSample_);
+  FrmVoice dialog(parent_, VoiceChoice(speech_.Voice(), settings_), [&sample](std::int32_t position) {
+    sample.Play(kSample, setting::Voice, std::to_string(position));
   });
   dialog.ShowModal();
 }
 
 void FrmVoiceDialogs::ChangeParameter(VoiceParameter parameter) {
   const SliderDialog& slider = SliderDialogFor(parameter);
-  FrmSlider dialog(parent_, slider, settings_, [this, &slider](std::int32_t percent) {
-    speech_.SpeakSample(kSample, slider.stored, std::to_string(percent));
+  VoiceSample sample(speech_, makeSample_);
+  FrmSlider dialog(parent_, slider, settings_, [&sample, &slider](std::int32_t percent) {
+    sample.Play(kSample, slider.stored, std::to_string(percent));
   });
   dialog.ShowModal();
 }

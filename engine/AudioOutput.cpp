@@ -17,8 +17,8 @@ constexpr milliseconds kIdle{2000};
 
 }  // namespace
 
-AudioOutput::AudioOutput(int sampleRate, Notice silent)
-    : sampleRate_(sampleRate), silent_(std::move(silent)), ring_(static_cast<std::size_t>(sampleRate) / 2) {}
+AudioOutput::AudioOutput(int sampleRate, Notice notice)
+    : sampleRate_(sampleRate), notice_(std::move(notice)), ring_(static_cast<std::size_t>(sampleRate) / 2) {}
 
 AudioOutput::~AudioOutput() {
   Guard guard(mutex_);
@@ -48,7 +48,9 @@ bool AudioOutput::OpenDevice() {
 void AudioOutput::Open(Guard& guard) {
   guard.unlock();
   WarmUp();
-  const bool open = driverLoaded_ && OpenDevice();
+  if (silentDriver_ && !freshlySilent_) TryDeviceAgain();
+  freshlySilent_ = false;
+  const bool open = device_ != 0 || (driverLoaded_ && OpenDevice());
   if (open) SDL_PauseAudioDevice(device_, 0);
   guard.lock();
   lastTaken_ = lastSound_ = steady_clock::now();
@@ -65,13 +67,25 @@ void AudioOutput::Close(Guard& guard) {
 
 void AudioOutput::UseSilentDriver(Guard& guard) {
   Close(guard);
-  silentDriver_ = true;
+  silentDriver_ = freshlySilent_ = true;
   guard.unlock();
   if (driverLoaded_) SDL_AudioQuit();
   driverLoaded_ = SDL_AudioInit("dummy") == 0;
-  silent_();
+  notice_(true);
   guard.lock();
   Open(guard);
+}
+
+void AudioOutput::TryDeviceAgain() {
+  if (driverLoaded_) SDL_AudioQuit();
+  driverLoaded_ = SDL_AudioInit(nullptr) == 0;
+  if (driverLoaded_ && OpenDevice()) {
+    silentDriver_ = false;
+    notice_(false);
+    return;
+  }
+  if (driverLoaded_) SDL_AudioQuit();
+  driverLoaded_ = SDL_AudioInit("dummy") == 0;
 }
 
 bool AudioOutput::WaitFor(Guard& guard, const std::function<bool()>& ready) {

@@ -17,10 +17,11 @@ namespace lorelin::engine {
 // rest to any.
 class AudioOutput {
  public:
-  using Notice = std::function<void()>;
+  using Notice = std::function<void(bool silent)>;
 
-  // `silent` is called once, when the first text has to pass without a device.
-  AudioOutput(int sampleRate, Notice silent);
+  // `notice` is called with true when texts have to pass without a device, and with false when one is there
+  // again.
+  AudioOutput(int sampleRate, Notice notice);
   ~AudioOutput();
   AudioOutput(const AudioOutput&) = delete;
   AudioOutput& operator=(const AudioOutput&) = delete;
@@ -46,6 +47,8 @@ class AudioOutput {
   void Open(Guard& guard);
   void Close(Guard& guard);
   void UseSilentDriver(Guard& guard);
+  // A device may have come meanwhile: leaves the silent driver for it. Called without the lock.
+  void TryDeviceAgain();
   bool OpenDevice();
   bool WaitFor(Guard& guard, const std::function<bool()>& ready);
   // While something waits: a device that takes nothing for long is given up, one that is paused for long is
@@ -55,7 +58,7 @@ class AudioOutput {
   static void Callback(void* self, Uint8* bytes, int size);
 
   const int sampleRate_;
-  Notice silent_;
+  Notice notice_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::vector<std::int16_t> ring_;
@@ -66,6 +69,7 @@ class AudioOutput {
   bool discarded_ = false;
   bool driverLoaded_ = false;
   bool silentDriver_ = false;
+  bool freshlySilent_ = false;  // no device was found just now
   std::chrono::steady_clock::time_point lastTaken_{};
   std::chrono::steady_clock::time_point lastSound_{};
   SDL_AudioDeviceID device_ = 0;

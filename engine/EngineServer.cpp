@@ -19,7 +19,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr std::int64_t kStuckMilliseconds = 10000;
+constexpr std::int64_t kStuckMilliseconds = 3500;
 constexpr milliseconds kLastWords{2000};
 constexpr int kStuckExitCode = 70;
 constexpr std::string_view kLibraryFailed = "Die Sprachausgabe konnte den Text nicht verarbeiten.";
@@ -42,8 +42,9 @@ class EngineServer::DeviceSink final : public SampleSink {
 };
 
 EngineServer::EngineServer(int socket, bool warmUpAudio)
-    : socket_(socket), warmUpAudio_(warmUpAudio), audio_(synthesizer_.SampleRate(), [this] {
-        Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(NoticeCode::NoAudioDevice)));
+    : socket_(socket), warmUpAudio_(warmUpAudio), audio_(synthesizer_.SampleRate(), [this](bool silent) {
+        const auto code = silent ? NoticeCode::NoAudioDevice : NoticeCode::AudioDevice;
+        Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(code)));
       }) {}
 
 EngineServer::~EngineServer() {
@@ -203,14 +204,14 @@ void EngineServer::Perform(const Utterance& utterance) {
 std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink) {
   if (!sink.Problem().empty()) return sink.Problem();
   bool started = false;
+  const std::string text = SpeakableText(utterance.text);
   inLibrarySince_ = NowMilliseconds();
   synthesizer_.Apply(utterance);
-  const bool spoken =
-      synthesizer_.Speak(SpeakableText(utterance.text), [&](std::span<const std::int16_t> samples) {
-        const bool taken = Pass(sink, samples, started ? 0 : utterance.id);
-        started = true;
-        return taken;
-      });
+  const bool spoken = synthesizer_.Speak(text, [&](std::span<const std::int16_t> samples) {
+    const bool taken = Pass(sink, samples, started ? 0 : utterance.id);
+    started = true;
+    return taken;
+  });
   inLibrarySince_ = 0;
   if (!sink.Problem().empty()) return sink.Problem();
   if (!spoken) return std::string(kLibraryFailed);

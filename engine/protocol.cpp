@@ -162,7 +162,7 @@ std::optional<Message> FrameReader::Next() {
   const std::string_view rest = std::string_view(buffer_).substr(done_);
   if (broken_ || rest.size() < kHeader) return std::nullopt;
   const std::uint32_t length = FieldReader(rest).Number();
-  const auto kind = static_cast<std::uint8_t>(rest[4]);
+  const auto kind = static_cast<std::uint8_t>(rest[kKindAt]);
   if (length < 1 || length > kMaxFrame || !IsKnown(kind)) {
     broken_ = true;
     return std::nullopt;

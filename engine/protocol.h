@@ -14,8 +14,9 @@ namespace lorelin::engine {
 // another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
 // filled by its fields.
 
-inline constexpr std::uint32_t kProtocolVersion = 1;
+inline constexpr std::uint32_t kProtocolVersion = 2;
 inline constexpr std::uint32_t kMaxFrame = 256U << 20;
+inline constexpr std::size_t kKindAt = 4;  // of a frame
 
 enum class Kind : std::uint8_t {
   // from the engine
@@ -32,7 +33,10 @@ enum class Kind : std::uint8_t {
   Ping = 20,  // number
 };
 
-enum class NoticeCode : std::uint32_t { NoAudioDevice = 1 };
+enum class NoticeCode : std::uint32_t {
+  NoAudioDevice = 1,  // texts pass in silence from now on
+  AudioDevice = 2,    // and are heard again
+};
 
 struct Voice {
   std::string name;

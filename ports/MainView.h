@@ -18,8 +18,8 @@ class MainView {
   virtual void FocusEditor() = 0;
   // Check mark of the menu entry with this name ("mnuTextmode").
   virtual void CheckMenuEntry(std::string_view name, bool checked) = 0;
-  // Enables the toolbar button with this key ("Exportieren").
-  virtual void EnableToolbarButton(std::string_view key, bool enabled) = 0;
+  // Enables whatever runs the command with this name ("ExportDoc"): menu entry, its key, toolbar button.
+  virtual void EnableCommand(std::string_view command, bool enabled) = 0;
   virtual void StretchToolbar() = 0;
   virtual void EnableTimer(WatchTimer timer, bool enabled) = 0;
   virtual void SetTitle(std::string_view title) = 0;

@@ -53,11 +53,12 @@ struct PlatformServices {
 // `verbose` copies the log to standard error. Never throws.
 [[nodiscard]] PlatformServices MakePlatformServices(bool verbose);
 
-// An engine instance. `audible` prepares the sound device. `notice` gets German sentences for the status bar,
-// on the pump's thread; the services and the pump must outlive the instance.
+// An engine instance. `audible` prepares the sound device. `condition` is told what is wrong with
+// the instance, a German sentence, and "" when nothing is any more; on the pump's thread. The services and
+// the pump must outlive the instance.
 [[nodiscard]] std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump,
                                                            bool audible,
-                                                           std::function<void(const std::string&)> notice);
+                                                           std::function<void(const std::string&)> condition);
 
 // The arguments of the process, its own name left out, as the one string that start-up reads.
 [[nodiscard]] std::string CommandLineText(std::span<char* const> arguments);

@@ -149,10 +149,21 @@ bool Interpreter::IsAllowed(const Entry& command) const {
 void Interpreter::ExecuteSkript(std::int32_t item) {
   if (!ScriptsAreAllowed()) return;
   errors_ = 0;
+  const int failedFiles = parts_.speech.FailedFiles();
   RunOnce(item);
   while (std::exchange(restartWanted_, false)) RunAgain(item);
+  EndExport(failedFiles);
   Note(EndText(end_));
   parts_.statusBar.SetMessage("Ausführung des Taskscripts beendet.");
+}
+
+// The file that Exportieren named is for the speech of this script only.
+void Interpreter::EndExport(int failedBefore) {
+  parts_.speech.EndNamedWaveFile();
+  parts_.speech.Status().ScriptRuns("");
+  const int failed = parts_.speech.FailedFiles() - failedBefore;
+  if (failed > 0)
+    parts_.runLog.Write(currentScriptFile_ + ": Exportieren misslang " + std::to_string(failed) + "-mal");
 }
 
 void Interpreter::RunAgain(std::int32_t item) {
@@ -169,6 +180,7 @@ void Interpreter::RunOnce(std::int32_t item) {
   const std::string script = DecodeText(ReadFileBytes(JoinPath(parts_.scriptFolder, {currentScriptFile_})));
   parts_.statusBar.SetMessage("Drücken Sie " + parts_.stopKey + " um die Ausführung von '" +
                               parts_.fileOfItem(item) + "' zu beenden.");
+  parts_.speech.Status().ScriptRuns(parts_.fileOfItem(item));
   end_ = ScriptEnd::LastLine;
   const Running running(scriptRunning_);
   WalkLines(script);
@@ -193,7 +205,12 @@ void Interpreter::LetEventsInNowAndThen() {
 }
 
 void Interpreter::Cancel() {
-  if (scriptRunning_) EndBy(ScriptEnd::Cancelled);
+  if (!scriptRunning_) return;
+  EndBy(ScriptEnd::Cancelled);
+  parts_.speech.Status().ScriptRuns("");
+  if (waitingUntil_.empty()) return;
+  parts_.statusBar.SetMessage("Das Warten bis " + waitingUntil_ +
+                              " ist abgebrochen. Das Taskscript führt nichts mehr aus.");
 }
 
 void Interpreter::EndBy(ScriptEnd end) {
@@ -264,7 +281,7 @@ void Interpreter::Pause(const std::string&, const std::string&) {
 // Only what is heard stops: the rendering of the text runs on to its end.
 void Interpreter::Stopp(const std::string&, const std::string&) {
   EndBy(ScriptEnd::Itself);
-  parts_.speech.Voice().ResetAudio();
+  parts_.speech.StopHearing();
 }
 
 void Interpreter::Geschwindigkeit(const std::string& percent, const std::string&) {
@@ -323,6 +340,11 @@ void Interpreter::WennNicht(const std::string& left, const std::string& right) {
 
 // Escape alone does not end this wait: the time has to come while a script runs.
 void Interpreter::WartenBis(const std::string& time, const std::string&) {
+  struct Waiting {
+    std::string& until;
+    std::string before;
+    ~Waiting() { until = std::move(before); }
+  } const waiting{waitingUntil_, std::exchange(waitingUntil_, time)};
   do {
     parts_.pump.RunPendingEvents();
   } while (!scriptRunning_ || ClockText(parts_.clock.Now()) != time);

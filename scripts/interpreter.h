@@ -96,6 +96,7 @@ class Interpreter {
   [[nodiscard]] bool IsAllowed(const Entry& command) const;
   [[nodiscard]] std::string FromHome(const std::string& path) const;
   void RunOnce(std::int32_t item);
+  void EndExport(int failedBefore);
   void RunAgain(std::int32_t item);
   void WalkLines(std::string_view script);
   void Carry(const std::string& command, std::string& parameter1, std::string& parameter2);
@@ -130,6 +131,7 @@ class Interpreter {
   std::string currentScriptFile_;
   bool scriptRunning_ = false;
   bool restartWanted_ = false;
+  std::string waitingUntil_;  // the time that WartenBis waits for; "" when it does not
   std::int32_t scriptItemId_ = 0;
   std::chrono::steady_clock::time_point lastEvents_{};
   ScriptEnd end_ = ScriptEnd::LastLine;

@@ -29,7 +29,9 @@ void ModExport::ExportDoc() {
                                                        .defaultExtension = ".wav"});
   if (!target) return;
   try {
-    if (Copy(*target)) parts_.extensions.Export(*target);
+    if (!Copy(*target)) return;
+    parts_.speech.Status().Saved(*target);
+    parts_.extensions.Export(*target);
   } catch (const RuntimeError& error) {
     parts_.messageBoxes.Show("Fehler: " + std::string(error.what()),
                              "Fehler " + std::to_string(error.Number()), MessageIcon::Critical,

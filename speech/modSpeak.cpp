@@ -28,6 +28,18 @@ std::int32_t Checked(std::int64_t number) {
   return static_cast<std::int32_t>(number);
 }
 
+// A count that is one higher as long as this lives, whatever ends it.
+class Counted {
+ public:
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
+
 class OverriddenSetting {
  public:
   OverriddenSetting(SettingsStore& settings, const SettingKey& key, const std::string& value)
@@ -63,7 +75,7 @@ std::string ReplaceTimePlaceholders(std::string text, Clock& clock) {
   return text;
 }
 
-ModSpeak::ModSpeak(Parts parts) : parts_(std::move(parts)) {
+ModSpeak::ModSpeak(Parts parts) : parts_(std::move(parts)), status_(parts_.statusBar) {
   parts_.voice.OnEndOfText([this](const EndOfText& end) { VoiceEnded(end); });
   parts_.voice2.OnEndOfText([this](const EndOfText& end) { Voice2Ended(end); });
 }
@@ -79,6 +91,19 @@ void ModSpeak::OnExportAvailable(std::function<void(bool)> handler) {
 
 void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, bool filter) {
   if (parts_.startup.loadingInProgress) return;
+  try {
+    const Counted preparing(preparing_);
+    PrepareAndStart(text, waveFile, filter);
+  } catch (...) {
+    if (preparing_ == 0) wish_.reset();
+    throw;
+  }
+  if (preparing_ == 0) ServeWishes();
+  if (wait) WaitForEnd();
+}
+
+void ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, bool filter) {
+  const int stops = stops_;
   if (waveFile == kKeepWaveFile) {
     parts_.pump.RunPendingEvents();
   } else {
@@ -93,24 +118,47 @@ void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, 
   text = Decorate(text);
   ResetBoth();
   parts_.pump.RunPendingEvents();
-  ApplyVoice();
-  ApplyParameters();
+  ApplyVoice(parts_.voice);
+  ApplyVoice(parts_.voice2);
+  ApplyParameters(parts_.voice);
   CopyParameters();
-  if (exportAvailable_) exportAvailable_(false);
+  AllowExport(false);
   parts_.pump.RunPendingEvents();
-  voiceCutShort_ = false;
-  parts_.voice.Speak(text);
-  parts_.voice2.Speak(text);
-  if (wait) WaitForEnd();
+  // Who stopped it meanwhile does not want to hear it.
+  if (stops == stops_) return StartBoth(text);
+  if (!rendering_) AllowExport(true);
 }
 
-void ModSpeak::SpeakSample(const std::string& text, const SettingKey& key, const std::string& value) {
-  if (parts_.startup.loadingInProgress) return;
+void ModSpeak::StartBoth(const std::string& text) {
+  problem_.clear();
+  renderedTo_ = namedFile_;
+  renderedWhole_ = heard_ = held_ = paused_ = false;
+  try {
+    parts_.voice.Speak(text);
+    status_.Reads();
+    parts_.voice2.Speak(text);
+  } catch (...) {
+    SetRendering(false);
+    throw;
+  }
+  rendering_ = true;
+  status_.Renders(true);
+}
+
+void ModSpeak::Prepare(DirectSS& instance, const SettingKey& key, const std::string& value) {
   const OverriddenSetting sample(parts_.settings, key, value);
-  parts_.voice.ResetAudio();
-  ApplyVoice();
-  ApplyParameters();
-  parts_.voice.Speak(text);
+  ApplyVoice(instance);
+  ApplyParameters(instance);
+}
+
+void ModSpeak::Hold() {
+  if (held_ || !status_.IsReading()) return;
+  parts_.voice.PauseAudio();
+  held_ = true;
+}
+
+void ModSpeak::Release() {
+  if (std::exchange(held_, false) && status_.IsReading()) parts_.voice.ResumeAudio();
 }
 
 std::string ModSpeak::Decorate(const std::string& text) const {
@@ -120,23 +168,23 @@ std::string ModSpeak::Decorate(const std::string& text) const {
 }
 
 void ModSpeak::ResetBoth() {
-  held_ = false;
+  held_ = paused_ = false;
   parts_.voice.ResetAudio();
+  // One that has ended already will be told as such.
+  const bool rendering = rendering_ && parts_.voice2.Speaking();
   parts_.voice2.ResetAudio();
+  if (rendering) DropRendering();
 }
 
-void ModSpeak::ApplyVoice() {
-  for (DirectSS* instance : {&parts_.voice, &parts_.voice2}) {
-    instance->SetCurrentVoice(Checked(std::int64_t{StoredNumber(parts_.settings, setting::Voice)} + 1));
-  }
+void ModSpeak::ApplyVoice(DirectSS& instance) {
+  instance.SetCurrentVoice(Checked(std::int64_t{StoredNumber(parts_.settings, setting::Voice)} + 1));
 }
 
 std::int32_t ModSpeak::Percent(const SettingKey& key, std::int32_t lowest, std::int32_t highest) const {
   return MapPercent(StoredNumber(parts_.settings, key), lowest, highest);
 }
 
-void ModSpeak::ApplyParameters() {
-  DirectSS& voice = parts_.voice;
+void ModSpeak::ApplyParameters(DirectSS& voice) {
   voice.SetPitch(Percent(setting::Pitch, voice.MinPitch(), voice.MaxPitch()));
   voice.SetSpeed(Percent(setting::Speed, voice.MinSpeed(), voice.MaxSpeed()));
   voice.SetVolumeLeft(Percent(setting::Volume, voice.MinVolume(), voice.MaxVolume()));
@@ -152,23 +200,56 @@ void ModSpeak::CopyParameters() {
 }
 
 void ModSpeak::WaitForEnd() {
+  const Counted waiting(waiting_);
   while (parts_.voice.Speaking()) parts_.pump.RunPendingEvents();
   ResetBoth();
 }
 
 void ModSpeak::VoiceEnded(const EndOfText& end) {
-  if (end.complete) return;
-  voiceCutShort_ = true;
-  parts_.statusBar.SetMessage(end.reason);
+  heard_ = true;
+  held_ = false;
+  status_.Rests();
+  if (!end.complete) {
+    problem_ = end.reason;
+    status_.Failed(end.reason);
+  } else if (renderedWhole_ && problem_.empty()) {
+    renderedTo_.empty() ? status_.ReadToTheEnd() : status_.Saved(renderedTo_);
+  }
 }
 
 void ModSpeak::Voice2Ended(const EndOfText& end) {
   if (!end.complete) {
-    parts_.statusBar.SetMessage(end.reason);
-  } else if (!voiceCutShort_) {
-    parts_.statusBar.SetMessage(kReadToTheEnd);
+    RenderingFailed(end.reason);
+  } else {
+    renderedWhole_ = true;
+    if (!renderedTo_.empty()) status_.Saved(renderedTo_);
+    // The audible instance may have lost the text: the rendering's success must not claim that all was read.
+    if (problem_.empty()) status_.ReadToTheEnd();
   }
-  if (exportAvailable_) exportAvailable_(true);
+  SetRendering(false);
+}
+
+void ModSpeak::RenderingFailed(const std::string& reason) {
+  problem_ = reason;
+  if (renderedTo_.empty()) return status_.Failed(reason);
+  ++failedFiles_;
+  parts_.log.Write("Exportieren(" + renderedTo_ + "): " + reason);
+  status_.NotSaved(renderedTo_, reason);
+}
+
+void ModSpeak::AllowExport(bool allowed) {
+  if (exportAvailable_) exportAvailable_(allowed);
+}
+
+void ModSpeak::SetRendering(bool rendering) {
+  rendering_ = rendering;
+  status_.Renders(rendering);
+  AllowExport(!rendering);
+}
+
+void ModSpeak::DropRendering() {
+  if (!renderedTo_.empty()) RenderingFailed("Die Aufnahme wurde abgebrochen.");
+  SetRendering(false);
 }
 
 void ModSpeak::PauseSpeech() {
@@ -176,12 +257,14 @@ void ModSpeak::PauseSpeech() {
     parts_.voice.ResumeAudio();
     parts_.voice2.ResumeAudio();
     speechPaused_ = 0;
-    held_ = false;
+    paused_ = false;
+    if (status_.IsPaused()) status_.Reads();
   } else {
     parts_.voice.PauseAudio();
     parts_.voice2.PauseAudio();
     speechPaused_ = 1;
-    held_ = parts_.voice.Speaking() || parts_.voice2.Speaking();
+    paused_ = parts_.voice.Speaking() || parts_.voice2.Speaking();
+    if (status_.IsReading()) status_.Pauses();
   }
   parts_.pump.RunPendingEvents();
   ShowPauseHintOnce();
@@ -199,20 +282,56 @@ void ModSpeak::ShowPauseHintOnce() {
 }
 
 void ModSpeak::Stop() {
+  wish_.reset();
+  ++stops_;
+  const bool reading = status_.IsReading() || status_.IsPaused();
   ResetBoth();
+  status_.Rests();
+  if (reading) status_.Stopped();
+}
+
+void ModSpeak::StopHearing() {
+  parts_.voice.ResetAudio();
+  status_.Rests();
 }
 
 void ModSpeak::SpeakMenu() {
-  std::string text;
-  Speak(text, true, "", true);
+  Serve(Wish::Menu);
 }
-
 void ModSpeak::SpeakToolbar() {
-  std::string text = parts_.document.Text();
-  Speak(text, false, "", true);
+  Serve(Wish::Toolbar);
+}
+void ModSpeak::ReadFromCursor() {
+  Serve(Wish::Cursor);
 }
 
-void ModSpeak::ReadFromCursor() {
+// A key that is held down comes again in every wait; each carried out inside the other, they would use up the
+// stack.
+void ModSpeak::Serve(Wish wish) {
+  if (preparing_ > 0) {
+    wish_ = wish;
+  } else {
+    Perform(wish, waiting_ == 0);
+  }
+}
+
+void ModSpeak::ServeWishes() {
+  if (std::exchange(serving_, true)) return;
+  struct Served {
+    bool& serving;
+    ~Served() { serving = false; }
+  } const served{serving_};
+  while (wish_) Perform(*std::exchange(wish_, std::nullopt), false);
+}
+
+// Where somebody waits already for what is heard, one wait is enough.
+void ModSpeak::Perform(Wish wish, bool wait) {
+  if (wish == Wish::Cursor) return PerformCursor();
+  std::string text = wish == Wish::Toolbar ? parts_.document.Text() : std::string();
+  Speak(text, wait && wish == Wish::Menu, "", true);
+}
+
+void ModSpeak::PerformCursor() {
   bool failed = false;
   const auto attempt = [&](const auto& statement) {
     try {
@@ -241,7 +360,15 @@ void ModSpeak::SetWaveFile(const std::string& path) {
     RemoveTemporaryFile(TempWavPath(), parts_.log);
     tempWavNumber_ = RandomBetween(1, 31000);
   }
+  namedFile_ = path;
   parts_.voice2.SetWaveFile(path.empty() ? TempWavPath() : path);
+}
+
+void ModSpeak::EndNamedWaveFile() {
+  if (namedFile_.empty()) return;
+  if (tempWavNumber_ == 0) return SetWaveFile("");
+  namedFile_.clear();
+  parts_.voice2.SetWaveFile(TempWavPath());
 }
 
 std::string ModSpeak::TempWavPath() const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@
 #include "ports/MessageBoxes.h"
 #include "ports/StatusBar.h"
 #include "settings/SettingsStore.h"
+#include "speech/ReadingStatus.h"
 
 namespace lorelin {
 
@@ -42,15 +44,13 @@ class ModSpeak {
     std::string programFolder;  // without trailing separator
   };
 
-  // What the status bar says when a text was rendered whole and nothing cut off its playing.
-  static constexpr std::string_view kReadToTheEnd = "Der Text wurde vollständig vorgelesen.";
-
   explicit ModSpeak(Parts parts);
   ~ModSpeak();
   ModSpeak(const ModSpeak&) = delete;
   ModSpeak& operator=(const ModSpeak&) = delete;
 
-  // Called with false when a text begins to be rendered and with true when its rendering has ended.
+  // Called with false when a text begins to be rendered and with true when its rendering has ended, by
+  // whatever cause.
   void OnExportAvailable(std::function<void(bool)> handler);
 
   // Reads `text` aloud; a blank text stands for the whole document. On return `text` is what the engine was
@@ -62,18 +62,25 @@ class ModSpeak {
   // loading.
   void Speak(std::string& text, bool wait, const std::string& waveFile, bool filter);
 
-  // Speaks a sample with these voice settings instead of the stored ones, by the audible instance only: what
-  // can be exported stays as it is. Throws RuntimeError like Speak.
-  void SpeakSample(const std::string& text, const SettingKey& key, const std::string& value);
+  // Gives an instance that is none of the two the stored voice settings, this one replaced. Throws
+  // RuntimeError like Speak.
+  void Prepare(DirectSS& instance, const SettingKey& key, const std::string& value);
+  // Holds what is heard and lets it go on, without a pause of the user's in between being undone.
+  void Hold();
+  void Release();
 
   // Pauses when speech is running by this switch, else resumes; the first time ever it explains itself.
   void PauseSpeech();
   // A text is held by a pause, which nothing but PauseSpeech or another text ends.
-  [[nodiscard]] bool Held() const { return held_; }
+  [[nodiscard]] bool Held() const { return paused_; }
   void Stop();
+  // Stops what is heard; the rendering of the text runs on to its end.
+  void StopHearing();
 
   // The ways to speak of the menu ("Sprechen": waits, document unfiltered), of the toolbar (does not wait,
   // document filtered) and of "Text ab Cursorposition lesen" (from the character left of the caret on).
+  // However often they come while another text is prepared or waited for, they do not pile up: of those that
+  // came during the preparation the last one is carried out, and one wait serves all.
   void SpeakMenu();
   void SpeakToolbar();
   void ReadFromCursor();
@@ -81,6 +88,13 @@ class ModSpeak {
   // Where the second instance renders to; "" chooses a new temporary file and removes the one before it,
   // which nothing can reach any more (an hour of speech takes 160 MB).
   void SetWaveFile(const std::string& path);
+  // A file that was named is for the texts until here; those that follow are rendered into the temporary one.
+  void EndNamedWaveFile();
+  // Why the last text is not wholly read or rendered; "" when nothing went wrong so far.
+  [[nodiscard]] const std::string& Problem() const { return problem_; }
+  // How many texts could not be rendered into the file that was named for them.
+  [[nodiscard]] int FailedFiles() const { return failedFiles_; }
+  [[nodiscard]] ReadingStatus& Status() { return status_; }
   [[nodiscard]] std::string TempWavPath() const;
   // Deletes the files in the temporary folder: files only, links as links, folders stay. Never fails.
   void ClearTempFolder();
@@ -92,24 +106,49 @@ class ModSpeak {
   [[nodiscard]] DirectSS& Voice2() { return parts_.voice2; }
 
  private:
+  enum class Wish { Menu, Toolbar, Cursor };
+
   [[nodiscard]] std::string Decorate(const std::string& text) const;
   void ResetBoth();
-  void ApplyVoice();
-  void ApplyParameters();
+  void ApplyVoice(DirectSS& instance);
+  void ApplyParameters(DirectSS& instance);
   void CopyParameters();
+  void PrepareAndStart(std::string& text, const std::string& waveFile, bool filter);
+  void StartBoth(const std::string& text);
   void WaitForEnd();
   void ShowPauseHintOnce();
+  void Serve(Wish wish);
+  void ServeWishes();
+  void Perform(Wish wish, bool wait);
+  void PerformCursor();
   void Voice2Ended(const EndOfText& end);
   void VoiceEnded(const EndOfText& end);
+  void AllowExport(bool allowed);
+  void SetRendering(bool rendering);
+  void RenderingFailed(const std::string& reason);
+  // A rendering that is under way has no end any more.
+  void DropRendering();
   [[nodiscard]] std::int32_t Percent(const SettingKey& key, std::int32_t lowest, std::int32_t highest) const;
 
   Parts parts_;
+  ReadingStatus status_;
   std::function<void(bool)> exportAvailable_;
   std::int32_t speechPaused_ = 0;
-  bool held_ = false;  // other than the switch above, a new text lets go
+  bool paused_ = false;  // other than the switch above, a new text lets go
   std::int32_t tempWavNumber_ = 0;
-  // The audible instance lost the current text: the rendering's success must not claim that all was read.
-  bool voiceCutShort_ = false;
+  std::string namedFile_;   // what the next text is rendered into; "" for the temporary file
+  std::string renderedTo_;  // the same of the text that is under way
+  bool rendering_ = false;
+  bool renderedWhole_ = false;
+  bool heard_ = false;
+  bool held_ = false;
+  std::string problem_;
+  int failedFiles_ = 0;
+  int preparing_ = 0;  // calls of Speak that have not started their text yet
+  int waiting_ = 0;    // and those that wait for the end
+  int stops_ = 0;      // how often the user stopped
+  bool serving_ = false;
+  std::optional<Wish> wish_;
   std::mt19937 random_;
 };
 

@@ -5,19 +5,19 @@
 namespace lorelin {
 
 EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock, Log& log)
-    : notice_(std::make_shared<Notice>(options.notice)) {
+    : condition_(std::make_shared<Condition>(options.condition)) {
   const std::weak_ptr<Listener> listener = ListenerForTasks();
-  const std::weak_ptr<Notice> notice = notice_;
+  const std::weak_ptr<Condition> condition = condition_;
   connection_ = std::make_unique<EngineConnection>(
       options.engineFile, options.audible, options.patience,
       EngineConnection::Handlers{.ended =
                                      [listener, &pump](std::uint32_t id, const std::string& reason) {
                                        pump.Post([listener, id, reason] { TellEnd(listener, id, reason); });
                                      },
-                                 .notice =
-                                     [notice, &pump](const std::string& text) {
-                                       pump.Post([notice, text] {
-                                         const auto alive = notice.lock();
+                                 .condition =
+                                     [condition, &pump](const std::string& text) {
+                                       pump.Post([condition, text] {
+                                         const auto alive = condition.lock();
                                          if (alive && *alive) (*alive)(text);
                                        });
                                      }},

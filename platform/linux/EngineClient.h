@@ -21,10 +21,10 @@ class EngineClient final : public SpeechInstance {
   struct Options {
     std::string engineFile;
     bool audible = false;  // this instance is going to play: it prepares the sound device
-    std::function<void(const std::string&)>
-        notice;  // German sentences for the status bar, on the pump's thread
-    // How long an engine with a text may leave a question unanswered.
-    std::chrono::milliseconds patience{2000};
+    // What is wrong with the instance, in German for the status bar, and "" when nothing is any more; on the
+    // pump's thread.
+    std::function<void(const std::string&)> condition;
+    EngineConnection::Patience patience{};
   };
 
   // Owns none of the references; they must outlive the object.
@@ -43,11 +43,11 @@ class EngineClient final : public SpeechInstance {
   [[nodiscard]] std::chrono::microseconds LastStartLatency() const;
 
  private:
-  using Notice = std::function<void(const std::string&)>;
+  using Condition = std::function<void(const std::string&)>;
 
   [[nodiscard]] const engine::Capabilities& Abilities() override;
 
-  std::shared_ptr<Notice> notice_;  // posted calls find it, if the object still lives
+  std::shared_ptr<Condition> condition_;  // posted calls find it, if the object still lives
   std::unique_ptr<EngineConnection> connection_;
   const engine::Capabilities* abilities_ = nullptr;
 };

@@ -33,6 +33,7 @@ constexpr int kChildSocket = 3;
 
 constexpr std::string_view kCutShort =
     "Die Sprachausgabe wurde unterbrochen. Der Text wurde nicht vollständig vorgelesen.";
+constexpr std::string_view kNoDevice = "Es wurde kein Audiogerät gefunden. Der Text wird stumm vorgelesen.";
 constexpr std::string_view kGivenUp =
     "Die Sprachausgabe ist mehrmals nacheinander ausgefallen. Bitte versuchen Sie es in zwei Minuten noch "
     "einmal.";
@@ -75,8 +76,8 @@ void WaitFor(pid_t process, milliseconds time) {
 
 }  // namespace
 
-EngineConnection::EngineConnection(std::string engineFile, bool audible, milliseconds patience,
-                                   Handlers handlers, Clock& clock, Log& log)
+EngineConnection::EngineConnection(std::string engineFile, bool audible, Patience patience, Handlers handlers,
+                                   Clock& clock, Log& log)
     : engineFile_(std::move(engineFile)),
       audible_(audible),
       patience_(patience),
@@ -116,6 +117,8 @@ bool EngineConnection::Start() {
   inbox_ = {};
   outbox_.clear();
   sent_ = pings_ = pongs_ = 0;
+  greeted_ = false;
+  startedAt_ = lastPing_ = lastLook_ = steady_clock::now();
   return true;
 }
 
@@ -128,13 +131,25 @@ void EngineConnection::Send(std::string frame) {
   {
     const std::lock_guard guard(mutex_);
     if (socket_ < 0) return;
-    if (outbox_.empty()) {
-      outbox_ = std::move(frame);
-    } else {
-      outbox_ += frame;
-    }
+    Queue(std::move(frame));
   }
   Wake();
+}
+
+// A text or a reset takes the place of all that the engine was to do before: what an engine that hangs has
+// not been sent yet does not pile up.
+void EngineConnection::Queue(std::string frame) {
+  const auto isKind = [](const std::string& queued, engine::Kind kind) {
+    return queued[engine::kKindAt] == static_cast<char>(kind);
+  };
+  if (isKind(frame, engine::Kind::Speak) || isKind(frame, engine::Kind::Reset)) {
+    const auto begun = static_cast<std::ptrdiff_t>(sent_ > 0 ? 1 : 0);
+    outbox_.erase(std::remove_if(outbox_.begin() + begun, outbox_.end(),
+                                 [&](const auto& queued) { return !isKind(queued, engine::Kind::Ping); }),
+                  outbox_.end());
+  }
+  if (outbox_.empty()) lastProgress_ = steady_clock::now();
+  outbox_.push_back(std::move(frame));
 }
 
 void EngineConnection::Speak(const engine::Utterance& utterance) {
@@ -142,8 +157,7 @@ void EngineConnection::Speak(const engine::Utterance& utterance) {
     Guard guard(mutex_);
     current_ = utterance.id;
     currentFile_ = utterance.waveFile;
-    spokenAt_ = lastPing_ = steady_clock::now();
-    pongs_ = pings_;
+    spokenAt_ = steady_clock::now();
     if (socket_ < 0) Restart(guard);
     if (socket_ < 0) {
       current_ = 0;
@@ -188,9 +202,13 @@ const engine::Capabilities& EngineConnection::WaitForCapabilities() {
 }
 
 int EngineConnection::PollTimeout() const {
-  if (current_ == 0 || socket_ < 0) return -1;
-  const auto next = std::chrono::duration_cast<milliseconds>(lastPing_ + patience_ / 2 - steady_clock::now());
-  return static_cast<int>(std::max<std::int64_t>(0, next.count() + 1));
+  if (socket_ < 0) return -1;
+  const bool owes = pongs_ != pings_ || !outbox_.empty();
+  if (greeted_ && owes) return static_cast<int>((patience_.answer / 4).count());
+  if (greeted_ && current_ == 0) return -1;
+  const auto next = greeted_ ? lastPing_ + patience_.answer / 2 : startedAt_ + patience_.greeting;
+  const auto left = std::chrono::duration_cast<milliseconds>(next - steady_clock::now());
+  return static_cast<int>(std::clamp<std::int64_t>(left.count() + 1, 1, (patience_.answer / 2).count()));
 }
 
 void EngineConnection::Run() {
@@ -218,15 +236,29 @@ void EngineConnection::Run() {
 
 void EngineConnection::WatchPatience(Guard& guard) {
   const auto now = steady_clock::now();
-  if (current_ == 0 || now - lastPing_ < patience_ / 2) return;
-  if (pongs_ != pings_ && now - lastPing_ >= patience_) {
+  // Whoever was stopped itself cannot tell how long the engine has had.
+  if (now - lastLook_ > patience_.answer) startedAt_ = lastPing_ = lastProgress_ = now;
+  lastLook_ = now;
+  if (Hangs(now)) {
     log_.Write("Sprachausgabe: keine Antwort, wird neu gestartet");
     Lost(guard);
-    return;
+  } else {
+    Ask(now);
   }
-  if (pongs_ != pings_) return;
+}
+
+bool EngineConnection::Hangs(Time now) const {
+  if (!greeted_) return now - startedAt_ >= patience_.greeting;
+  if (!outbox_.empty() && now - lastProgress_ >= patience_.answer) return true;
+  return pongs_ != pings_ && now - lastPing_ >= patience_.answer;
+}
+
+// A question that waits behind a long text would be answered late.
+void EngineConnection::Ask(Time now) {
+  const bool due = greeted_ && current_ != 0 && outbox_.empty() && now - lastPing_ >= patience_.answer / 2;
+  if (!due || pongs_ != pings_) return;
   lastPing_ = now;
-  outbox_ += engine::FrameNumber(engine::Kind::Ping, ++pings_);
+  Queue(engine::FrameNumber(engine::Kind::Ping, ++pings_));
 }
 
 void EngineConnection::Reap() {
@@ -248,10 +280,7 @@ void EngineConnection::Lost(Guard& guard) {
   told_.notify_all();
   const bool givenUp = socket_ < 0;
   TellEnd(lost, std::string(kCutShort), guard);
-  if (!givenUp) return;
-  guard.unlock();
-  handlers_.notice(std::string(kGivenUp));
-  guard.lock();
+  if (givenUp) SetCondition(kGivenUp, guard);
 }
 
 // The end is on its way before `Speaking` turns false, so that who waits for the one finds the other.
@@ -270,15 +299,17 @@ void EngineConnection::Restart(Guard&) {
 }
 
 bool EngineConnection::Transmit() {
-  while (sent_ < outbox_.size()) {
-    const ssize_t size = send(socket_, outbox_.data() + sent_, outbox_.size() - sent_, MSG_NOSIGNAL);
+  while (!outbox_.empty()) {
+    const std::string& frame = outbox_.front();
+    const ssize_t size = send(socket_, frame.data() + sent_, frame.size() - sent_, MSG_NOSIGNAL);
     if (size < 0 && errno == EINTR) continue;
     if (size < 0) return errno == EAGAIN || errno == EWOULDBLOCK;
+    lastProgress_ = steady_clock::now();
     sent_ += static_cast<std::size_t>(size);
+    if (sent_ < frame.size()) continue;
+    outbox_.pop_front();
+    sent_ = 0;
   }
-  outbox_.clear();
-  if (outbox_.capacity() > 65536) outbox_.shrink_to_fit();
-  sent_ = 0;
   return true;
 }
 
@@ -297,14 +328,8 @@ bool EngineConnection::Receive(Guard& guard) {
 bool EngineConnection::Handle(const engine::Message& message, Guard& guard) {
   const std::uint32_t number = engine::ReadNumber(message.fields).value_or(0);
   switch (message.kind) {
-    case engine::Kind::Hello: {
-      auto capabilities = engine::ReadHello(message.fields);
-      // Callers hold references to the first one; the engine's abilities do not change from one start to the
-      // next.
-      if (capabilities && !capabilities_) capabilities_ = std::move(capabilities);
-      told_.notify_all();
-      return capabilities_.has_value();
-    }
+    case engine::Kind::Hello:
+      return HandleHello(message, guard);
     case engine::Kind::Started:
       if (number == current_) {
         startLatency_ =
@@ -318,13 +343,36 @@ bool EngineConnection::Handle(const engine::Message& message, Guard& guard) {
       HandleEnded(message, guard);
       return true;
     case engine::Kind::Notice:
-      guard.unlock();
-      handlers_.notice("Es wurde kein Audiogerät gefunden. Der Text wird stumm vorgelesen.");
-      guard.lock();
+      HandleNotice(number, guard);
       return true;
     default:
       return false;
   }
+}
+
+// Callers hold references to the first capabilities; they do not change from one start to the next.
+bool EngineConnection::HandleHello(const engine::Message& message, Guard& guard) {
+  auto capabilities = engine::ReadHello(message.fields);
+  if (!capabilities) return false;
+  greeted_ = true;
+  lastPing_ = steady_clock::now();
+  if (!capabilities_) capabilities_ = std::move(capabilities);
+  told_.notify_all();
+  SetCondition("", guard);
+  return true;
+}
+
+void EngineConnection::HandleNotice(std::uint32_t code, Guard& guard) {
+  const bool silent = code == static_cast<std::uint32_t>(engine::NoticeCode::NoAudioDevice);
+  SetCondition(silent ? kNoDevice : "", guard);
+}
+
+void EngineConnection::SetCondition(std::string_view text, Guard& guard) {
+  if (text == condition_) return;
+  condition_ = text;
+  guard.unlock();
+  handlers_.condition(std::string(text));
+  guard.lock();
 }
 
 void EngineConnection::HandleEnded(const engine::Message& message, Guard& guard) {

@@ -6,10 +6,12 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "engine/RestartBudget.h"
@@ -26,11 +28,18 @@ class EngineConnection {
   struct Handlers {
     // Called on the connection's thread.
     std::function<void(std::uint32_t utterance, const std::string& reason)> ended;
-    std::function<void(const std::string&)> notice;
+    // What is wrong with the instance, and "" when nothing is any more.
+    std::function<void(const std::string&)> condition;
   };
 
-  EngineConnection(std::string engineFile, bool audible, std::chrono::milliseconds patience,
-                   Handlers handlers, Clock& clock, Log& log);
+  // How long the engine may take before it is given up and replaced.
+  struct Patience {
+    std::chrono::milliseconds greeting{4000};  // from its start to its first message
+    std::chrono::milliseconds answer{2000};    // to a question, and to take in what it is sent
+  };
+
+  EngineConnection(std::string engineFile, bool audible, Patience patience, Handlers handlers, Clock& clock,
+                   Log& log);
   // Ends the process and waits for it.
   ~EngineConnection();
   EngineConnection(const EngineConnection&) = delete;
@@ -54,23 +63,30 @@ class EngineConnection {
 
   void Run();
   void Send(std::string frame);
+  void Queue(std::string frame);
   void Wake() const;
   bool Start();
   // The process is gone or given up: tells the end of its text and starts another while the budget lasts.
   void Lost(Guard& guard);
   void Reap();
   void Restart(Guard& guard);
+  // Replaces an engine that hangs. Neither a new text nor a reset gives it more time.
   void WatchPatience(Guard& guard);
+  [[nodiscard]] bool Hangs(Time now) const;
+  void Ask(Time now);
   [[nodiscard]] int PollTimeout() const;
   bool Receive(Guard& guard);
   bool Transmit();
   bool Handle(const engine::Message& message, Guard& guard);
   void TellEnd(std::uint32_t utterance, const std::string& reason, Guard& guard);
   void HandleEnded(const engine::Message& message, Guard& guard);
+  bool HandleHello(const engine::Message& message, Guard& guard);
+  void HandleNotice(std::uint32_t code, Guard& guard);
+  void SetCondition(std::string_view text, Guard& guard);
 
   const std::string engineFile_;
   const bool audible_;
-  const std::chrono::milliseconds patience_;
+  const Patience patience_;
   const Handlers handlers_;
   Clock& clock_;
   Log& log_;
@@ -82,15 +98,20 @@ class EngineConnection {
   int socket_ = -1;
   int wake_ = -1;
   bool closing_ = false;
-  std::string outbox_;
-  std::size_t sent_ = 0;
+  std::deque<std::string> outbox_;  // frames
+  std::size_t sent_ = 0;            // bytes of the first one
   engine::FrameReader inbox_;
   std::optional<engine::Capabilities> capabilities_;
+  std::string condition_;      // what was told last
   std::uint32_t current_ = 0;  // the utterance under way; 0 for none
   std::string currentFile_;
   std::uint32_t pings_ = 0;
   std::uint32_t pongs_ = 0;
+  bool greeted_ = false;  // the engine has told what it can do
+  Time startedAt_{};
   Time lastPing_{};
+  Time lastProgress_{};  // when the engine took something in, or there was something for it again
+  Time lastLook_{};
   Time spokenAt_{};
   std::chrono::microseconds startLatency_{};
   std::thread thread_;

@@ -52,10 +52,10 @@ PlatformServices MakePlatformServices(bool verbose) {
 }
 
 std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool audible,
-                                             std::function<void(const std::string&)> notice) {
+                                             std::function<void(const std::string&)> condition) {
   return std::make_unique<EngineClient>(
       EngineClient::Options{
-          .engineFile = services.paths.engineFile, .audible = audible, .notice = std::move(notice)},
+          .engineFile = services.paths.engineFile, .audible = audible, .condition = std::move(condition)},
       pump, *services.clock, *services.log);
 }
 

@@ -48,11 +48,11 @@ PlatformServices MakePlatformServices(bool verbose) {
 }
 
 std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool,
-                                             std::function<void(const std::string&)> notice) {
+                                             std::function<void(const std::string&)> condition) {
   if (auto control = DirectSSControl::Create(pump, *services.log)) return control;
   if (auto voice = SapiVoice::Create(pump, *services.log)) return voice;
   services.log->Write(MissingSpeech::kReason);
-  if (notice) pump.Post([notice] { notice(MissingSpeech::kReason); });
+  if (condition) pump.Post([condition] { condition(MissingSpeech::kReason); });
   return std::make_unique<MissingSpeech>(pump);
 }
 

@@ -41,7 +41,7 @@ TEST(ConsoleMessageBoxes, AnswerNoWhenTheyAreTold) {
 TEST(ConsoleStatusBar, PrintsOnlyWhenWantedAndKeepsTheLastMessage) {
   ConsoleStatusBar quiet(false);
   EXPECT_EQ(ErrorOutput([&] { quiet.SetMessage("Bereit"); }), "");
-  EXPECT_EQ(quiet.LastMessage(), "Bereit");
+  EXPECT_EQ(quiet.Message(), "Bereit");
   ConsoleStatusBar loud(true);
   EXPECT_EQ(ErrorOutput([&] { loud.SetMessage("Bereit"); }), "Bereit\n");
 }

@@ -30,6 +30,12 @@ script leise 'Laden(brief.txt);' 'Exportieren(hoerbar.wav);' 'Sprechen();'
 check "a script is heard" runs 0 leise
 check "what it exports is whole then, too" is_wave hoerbar.wav 1
 
+script daneben 'Laden(brief.txt);' 'Exportieren(fehlt/aus.wav);' 'Sprechen();' 'Text(weiter);'
+check "an export into a folder that is not there fails" runs 5 daneben
+script drueber 'Dokument(Kurz.,0);' 'Exportieren(aus.wav);' 'Sprechen();'
+check "an export replaces the one before" runs 0 drueber
+check "with the new text" test "$(sound aus.wav)" -lt "$(sound alles.wav)"
+
 script zwei 'Dokument(Eins.,0);' 'Sprechen();' 'Dokument(Zwei.,0);' 'Sprechen();'
 check "all that is spoken goes into one file" runs 0 zwei --wav zwei.wav
 script eins 'Dokument(Eins.,0);' 'Sprechen();'

@@ -115,7 +115,8 @@ class FormFixture : public testing::Test, protected FakeSystem {
   ModSpeak& speech = spoken.speech;
   FakeFileDialogs fileDialogs;
   FakeProgressWindow progress;
-  FrmVoiceDialogs voiceDialogs{speech, settings};
+  FrmVoiceDialogs voiceDialogs{speech, settings,
+                               [this] { return std::make_unique<FakeDirectSS>("Probe", calls); }};
   ModSettings modSettings{settings};
   FrmHelpDialogs helpDialogs{{.settings = modSettings,
                               .messageBoxes = messageBoxes,

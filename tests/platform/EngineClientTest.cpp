@@ -1,3 +1,4 @@
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -210,7 +211,7 @@ TEST_F(Engine, ThatKeepsDyingIsGivenUpAndTriedAgainLater) {
 }
 
 TEST(StoppedEngine, IsNoticedAndReplaced) {
-  RealEngine real(false, std::chrono::milliseconds(300));
+  RealEngine real(false, {.answer = std::chrono::milliseconds(300)});
   real.engine.SetWaveFile(real.folder.File("a.wav"));
   (void)real.engine.VoiceCount();
   const int process = real.engine.ProcessId();
@@ -225,7 +226,7 @@ TEST(StoppedEngine, IsNoticedAndReplaced) {
 }
 
 TEST(StoppedEngine, DoesNotHoldUpAVeryLongText) {
-  RealEngine real(false, std::chrono::milliseconds(300));
+  RealEngine real(false, {.answer = std::chrono::milliseconds(300)});
   real.engine.SetWaveFile(real.folder.File("a.wav"));
   (void)real.engine.VoiceCount();
   kill(real.engine.ProcessId(), SIGSTOP);
@@ -234,11 +235,72 @@ TEST(StoppedEngine, DoesNotHoldUpAVeryLongText) {
   EXPECT_FALSE(real.ends[0].complete);
 }
 
+TEST(StoppedEngine, IsReplacedWhileOneTextFollowsTheOther) {
+  RealEngine real(false, {.answer = std::chrono::milliseconds(300)});
+  real.engine.SetWaveFile(real.folder.File("a.wav"));
+  (void)real.engine.VoiceCount();
+  const int process = real.engine.ProcessId();
+  kill(process, SIGSTOP);
+  EXPECT_TRUE(real.WaitUntil([&] {
+    real.engine.ResetAudio();
+    real.engine.Speak("Guten Tag.");
+    return real.engine.ProcessId() != process;
+  }));
+  real.engine.Speak("Guten Tag.");
+  EXPECT_TRUE(real.WaitUntil([&] { return !real.ends.empty() && real.ends.back().complete; }));
+}
+
+TEST(StoppedEngine, DoesNotMakeTextsPileUp) {
+  RealEngine real(false, {.answer = std::chrono::milliseconds(2000)});
+  real.engine.SetWaveFile(real.folder.File("a.wav"));
+  (void)real.engine.VoiceCount();
+  kill(real.engine.ProcessId(), SIGSTOP);
+  const std::string text(4 << 20, 'x');
+  rusage before{};
+  getrusage(RUSAGE_SELF, &before);
+  for (int i = 0; i < 100; ++i) real.engine.Speak(text);
+  rusage after{};
+  getrusage(RUSAGE_SELF, &after);
+  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 100 * 1024);
+}
+
+// A program that starts as `first` and after that as the engine itself.
+std::string FirstOtherwise(const TemporaryFolder& folder, const std::string& first) {
+  const std::string file = folder.File("engine.sh");
+  WriteFile(file, "#!/bin/sh\nif mkdir '" + folder.File("begun") + "' 2>/dev/null; then " + first +
+                      "; fi\nexec '" LORELIN_BIN_DIR "/lorelin-engine' \"$@\"\n");
+  std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+  return file;
+}
+
+TEST(StoppedEngine, IsReplacedWhenItNeverSaysAWord) {
+  const TemporaryFolder folder;
+  RealEngine real(false, {.greeting = std::chrono::milliseconds(500)},
+                  FirstOtherwise(folder, "exec sleep 1000"));
+  EXPECT_GT(real.engine.VoiceCount(), 0);
+  EXPECT_EQ(real.log.lines.size(), 2U);
+}
+
+TEST(EngineClient, TellsWhenWhatWasWrongIsOver) {
+  RealEngine real;
+  real.engine.SetWaveFile(real.folder.File("a.wav"));
+  (void)real.engine.VoiceCount();
+  for (std::size_t i = 1; i <= 4; ++i) {
+    kill(real.engine.ProcessId(), SIGKILL);
+    ASSERT_TRUE(real.WaitUntil([&] { return real.log.lines.size() >= i; }));
+  }
+  ASSERT_TRUE(real.WaitUntil([&] { return real.notices.size() == 1; }));
+  real.clock.steady += std::chrono::minutes(3);
+  real.engine.Speak("Guten Tag.");
+  ASSERT_TRUE(real.WaitUntil([&] { return real.notices.size() == 2; }));
+  EXPECT_EQ(real.notices.back(), "");
+}
+
 TEST(MissingEngine, IsToldInGerman) {
   ConsoleEventPump pump;
   FakeClock clock;
   FakeLog log;
-  EngineClient engine({.engineFile = "/gibt/es/nicht", .notice = {}}, pump, clock, log);
+  EngineClient engine({.engineFile = "/gibt/es/nicht", .condition = {}}, pump, clock, log);
   try {
     engine.Speak("x");
     FAIL() << "no error";

@@ -84,7 +84,9 @@ class InterpreterScripts : public ScriptFixture, public testing::WithParamInterf
       interpreter.Cancel();
     }
     if (turns_ % 2 == 0) clock.now = Next(clock.now);
-    if (voice.Speaking() && !endless_) voice.Finish();
+    if (!voice.Speaking() || endless_) return;
+    voice2.Finish();
+    voice.Finish();
     if (turns_ > 500) throw std::logic_error("the script waits for ever");
   }
 
@@ -120,8 +122,8 @@ class InterpreterScripts : public ScriptFixture, public testing::WithParamInterf
     NoteSetting("Speed", "speed");
     NoteSetting("Pitch", "pitch");
     NoteSetting("Volume", "volume");
-    if (!voice2.WaveFile().empty() && voice2.WaveFile() != speech.TempWavPath())
-      effects_["wave"] = {voice2.WaveFile()};
+    if (!voice2.renderedTo.empty() && voice2.renderedTo != speech.TempWavPath())
+      effects_["wave"] = {voice2.renderedTo};
     return effects_;
   }
 
@@ -151,7 +153,8 @@ constexpr std::string_view kEnd = "Ausführung des Taskscripts beendet.";
 Effects WithoutHints(Effects effects) {
   auto& status = effects["status"];
   std::erase_if(status, [](const std::string& text) {
-    return text == kEnd || text == ModSpeak::kReadToTheEnd || text.starts_with("Drücken Sie ESC");
+    return text == kEnd || text == ReadingStatus::kReadToTheEnd || text.starts_with("Drücken Sie ESC") ||
+           text.starts_with("Gespeichert: ") || text.empty();
   });
   if (status.empty()) effects.erase("status");
   return effects;

@@ -175,7 +175,46 @@ TEST_F(InterpreterTest, LeavesTheWaveFileAloneWhenItSpeaksTheDocument) {
   document.text = "Text";
   pump.onTurn = [&] { voice.Finish(); };
   Run("Exportieren(aus.wav);\r\nSprechen();");
-  EXPECT_EQ(voice2.WaveFile(), "aus.wav");
+  EXPECT_EQ(voice2.renderedTo, "aus.wav");
+}
+
+TEST_F(InterpreterTest, KeepsTheFileThatItNamedFromWhatIsSpokenLater) {
+  pump.onTurn = [&] { voice2.Finish(), voice.Finish(); };
+  document.text = "Text";
+  Run("Exportieren(aus.wav);\r\nSprechen();");
+  Run("Sprechen();", "b.vts");
+  EXPECT_EQ(voice2.renderedTo, speech.TempWavPath());
+}
+
+TEST_F(InterpreterTest, TellsThatAnExportFailed) {
+  pump.onTurn = [&] { voice2.Finish({.complete = false, .reason = "Kein Platz."}), voice.Finish(); };
+  document.text = "Text";
+  Run("Exportieren(aus.wav);\r\nSprechen();");
+  EXPECT_EQ(statusBar.message, kEnd);
+  EXPECT_EQ(statusBar.notices["reading"], "„aus.wav“ wurde nicht gespeichert.");
+  EXPECT_EQ(runLog.lines[2], "a.vts: Exportieren misslang 1-mal");
+}
+
+TEST_F(InterpreterTest, ShowsItsHintAsLongAsItRuns) {
+  std::string during;
+  atTurn[2] = [&] { during = statusBar.notices["reading"]; };
+  Run("Text(etwas anderes);\r\nWarten(3);");
+  EXPECT_EQ(during, "ESC beendet „a.vts“");
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
+
+TEST_F(InterpreterTest, SaysWhatEscapeDoesToAWaitForATime) {
+  std::string message;
+  std::string standing;
+  atTurn[2] = [&] { interpreter.Cancel(); };
+  atTurn[3] = [&] {
+    message = statusBar.message;
+    standing = statusBar.notices["reading"];
+    throw std::logic_error("enough");
+  };
+  Run("WartenBis(23:00:00);");
+  EXPECT_EQ(message, "Das Warten bis 23:00:00 ist abgebrochen. Das Taskscript führt nichts mehr aus.");
+  EXPECT_EQ(standing, "");
 }
 
 TEST_F(InterpreterTest, PassesSpokenTextsThroughTheFilter) {

@@ -33,7 +33,8 @@ TEST_F(ExportTest, CopiesTheFileAndTellsTheExtensions) {
   Render();
   fileDialogs.answer = "/ziel/x.wav";
   exporter.ExportDoc();
-  EXPECT_EQ(statusBar.message, "Exportiere " + speech.TempWavPath());
+  EXPECT_EQ(statusBar.messages,
+            (std::vector<std::string>{"Exportiere " + speech.TempWavPath(), "Gespeichert: x.wav"}));
   ASSERT_EQ(fileDialogs.requests.size(), 1U);
   EXPECT_EQ(fileDialogs.requests[0].fileName, "Sprachausgabe.wav");
   EXPECT_EQ(fileDialogs.requests[0].filter, "Audio Dateien (*.wav)|*.wav");
@@ -77,6 +78,13 @@ TEST_F(ExportTest, ShowsHowFarALongCopyIsAndCanBeCancelled) {
   exporter.ExportDoc();
   EXPECT_TRUE(hooks.empty());
   EXPECT_TRUE(messageBoxes.boxes.empty());
+}
+
+TEST_F(ExportTest, IsEnabledAndDisabledInAllWaysTogether) {
+  Spoken("x");
+  EXPECT_FALSE(view.enabledCommands.at("ExportDoc"));
+  voice2.Finish();
+  EXPECT_TRUE(view.enabledCommands.at("ExportDoc"));
 }
 
 TEST_F(ExportTest, LooksOnlyAtTheTemporaryFile) {

@@ -253,6 +253,129 @@ TEST_F(Speak, DoesNotCallATextReadWhoseSoundBrokeOff) {
   EXPECT_EQ(statusBar.message, "Der Text wurde vollständig vorgelesen.");
 }
 
+TEST_F(Speak, SaysWhatGoesOnAsLongAsItDoes) {
+  Spoken("x");
+  EXPECT_EQ(statusBar.notices["reading"], "Liest vor …  ·  Export wird vorbereitet …");
+  voice2.Finish();
+  EXPECT_EQ(statusBar.notices["reading"], "Liest vor …");
+  voice.Finish();
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
+
+TEST_F(Speak, SaysThatAllWasReadAgainWhenItWasHeard) {
+  Spoken("x");
+  voice2.Finish();
+  EXPECT_EQ(statusBar.message, "Der Text wurde vollständig vorgelesen.");
+  statusBar.SetMessage("etwas anderes");
+  voice.Finish();
+  EXPECT_EQ(statusBar.message, "Der Text wurde vollständig vorgelesen.");
+}
+
+TEST_F(Speak, DoesNotLetTheEndOfTheTextBeforeStand) {
+  Spoken("x");
+  voice2.Finish();
+  Spoken("y");
+  EXPECT_EQ(statusBar.message, "");
+}
+
+TEST_F(Speak, AllowsTheExportAgainWhenItIsStopped) {
+  bool available = true;
+  speech.OnExportAvailable([&](bool on) { available = on; });
+  Spoken("x");
+  EXPECT_FALSE(available);
+  speech.Stop();
+  EXPECT_TRUE(available);
+}
+
+TEST_F(Speak, AllowsTheExportAgainWhenTheWaitCutsTheRenderingOff) {
+  bool available = true;
+  speech.OnExportAvailable([&](bool on) { available = on; });
+  pump.onTurn = [&] { voice.Finish(); };
+  std::string text = "x";
+  speech.Speak(text, true, "-1", false);
+  EXPECT_TRUE(available);
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
+
+TEST_F(Speak, TellsThatANamedFileWasNotWritten) {
+  speech.SetWaveFile("/fehlt/x.wav");
+  Spoken("x");
+  voice2.Finish({.complete = false, .reason = "Den Ordner gibt es nicht."});
+  voice.Finish();
+  EXPECT_EQ(statusBar.message, "Den Ordner gibt es nicht.");
+  EXPECT_EQ(statusBar.notices["reading"], "„x.wav“ wurde nicht gespeichert.");
+  EXPECT_EQ(speech.FailedFiles(), 1);
+  EXPECT_EQ(log.lines, std::vector<std::string>{"Exportieren(/fehlt/x.wav): Den Ordner gibt es nicht."});
+  speech.SetWaveFile("/da/x.wav");
+  Spoken("x");
+  voice2.Finish();
+  EXPECT_EQ(statusBar.message, "Der Text wurde vollständig vorgelesen.");
+  voice.Finish();
+  EXPECT_EQ(statusBar.message, "Gespeichert: x.wav");
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
+
+TEST_F(Speak, TellsThatTheRecordingIntoANamedFileWasCutOff) {
+  speech.SetWaveFile("/da/x.wav");
+  Spoken("x");
+  speech.Stop();
+  EXPECT_EQ(statusBar.notices["reading"], "„x.wav“ wurde nicht gespeichert.");
+  EXPECT_EQ(speech.FailedFiles(), 1);
+}
+
+TEST_F(Speak, GoesBackToTheTemporaryFileThatIsThere) {
+  speech.SetWaveFile("");
+  const std::string temporary = speech.TempWavPath();
+  WriteFile(temporary, "RIFF");
+  speech.SetWaveFile("/da/x.wav");
+  speech.EndNamedWaveFile();
+  EXPECT_EQ(voice2.WaveFile(), temporary);
+  EXPECT_TRUE(std::filesystem::exists(temporary));
+}
+
+TEST_F(Speak, SaysNothingOfATextThatWasStoppedWhileItWasPrepared) {
+  int turn = 0;
+  pump.onTurn = [&] {
+    if (++turn == 2) speech.Stop();
+  };
+  Spoken("x");
+  EXPECT_FALSE(voice.Speaking());
+  EXPECT_FALSE(voice2.Speaking());
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
+
+TEST_F(Speak, DoesNotPileUpWhileAKeyIsHeld) {
+  document.text = "Dokument";
+  int depth = 0;
+  int deepest = 0;
+  int times = 0;
+  pump.onTurn = [&] {
+    deepest = std::max(deepest, ++depth);
+    if (++times < 3000) {
+      times % 2 == 0 ? speech.SpeakMenu() : speech.SpeakToolbar();
+    } else {
+      voice.Finish();
+    }
+    --depth;
+  };
+  speech.SpeakMenu();
+  EXPECT_LE(deepest, 3);
+  EXPECT_FALSE(voice.Speaking());
+}
+
+TEST_F(Speak, CarriesOutTheLastWishOfThoseThatCameWhileATextWasPrepared) {
+  document.text = "Dokument";
+  document.selectionStart = 5;
+  bool wished = false;
+  pump.onTurn = [&] {
+    if (std::exchange(wished, true)) return;
+    speech.SpeakMenu();
+    speech.ReadFromCursor();
+  };
+  Spoken("x");
+  EXPECT_EQ(voice.SpokenText(), " ment ");
+}
+
 TEST_F(Speak, FromTheMenuReadsTheDocumentUnfilteredAndWaits) {
   RegisterFilter("Filter", [](const auto&, auto argument) { return *argument; });
   document.text = "Dokument";
@@ -315,7 +438,31 @@ TEST_F(Pause, IsNotTouchedByStop) {
   EXPECT_TRUE(calls.Has("Voice.ResumeAudio"));
 }
 
+TEST_F(Pause, IsSaidAsLongAsItLasts) {
+  Spoken("x");
+  voice2.Finish();
+  speech.PauseSpeech();
+  EXPECT_EQ(statusBar.notices["reading"], "Angehalten");
+  EXPECT_EQ(statusBar.message, "");
+  speech.PauseSpeech();
+  EXPECT_EQ(statusBar.notices["reading"], "Liest vor …");
+}
+
+TEST_F(Pause, IsNotSaidWhereNothingIsRead) {
+  speech.PauseSpeech();
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
+
 class Stop : public SpeechFixture {};
+
+TEST_F(Stop, IsSaidWhereSomethingWasRead) {
+  speech.Stop();
+  EXPECT_EQ(statusBar.message, "");
+  Spoken("x");
+  speech.Stop();
+  EXPECT_EQ(statusBar.message, "Beendet");
+  EXPECT_EQ(statusBar.notices["reading"], "");
+}
 
 TEST_F(Stop, ResetsTheAudibleInstanceFirst) {
   speech.Stop();

@@ -1,11 +1,20 @@
 #include "speech/voiceSettings.h"
 
+#include "speech/VoiceSample.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {
 namespace {
 
-using VoiceSettings = SpeechFixture;
+class VoiceSettings : public SpeechFixture {
+ protected:
+  FakeDirectSS* instance = nullptr;
+  VoiceSample sample{speech, [this] {
+                       auto made = std::make_unique<FakeDirectSS>("Probe", calls);
+                       instance = made.get();
+                       return made;
+                     }};
+};
 
 TEST_F(VoiceSettings, ListTheVoicesAndStoreTheirPosition) {
   VoiceChoice choice(voice, settings);
@@ -92,12 +101,53 @@ TEST_F(VoiceSettings, TellHowToRepairAValueThatCannotBeSpokenWith) {
 }
 
 TEST_F(VoiceSettings, CanBeHeardWithoutBeingStored) {
-  speech.SpeakSample("Probe", setting::Speed, "77");
-  EXPECT_EQ(voice.SpokenText(), "Probe");
-  EXPECT_EQ(voice.Speed(), 77);
-  EXPECT_FALSE(calls.Has("Voice2.Speak"));
-  EXPECT_FALSE(calls.Has("Voice2.ResetAudio"));
+  sample.Play("Probe", setting::Speed, "77");
+  ASSERT_NE(instance, nullptr);
+  EXPECT_EQ(instance->SpokenText(), "Probe");
+  EXPECT_EQ(instance->Speed(), 77);
   EXPECT_EQ(settings.Get(setting::Speed), "25");
+  for (const auto* const call : {"Voice.Speak", "Voice.ResetAudio", "Voice2.Speak", "Voice2.ResetAudio"})
+    EXPECT_FALSE(calls.Has(call)) << call;
+}
+
+TEST_F(VoiceSettings, AreHeardWhileTheReadingIsHeldWhichGoesOnAfterwards) {
+  Spoken("Text");
+  calls.Clear();
+  sample.Play("Probe", setting::Speed, "77");
+  EXPECT_TRUE(calls.Has("Voice.PauseAudio"));
+  EXPECT_FALSE(calls.Has("Voice2.PauseAudio"));
+  EXPECT_FALSE(calls.Has("Voice.ResumeAudio"));
+  instance->Finish();
+  EXPECT_TRUE(calls.Has("Voice.ResumeAudio"));
+  EXPECT_EQ(voice.SpokenText(), " Text ");
+}
+
+TEST_F(VoiceSettings, AreHeardNoLongerThanTheDialogIsOpen) {
+  Spoken("Text");
+  sample.Play("Probe", setting::Speed, "77");
+  calls.Clear();
+  sample.End();
+  EXPECT_TRUE(calls.Has("Probe.gone"));
+  EXPECT_TRUE(calls.Has("Voice.ResumeAudio"));
+}
+
+TEST_F(VoiceSettings, DoNotEndThePauseOfTheUser) {
+  Spoken("Text");
+  speech.PauseSpeech();
+  calls.Clear();
+  sample.Play("Probe", setting::Speed, "77");
+  sample.End();
+  EXPECT_FALSE(calls.Has("Voice.PauseAudio"));
+  EXPECT_FALSE(calls.Has("Voice.ResumeAudio"));
+}
+
+TEST_F(VoiceSettings, DoNotHoldATextThatBeganMeanwhile) {
+  Spoken("Text");
+  sample.Play("Probe", setting::Speed, "77");
+  Spoken("Neuer Text");
+  calls.Clear();
+  sample.End();
+  EXPECT_FALSE(calls.Has("Voice.ResumeAudio"));
 }
 
 }  // namespace

@@ -22,6 +22,7 @@ FakeDirectSS::Voice FakeDirectSS::At(std::int32_t number) const {
 void FakeDirectSS::Speak(std::string_view text) {
   Log("Speak");
   text_ = text;
+  renderedTo = waveFile_;
   speaking_ = true;
 }
 

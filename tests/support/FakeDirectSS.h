@@ -23,6 +23,7 @@ class FakeDirectSS final : public DirectSS {
   };
 
   FakeDirectSS(std::string name, CallLog& log) : name_(std::move(name)), log_(log) {}
+  ~FakeDirectSS() override { Log("gone"); }
 
   void Speak(std::string_view text) override;
   void PauseAudio() override { Log("PauseAudio"); }
@@ -58,6 +59,7 @@ class FakeDirectSS final : public DirectSS {
   [[nodiscard]] const std::string& WaveFile() const { return waveFile_; }
 
   std::vector<Voice> voices{{"Deutsch", 1031, 1}, {"Deutsch (weiblich)", 1031, 2}, {"Englisch", 1033, 1}};
+  std::string renderedTo;  // the file of the last text that was spoken
   Range pitchRange;
   Range speedRange;
   Range volumeRange;

@@ -140,6 +140,7 @@ class FakeEditorCommands final : public EditorCommands {
 class FakeStatusBar final : public StatusBar {
  public:
   void SetMessage(std::string_view text) override { messages.push_back(message = text); }
+  [[nodiscard]] std::string Message() override { return message; }
   void SetNotice(std::string_view name, std::string_view text) override {
     if (text.empty()) {
       notices.erase(std::string(name));
@@ -329,8 +330,8 @@ class FakeMainView final : public MainView {
     if (focusFails) throw RuntimeError(ErrorNumber::InvalidCall);
   }
   void CheckMenuEntry(std::string_view name, bool checked) override { checks[std::string(name)] = checked; }
-  void EnableToolbarButton(std::string_view key, bool enabled) override {
-    log_.Add("toolbar." + std::string(key) + (enabled ? " on" : " off"));
+  void EnableCommand(std::string_view command, bool enabled) override {
+    enabledCommands[std::string(command)] = enabled;
   }
   void StretchToolbar() override { log_.Add("view.stretch"); }
   void EnableTimer(WatchTimer timer, bool enabled) override {
@@ -351,6 +352,7 @@ class FakeMainView final : public MainView {
   std::string title;
   std::vector<std::string> recentFiles;
   std::map<std::string, bool> checks;
+  std::map<std::string, bool> enabledCommands;
 
  private:
   CallLog& log_;

@@ -14,11 +14,11 @@ namespace lorelin {
 // The real engine's process behind its client, with a clock that the test turns.
 class RealEngine {
  public:
-  explicit RealEngine(bool audible = false,
-                      std::chrono::milliseconds patience = std::chrono::milliseconds(2000))
-      : engine({.engineFile = LORELIN_BIN_DIR "/lorelin-engine",
+  explicit RealEngine(bool audible = false, EngineConnection::Patience patience = {},
+                      const std::string& engineFile = LORELIN_BIN_DIR "/lorelin-engine")
+      : engine({.engineFile = engineFile,
                 .audible = audible,
-                .notice = [this](const std::string& text) { notices.push_back(text); },
+                .condition = [this](const std::string& text) { notices.push_back(text); },
                 .patience = patience},
                pump, clock, log) {
     engine.OnEndOfText([this](const EndOfText& end) { ends.push_back(end); });
