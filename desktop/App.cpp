@@ -18,6 +18,7 @@
 #include "desktop/toolkit/WxMessageBoxes.h"
 #include "desktop/toolkit/WxProgressWindow.h"
 #include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/termination.h"
 #include "desktop/toolkit/toolkit.h"
 #include "documents/GuardedDocument.h"
 #include "documents/Recovery.h"
@@ -86,6 +87,8 @@ class App::Program {
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
     form_->Attach(&modules_);
+    OnTermination([this] { EndNow(); });
+    wxTheApp->Bind(wxEVT_END_SESSION, &Program::OnEndSession, this);
     spoken_.extensions.WhileWaiting({.clock = *services_.clock, .tell = Notice(), .turn = [] {
                                        WxEventPump::Repaint();
                                        return !WxEventPump::EscapeIsWaiting();
@@ -97,6 +100,8 @@ class App::Program {
   }
 
   ~Program() {
+    OnTermination({});
+    wxTheApp->Unbind(wxEVT_END_SESSION, &Program::OnEndSession, this);
     messageBoxes_.SetParent(nullptr);
     form_->Attach(nullptr);
     ReleaseToolkit();
@@ -165,13 +170,25 @@ class App::Program {
     services_.registry->ConfirmLoss();
   }
 
+  // Nobody is asked anything, and a dialog that is open does not hold it up.
+  void EndNow() {
+    atOnce_ = true;
+    modules_.window.CloseRequested(true);
+    End();
+  }
+
+  void OnEndSession(wxCloseEvent& event) {
+    modules_.window.CloseRequested(true);
+    event.Skip();
+  }
+
   // A routine that waits somewhere down the stack cannot be unwound; then the engines are let go and the
   // process ends.
   void End() {
     if (std::exchange(ending_, true)) return;
     voice_->ResetAudio();
     voice2_->ResetAudio();
-    if (pump_.IsWaiting()) {
+    if (pump_.IsWaiting() || atOnce_) {
       voice_.reset();
       voice2_.reset();
       services_.registry.reset();
@@ -212,6 +229,7 @@ class App::Program {
   ModFileReg fileTypes_;
   FrmTaskEditor* taskEditor_ = nullptr;  // goes with the main form
   bool ending_ = false;
+  bool atOnce_ = false;
 };
 
 App::App(std::vector<std::string> arguments) : arguments_(std::move(arguments)) {}

@@ -288,7 +288,8 @@ void Interpreter::Text(const std::string& text, const std::string&) {
 }
 
 void Interpreter::Dokument(const std::string& text, const std::string& mode) {
-  parts_.document.SetText(mode == "0" ? text : parts_.document.Text() + text);
+  if (mode == "0") return parts_.document.SetText(text);
+  parts_.document.Revise(parts_.document.Text() + text);
 }
 
 void Interpreter::Wiederholen(const std::string&, const std::string&) {
@@ -330,7 +331,7 @@ void Interpreter::Warten(const std::string& seconds, const std::string&) {
 void Interpreter::Ersetzen(const std::string& from, const std::string& to) {
   std::string text = parts_.document.Text();
   ReplaceAll(text, from, to);
-  parts_.document.SetText(text);
+  parts_.document.Revise(text);
 }
 
 void Interpreter::Ausfuehren(const std::string& commandLine, const std::string&) {

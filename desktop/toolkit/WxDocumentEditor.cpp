@@ -14,7 +14,6 @@ namespace lorelin {
 namespace {
 
 constexpr double kZoomStep = 1.15;
-constexpr int kMostZoomSteps = 12;
 
 // Where a text stands in another one.
 class TextPlaces {
@@ -121,10 +120,8 @@ int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::strin
   return static_cast<int>(all.size());
 }
 
-void WxDocumentEditor::Zoom(int steps) {
-  zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
-  const double factor = std::pow(kZoomStep, zoomSteps_);
-  buffer_.SetZoom(factor);
+void WxDocumentEditor::SetZoom(int steps) {
+  buffer_.SetZoom(std::pow(kZoomStep, steps));
 }
 
 std::size_t WxDocumentEditor::SelectionStart() {
