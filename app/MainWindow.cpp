@@ -72,11 +72,15 @@ void MainWindow::EditorChanged(std::size_t characters) {
 }
 
 void MainWindow::CloseRequested(bool forced) {
-  if (closing_ || (!forced && !parts_.mayClose())) return;
+  if (closing_ || (!forced && !MayClose())) return;
   closing_ = true;
   parts_.interpreter.Cancel();
   RunSteps(parts_.log, "Schließen", parts_.closeSequence(forced));
   parts_.view.EndProgram();
+}
+
+bool MainWindow::MayClose() {
+  return parts_.mayClose() && parts_.recovery.MayGo();
 }
 
 void MainWindow::Unloaded() {

@@ -68,6 +68,8 @@ class MainWindow {
   void Unloaded();
 
  private:
+  [[nodiscard]] bool MayClose();
+
   Parts parts_;
   bool loaded_ = false;
   bool closing_ = false;

@@ -15,6 +15,7 @@ WindowModules::WindowModules(Edges given)
                  .fileDialogs = edges.fileDialogs,
                  .files = edges.system.files,
                  .messageBoxes = edges.messageBoxes,
+                 .statusBar = edges.statusBar,
                  .pump = edges.pump,
                  .extensions = edges.spoken.extensions,
                  .log = edges.system.log,
@@ -90,6 +91,7 @@ WindowModules::WindowModules(Edges given)
                .documents = documents,
                .recovery = edges.recovery,
                .modes = modes}),
+      textSize(edges.editing, edges.spoken.settings),
       taskItems({.taskPane = edges.taskPane,
                  .messageBoxes = edges.messageBoxes,
                  .scripts = tasks,
@@ -131,6 +133,7 @@ WindowModules::WindowModules(Edges given)
 
 WindowModules::~WindowModules() {
   edges.recovery.OnLeftoversChanged({});
+  edges.document.OnReplaced([] {});
   edges.spoken.speech.OnExportAvailable({});
   edges.taskPane.OnClick({});
   edges.browser.OnNavigate({});
@@ -143,6 +146,7 @@ void WindowModules::FillCommands() {
   AddSpeechCommands(commands, edges.spoken.speech, exporter, edges.voiceDialogs);
   AddDocumentCommands(commands, documents, opening);
   AddEditingCommands(commands, edges.document, edges.clipboard, edges.editing);
+  AddTextSizeCommands(commands, textSize);
   AddHelpCommands(commands, modes, edges.helpDialogs, launches);
 }
 
@@ -153,6 +157,7 @@ void WindowModules::Connect() {
   edges.taskPane.OnClick(
       [this](std::int32_t number, TaskPaneRequest request) { taskItems.Clicked(number, request); });
   edges.recovery.OnLeftoversChanged([this] { unsaved.Offer(); });
+  edges.document.OnReplaced([this] { documents.Replaced(); });
 }
 
 }  // namespace lorelin

@@ -7,11 +7,13 @@
 #include "app/MainWindow.h"
 #include "app/Modes.h"
 #include "app/TaskItems.h"
+#include "app/TextSize.h"
 #include "app/UnsavedTexts.h"
 #include "app/WatchTimers.h"
 #include "app/browserLinks.h"
 #include "app/commands.h"
 #include "documents/Documents.h"
+#include "documents/GuardedDocument.h"
 #include "documents/RecentFiles.h"
 #include "documents/Recovery.h"
 #include "help/errorPage.h"
@@ -37,7 +39,7 @@ struct WindowModules {
   struct Edges {
     SystemPorts system;
     SpeechModules& spoken;
-    DocumentEditor& document;
+    GuardedDocument& document;
     Recovery& recovery;
     MainView& view;
     EditorCommands& editing;
@@ -74,6 +76,7 @@ struct WindowModules {
   Modes modes;
   FileOpening opening;
   UnsavedTexts unsaved;
+  TextSize textSize;
   TaskItems taskItems;
   WatchTimers timers;
   CommandTable commands;

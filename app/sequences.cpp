@@ -41,6 +41,7 @@ void RefuseParameterScript(const StartupState& startup, MessageBoxes& messageBox
 }
 
 void WriteLastSnapshot(Recovery& recovery) {
+  recovery.FinishWriting();
   recovery.SnapshotDue();
   recovery.FinishWriting();
 }
@@ -72,6 +73,7 @@ std::vector<Step> LoadSequence(WindowModules& m) {
           {"document", [&] { m.opening.OpenAtStart(); }},
           {"speak", [&] { SpeakStartupDocument(spoken); }},
           {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
+          {"text size", [&] { m.textSize.Restore(); }},
           {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},
           {"show", [&] { edges.view.ShowWindow(); }},
           {"loaded", [&] { spoken.startup.loadingInProgress = false; }}};
@@ -80,9 +82,10 @@ std::vector<Step> LoadSequence(WindowModules& m) {
 std::vector<Step> CloseSequence(WindowModules& m, bool forced) {
   const WindowModules::Edges& edges = m.edges;
   SpeechModules& spoken = edges.spoken;
-  return {{"extensions", [&] { spoken.extensions.Close(); }},
+  // The text first: an extension may hang, and who ends the program by force does not wait for it.
+  return {{"recovery", [&] { WriteLastSnapshot(edges.recovery); }},
+          {"extensions", [&] { spoken.extensions.Close(); }},
           {"LastDoc", [&] { spoken.settings.Save(setting::LastDoc, m.documents.Current().path); }},
-          {"recovery", [&] { WriteLastSnapshot(edges.recovery); }},
           {"placement", [&] { spoken.settings.Save(setting::Placement, edges.view.Placement()); }},
           {"hide", [&] { edges.view.HideWindow(); }},
           {"survey", [&, forced] {

@@ -1,9 +1,17 @@
 #include "app/windowCommands.h"
 
 #include <string>
+#include <utility>
 
 namespace lorelin {
 namespace {
+
+// The document is out of sight while a page is shown, and left alone.
+CommandTable::Effect InText(EditorCommands& editing, CommandTable::Effect effect) {
+  return [&editing, effect = std::move(effect)] {
+    if (!editing.ShowsPage()) effect();
+  };
+}
 
 void CopySelection(DocumentEditor& editor, Clipboard& clipboard) {
   const std::string selected = editor.SelectedText();
@@ -41,19 +49,25 @@ void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpeni
 
 void AddEditingCommands(CommandTable& commands, DocumentEditor& editor, Clipboard& clipboard,
                         EditorCommands& editing) {
-  commands.Add("Cut", [&] { CutSelection(editor, clipboard); });
-  commands.Add("Copy", [&] { CopySelection(editor, clipboard); });
-  commands.Add("Insert", [&] { editor.ReplaceSelection(clipboard.Text()); });
-  commands.Add("Delete", [&] { editor.ReplaceSelection(""); });
-  commands.Add("Undo", [&] { editing.Undo(); });
-  commands.Add("Redo", [&] { editing.Redo(); });
+  commands.Add("Cut", InText(editing, [&] { CutSelection(editor, clipboard); }));
+  commands.Add("Copy", [&] {
+    if (editing.ShowsPage()) return editing.CopyFromPage();
+    CopySelection(editor, clipboard);
+  });
+  commands.Add("Insert", InText(editing, [&] { editor.ReplaceSelection(clipboard.Text()); }));
+  commands.Add("Delete", InText(editing, [&] { editor.ReplaceSelection(""); }));
+  commands.Add("Undo", InText(editing, [&] { editing.Undo(); }));
+  commands.Add("Redo", InText(editing, [&] { editing.Redo(); }));
   commands.Add("SelectAll", [&] { editing.SelectAll(); });
   commands.Add("Find", [&] { editing.ShowSearch(false); });
   commands.Add("FindAgain", [&] { editing.SearchAgain(); });
-  commands.Add("Replace", [&] { editing.ShowSearch(true); });
-  commands.Add("Larger", [&] { editing.Zoom(1); });
-  commands.Add("Smaller", [&] { editing.Zoom(-1); });
-  commands.Add("UsualSize", [&] { editing.Zoom(0); });
+  commands.Add("Replace", InText(editing, [&] { editing.ShowSearch(true); }));
+}
+
+void AddTextSizeCommands(CommandTable& commands, TextSize& size) {
+  commands.Add("Larger", [&] { size.Larger(); });
+  commands.Add("Smaller", [&] { size.Smaller(); });
+  commands.Add("UsualSize", [&] { size.Usual(); });
 }
 
 void AddHelpCommands(CommandTable& commands, Modes& modes, HelpDialogs& dialogs, Launches& launches) {

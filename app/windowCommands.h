@@ -2,6 +2,7 @@
 
 #include "app/FileOpening.h"
 #include "app/Modes.h"
+#include "app/TextSize.h"
 #include "app/commands.h"
 #include "documents/Documents.h"
 #include "help/launches.h"
@@ -21,6 +22,7 @@ void AddSpeechCommands(CommandTable& commands, ModSpeak& speech, ModExport& expo
 void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpening& opening);
 void AddEditingCommands(CommandTable& commands, DocumentEditor& editor, Clipboard& clipboard,
                         EditorCommands& editing);
+void AddTextSizeCommands(CommandTable& commands, TextSize& size);
 void AddHelpCommands(CommandTable& commands, Modes& modes, HelpDialogs& dialogs, Launches& launches);
 
 }  // namespace lorelin

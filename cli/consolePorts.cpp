@@ -25,6 +25,14 @@ MessageAnswer ConsoleMessageBoxes::Show(std::string_view text, std::string_view 
   return answer.starts_with('j') || answer.starts_with('y') ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
+MessageAnswer ConsoleMessageBoxes::Choose(std::string_view text, std::string_view title,
+                                          const MessageChoices& choices) {
+  std::string question =
+      std::string(text) + "\nja: " + std::string(choices.yes) + "\nnein: " + std::string(choices.no);
+  ReplaceAll(question, "&", "");
+  return Show(question, title, MessageIcon::Question, MessageButtons::YesNo);
+}
+
 void TellCondition(const std::string& text) {
   if (!text.empty()) std::cerr << text << '\n';
 }

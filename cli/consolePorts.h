@@ -19,6 +19,8 @@ class ConsoleMessageBoxes final : public MessageBoxes {
   explicit ConsoleMessageBoxes(std::optional<MessageAnswer> answer) : answer_(answer) {}
   MessageAnswer Show(std::string_view text, std::string_view title, MessageIcon icon,
                      MessageButtons buttons) override;
+  // Yes and No are all that can be answered.
+  MessageAnswer Choose(std::string_view text, std::string_view title, const MessageChoices& choices) override;
 
  private:
   std::optional<MessageAnswer> answer_;

@@ -19,6 +19,7 @@
 #include "desktop/toolkit/WxMessageBoxes.h"
 #include "desktop/toolkit/WxProgressWindow.h"
 #include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/termination.h"
 #include "desktop/toolkit/toolkit.h"
 #include "documents/GuardedDocument.h"
 #include "documents/Recovery.h"
@@ -89,6 +90,8 @@ class App::Program {
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
     form_->Attach(&modules_);
+    OnTermination([this] { EndNow(); });
+    wxTheApp->Bind(wxEVT_END_SESSION, &Program::OnEndSession, this);
     spoken_.extensions.WhileWaiting({.clock = *services_.clock, .tell = Notice(), .turn = [] {
                                        WxEventPump::Repaint();
                                        return !WxEventPump::EscapeIsWaiting();
@@ -100,6 +103,8 @@ class App::Program {
   }
 
   ~Program() {
+    OnTermination({});
+    wxTheApp->Unbind(wxEVT_END_SESSION, &Program::OnEndSession, this);
     messageBoxes_.SetParent(nullptr);
     form_->Attach(nullptr);
     ReleaseToolkit();
@@ -169,13 +174,25 @@ class App::Program {
     services_.registry->ConfirmLoss();
   }
 
+  // Nobody is asked anything, and a dialog that is open does not hold it up.
+  void EndNow() {
+    atOnce_ = true;
+    modules_.window.CloseRequested(true);
+    End();
+  }
+
+  void OnEndSession(wxCloseEvent& event) {
+    modules_.window.CloseRequested(true);
+    event.Skip();
+  }
+
   // A routine that waits somewhere down the stack cannot be unwound; then the engines are let go and the
   // process ends.
   void End() {
     if (std::exchange(ending_, true)) return;
     voice_->ResetAudio();
     voice2_->ResetAudio();
-    if (pump_.IsWaiting()) {
+    if (pump_.IsWaiting() || atOnce_) {
       voice_.reset();
       voice2_.reset();
       services_.registry.reset();
@@ -218,6 +235,7 @@ class App::Program {
                               [this] { modules_.tasks.FollowFolder(); }};
   FrmTaskEditor* taskEditor_ = nullptr;  // goes with the main form
   bool ending_ = false;
+  bool atOnce_ = false;
 };
 
 App::App(std::vector<std::string> arguments) : arguments_(std::move(arguments)) {}

@@ -8,10 +8,11 @@
 
 namespace lorelin {
 
-FrmFind::FrmFind(wxWindow* parent, WxDocumentEditor& editor)
+FrmFind::FrmFind(wxWindow* parent, WxDocumentEditor& editor, WxBrowserPane& page)
     : wxDialog(parent, wxID_ANY, "Suchen", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "frmFind"),
-      editor_(editor) {
+      editor_(editor),
+      page_(page) {
   SetSizer(new wxBoxSizer(wxVERTICAL));
   BuildFields();
   BuildButtons();
@@ -67,7 +68,7 @@ void FrmFind::BuildButtons() {
 void FrmFind::Open(bool replace) {
   SetTitle(replace ? "Suchen und ersetzen" : "Suchen");
   for (wxWindow* const window : forReplacing_) window->Show(replace);
-  const std::string selected = editor_.SelectedText();
+  const std::string selected = page_.IsShown() ? "" : editor_.SelectedText();
   if (!selected.empty() && selected.find('\n') == std::string::npos) wanted_->SetValue(ToWx(selected));
   result_->SetLabel(" ");
   GetSizer()->SetSizeHints(this);
@@ -95,15 +96,21 @@ void FrmFind::Tell(const std::string& text) {
 }
 
 void FrmFind::Search(bool backwards) {
-  Tell(editor_.FindNext(Wanted(), matchCase_->GetValue(), backwards) ? " " : "Nicht gefunden.");
+  const bool matchCase = matchCase_->GetValue();
+  const bool found = page_.IsShown() ? page_.Find(Wanted(), matchCase, backwards)
+                                     : editor_.FindNext(Wanted(), matchCase, backwards);
+  Tell(found ? " " : "Nicht gefunden.");
 }
 
+// The window may still be open when a page comes.
 void FrmFind::Replace() {
+  if (page_.IsShown()) return Search(false);
   const bool more = editor_.ReplaceNext(Wanted(), Replacement(), matchCase_->GetValue());
   Tell(more ? " " : "Keine weitere Stelle.");
 }
 
 void FrmFind::ReplaceAll() {
+  if (page_.IsShown()) return Tell("In einer Seite wird nichts ersetzt.");
   const int places = editor_.ReplaceAllPlaces(Wanted(), Replacement(), matchCase_->GetValue());
   Tell(places == 1 ? "1 Stelle ersetzt." : std::to_string(places) + " Stellen ersetzt.");
 }

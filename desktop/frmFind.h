@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "desktop/toolkit/WxBrowserPane.h"
 #include "desktop/toolkit/WxDocumentEditor.h"
 
 namespace lorelin {
@@ -14,7 +15,7 @@ namespace lorelin {
 // Searches and replaces in the editor while the user goes on working in it. Made once, shown and hidden.
 class FrmFind final : public wxDialog {
  public:
-  FrmFind(wxWindow* parent, WxDocumentEditor& editor);
+  FrmFind(wxWindow* parent, WxDocumentEditor& editor, WxBrowserPane& page);
 
   // With what is selected in the editor, when that is one line, as the text to search.
   void Open(bool replace);
@@ -32,6 +33,7 @@ class FrmFind final : public wxDialog {
   [[nodiscard]] std::string Replacement() const;
 
   WxDocumentEditor& editor_;
+  WxBrowserPane& page_;
   wxTextCtrl* wanted_ = nullptr;
   wxTextCtrl* replacement_ = nullptr;
   wxCheckBox* matchCase_ = nullptr;

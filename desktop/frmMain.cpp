@@ -15,6 +15,7 @@
 #include "desktop/toolkit/DropTarget.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/menuAccelerators.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -76,6 +77,7 @@ FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgr
                                                      : WatchTimer::Snapshot);
   });
   Bind(wxEVT_CLOSE_WINDOW, &FrmMain::OnClose, this);
+  Bind(wxEVT_ACTIVATE, &FrmMain::OnActivate, this);
 }
 
 FrmMain::~FrmMain() {
@@ -152,7 +154,11 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Sprachausgabe als WAV speichern")).x + FromDIP(56);
   splitter_->SplitVertically(ctlTask_, place, std::max(FromDIP(220), tasksWidth));
   AcceptFiles(*rtfText_);
-  AcceptFiles(*ctlTask_);
+  AcceptFiles(*wbBrowser_);
+  wbBrowser_->OnViewMade([this](wxWindow& view) { AcceptFiles(view); });
+  AcceptFiles(*this);  // and whatever in it has none of its own
+  AcceptFiles(*GetToolBar());
+  AcceptFiles(*GetStatusBar());
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
     if (modules_ != nullptr) modules_->window.EditorChanged(rtfText_->CharacterCount());
   });
@@ -163,12 +169,25 @@ void FrmMain::AcceptFiles(wxWindow& window) {
   window.SetDropTarget(new DropTarget(
       {.files =
            [this](const std::string& path) { CallAfter([this, path] { modules_->opening.Open(path); }); },
-       .text = [this](const std::string& text) { rtfText_->ReplaceSelection(text); }}));
+       .text =
+           [this](const std::string& text) {
+             if (!ShowsPage()) rtfText_->ReplaceSelection(text);
+           }}));
 }
 
 void FrmMain::OnCharHook(wxKeyEvent& event) {
   const int code = WindowKey(event);
-  if (code == 0 || !modules_->window.KeyPressed(code)) event.Skip();
+  if (code != 0 && modules_->window.KeyPressed(code)) return;
+  if (!RunMenuKey(*this, event)) event.Skip();
+}
+
+// Behind the event: what follows may ask something.
+void FrmMain::OnActivate(wxActivateEvent& event) {
+  event.Skip();
+  if (!event.GetActive()) return;
+  CallAfter([this] {
+    if (modules_ != nullptr) modules_->documents.LookAtFile();
+  });
 }
 
 void FrmMain::OnClose(wxCloseEvent& event) {
@@ -242,10 +261,10 @@ void FrmMain::SetRecentFiles(const std::vector<std::string>& paths) {
 }
 
 void FrmMain::Undo() {
-  if (rtfText_->IsShown()) rtfText_->Undo();
+  rtfText_->Undo();
 }
 void FrmMain::Redo() {
-  if (rtfText_->IsShown()) rtfText_->Redo();
+  rtfText_->Redo();
 }
 
 void FrmMain::SelectAll() {
@@ -254,7 +273,7 @@ void FrmMain::SelectAll() {
 }
 
 void FrmMain::ShowSearch(bool replace) {
-  if (frmFind_ == nullptr) frmFind_ = new FrmFind(this, *rtfText_);
+  if (frmFind_ == nullptr) frmFind_ = new FrmFind(this, *rtfText_, *wbBrowser_);
   frmFind_->Open(replace);
 }
 
@@ -262,9 +281,9 @@ void FrmMain::SearchAgain() {
   if (frmFind_ == nullptr || !frmFind_->SearchAgain()) ShowSearch(false);
 }
 
-void FrmMain::Zoom(int steps) {
-  if (rtfText_->IsShown()) return rtfText_->Zoom(steps);
-  wbBrowser_->Zoom(steps);
+void FrmMain::SetZoom(int steps) {
+  rtfText_->SetZoom(steps);
+  wbBrowser_->SetZoom(steps);
 }
 
 std::string FrmMain::Placement() {

@@ -47,12 +47,14 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void EnableTimer(WatchTimer timer, bool enabled) override;
   void SetTitle(std::string_view title) override;
   void SetRecentFiles(const std::vector<std::string>& paths) override;
+  bool ShowsPage() override { return !rtfText_->IsShown(); }
+  void CopyFromPage() override { wbBrowser_->Copy(); }
   void Undo() override;
   void Redo() override;
   void SelectAll() override;
   void ShowSearch(bool replace) override;
   void SearchAgain() override;
-  void Zoom(int steps) override;
+  void SetZoom(int steps) override;
   std::string Placement() override;
   void Place(std::string_view placement) override;
   void ShowWindow() override;
@@ -71,6 +73,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void BuildPanes(const std::string& filterFolder, Log& log);
   void AcceptFiles(wxWindow& window);
   void OnCharHook(wxKeyEvent& event);
+  void OnActivate(wxActivateEvent& event);
   void OnClose(wxCloseEvent& event);
   void ShowNotices();
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "documents/FileStamp.h"
 #include "richtext/textFormat.h"
 
 namespace lorelin {
@@ -9,7 +10,8 @@ namespace lorelin {
 // The state of the document that the file dialogs share.
 struct Document {
   std::string path;              // "" for a new document
-  std::string name;              // of the file that is shown, also while there is no path to save to
+  std::string shown;             // the file whose text is shown, which may be another one; "" for none
+  FileStamp stamp;               // of that file, when it was read or written
   std::string defaultExtension;  // ".txt" once the main window has loaded
   TextFormat format;             // of the file that was read; of a new document at first
 };

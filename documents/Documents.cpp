@@ -51,7 +51,6 @@ void Documents::NewDoc() {
         parts_.unwanted();
         parts_.editor.SetText("");
         document_.path.clear();
-        document_.name.clear();
         document_.format = {};
         Stored();
         break;
@@ -111,8 +110,10 @@ void Documents::TellUnreadable(const std::string& path, const RuntimeError& erro
       "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
+// The stamp comes first: what is written during the reading is noticed later.
 void Documents::Load(const std::string& path) {
   const TextFormat format = FormatOfFile(path);
+  const FileStamp stamp = StampOf(path);
   loading_ = true;
   try {
     parts_.editor.LoadFile(path);
@@ -122,7 +123,9 @@ void Documents::Load(const std::string& path) {
   }
   loading_ = false;
   document_.format = format;
-  document_.name = FileName(path);
+  document_.shown = path;
+  document_.stamp = stamp;
+  known_ = stamp;
   Stored();
 }
 
@@ -130,14 +133,12 @@ void Documents::Restore(const std::string& snapshot) {
   Load(snapshot);
   document_.format = {};
   document_.path.clear();
-  document_.name.clear();
   modified_ = true;
-  parts_.stateChanged();
+  Replaced();
 }
 
 void Documents::SetPath(const std::string& path) {
   document_.path = path;
-  document_.name = FileName(path);
   parts_.stateChanged();
 }
 
@@ -151,18 +152,24 @@ void Documents::Changed() {
   if (!loading_ && !std::exchange(modified_, true)) parts_.stateChanged();
 }
 
+void Documents::Replaced() {
+  if (loading_) return;
+  document_.shown.clear();
+  document_.stamp = {};
+  parts_.stateChanged();
+}
+
 std::string Documents::Title() const {
-  return WindowTitle(document_.name, modified_);
+  return WindowTitle(FileName(document_.shown), modified_);
 }
 
 int Documents::WriteText(const std::string& path) {
   const int result =
       WriteTextFile(path, StoredText(parts_.editor.Text(), document_.format), parts_.files, parts_.pump);
   if (result == 0 || result == kNoOldFile) {
-    Stored();
-    parts_.used(path);
+    Written(path);
   } else {
-    parts_.log.Write(path + ": " + ErrorText(static_cast<ErrorNumber>(result)));
+    TellUnsaved(path, ErrorText(static_cast<ErrorNumber>(result)));
   }
   return result;
 }
@@ -178,12 +185,35 @@ bool Documents::SaveRichText(const std::string& path) {
   try {
     parts_.files.Replace(path, parts_.editor.RichText());
   } catch (const RuntimeError& error) {
-    parts_.log.Write(path + ": " + error.what());
+    TellUnsaved(path, error.what());
     return false;
   }
+  Written(path);
+  return true;
+}
+
+// Only now is it the document's: the window must not claim what is not so.
+void Documents::Written(const std::string& path) {
+  document_.path = path;
+  document_.shown = path;
+  document_.stamp = StampOf(path);
+  known_ = document_.stamp;
   Stored();
   parts_.used(path);
-  return true;
+  parts_.statusBar.SetMessage("Gespeichert: " + FileName(path));
+}
+
+void Documents::TellUnsaved(const std::string& path, const std::string& reason) {
+  parts_.log.Write(path + ": " + reason);
+  parts_.statusBar.SetMessage("„" + FileName(path) + "“ wurde nicht gespeichert: " + reason);
+}
+
+bool Documents::WriteAsEnded(const std::string& path) {
+  if (!path.ends_with(".txt")) return SaveRichText(path);
+  const int result = WriteText(path);
+  if (result == 0 || result == kNoOldFile) return true;
+  TellError(result);
+  return false;
 }
 
 bool Documents::SaveDoc() {
@@ -193,25 +223,86 @@ bool Documents::SaveDoc() {
                                                      .filter = std::string(kSaveFilter),
                                                      .defaultExtension = document_.defaultExtension});
   if (!path) return false;
-  SetPath(*path);
-  bool saved = true;
-  if (path->ends_with(".txt")) {
-    const int result = WriteText(*path);
-    saved = result == 0 || result == kNoOldFile;
-    if (!saved) TellError(result);
-  } else {
-    saved = SaveRichText(*path);
-  }
+  const bool saved = WriteAsEnded(*path);
   parts_.extensions.SaveFile(*path);
   return saved;
 }
 
 void Documents::SaveAs() {
-  if (document_.path.empty()) {
+  const std::string path = document_.path;
+  if (path.empty()) {
     SaveDoc();
+  } else if (document_.shown != path && StampOf(path).exists) {
+    OverwriteOtherText();
+  } else if (OthersWroteIt()) {
+    SaveOverOthers();
   } else {
-    (void)WriteText(document_.path);
+    (void)WriteText(path);
   }
+}
+
+// The file dialogs share a path that may have stayed behind when another text came.
+void Documents::OverwriteOtherText() {
+  switch (parts_.messageBoxes.Choose(
+      "Die Datei „" + FileName(document_.path) + "“ enthält einen anderen Text als den, der hier steht.",
+      "Frage", {.yes = "&Überschreiben", .no = "Speichern &unter …", .cancel = "&Abbrechen"})) {
+    case MessageAnswer::Yes:
+      (void)WriteText(document_.path);
+      return;
+    case MessageAnswer::No:
+      SaveDoc();
+      return;
+    case MessageAnswer::Ok:
+    case MessageAnswer::Cancel:
+      return;
+  }
+}
+
+bool Documents::OthersWroteIt() const {
+  const FileStamp now = StampOf(document_.shown);
+  return now.exists && document_.stamp.exists && now != document_.stamp;
+}
+
+void Documents::SaveOverOthers() {
+  switch (parts_.messageBoxes.Choose(
+      "Die Datei „" + FileName(document_.path) + "“ wurde inzwischen von einem anderen Programm geändert.",
+      "Frage", {.yes = "&Neu laden", .no = "&Trotzdem speichern", .cancel = "Speichern &unter …"})) {
+    case MessageAnswer::Yes:
+      return Reload();
+    case MessageAnswer::No:
+      (void)WriteText(document_.path);
+      return;
+    case MessageAnswer::Ok:
+    case MessageAnswer::Cancel:
+      SaveDoc();
+      return;
+  }
+}
+
+void Documents::Reload() {
+  const std::string path = document_.shown;
+  try {
+    Load(path);
+  } catch (const RuntimeError& error) {
+    TellUnreadable(path, error);
+  }
+}
+
+// Once for each change: a text that is to stay is asked about again only when it is saved.
+void Documents::LookAtFile() {
+  if (asking_ || !OthersWroteIt()) return;
+  const FileStamp now = StampOf(document_.shown);
+  if (now == std::exchange(known_, now)) return;
+  asking_ = true;
+  const std::string changes = modified_ ? "\n\nIhre Änderungen bleiben links unter den nicht gespeicherten "
+                                          "Texten erhalten."
+                                        : "";
+  const MessageAnswer answer = parts_.messageBoxes.Show(
+      "Die Datei „" + FileName(document_.shown) +
+          "“ wurde von einem anderen Programm geändert.\n\nMöchten Sie sie neu laden?" + changes,
+      "Frage", MessageIcon::Question, MessageButtons::YesNo);
+  asking_ = false;
+  if (answer == MessageAnswer::Yes) Reload();
 }
 
 bool Documents::MayExit() {

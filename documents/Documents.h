@@ -12,6 +12,7 @@
 #include "ports/FileWriter.h"
 #include "ports/Log.h"
 #include "ports/MessageBoxes.h"
+#include "ports/StatusBar.h"
 
 namespace lorelin {
 
@@ -24,6 +25,7 @@ class Documents {
     FileDialogs& fileDialogs;
     FileWriter& files;
     MessageBoxes& messageBoxes;
+    StatusBar& statusBar;
     EventPump& pump;
     ModAddin& extensions;
     Log& log;
@@ -46,7 +48,8 @@ class Documents {
   bool OpenPath(const std::string& path);
   // Always asks for a name; false when the user cancelled or it could not be saved.
   bool SaveDoc();
-  // Writes the plain text to the current path without a word; asks for a name only when there is none.
+  // Writes the plain text to the current path; asks for a name when there is none, and before it overwrites
+  // another text than the one that was read from there.
   void SaveAs();
   // Asks whether to save before the end; false when the program goes on.
   [[nodiscard]] bool MayExit();
@@ -61,6 +64,10 @@ class Documents {
 
   // The editor's text changed.
   void Changed();
+  // Something else than a file of Load was put in the text's place.
+  void Replaced();
+  // The user comes back to the window: offers to load the file anew when another program wrote it.
+  void LookAtFile();
   [[nodiscard]] bool Modified() const { return modified_; }
   [[nodiscard]] const Document& Current() const { return document_; }
   void SetDefaultExtension(const std::string& ending) { document_.defaultExtension = ending; }
@@ -74,11 +81,20 @@ class Documents {
   void TellUnreadable(const std::string& path, const RuntimeError& error);
   [[nodiscard]] int WriteText(const std::string& path);
   [[nodiscard]] bool SaveRichText(const std::string& path);
+  [[nodiscard]] bool WriteAsEnded(const std::string& path);
+  void Written(const std::string& path);
+  void TellUnsaved(const std::string& path, const std::string& reason);
+  [[nodiscard]] bool OthersWroteIt() const;
+  void SaveOverOthers();
+  void Reload();
+  void OverwriteOtherText();
 
   Parts parts_;
   Document document_;
   bool modified_ = false;
   bool loading_ = false;
+  bool asking_ = false;
+  FileStamp known_;  // what others wrote and the user did not want
 };
 
 }  // namespace lorelin

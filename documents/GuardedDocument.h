@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "documents/Recovery.h"
 #include "ports/DocumentEditor.h"
@@ -9,13 +11,20 @@
 namespace lorelin {
 
 // The editor for everything that may put another text in the place of the user's: what was typed and not
-// saved goes to the recovery first. Owns neither.
+// saved goes to the recovery first, and whoever says what is shown is told. Owns neither.
 class GuardedDocument final : public DocumentEditor {
  public:
   GuardedDocument(DocumentEditor& editor, Recovery& recovery) : editor_(editor), recovery_(recovery) {}
 
+  // Called after another text was put in the place of the one that was there.
+  void OnReplaced(std::function<void()> handler) { replaced_ = std::move(handler); }
+
   std::string Text() override { return editor_.Text(); }
   void SetText(std::string_view text) override {
+    Revise(text);
+    replaced_();
+  }
+  void Revise(std::string_view text) override {
     Replacing replacing(recovery_);
     editor_.SetText(text);
     replacing.done = true;
@@ -25,6 +34,7 @@ class GuardedDocument final : public DocumentEditor {
     Replacing replacing(recovery_);
     editor_.LoadFile(path);
     replacing.done = true;
+    replaced_();
   }
   std::size_t SelectionStart() override { return editor_.SelectionStart(); }
   std::string SelectedText() override { return editor_.SelectedText(); }
@@ -42,6 +52,7 @@ class GuardedDocument final : public DocumentEditor {
 
   DocumentEditor& editor_;
   Recovery& recovery_;
+  std::function<void()> replaced_ = [] {};
 };
 
 }  // namespace lorelin

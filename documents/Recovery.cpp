@@ -24,6 +24,7 @@ constexpr std::size_t kLookedAt = 16384;  // bytes of a file that hold its first
 constexpr std::size_t kBeginning = 40;    // characters
 constexpr std::size_t kNameLength = 19;   // "2026-11-21 05-10-33"
 
+constexpr std::string_view kUnfinished = ".lorelin-";  // of a process that was killed while it wrote
 constexpr std::string_view kNotice = "recovery";
 
 std::string ReasonOf(const std::error_code& error) {
@@ -62,7 +63,19 @@ std::string NameOf(const std::string& path) {
 
 }  // namespace
 
+// Only one window runs at a time, and it has written nothing yet.
+void Recovery::RemoveUnfinished() {
+  std::error_code error;
+  std::vector<fs::path> unfinished;
+  for (fs::directory_iterator entry(NativePath(parts_.folder), error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (PathText(entry->path().filename()).starts_with(kUnfinished)) unfinished.push_back(entry->path());
+  }
+  for (const fs::path& file : unfinished) fs::remove(file, error);
+}
+
 void Recovery::Start() {
+  RemoveUnfinished();
   std::vector<std::string> names = parts_.fileSearch.FilesMatching(JoinPath(parts_.folder, {"*.rtf"}));
   std::sort(names.begin(), names.end());
   for (const std::string& name : names) AddLeftover(JoinPath(parts_.folder, {name}));

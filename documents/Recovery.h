@@ -82,6 +82,7 @@ class Recovery {
   void DiscardLeftovers();
 
  private:
+  void RemoveUnfinished();
   void Schedule();
   void Snapshot();
   void Failed(const std::string& reason);

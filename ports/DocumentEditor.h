@@ -14,6 +14,8 @@ class DocumentEditor {
   virtual ~DocumentEditor() = default;
   [[nodiscard]] virtual std::string Text() = 0;
   virtual void SetText(std::string_view text) = 0;
+  // Like SetText, for a text that was made from the one that is there.
+  virtual void Revise(std::string_view text) { SetText(text); }
   // The document as RTF (Rich Text Format Specification 1.9.1), with the format that the editor can show.
   [[nodiscard]] virtual std::string RichText() = 0;
   // What gives the document as it is now as RTF. It may be called on another thread, once.

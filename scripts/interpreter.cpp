@@ -318,7 +318,7 @@ void Interpreter::Dokument(const std::string& text, const std::string& mode) {
   if (mode == "0") return parts_.document.SetText(text);
   const std::string before = parts_.document.Text();
   RequireTextSize(before.size() + text.size());
-  parts_.document.SetText(before + text);
+  parts_.document.Revise(before + text);
 }
 
 void Interpreter::Wiederholen(const std::string&, const std::string&) {
@@ -364,7 +364,7 @@ void Interpreter::Warten(const std::string& seconds, const std::string&) {
 void Interpreter::Ersetzen(const std::string& from, const std::string& to) {
   std::string text = parts_.document.Text();
   ReplaceWithinLimit(text, from, to);
-  parts_.document.SetText(text);
+  parts_.document.Revise(text);
 }
 
 void Interpreter::Ausfuehren(const std::string& commandLine, const std::string&) {

@@ -62,6 +62,8 @@ inline constexpr SettingKey LaunchMailProgram{"Extension Settings", "LaunchMailP
                                               "open the e-mail program after an export"};
 inline constexpr SettingKey Placement{"Window", "Placement", SettingForm::Text, "",
                                       "where the main window stood, in the toolkit's form"};
+inline constexpr SettingKey TextSize{"Window", "TextSize", SettingForm::Number, "0",
+                                     "how many steps larger texts are shown than usual"};
 
 // Every setting, in the order above.
 inline constexpr std::array All{
@@ -90,6 +92,7 @@ inline constexpr std::array All{
     &PitchInDialog,
     &LaunchMailProgram,
     &Placement,
+    &TextSize,
 };
 
 }  // namespace setting

@@ -21,7 +21,6 @@ namespace lorelin {
 namespace {
 
 constexpr double kZoomStep = 1.15;
-constexpr int kMostZoomSteps = 12;
 
 constexpr const char* kMessageHandler = "lorelin";
 
@@ -73,6 +72,8 @@ void WxBrowserPane::CreateView() {
   view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
   view_->Bind(wxEVT_WEBVIEW_NEWWINDOW, &WxBrowserPane::OnNewWindow, this);
   view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);
+  if (zoomSteps_ != 0) SetZoom(zoomSteps_);
+  if (viewMade_) viewMade_(*view_);
 }
 
 // Everything else goes on without pages.
@@ -124,8 +125,20 @@ void WxBrowserPane::SelectAll() {
   if (view_ != nullptr) view_->SelectAll();
 }
 
-void WxBrowserPane::Zoom(int steps) {
-  zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
+void WxBrowserPane::Copy() {
+  if (view_ != nullptr) view_->Copy();
+}
+
+bool WxBrowserPane::Find(const std::string& text, bool matchCase, bool backwards) {
+  if (view_ == nullptr || text.empty()) return false;
+  int flags = wxWEBVIEW_FIND_WRAP | wxWEBVIEW_FIND_HIGHLIGHT_RESULT;
+  if (matchCase) flags |= wxWEBVIEW_FIND_MATCH_CASE;
+  if (backwards) flags |= wxWEBVIEW_FIND_BACKWARDS;
+  return view_->Find(ToWx(text), flags) != wxNOT_FOUND;
+}
+
+void WxBrowserPane::SetZoom(int steps) {
+  zoomSteps_ = steps;
   if (view_ != nullptr) view_->SetZoomFactor(static_cast<float>(std::pow(kZoomStep, zoomSteps_)));
 }
 

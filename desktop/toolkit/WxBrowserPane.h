@@ -26,8 +26,13 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   bool Show(bool show = true) override;
   void SetFocus() override;
   void SelectAll();
-  // Larger, smaller, or (0) as usual.
-  void Zoom(int steps);
+  void Copy();
+  // Shows the next place of the text, or the one before it, and round the ends; false when there is none.
+  bool Find(const std::string& text, bool matchCase, bool backwards);
+  // Called with the control that shows the pages as soon as there is one.
+  void OnViewMade(std::function<void(wxWindow&)> handler) { viewMade_ = std::move(handler); }
+  // So many steps larger than usual.
+  void SetZoom(int steps);
 
  private:
   void ShowPage();
@@ -44,6 +49,7 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   wxString page_;
   bool waiting_ = false;  // the page is loaded when the pane is shown
   std::function<bool(std::string& address)> handler_;
+  std::function<void(wxWindow&)> viewMade_;
   std::string clicked_;  // the link as it stands in the page, until the navigation to it
   bool offline_ = false;
   int zoomSteps_ = 0;

@@ -15,7 +15,6 @@ namespace lorelin {
 namespace {
 
 constexpr double kZoomStep = 1.15;
-constexpr int kMostZoomSteps = 12;
 
 // Where a text stands in another one.
 class TextPlaces {
@@ -138,10 +137,8 @@ void WxDocumentEditor::ReplacePlaces(const std::vector<long>& places, long lengt
   SendTextUpdatedEvent();
 }
 
-void WxDocumentEditor::Zoom(int steps) {
-  zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
-  const double factor = std::pow(kZoomStep, zoomSteps_);
-  buffer_.SetZoom(factor);
+void WxDocumentEditor::SetZoom(int steps) {
+  buffer_.SetZoom(std::pow(kZoomStep, steps));
 }
 
 std::size_t WxDocumentEditor::SelectionStart() {

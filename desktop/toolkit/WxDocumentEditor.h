@@ -32,8 +32,8 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   bool ReplaceNext(const std::string& text, const std::string& replacement, bool matchCase);
   // The number of places.
   int ReplaceAllPlaces(const std::string& text, const std::string& replacement, bool matchCase);
-  // Larger, smaller, or (0) of the usual size again.
-  void Zoom(int steps);
+  // So many steps larger than usual.
+  void SetZoom(int steps);
 
   [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
 
@@ -41,7 +41,6 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   void ReplacePlaces(const std::vector<long>& places, long length, const wxString& replacement);
 
   RichTextBuffer buffer_;
-  int zoomSteps_ = 0;
 };
 
 }  // namespace lorelin

@@ -42,4 +42,13 @@ MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title
   return Answer(dialog.ShowModal(), buttons);
 }
 
+MessageAnswer WxMessageBoxes::Choose(std::string_view text, std::string_view title,
+                                     const MessageChoices& choices) {
+  constexpr MessageButtons kButtons = MessageButtons::YesNoCancel;
+  MessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title), ButtonStyle(kButtons),
+                       MessageIcon::Question);
+  dialog.SetYesNoCancelLabels(ToWx(choices.yes), ToWx(choices.no), ToWx(choices.cancel));
+  return Answer(dialog.ShowModal(), kButtons);
+}
+
 }  // namespace lorelin

@@ -12,6 +12,7 @@ class WxMessageBoxes final : public MessageBoxes {
   void SetParent(wxWindow* parent) { parent_ = parent; }
   MessageAnswer Show(std::string_view text, std::string_view title, MessageIcon icon,
                      MessageButtons buttons) override;
+  MessageAnswer Choose(std::string_view text, std::string_view title, const MessageChoices& choices) override;
 
  private:
   wxWindow* parent_ = nullptr;

@@ -18,6 +18,7 @@
 #include "platform/linux/XcbForegroundWindow.h"
 #include "platform/linux/XdgFileAssociation.h"
 #include "platform/linux/XdgShell.h"
+#include "platform/linux/abandonedRuns.h"
 
 namespace lorelin {
 
@@ -25,6 +26,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   PlatformServices services;
   services.paths = FindProgramPaths();
   services.clock = std::make_unique<SystemClock>();
+  RemoveAbandonedRuns(services.paths.cacheFolder);
   services.log = std::make_unique<LogFile>(services.paths.logFile, *services.clock, verbose);
   services.fileSearch = std::make_unique<DirectorySearch>();
   services.shell = std::make_unique<XdgShell>(PathText(NativePath(services.paths.engineFile).parent_path()),

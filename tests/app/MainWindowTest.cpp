@@ -517,7 +517,50 @@ TEST_F(Desk, RunsTheCommandsOfTheEditor) {
     window.RunCommand(name);
   }
   EXPECT_EQ(editing.done, (std::vector<std::string>{"Undo", "Redo", "SelectAll", "Search", "SearchAgain",
-                                                    "Replace", "Zoom 1", "Zoom -1", "Zoom 0"}));
+                                                    "Replace", "Zoom 1", "Zoom 0", "Zoom 0"}));
+}
+
+TEST_F(Desk, LeavesTheHiddenDocumentAloneWhileAPageIsShown) {
+  document.text = "Hallo";
+  document.selectionBytes = 5;
+  clipboard.text = "alt";
+  editing.showsPage = true;
+  for (const auto* const name :
+       {"Cut", "Delete", "Insert", "Undo", "Redo", "Replace", "Copy", "SelectAll", "Find", "FindAgain"}) {
+    window.RunCommand(name);
+  }
+  EXPECT_EQ(document.text, "Hallo");
+  EXPECT_EQ(clipboard.text, "alt");
+  EXPECT_EQ(editing.done, (std::vector<std::string>{"CopyFromPage", "SelectAll", "Search", "SearchAgain"}));
+}
+
+TEST_F(Desk, RemembersHowLargeTextsAreShown) {
+  window.RunCommand("Larger");
+  window.RunCommand("Larger");
+  EXPECT_EQ(settings.Get(setting::TextSize), "2");
+  editing.done.clear();
+  window.Load();
+  EXPECT_EQ(editing.done, std::vector<std::string>{"Zoom 2"});
+  for (int i = 0; i < 50; ++i) window.RunCommand("Smaller");
+  EXPECT_EQ(editing.done.back(), "Zoom -12");
+}
+
+TEST_F(Desk, TakesAnySizeThatIsStored) {
+  Set(setting::TextSize, "gross");
+  window.Load();
+  EXPECT_TRUE(editing.done.empty());
+  Set(setting::TextSize, "99999");
+  modules.textSize.Restore();
+  EXPECT_EQ(editing.done, std::vector<std::string>{"Zoom 12"});
+}
+
+TEST_F(Desk, EmptiesNoFolderThatATemporaryLinkPointsTo) {
+  std::filesystem::create_directory(folder.File("fremd"));
+  WriteFile(folder.File("fremd/lied.wav"), "x");
+  std::filesystem::create_directory_symlink(folder.File("fremd"), folder.File("temp"));
+  fileSearch.names = {"lied.wav"};
+  window.Load();
+  EXPECT_TRUE(std::filesystem::exists(folder.File("fremd/lied.wav")));
 }
 
 TEST_F(Desk, OffersWhatAnEarlierRunLeft) {

@@ -257,6 +257,150 @@ TEST_F(DocumentsTest, AsksBeforeTheEndEvenForAnEmptyDocument) {
   EXPECT_TRUE(documents.MayExit());
 }
 
+TEST_F(DocumentsTest, ClaimsNoFileThatWasNotWritten) {
+  Opens("a.txt", "A");
+  document.text = "B";
+  documents.Changed();
+  files.error = ErrorNumber::DiskFull;
+  (void)SavedAs("b.txt");
+  (void)SavedAs("b.rtf");
+  EXPECT_EQ(documents.Current().path, folder.File("a.txt"));
+  EXPECT_EQ(view.title, "• a.txt – Lorelin");
+  EXPECT_EQ(statusBar.message, "„b.rtf“ wurde nicht gespeichert: Datenträger voll");
+  documents.SaveAs();
+  EXPECT_EQ(statusBar.message, "„a.txt“ wurde nicht gespeichert: Datenträger voll");
+  files.error.reset();
+  documents.SaveAs();
+  EXPECT_EQ(statusBar.message, "Gespeichert: a.txt");
+  EXPECT_EQ(view.title, "a.txt – Lorelin");
+}
+
+class OtherText : public DocumentsTest {
+ protected:
+  OtherText() {
+    Opens("brief.txt", "Liebe Oma");
+    guarded.SetText("Guten Morgen");
+    documents.Changed();
+  }
+};
+
+TEST_F(OtherText, IsNotCalledByTheFilesName) {
+  EXPECT_EQ(view.title, "• Lorelin");
+  EXPECT_EQ(documents.Current().path, folder.File("brief.txt"));
+}
+
+TEST_F(OtherText, OverwritesNoFileWithoutAQuestion) {
+  messageBoxes.answers = {MessageAnswer::Cancel, MessageAnswer::No, MessageAnswer::Yes};
+  documents.SaveAs();
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Die Datei „brief.txt“ enthält einen anderen Text als den, der hier steht.");
+  EXPECT_EQ(messageBoxes.choicesOffered[0], "&Überschreiben|Speichern &unter …|&Abbrechen");
+  EXPECT_TRUE(files.files.empty());
+  fileDialogs.answer = std::nullopt;
+  documents.SaveAs();
+  EXPECT_TRUE(files.files.empty());
+  documents.SaveAs();
+  EXPECT_EQ(files.files[folder.File("brief.txt")], "Guten Morgen");
+  EXPECT_EQ(view.title, "brief.txt – Lorelin");
+  documents.SaveAs();
+  EXPECT_EQ(messageBoxes.boxes.size(), 3U);
+}
+
+TEST_F(OtherText, GetsItsOwnNameWhenItIsSavedUnderOne) {
+  messageBoxes.answers = {MessageAnswer::No};
+  fileDialogs.answer = folder.File("morgen.txt");
+  documents.SaveAs();
+  EXPECT_EQ(files.files[folder.File("morgen.txt")], "Guten Morgen");
+  EXPECT_EQ(documents.Current().path, folder.File("morgen.txt"));
+}
+
+TEST_F(DocumentsTest, KnowsTheTextAgainThatAScriptOnlyRevised) {
+  Opens("brief.txt", "Liebe Oma");
+  guarded.Revise("Liebe Tante");
+  documents.SaveAs();
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(files.files[folder.File("brief.txt")], "Liebe Tante");
+}
+
+TEST_F(DocumentsTest, WritesToAPathWhereNothingCouldBeLost) {
+  documents.SetPath(folder.File("neu.txt"));
+  document.text = "x";
+  documents.SaveAs();
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(files.files[folder.File("neu.txt")], "x");
+}
+
+class ChangedByOthers : public DocumentsTest {
+ protected:
+  ChangedByOthers() {
+    Opens("brief.txt", "Liebe Oma");
+    Others("Liebe Oma, Zusatz");
+    messageBoxes.boxes.clear();
+  }
+  void Others(const std::string& text) {
+    WriteFile(folder.File("brief.txt"), text);
+    document.files[folder.File("brief.txt")] = text;
+  }
+};
+
+TEST_F(ChangedByOthers, IsNoticedOnSavingAndCanBeLoaded) {
+  messageBoxes.answers = {MessageAnswer::Yes};
+  documents.SaveAs();
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Die Datei „brief.txt“ wurde inzwischen von einem anderen Programm geändert.");
+  EXPECT_EQ(messageBoxes.choicesOffered[0], "&Neu laden|&Trotzdem speichern|Speichern &unter …");
+  EXPECT_EQ(document.text, "Liebe Oma, Zusatz");
+  EXPECT_TRUE(files.files.empty());
+}
+
+TEST_F(ChangedByOthers, IsOverwrittenWhenTheUserWants) {
+  messageBoxes.answers = {MessageAnswer::No};
+  documents.SaveAs();
+  EXPECT_EQ(files.files[folder.File("brief.txt")], "Liebe Oma");
+}
+
+TEST_F(ChangedByOthers, StaysWhenTheTextIsSavedUnderAnotherName) {
+  messageBoxes.answers = {MessageAnswer::Cancel};
+  fileDialogs.answer = folder.File("kopie.txt");
+  documents.SaveAs();
+  EXPECT_EQ(files.files[folder.File("kopie.txt")], "Liebe Oma");
+  EXPECT_EQ(files.files.count(folder.File("brief.txt")), 0U);
+}
+
+TEST_F(ChangedByOthers, IsNoticedOnceWhenTheUserComesBack) {
+  messageBoxes.answers = {MessageAnswer::No};
+  documents.LookAtFile();
+  documents.LookAtFile();
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text,
+            "Die Datei „brief.txt“ wurde von einem anderen Programm geändert.\n\nMöchten Sie sie neu laden?");
+  EXPECT_EQ(document.text, "Liebe Oma");
+  Others("Liebe Oma, noch ein Zusatz");
+  documents.LookAtFile();
+  EXPECT_EQ(messageBoxes.boxes.size(), 2U);
+  EXPECT_EQ(document.text, "Liebe Oma, noch ein Zusatz");
+  EXPECT_FALSE(documents.Modified());
+}
+
+TEST_F(ChangedByOthers, LeavesWhatWasTypedToTheRecovery) {
+  document.text = "Liebe Oma, getippt";
+  window.EditorChanged(18);
+  documents.LookAtFile();
+  EXPECT_NE(messageBoxes.boxes[0].text.find("Ihre Änderungen bleiben"), std::string::npos);
+  EXPECT_EQ(document.text, "Liebe Oma, Zusatz");
+  ASSERT_EQ(recovery.Leftovers().size(), 1U);
+}
+
+TEST_F(ChangedByOthers, IsNoConcernOnceTheFileHasGone) {
+  std::filesystem::remove(folder.File("brief.txt"));
+  documents.LookAtFile();
+  documents.SaveAs();
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(files.files[folder.File("brief.txt")], "Liebe Oma");
+}
+
 TEST_F(DocumentsTest, ShowsChangesInTheTitle) {
   documents.Changed();
   EXPECT_EQ(view.title, "• Lorelin");

@@ -180,6 +180,15 @@ TEST_F(FullDisk, AsksNoSecondTimeAboutATextThatIsNotWanted) {
   EXPECT_EQ(messageBoxes.boxes.size(), 1U);
 }
 
+TEST_F(FullDisk, IsAskedAboutBeforeTheWindowCloses) {
+  messageBoxes.answers = {MessageAnswer::No};
+  window.CloseRequested();
+  EXPECT_FALSE(calls.Has("view.end"));
+  window.CloseRequested(true);
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_TRUE(calls.Has("view.end"));
+}
+
 TEST_F(FullDisk, KeepsWhatWasWrittenBefore) {
   files.error.reset();
   Due();
@@ -257,6 +266,14 @@ TEST_F(Leftovers, CanBeDiscarded) {
   recovery.DiscardLeftovers();
   EXPECT_TRUE(recovery.Leftovers().empty());
   EXPECT_FALSE(std::filesystem::exists(folder.File("recovery/2026-11-21 05-10-33.rtf")));
+}
+
+TEST_F(Leftovers, AreNotTheUnfinishedFilesOfAKilledRun) {
+  WriteFile(folder.File("recovery/.lorelin-a1B2c3"), "{\\rtf1 hal");
+  Leave("2026-11-21 05-10-33.rtf", "Brief");
+  recovery.Start();
+  EXPECT_FALSE(std::filesystem::exists(folder.File("recovery/.lorelin-a1B2c3")));
+  EXPECT_TRUE(std::filesystem::exists(folder.File("recovery/2026-11-21 05-10-33.rtf")));
 }
 
 TEST_F(Leftovers, SurviveADamagedFile) {

@@ -87,7 +87,7 @@ TEST_F(Accessible, MainWindowInBothModes) {
 }
 
 TEST_F(Accessible, DialogsOfTheEditorAndTheVoice) {
-  FrmFind find(&form, form.Editor());
+  FrmFind find(&form, form.Editor(), form.Browser());
   find.Open(true);
   Check(find, 7);
   FrmVoice voiceDialog(&form, VoiceChoice(voice, settings), [](std::int32_t) {});

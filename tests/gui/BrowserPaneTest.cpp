@@ -1,6 +1,9 @@
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
 #include "tests/gui/FormFixture.h"
+#include "tests/gui/findControl.h"
 
 namespace lorelin {
 namespace {
@@ -82,6 +85,39 @@ TEST_F(Pane, HandsOverLinksAsTheyStandInThePage) {
   EXPECT_EQ(Follow(4), "lo:Speak(x)");
   ASSERT_FALSE(messageBoxes.boxes.empty());
   EXPECT_EQ(messageBoxes.boxes.back().text, "");
+}
+
+TEST_F(Pane, IsSearchedAndCopiedInPlaceOfTheHiddenDocument) {
+  form.Editor().SetText("Giraffe");
+  ShowLinks({"lo:Nichts", "lo:Zweiter"});
+  Choose("Bearbeiten", "Suchen …");
+  wxWindow& dialog = *wxWindow::FindWindowByName("frmFind", &form);
+  const auto find = [&](const char* text) {
+    FindControl<wxTextCtrl>(dialog, "txtWanted").SetValue(text);
+    PressButton(dialog, "Weitersuchen");
+    return FromWx(FindControl<wxStaticText>(dialog, "lblResult").GetLabel());
+  };
+  EXPECT_EQ(find("lo:zweiter"), " ");
+  EXPECT_EQ(find("Giraffe"), "Nicht gefunden.");
+  dialog.Hide();
+  clipboard.SetText("alt");
+  Choose("Bearbeiten", "Alles markieren");
+  Choose("Bearbeiten", "Kopieren");
+  EXPECT_TRUE(WaitUntil([this] { return clipboard.Text().find("lo:Zweiter") != std::string::npos; }))
+      << clipboard.Text();
+  Choose("Bearbeiten", "Ausschneiden");
+  Choose("Bearbeiten", "Löschen");
+  EXPECT_EQ(form.Editor().Text(), "Giraffe");
+}
+
+TEST_F(Pane, TakesFilesThatAreDroppedOnIt) {
+  ShowLinks({"lo:Nichts"});
+  ASSERT_FALSE(form.Browser().GetChildren().empty());
+  for (wxWindow* const window :
+       std::initializer_list<wxWindow*>{&form, form.GetToolBar(), form.GetStatusBar(), &form.Browser(),
+                                        form.Browser().GetChildren().front(), &form.Editor()}) {
+    EXPECT_NE(window->GetDropTarget(), nullptr) << FromWx(window->GetName());
+  }
 }
 
 TEST_F(Pane, OffersTheWebToTheSystemsBrowser) {

@@ -89,7 +89,14 @@ class FakeMessageBoxes final : public MessageBoxes {
     answers.pop_front();
     return answer;
   }
+  MessageAnswer Choose(std::string_view text, std::string_view title,
+                       const MessageChoices& choices) override {
+    choicesOffered.push_back(std::string(choices.yes) + "|" + std::string(choices.no) + "|" +
+                             std::string(choices.cancel));
+    return Show(text, title, MessageIcon::Question, MessageButtons::YesNoCancel);
+  }
   std::vector<Box> boxes;
+  std::vector<std::string> choicesOffered;
   std::deque<MessageAnswer> answers;
   std::function<void()> onShow;
 };
@@ -128,12 +135,15 @@ class FakeDocumentEditor final : public DocumentEditor {
 
 class FakeEditorCommands final : public EditorCommands {
  public:
+  bool ShowsPage() override { return showsPage; }
+  void CopyFromPage() override { done.emplace_back("CopyFromPage"); }
+  bool showsPage = false;
   void Undo() override { done.emplace_back("Undo"); }
   void Redo() override { done.emplace_back("Redo"); }
   void SelectAll() override { done.emplace_back("SelectAll"); }
   void ShowSearch(bool replace) override { done.emplace_back(replace ? "Replace" : "Search"); }
   void SearchAgain() override { done.emplace_back("SearchAgain"); }
-  void Zoom(int steps) override { done.push_back("Zoom " + std::to_string(steps)); }
+  void SetZoom(int steps) override { done.push_back("Zoom " + std::to_string(steps)); }
   std::vector<std::string> done;
 };
 
