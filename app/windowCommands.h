@@ -22,5 +22,7 @@ void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpeni
 void AddEditingCommands(CommandTable& commands, DocumentEditor& editor, Clipboard& clipboard,
                         EditorCommands& editing);
 void AddHelpCommands(CommandTable& commands, Modes& modes, HelpDialogs& dialogs, Launches& launches);
+// When the commands that cannot always do something can.
+void AddConditions(CommandTable& commands, ModSpeak& speech, EditorCommands& editing);
 
 }  // namespace lorelin

@@ -69,12 +69,16 @@ class ModSpeak {
   // Pauses when speech is running by this switch, else resumes; the first time ever it explains itself.
   void PauseSpeech();
   void Stop();
+  // Whether the next switch of PauseSpeech resumes.
+  [[nodiscard]] bool IsPaused() const { return speechPaused_ != 0; }
 
   // The ways to speak of the menu ("Sprechen": waits, document unfiltered), of the toolbar (does not wait,
   // document filtered) and of "Text ab Cursorposition lesen" (from the character left of the caret on).
   void SpeakMenu();
   void SpeakToolbar();
   void ReadFromCursor();
+  // Reads the document's selected text as the toolbar does the whole; without a selection it does nothing.
+  void ReadSelection();
 
   // Where the second instance renders to; "" chooses a new temporary file and removes the one before it,
   // which nothing can reach any more (an hour of speech takes 160 MB).

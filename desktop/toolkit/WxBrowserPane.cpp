@@ -14,6 +14,7 @@
 #include "base/text.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/browserEngine.h"
+#include "desktop/toolkit/fontScale.h"
 #include "desktop/toolkit/offlineFilter.h"
 #include "desktop/toolkit/text.h"
 
@@ -31,6 +32,17 @@ document.addEventListener('click', function (event) {
   var link = event.target.closest ? event.target.closest('a[href]') : null;
   if (link) window.webkit.messageHandlers.lorelin.postMessage(link.getAttribute('href'));
 }, true);
+)";
+
+// Where reading begins when the page gets the keyboard: at its heading, or where the link led to.
+constexpr const char* kBeginAtHeading = R"(
+(function () {
+  var begin = location.hash ? document.getElementById(location.hash.slice(1)) : document.querySelector('h1');
+  if (!begin) return;
+  begin.tabIndex = -1;
+  begin.style.outline = 'none';
+  begin.focus({ preventScroll: true });
+})();
 )";
 
 bool IsLocal(const std::string& address) {
@@ -63,11 +75,14 @@ void WxBrowserPane::CreateView() {
   view_ = wxWebView::New(this, wxID_ANY, "about:blank");
   view_->EnableContextMenu(false);
   SetAccessibleName(*view_, "Seite");
+  LetPageTakeFocus(*view_);
   GetSizer()->Add(view_, wxSizerFlags(1).Expand());
   Layout();
+  Zoom(0);
   if (offline_) BlockNetwork(*view_, filterFolder_);
   view_->AddScriptMessageHandler(kMessageHandler);
   view_->AddUserScript(kReportClicks);
+  view_->AddUserScript(kBeginAtHeading, wxWEBVIEW_INJECT_AT_DOCUMENT_END);
   view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,
               [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); });
   view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
@@ -105,7 +120,7 @@ void WxBrowserPane::Navigate(const std::string& path) {
 }
 
 void WxBrowserPane::SetFocus() {
-  if (view_ != nullptr) view_->SetFocus();
+  if (view_ != nullptr) FocusPage(*view_);
   if (substitute_ != nullptr) substitute_->SetFocus();
 }
 
@@ -115,7 +130,8 @@ void WxBrowserPane::SelectAll() {
 
 void WxBrowserPane::Zoom(int steps) {
   zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
-  if (view_ != nullptr) view_->SetZoomFactor(static_cast<float>(std::pow(kZoomStep, zoomSteps_)));
+  if (view_ != nullptr)
+    view_->SetZoomFactor(static_cast<float>(FontScale(*this) * std::pow(kZoomStep, zoomSteps_)));
 }
 
 // What a link does may take as long as a speech, and the view is in the middle of its event here.

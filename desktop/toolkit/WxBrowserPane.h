@@ -22,6 +22,7 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   void OnNavigate(std::function<bool(std::string& address)> handler) override {
     handler_ = std::move(handler);
   }
+  void Focus() override { SetFocus(); }
   void SetFocus() override;
   void SelectAll();
   // Larger, smaller, or (0) as usual.

@@ -121,6 +121,18 @@ int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::strin
   return static_cast<int>(all.size());
 }
 
+wxRect WxDocumentEditor::SelectionOnScreen() const {
+  long from = 0;
+  long to = 0;
+  GetSelection(&from, &to);
+  const wxPoint begin = PositionToCoords(from);
+  const wxPoint end = PositionToCoords(to);
+  const bool oneLine = end.y == begin.y;
+  const int right = oneLine ? end.x : GetClientSize().x;
+  const int height = static_cast<int>(GetCharHeight() * std::pow(kZoomStep, zoomSteps_)) + FromDIP(4);
+  return {ClientToScreen(begin), wxSize(std::max(right - begin.x, 1), height)};
+}
+
 void WxDocumentEditor::Zoom(int steps) {
   zoomSteps_ = steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kMostZoomSteps, kMostZoomSteps);
   const double factor = std::pow(kZoomStep, zoomSteps_);

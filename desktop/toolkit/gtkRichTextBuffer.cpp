@@ -374,6 +374,12 @@ std::string RichTextBuffer::Rtf() const {
 void RichTextBuffer::ReplaceText(const wxString& text) {
   implementation_->ReplaceText(text);
 }
+bool RichTextBuffer::CanUndo() const {
+  return implementation_->History().CanUndo();
+}
+bool RichTextBuffer::CanRedo() const {
+  return implementation_->History().CanRedo();
+}
 void RichTextBuffer::Undo() {
   implementation_->Carry(implementation_->History().Undo());
 }

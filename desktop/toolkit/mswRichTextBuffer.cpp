@@ -164,6 +164,12 @@ std::string RichTextBuffer::Rtf() const {
 void RichTextBuffer::ReplaceText(const wxString& text) {
   implementation_->ReplaceText(text);
 }
+bool RichTextBuffer::CanUndo() const {
+  return implementation_->Send(EM_CANUNDO) != FALSE;
+}
+bool RichTextBuffer::CanRedo() const {
+  return implementation_->Send(EM_CANREDO) != FALSE;
+}
 void RichTextBuffer::Undo() {
   implementation_->Undo();
 }
