@@ -44,6 +44,7 @@ void Modes::ChooseInitial(bool textFollows) {
 void Modes::ShowPage(std::string_view name) {
   InteractiveMode();
   parts_.browser.Navigate(PagePath(name));
+  parts_.browser.Focus();
 }
 
 void Modes::ShowHomePage() {

@@ -141,12 +141,16 @@ WindowModules::~WindowModules() {
 
 void WindowModules::FillCommands() {
   commands.Add("Textmode", [this] { window.Textmode(); });
-  commands.Add("InteractiveMode", [this] { window.InteractiveMode(); });
+  commands.Add("InteractiveMode", [this] {
+    window.InteractiveMode();
+    edges.browser.Focus();
+  });
   commands.Add("ExitLo", [this] { window.ExitLo(); });
   AddSpeechCommands(commands, edges.spoken.speech, exporter, edges.voiceDialogs);
   AddDocumentCommands(commands, documents, opening);
   AddEditingCommands(commands, edges.document, edges.clipboard, edges.editing);
   AddTextSizeCommands(commands, textSize);
+  AddConditions(commands, edges.spoken.speech, edges.editing);
   AddHelpCommands(commands, modes, edges.helpDialogs, launches);
 }
 

@@ -20,17 +20,24 @@ constexpr std::array kFileMenu{
     MenuEntry{"mnuExit", "&Beenden", "ExitLo", "Ctrl+Q"},
 };
 
-// Cut, copy and paste keep the shortcuts that the focused control has for them.
+constexpr MenuEntry kCut{"mnuCut", "&Ausschneiden", "Cut", "Ctrl+X", true};
+constexpr MenuEntry kCopy{"mnuCopy", "&Kopieren", "Copy", "Ctrl+C", true};
+constexpr MenuEntry kInsert{"mnuInsert", "&Einfügen", "Insert", "Ctrl+V", true};
+constexpr MenuEntry kDelete{"mnuDelete", "&Löschen", "Delete", "Del", true};
+constexpr MenuEntry kSelectAll{"mnuSelectAll", "Alles &markieren", "SelectAll", "Ctrl+A"};
+constexpr MenuEntry kReadSelection{"mnuReadSelection", "Auswahl &vorlesen", "ReadSelection", "Shift+F5"};
+constexpr MenuEntry kReadFromCur{"mnuReadFromCur", "Text ab Cursorposition lesen", "ReadFromCursor", "F7"};
+
 constexpr std::array kEditMenu{
-    MenuEntry{"mnuCut", "&Ausschneiden", "Cut", ""},
-    MenuEntry{"mnuCopy", "&Kopieren", "Copy", ""},
-    MenuEntry{"mnuInsert", "&Einfügen", "Insert", ""},
-    MenuEntry{"mnuDelete", "&Löschen", "Delete", ""},
+    kCut,
+    kCopy,
+    kInsert,
+    kDelete,
     kSeparator,
     MenuEntry{"mnuUndo", "&Rückgängig", "Undo", "Ctrl+Z"},
     MenuEntry{"mnuRedo", "&Wiederherstellen", "Redo", "Ctrl+Y"},
     kSeparator,
-    MenuEntry{"mnuSelectAll", "Alles &markieren", "SelectAll", "Ctrl+A"},
+    kSelectAll,
     MenuEntry{"mnuFind", "&Suchen …", "Find", "Ctrl+F"},
     MenuEntry{"mnuFindAgain", "Weitersu&chen", "FindAgain", "F3"},
     MenuEntry{"mnuReplace", "Erse&tzen …", "Replace", "Ctrl+H"},
@@ -41,16 +48,22 @@ constexpr std::array kActionMenu{
     MenuEntry{"mnuStop", "Sto&p", "Stop", "F8"},
     MenuEntry{"mnuPause", "P&ause", "Pause", "F6"},
     kSeparator,
-    MenuEntry{"mnuReadFromCur", "Text ab Cursorposition lesen", "ReadFromCursor", "F7"},
+    kReadFromCur,
+    kReadSelection,
+    kSeparator,
+    MenuEntry{"mnuVoice", "Stimme &wählen", "ChooseVoice", "Ctrl+Shift+T"},
+    MenuEntry{"mnuVolume", "&Lautstärke ändern", "ChangeVolume", "Ctrl+Shift+L"},
+    MenuEntry{"mnuSpeed", "&Geschwindigkeit ändern", "ChangeSpeed", "Ctrl+Shift+G"},
+    MenuEntry{"mnuPitch", "&Helligkeit ändern", "ChangePitch", "Ctrl+Shift+H"},
 };
 
 constexpr std::array kViewMenu{
     MenuEntry{"mnuTextmode", "Textmodus", "Textmode", "Ctrl+1"},
     MenuEntry{"mnuInternet", "Interaktivmodus", "InteractiveMode", "Ctrl+2"},
     kSeparator,
-    MenuEntry{"mnuLarger", "Schrift &größer", "Larger", "Ctrl++"},
-    MenuEntry{"mnuSmaller", "Schrift &kleiner", "Smaller", "Ctrl+-"},
-    MenuEntry{"mnuUsualSize", "Schrift &normal", "UsualSize", "Ctrl+0"},
+    MenuEntry{"mnuLarger", "Schrift &größer", "Larger", "Ctrl++", false, "Ctrl+KP_Add"},
+    MenuEntry{"mnuSmaller", "Schrift &kleiner", "Smaller", "Ctrl+-", false, "Ctrl+KP_Subtract"},
+    MenuEntry{"mnuUsualSize", "Schrift &normal", "UsualSize", "Ctrl+0", false, "Ctrl+KP_0"},
 };
 
 constexpr std::array kExtrasMenu{
@@ -69,9 +82,13 @@ constexpr std::array kHelpMenu{
 };
 
 constexpr std::array kMainMenus{
-    Menu{"mnuDatei", "Datei", kFileMenu},     Menu{"mnuBearbeiten", "Bearbeiten", kEditMenu},
-    Menu{"mnuAktion", "Aktion", kActionMenu}, Menu{"mnuView", "Ansicht", kViewMenu},
-    Menu{"mnuXTras", "Extras", kExtrasMenu},  Menu{"mnuHelp", "?", kHelpMenu},
+    Menu{"mnuDatei", "&Datei", kFileMenu},     Menu{"mnuBearbeiten", "&Bearbeiten", kEditMenu},
+    Menu{"mnuAktion", "&Aktion", kActionMenu}, Menu{"mnuView", "A&nsicht", kViewMenu},
+    Menu{"mnuXTras", "E&xtras", kExtrasMenu},  Menu{"mnuHelp", "&?", kHelpMenu},
+};
+
+constexpr std::array kEditorMenu{
+    kReadSelection, kReadFromCur, kSeparator, kCut, kCopy, kInsert, kDelete, kSeparator, kSelectAll,
 };
 
 constexpr ToolbarButton kGap{"", "", "", ""};
@@ -104,6 +121,9 @@ constexpr std::array kSpeechTasks{
 std::span<const Menu> MainMenus() {
   return kMainMenus;
 }
+std::span<const MenuEntry> EditorMenu() {
+  return kEditorMenu;
+}
 std::span<const ToolbarButton> ToolbarButtons() {
   return kToolbarButtons;
 }
@@ -113,6 +133,16 @@ std::span<const TaskPaneEntry> SpeechTasks() {
 
 void CommandTable::Add(std::string_view name, Effect effect) {
   effects_.insert_or_assign(std::string(name), std::move(effect));
+}
+
+void CommandTable::AddCondition(std::string_view name, Condition possible) {
+  conditions_.insert_or_assign(std::string(name), std::move(possible));
+}
+
+std::optional<bool> CommandTable::IsPossible(std::string_view name) const {
+  const auto found = conditions_.find(name);
+  if (found == conditions_.end()) return std::nullopt;
+  return found->second();
 }
 
 bool CommandTable::Has(std::string_view name) const {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,6 +17,9 @@ struct MenuEntry {
   std::string_view caption;   // "-" for a separator; "&" marks the access key
   std::string_view command;   // "" for a separator
   std::string_view shortcut;  // as in "Ctrl+O"; "" for none
+  // The control that has the focus takes the key by itself: the entry only shows it.
+  bool keyOfControl = false;
+  std::string_view secondShortcut = "";  // the same key on the number pad
 };
 
 struct Menu {
@@ -42,18 +46,27 @@ struct TaskPaneEntry {
 // The built-in items of the task pane's group "Lorelin".
 [[nodiscard]] std::span<const TaskPaneEntry> SpeechTasks();
 
+// What the editor's context menu offers.
+[[nodiscard]] std::span<const MenuEntry> EditorMenu();
+
 // Named actions. Filled once by the main window; names are unique and compared exactly.
 class CommandTable {
  public:
   using Effect = std::function<void()>;
+  using Condition = std::function<bool()>;
 
   void Add(std::string_view name, Effect effect);
+  // The command is offered only while `possible` says so; that is asked often and has to be quick.
+  void AddCondition(std::string_view name, Condition possible);
+  // Empty for a command without a condition.
+  [[nodiscard]] std::optional<bool> IsPossible(std::string_view name) const;
   [[nodiscard]] bool Has(std::string_view name) const;
   // Runs the command; false when there is none of that name. What the effect throws goes to the caller.
   bool Run(std::string_view name) const;
 
  private:
   std::map<std::string, Effect, std::less<>> effects_;
+  std::map<std::string, Condition, std::less<>> conditions_;
 };
 
 }  // namespace lorelin

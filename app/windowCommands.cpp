@@ -30,6 +30,7 @@ void AddSpeechCommands(CommandTable& commands, ModSpeak& speech, ModExport& expo
   commands.Add("Speak", [&] { speech.SpeakMenu(); });
   commands.Add("SpeakDocument", [&] { speech.SpeakToolbar(); });
   commands.Add("ReadFromCursor", [&] { speech.ReadFromCursor(); });
+  commands.Add("ReadSelection", [&] { speech.ReadSelection(); });
   commands.Add("Stop", [&] { speech.Stop(); });
   commands.Add("Pause", [&] { speech.PauseSpeech(); });
   commands.Add("ExportDoc", [&] { exporter.ExportDoc(); });
@@ -37,6 +38,17 @@ void AddSpeechCommands(CommandTable& commands, ModSpeak& speech, ModExport& expo
   commands.Add("ChangeVolume", [&] { dialogs.ChangeParameter(VoiceParameter::Volume); });
   commands.Add("ChangeSpeed", [&] { dialogs.ChangeParameter(VoiceParameter::Speed); });
   commands.Add("ChangePitch", [&] { dialogs.ChangeParameter(VoiceParameter::Pitch); });
+}
+
+void AddConditions(CommandTable& commands, ModSpeak& speech, EditorCommands& editing) {
+  const auto speaking = [&speech] { return speech.Voice().Speaking(); };
+  // A rendering that goes on behind a speech that has ended can be stopped, too.
+  commands.AddCondition("Stop", [=, &speech] { return speaking() || speech.Voice2().Speaking(); });
+  // Who paused before a stop has to be able to take the pause back.
+  commands.AddCondition("Pause", [=, &speech] { return speaking() || speech.IsPaused(); });
+  commands.AddCondition("ReadSelection", [&] { return editing.HasSelection(); });
+  commands.AddCondition("Undo", [&] { return editing.CanUndo(); });
+  commands.AddCondition("Redo", [&] { return editing.CanRedo(); });
 }
 
 void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpening& opening) {

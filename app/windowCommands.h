@@ -24,5 +24,7 @@ void AddEditingCommands(CommandTable& commands, DocumentEditor& editor, Clipboar
                         EditorCommands& editing);
 void AddTextSizeCommands(CommandTable& commands, TextSize& size);
 void AddHelpCommands(CommandTable& commands, Modes& modes, HelpDialogs& dialogs, Launches& launches);
+// When the commands that cannot always do something can.
+void AddConditions(CommandTable& commands, ModSpeak& speech, EditorCommands& editing);
 
 }  // namespace lorelin

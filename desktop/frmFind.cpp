@@ -1,10 +1,15 @@
 #include "desktop/frmFind.h"
 
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
+#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/toolkit/textField.h"
 
 namespace lorelin {
 
@@ -27,8 +32,7 @@ void FrmFind::BuildFields() {
   grid->AddGrowableCol(1);
   const auto field = [&](const char* caption, const char* name) {
     auto* const label = new wxStaticText(this, wxID_ANY, ToWx(caption));
-    auto* const text = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
-                                      FromDIP(wxSize(300, -1)), 0, wxDefaultValidator, name);
+    auto* const text = MakeTextField(this, name, FromDIP(300));
     grid->Add(label, wxSizerFlags().CenterVertical());
     grid->Add(text, wxSizerFlags().Expand());
     return std::pair(label, text);
@@ -42,8 +46,8 @@ void FrmFind::BuildFields() {
   GetSizer()->Add(grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
   matchCase_ = new wxCheckBox(this, wxID_ANY, ToWx("&Groß- und Kleinschreibung beachten"));
   GetSizer()->Add(matchCase_, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, gap));
-  result_ = new wxStaticText(this, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
-                             "lblResult");
+  result_ =
+      new PlainText(this, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE, "lblResult");
   GetSizer()->Add(result_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
 }
 
@@ -93,19 +97,34 @@ std::string FrmFind::Replacement() const {
 
 void FrmFind::Tell(const std::string& text) {
   result_->SetLabel(ToWx(text));
+  if (text != " ") Announce(*result_);
 }
 
 void FrmFind::Search(bool backwards) {
   const bool matchCase = matchCase_->GetValue();
   const bool found = page_.IsShown() ? page_.Find(Wanted(), matchCase, backwards)
                                      : editor_.FindNext(Wanted(), matchCase, backwards);
+  if (found && !page_.IsShown()) UncoverHit();
   Tell(found ? " " : "Nicht gefunden.");
+}
+
+// Below what was found, or above when there is no room.
+void FrmFind::UncoverHit() {
+  const wxRect hit = editor_.SelectionOnScreen();
+  const wxRect place = GetScreenRect();
+  if (!IsShown() || !place.Intersects(hit)) return;
+  const wxRect screen = wxDisplay(this).GetClientArea();
+  const int gap = FromDIP(12);
+  const int below = hit.GetBottom() + gap;
+  const int top = below + place.height <= screen.GetBottom() ? below : hit.y - gap - place.height;
+  Move(place.x, std::max(screen.y, top));
 }
 
 // The window may still be open when a page comes.
 void FrmFind::Replace() {
   if (page_.IsShown()) return Search(false);
   const bool more = editor_.ReplaceNext(Wanted(), Replacement(), matchCase_->GetValue());
+  if (more) UncoverHit();
   Tell(more ? " " : "Keine weitere Stelle.");
 }
 

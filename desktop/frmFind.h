@@ -26,6 +26,7 @@ class FrmFind final : public wxDialog {
   void BuildFields();
   void BuildButtons();
   void Search(bool backwards);
+  void UncoverHit();
   void Replace();
   void ReplaceAll();
   void Tell(const std::string& text);

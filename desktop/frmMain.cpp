@@ -3,7 +3,6 @@
 #include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
-#include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
 #include <algorithm>
@@ -13,10 +12,12 @@
 #include "app/WindowModules.h"
 #include "desktop/frmFind.h"
 #include "desktop/toolkit/DropTarget.h"
-#include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/fontScale.h"
 #include "desktop/toolkit/icons.h"
 #include "desktop/toolkit/menuAccelerators.h"
+#include "desktop/toolkit/statusBar.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/toolkit/toolBar.h"
 
 namespace lorelin {
 namespace {
@@ -26,17 +27,8 @@ constexpr int kF4Code = 115;
 constexpr int kClipboardInterval = 1500;  // milliseconds
 constexpr int kTitleInterval = 500;
 constexpr int kSnapshotDelay = 5000;
-
-wxString MenuLabel(const MenuEntry& entry) {
-  wxString label = ToWx(entry.caption);
-  if (!entry.shortcut.empty()) label += "\t" + ToWx(entry.shortcut);
-  return label;
-}
-
-// The two modes show which of them is on.
-wxItemKind KindOf(const MenuEntry& entry) {
-  return entry.name == "mnuTextmode" || entry.name == "mnuInternet" ? wxITEM_CHECK : wxITEM_NORMAL;
-}
+const wxSize kUsualSize(1000, 680);
+constexpr double kWidestTasks = 0.34;  // of the window's width, to begin with
 
 // Name first, since menus and screen readers begin there.
 std::string ShortPath(const std::string& path) {
@@ -60,14 +52,14 @@ FrmMain::FrmMain(const std::string& filterFolder, std::function<void()> endProgr
       endProgram_(std::move(endProgram)),
       tmrClipboard_(this),
       tmrWinTasks_(this),
-      snapshot_(this) {
+      snapshot_(this),
+      menu_(*this, MenuCommands()) {
   SetIcons(wxIconBundle(Icon("lorelin", 64).GetIcon(FromDIP(wxSize(64, 64)))));
-  BuildMenus();
   BuildToolbar();
   BuildStatusBar();
   BuildPanes(filterFolder, log);
   SetMinClientSize(FromDIP(wxSize(560, 360)));
-  SetSize(FromDIP(wxSize(1000, 680)));
+  SetSize(ScaledByFont(*this, kUsualSize));
   Bind(wxEVT_CHAR_HOOK, &FrmMain::OnCharHook, this);
   Bind(wxEVT_TIMER, [this](wxTimerEvent& event) {
     if (modules_ == nullptr) return;
@@ -84,34 +76,12 @@ FrmMain::~FrmMain() {
   if (modules_ != nullptr) modules_->window.Unloaded();
 }
 
-void FrmMain::BuildMenus() {
-  auto* const bar = new wxMenuBar;
-  for (const Menu& menu : MainMenus()) {
-    auto* const entries = new wxMenu;
-    for (const MenuEntry& entry : menu.entries) {
-      if (entry.command.empty()) {
-        entries->AppendSeparator();
-        continue;
-      }
-      AddEntry(*entries, entry);
-    }
-    bar->Append(entries, ToWx(menu.caption));
-  }
-  SetMenuBar(bar);
-}
-
-void FrmMain::AddEntry(wxMenu& menu, const MenuEntry& entry) {
-  if (entry.name == "mnuRecent") {
-    recent_ = new wxMenu;
-    menu.AppendSubMenu(recent_, ToWx(entry.caption));
-    return;
-  }
-  const int id = wxWindow::NewControlId();
-  menuIds_.emplace(entry.name, id);
-  menu.Append(id, MenuLabel(entry), wxEmptyString, KindOf(entry));
-  Bind(
-      wxEVT_MENU, [this, command = entry.command](wxCommandEvent&) { modules_->window.RunCommand(command); },
-      id);
+MainMenu::Commands FrmMain::MenuCommands() {
+  return {.run = [this](std::string_view command) { modules_->window.RunCommand(command); },
+          .possible =
+              [this](std::string_view command) {
+                return modules_ == nullptr ? std::nullopt : modules_->commands.IsPossible(command);
+              }};
 }
 
 void FrmMain::BuildToolbar() {
@@ -126,15 +96,14 @@ void FrmMain::BuildToolbar() {
     bar->AddTool(id, ToWx(button.key), Icon(button.icon, 24), ToWx(button.tooltip));
     Bind(
         wxEVT_TOOL, [this, key = button.key](wxCommandEvent&) { modules_->window.ToolbarClicked(key); }, id);
+    menu_.Bind(id, button.command);
   }
   bar->Realize();
-  SetAccessibleName(*bar, "Werkzeugleiste");
+  FinishToolbar(*bar, "Werkzeugleiste");
 }
 
 void FrmMain::BuildStatusBar() {
-  wxStatusBar* const bar = CreateStatusBar(3, wxSTB_DEFAULT_STYLE, wxID_ANY, "StatusBar1");
-  ShowNotices();
-  bar->SetStatusText("0 Zeichen.", 0);
+  MakeStatusBar(*this, "100000000 Zeichen.")->SetStatusText("0 Zeichen.", 0);
   SetStatusBarPane(-1);  // the menus have no help texts that would wipe out what stands there
 }
 
@@ -152,16 +121,30 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   place->SetSizer(sizer);
   splitter_->SetMinimumPaneSize(FromDIP(140));
   const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Sprachausgabe als WAV speichern")).x + FromDIP(56);
-  splitter_->SplitVertically(ctlTask_, place, std::max(FromDIP(220), tasksWidth));
+  const int most = static_cast<int>(ScaledByFont(*this, kUsualSize).x * kWidestTasks);
+  splitter_->SplitVertically(ctlTask_, place, std::min(most, std::max(FromDIP(220), tasksWidth)));
   AcceptFiles(*rtfText_);
   AcceptFiles(*wbBrowser_);
   wbBrowser_->OnViewMade([this](wxWindow& view) { AcceptFiles(view); });
   AcceptFiles(*this);  // and whatever in it has none of its own
   AcceptFiles(*GetToolBar());
   AcceptFiles(*GetStatusBar());
+  rtfText_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) { ShowEditorMenu(event); });
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
     if (modules_ != nullptr) modules_->window.EditorChanged(rtfText_->CharacterCount());
   });
+}
+
+// By the keyboard it opens at the caret.
+void FrmMain::ShowEditorMenu(const wxContextMenuEvent& event) {
+  wxPoint place = rtfText_->ScreenToClient(event.GetPosition());
+  if (event.GetPosition() == wxDefaultPosition) {
+    place = rtfText_->PositionToCoords(rtfText_->GetInsertionPoint());
+    if (place.y < 0 || place.y > rtfText_->GetClientSize().y) place = wxPoint(0, 0);
+    place.y += rtfText_->GetCharHeight();
+  }
+  const std::unique_ptr<wxMenu> menu = menu_.ForEditor();
+  rtfText_->PopupMenu(menu.get(), place);
 }
 
 // Only the first of several files: there is one document.
@@ -209,8 +192,7 @@ void FrmMain::FocusEditor() {
 }
 
 void FrmMain::CheckMenuEntry(std::string_view name, bool checked) {
-  if (const auto found = menuIds_.find(name); found != menuIds_.end())
-    GetMenuBar()->Check(found->second, checked);
+  menu_.Check(name, checked);
 }
 
 void FrmMain::EnableCommand(std::string_view command, bool enabled) {
@@ -218,12 +200,7 @@ void FrmMain::EnableCommand(std::string_view command, bool enabled) {
     if (button.command == command && !button.key.empty())
       GetToolBar()->EnableTool(toolIds_.at(std::string(button.key)), enabled);
   }
-  for (const Menu& menu : MainMenus()) {
-    for (const MenuEntry& entry : menu.entries) {
-      if (entry.command == command && menuIds_.contains(entry.name))
-        GetMenuBar()->Enable(menuIds_.find(entry.name)->second, enabled);
-    }
-  }
+  menu_.Enable(command, enabled);
 }
 
 // The frame keeps its toolbar as wide as itself; this settles its height for the font in use.
@@ -248,16 +225,17 @@ void FrmMain::SetTitle(std::string_view title) {
 }
 
 void FrmMain::SetRecentFiles(const std::vector<std::string>& paths) {
-  while (recent_->GetMenuItemCount() > 0) recent_->Destroy(recent_->FindItemByPosition(0));
+  wxMenu& menu = menu_.Recent();
+  while (menu.GetMenuItemCount() > 0) menu.Destroy(menu.FindItemByPosition(0));
   for (std::size_t i = 0; i < paths.size(); ++i) {
     const wxString caption =
         wxString::Format("&%zu ", i + 1) + wxControl::EscapeMnemonics(ToWx(ShortPath(paths[i])));
-    const wxMenuItem& item = *recent_->Append(wxID_ANY, caption);
-    recent_->Bind(
+    const wxMenuItem& item = *menu.Append(wxID_ANY, caption);
+    menu.Bind(
         wxEVT_MENU, [this, i](wxCommandEvent&) { CallAfter([this, i] { modules_->opening.OpenRecent(i); }); },
         item.GetId());
   }
-  if (paths.empty()) recent_->Append(wxID_ANY, "(noch keine)")->Enable(false);
+  if (paths.empty()) menu.Append(wxID_ANY, "(noch keine)")->Enable(false);
 }
 
 void FrmMain::Undo() {
@@ -265,6 +243,16 @@ void FrmMain::Undo() {
 }
 void FrmMain::Redo() {
   rtfText_->Redo();
+}
+
+bool FrmMain::CanUndo() {
+  return rtfText_->IsShown() && rtfText_->CanUndo();
+}
+bool FrmMain::CanRedo() {
+  return rtfText_->IsShown() && rtfText_->CanRedo();
+}
+bool FrmMain::HasSelection() {
+  return rtfText_->IsShown() && rtfText_->HasSelection();
 }
 
 void FrmMain::SelectAll() {
@@ -315,32 +303,21 @@ void FrmMain::HideWindow() {
   Hide();
 }
 void FrmMain::SetMessage(std::string_view text) {
-  SetStatusText(ToWx(text), 1);
+  ShowStatus(*GetStatusBar(), ToWx(text));
 }
 std::string FrmMain::Message() {
   return FromWx(GetStatusBar()->GetStatusText(1));
 }
-void FrmMain::SetFirstPanel(std::string_view text) {
-  SetStatusText(ToWx(text), 0);
-}
 void FrmMain::SetNotice(std::string_view name, std::string_view text) {
   notices_.insert_or_assign(std::string(name), std::string(text));
-  ShowNotices();
-}
-
-// They have a panel of their own, as wide as they are; the message keeps half of the bar at least.
-void FrmMain::ShowNotices() {
   std::string all;
-  for (const auto& [name, notice] : notices_) {
+  for (const auto& [_, notice] : notices_) {
     if (!notice.empty()) all += (all.empty() ? "" : "  ·  ") + notice;
   }
-  wxStatusBar* const bar = GetStatusBar();
-  const int gap = FromDIP(24);
-  const int half = std::max(bar->GetClientSize().x, GetClientSize().x) / 2;
-  const int wanted = all.empty() ? 0 : std::min(bar->GetTextExtent(ToWx(all)).x + gap, half);
-  const int widths[] = {bar->GetTextExtent("100000000 Zeichen.").x + gap, -1, wanted};
-  bar->SetStatusWidths(3, widths);
-  bar->SetStatusText(ToWx(all), 2);
+  ShowNotice(*GetStatusBar(), ToWx(all));
+}
+void FrmMain::SetFirstPanel(std::string_view text) {
+  SetStatusText(ToWx(text), 0);
 }
 
 }  // namespace lorelin

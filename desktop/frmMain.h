@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "app/commands.h"
+#include "desktop/MainMenu.h"
 #include "desktop/toolkit/WxBrowserPane.h"
 #include "desktop/toolkit/WxDocumentEditor.h"
 #include "desktop/toolkit/WxTaskPane.h"
@@ -51,6 +51,9 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void CopyFromPage() override { wbBrowser_->Copy(); }
   void Undo() override;
   void Redo() override;
+  bool CanUndo() override;
+  bool CanRedo() override;
+  bool HasSelection() override;
   void SelectAll() override;
   void ShowSearch(bool replace) override;
   void SearchAgain() override;
@@ -66,20 +69,18 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void SetFirstPanel(std::string_view text) override;
 
  private:
-  void BuildMenus();
-  void AddEntry(wxMenu& menu, const MenuEntry& entry);
+  MainMenu::Commands MenuCommands();
   void BuildToolbar();
   void BuildStatusBar();
   void BuildPanes(const std::string& filterFolder, Log& log);
   void AcceptFiles(wxWindow& window);
+  void ShowEditorMenu(const wxContextMenuEvent& event);
   void OnCharHook(wxKeyEvent& event);
   void OnActivate(wxActivateEvent& event);
   void OnClose(wxCloseEvent& event);
-  void ShowNotices();
 
   std::function<void()> endProgram_;
   WindowModules* modules_ = nullptr;
-  std::map<std::string, int, std::less<>> menuIds_;
   std::map<std::string, int, std::less<>> toolIds_;
   wxSplitterWindow* splitter_ = nullptr;
   std::map<std::string, std::string, std::less<>> notices_;
@@ -89,7 +90,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   wxTimer tmrClipboard_;
   wxTimer tmrWinTasks_;
   wxTimer snapshot_;
-  wxMenu* recent_ = nullptr;    // owned by the menu bar
+  MainMenu menu_;
   FrmFind* frmFind_ = nullptr;  // owned by this window; made when it is first needed
 };
 

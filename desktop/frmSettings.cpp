@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/pageTabs.h"
 #include "desktop/toolkit/pictureButton.h"
 #include "desktop/toolkit/text.h"
 
@@ -215,6 +216,7 @@ void FrmSettings::ShowPage(std::size_t index) {
   pages_[index]->Show();
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     labels_[i]->SetFont(i == index ? GetFont().Bold() : GetFont());
+    SetPageTab(*labels_[i], i == index);
   }
   Layout();
 }

@@ -61,6 +61,8 @@ void FrmSlider::BuildControls() {
                             wxALIGN_RIGHT | wxST_NO_AUTORESIZE);
   line->Add(value_, wxSizerFlags().CenterVertical().Border(wxLEFT, gap / 2));
   sizer->Add(line, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+  // The tip of the slider opens below it, and must not lie on the buttons.
+  sizer->AddSpacer(GetCharHeight() + 2 * gap);
   sizer->AddStretchSpacer();
   const DialogButtons buttons = AddDialogButtons(*this, *sizer);
   buttons.ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Accept(); });

@@ -5,8 +5,10 @@
 
 #include <utility>
 
+#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/toolkit/textField.h"
 
 namespace lorelin {
 namespace {
@@ -43,26 +45,26 @@ FrmTask::FrmTask(wxWindow* parent, MessageBoxes& messageBoxes, std::function<voi
 void FrmTask::BuildControls() {
   const int gap = FromDIP(8);
   auto* const sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(new wxStaticText(this, wxID_ANY, ToWx("Hier können Sie Ihrem Taskscript Befehle hinzufügen.")),
+  sizer->Add(new PlainText(this, wxID_ANY, ToWx("Hier können Sie Ihrem Taskscript Befehle hinzufügen.")),
              wxSizerFlags().Border(wxALL, 2 * gap));
   auto* const fields = new wxFlexGridSizer(2, gap, gap);
   fields->AddGrowableCol(1);
-  const auto add = [&](const char* label, wxWindow* control) {
-    fields->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CenterVertical());
-    fields->Add(control, wxSizerFlags().Expand());
+  // A label belongs to the control that is made after it, for access keys and for assistive technology.
+  const auto label = [&](const char* text) {
+    fields->Add(new wxStaticText(this, wxID_ANY, text), wxSizerFlags().CenterVertical());
   };
-  // The labels come before their fields, so that the access keys lead to these.
-  auto* const commandLabel = new wxStaticText(this, wxID_ANY, "&Befehl:");
+  const auto field = [&](const char* caption, const char* name) {
+    label(caption);
+    auto* const made = MakeTextField(this, name);
+    fields->Add(made, wxSizerFlags().Expand());
+    return made;
+  };
+  label("&Befehl:");
   cmbCommand_ = new wxChoice(this, wxID_ANY);
   cmbCommand_->SetName("cmbCommand");
-  fields->Add(commandLabel, wxSizerFlags().CenterVertical());
   fields->Add(cmbCommand_, wxSizerFlags().Expand());
-  txtParameter_ = new wxTextCtrl(this, wxID_ANY);
-  txtParameter_->SetName("txtParameter");
-  add("&1. Parameter:", txtParameter_);
-  txtParameter2_ = new wxTextCtrl(this, wxID_ANY);
-  txtParameter2_->SetName("txtParameter2");
-  add("&2. Parameter:", txtParameter2_);
+  txtParameter_ = field("&1. Parameter:", "txtParameter");
+  txtParameter2_ = field("&2. Parameter:", "txtParameter2");
   sizer->Add(fields, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, 2 * gap));
   sizer->Add(BuildInfo(), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, 2 * gap));
   auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
@@ -116,6 +118,7 @@ void FrmTask::ChooseCommand() {
   lblCommandBold_->SetLabel(ToWx(picker_.Name(index)));
   lblParameter_->SetLabel(ToWx(picker_.ParameterHint(index)));
   lblDesc_->SetLabel(ToWx(picker_.Description(index)));
+  SetAccessibleDescription(*cmbCommand_, picker_.ParameterHint(index) + " " + picker_.Description(index));
   if (picker_.NeedsParameter1(index)) {
     EnableParameter1();
   } else {

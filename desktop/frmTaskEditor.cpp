@@ -5,15 +5,18 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/wrapsizer.h>
 
 #include <algorithm>
 #include <array>
 
 #include "base/text.h"
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/fontScale.h"
 #include "desktop/toolkit/icons.h"
 #include "desktop/toolkit/innerMargins.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/toolkit/textField.h"
 #include "scripts/scriptChecker.h"
 #include "scripts/scriptColours.h"
 
@@ -68,8 +71,8 @@ FrmTaskEditor::FrmTaskEditor(wxWindow* parent, const Parts& parts)
   BuildControls();
   BindKeys();
   SetMinClientSize(FromDIP(wxSize(520, 380)));
-  SetClientSize(FromDIP(wxSize(760, 560)));
-  splitter_->SetSashPosition(FromDIP(330));
+  SetClientSize(ScaledByFont(*this, wxSize(760, 560)));
+  splitter_->SetSashPosition(ScaledByFont(*this, wxSize(0, 330)).y);
   pause_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
     Colour();
     CheckText();
@@ -86,8 +89,7 @@ void FrmTaskEditor::BuildControls() {
   auto* const nameLine = new wxBoxSizer(wxHORIZONTAL);
   nameLine->Add(new wxStaticText(panel, wxID_ANY, "N&ame des Taskscripts:"),
                 wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(8)));
-  txtSkriptname_ = new wxTextCtrl(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
-                                  wxDefaultValidator, "txtSkriptname");
+  txtSkriptname_ = MakeTextField(panel, "txtSkriptname");
   SetAccessibleName(*txtSkriptname_, "Name des Taskscripts");
   nameLine->Add(txtSkriptname_, wxSizerFlags(1).CenterVertical());
   sizer->Add(nameLine, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
@@ -136,18 +138,16 @@ wxWindow* FrmTaskEditor::BuildFindings(wxWindow* parent) {
 }
 
 wxSizer* FrmTaskEditor::BuildButtons() {
-  auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
+  auto* const buttons = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
   wxWindow* const parent = splitter_->GetParent();
   const auto add = [&](const char* label, const std::function<void()>& action) {
     auto* const button = new wxButton(parent, wxID_ANY, ToWx(label));
     button->Bind(wxEVT_BUTTON, [action](wxCommandEvent&) { action(); });
-    const bool first = buttons->IsEmpty();
-    buttons->Add(button, wxSizerFlags().Border(wxLEFT, first ? 0 : FromDIP(8)));
+    buttons->Add(button, wxSizerFlags().Border(wxRIGHT | wxBOTTOM, FromDIP(8)));
   };
   add("&Neues Taskscript", [this] { editor_.New(); });
   add("Taskscript ö&ffnen", [this] { editor_.Open(); });
   add("Taskscript &speichern", [this] { editor_.Save(); });
-  buttons->AddStretchSpacer();
   add("&Befehl hinzufügen", [this] { ShowPicker(); });
   add("&Hilfe", [this] { showHelp_(); });
   return buttons;

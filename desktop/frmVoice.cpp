@@ -39,7 +39,8 @@ void FrmVoice::BuildControls() {
   lblLNG_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblLNG");
   sizer->Add(lblLNG_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
   lblGender_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblGender");
-  sizer->Add(lblGender_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap / 2));
+  sizer->AddSpacer(gap / 2);
+  sizer->Add(lblGender_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap));
   sizer->AddStretchSpacer();
   const DialogButtons buttons = AddDialogButtons(*this, *sizer);
   sampleButton_ = buttons.sample;

@@ -13,6 +13,8 @@ class BrowserPane {
   virtual void SetOffline() = 0;
   // Shows the page at this file path; loading runs on after the return.
   virtual void Navigate(const std::string& path) = 0;
+  // Gives the keyboard to the page; a screen reader begins to read there.
+  virtual void Focus() = 0;
   // Asked before the pane follows a link or goes to a page: true cancels. The address is as the page has it,
   // its capitals and umlauts untouched.
   virtual void OnNavigate(std::function<bool(std::string& address)> handler) = 0;

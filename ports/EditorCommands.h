@@ -13,6 +13,11 @@ class EditorCommands {
   virtual void CopyFromPage() = 0;
   virtual void Undo() = 0;
   virtual void Redo() = 0;
+  // Whether there is something to take back or to repeat. Asked often: quick.
+  [[nodiscard]] virtual bool CanUndo() = 0;
+  [[nodiscard]] virtual bool CanRedo() = 0;
+  // Whether text of the document that can be seen is selected. Asked often: quick.
+  [[nodiscard]] virtual bool HasSelection() = 0;
   virtual void SelectAll() = 0;
   // Shows the window that searches, with or without what it takes to replace; in a page nothing is replaced.
   virtual void ShowSearch(bool replace) = 0;

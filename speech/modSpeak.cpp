@@ -355,6 +355,11 @@ void ModSpeak::PerformCursor() {
   }
 }
 
+void ModSpeak::ReadSelection() {
+  std::string text = parts_.document.SelectedText();
+  if (!WithoutBlanks(text).empty()) Speak(text, false, "", true);
+}
+
 void ModSpeak::SetWaveFile(const std::string& path) {
   if (path.empty()) {
     RemoveTemporaryFile(TempWavPath(), parts_.log);

@@ -76,6 +76,8 @@ class ModSpeak {
   void Stop();
   // Stops what is heard; the rendering of the text runs on to its end.
   void StopHearing();
+  // Whether the next switch of PauseSpeech resumes.
+  [[nodiscard]] bool IsPaused() const { return speechPaused_ != 0; }
 
   // The ways to speak of the menu ("Sprechen": waits, document unfiltered), of the toolbar (does not wait,
   // document filtered) and of "Text ab Cursorposition lesen" (from the character left of the caret on).
@@ -84,6 +86,8 @@ class ModSpeak {
   void SpeakMenu();
   void SpeakToolbar();
   void ReadFromCursor();
+  // Reads the document's selected text as the toolbar does the whole; without a selection it does nothing.
+  void ReadSelection();
 
   // Where the second instance renders to; "" chooses a new temporary file and removes the one before it,
   // which nothing can reach any more (an hour of speech takes 160 MB).

@@ -14,6 +14,7 @@
 #include "base/text.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/browserEngine.h"
+#include "desktop/toolkit/fontScale.h"
 #include "desktop/toolkit/offlineFilter.h"
 #include "desktop/toolkit/text.h"
 
@@ -30,6 +31,17 @@ document.addEventListener('click', function (event) {
   var link = event.target.closest ? event.target.closest('a[href]') : null;
   if (link) window.webkit.messageHandlers.lorelin.postMessage(link.getAttribute('href'));
 }, true);
+)";
+
+// Where reading begins when the page gets the keyboard: at its heading, or where the link led to.
+constexpr const char* kBeginAtHeading = R"(
+(function () {
+  var begin = location.hash ? document.getElementById(location.hash.slice(1)) : document.querySelector('h1');
+  if (!begin) return;
+  begin.tabIndex = -1;
+  begin.style.outline = 'none';
+  begin.focus({ preventScroll: true });
+})();
 )";
 
 bool IsLocal(const std::string& address) {
@@ -62,11 +74,14 @@ void WxBrowserPane::CreateView() {
   view_ = wxWebView::New(this, wxID_ANY, "about:blank");
   view_->EnableContextMenu(false);
   SetAccessibleName(*view_, "Seite");
+  LetPageTakeFocus(*view_);
   GetSizer()->Add(view_, wxSizerFlags(1).Expand());
   Layout();
+  Zoom(0);
   if (offline_) BlockNetwork(*view_, filterFolder_);
   view_->AddScriptMessageHandler(kMessageHandler);
   view_->AddUserScript(kReportClicks);
+  view_->AddUserScript(kBeginAtHeading, wxWEBVIEW_INJECT_AT_DOCUMENT_END);
   view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,
               [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); });
   view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
@@ -117,7 +132,7 @@ void WxBrowserPane::ShowPage() {
 }
 
 void WxBrowserPane::SetFocus() {
-  if (view_ != nullptr) view_->SetFocus();
+  if (view_ != nullptr) FocusPage(*view_);
   if (substitute_ != nullptr) substitute_->SetFocus();
 }
 
@@ -139,7 +154,8 @@ bool WxBrowserPane::Find(const std::string& text, bool matchCase, bool backwards
 
 void WxBrowserPane::SetZoom(int steps) {
   zoomSteps_ = steps;
-  if (view_ != nullptr) view_->SetZoomFactor(static_cast<float>(std::pow(kZoomStep, zoomSteps_)));
+  if (view_ != nullptr)
+    view_->SetZoomFactor(static_cast<float>(FontScale(*this) * std::pow(kZoomStep, zoomSteps_)));
 }
 
 // What a link does may take as long as a speech, and the view is in the middle of its event here.

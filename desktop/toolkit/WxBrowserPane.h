@@ -22,6 +22,7 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   void OnNavigate(std::function<bool(std::string& address)> handler) override {
     handler_ = std::move(handler);
   }
+  void Focus() override { SetFocus(); }
   // A page that was asked for before is loaded now.
   bool Show(bool show = true) override;
   void SetFocus() override;

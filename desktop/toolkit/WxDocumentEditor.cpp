@@ -137,8 +137,21 @@ void WxDocumentEditor::ReplacePlaces(const std::vector<long>& places, long lengt
   SendTextUpdatedEvent();
 }
 
+wxRect WxDocumentEditor::SelectionOnScreen() const {
+  long from = 0;
+  long to = 0;
+  GetSelection(&from, &to);
+  const wxPoint begin = PositionToCoords(from);
+  const wxPoint end = PositionToCoords(to);
+  const bool oneLine = end.y == begin.y;
+  const int right = oneLine ? end.x : GetClientSize().x;
+  const int height = static_cast<int>(GetCharHeight() * std::pow(kZoomStep, zoomSteps_)) + FromDIP(4);
+  return {ClientToScreen(begin), wxSize(std::max(right - begin.x, 1), height)};
+}
+
 void WxDocumentEditor::SetZoom(int steps) {
-  buffer_.SetZoom(std::pow(kZoomStep, steps));
+  zoomSteps_ = steps;
+  buffer_.SetZoom(std::pow(kZoomStep, zoomSteps_));
 }
 
 std::size_t WxDocumentEditor::SelectionStart() {

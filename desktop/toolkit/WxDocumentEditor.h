@@ -25,6 +25,8 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
 
   void Undo() override;
   void Redo() override;
+  [[nodiscard]] bool CanUndo() const override { return buffer_.CanUndo(); }
+  [[nodiscard]] bool CanRedo() const override { return buffer_.CanRedo(); }
   // Selects the next place of the text from the caret on, or before it, and round the ends; false when there
   // is none.
   bool FindNext(const std::string& text, bool matchCase, bool backwards);
@@ -32,6 +34,8 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   bool ReplaceNext(const std::string& text, const std::string& replacement, bool matchCase);
   // The number of places.
   int ReplaceAllPlaces(const std::string& text, const std::string& replacement, bool matchCase);
+  // Where the selection is to be seen, its first line at least.
+  [[nodiscard]] wxRect SelectionOnScreen() const;
   // So many steps larger than usual.
   void SetZoom(int steps);
 
@@ -41,6 +45,7 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   void ReplacePlaces(const std::vector<long>& places, long length, const wxString& replacement);
 
   RichTextBuffer buffer_;
+  int zoomSteps_ = 0;
 };
 
 }  // namespace lorelin

@@ -30,16 +30,17 @@ MessageAnswer Answer(int id, MessageButtons buttons) {
 
 MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title, MessageIcon icon,
                                    MessageButtons buttons) {
-  MessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title), ButtonStyle(buttons), icon);
+  const auto dialog =
+      MakeMessageDialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title), ButtonStyle(buttons), icon);
   // The program speaks German whatever the system's language is.
   if (buttons == MessageButtons::Ok) {
-    dialog.SetOKLabel("OK");
+    dialog->SetOKLabel("OK");
   } else if (buttons == MessageButtons::YesNo) {
-    dialog.SetYesNoLabels("&Ja", "&Nein");
+    dialog->SetYesNoLabels("&Ja", "&Nein");
   } else {
-    dialog.SetYesNoCancelLabels("&Ja", "&Nein", "&Abbrechen");
+    dialog->SetYesNoCancelLabels("&Ja", "&Nein", "&Abbrechen");
   }
-  return Answer(dialog.ShowModal(), buttons);
+  return Answer(dialog->ShowModal(), buttons);
 }
 
 MessageAnswer WxMessageBoxes::Choose(std::string_view text, std::string_view title,

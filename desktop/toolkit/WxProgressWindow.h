@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "desktop/toolkit/FocusKeeper.h"
 #include "ports/ProgressWindow.h"
 
 namespace lorelin {
@@ -11,9 +12,10 @@ namespace lorelin {
 class WxProgressWindow final : public ProgressWindow {
  public:
   bool Show(std::string_view text, double done) override;
-  void Close() override { dialog_.reset(); }
+  void Close() override;
 
  private:
+  std::unique_ptr<FocusKeeper> focus_;  // of the window that is locked meanwhile
   std::unique_ptr<wxGenericProgressDialog> dialog_;
 };
 

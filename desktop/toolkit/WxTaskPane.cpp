@@ -1,16 +1,19 @@
 #include "desktop/toolkit/WxTaskPane.h"
 
-#include <wx/button.h>
 #include <wx/statline.h>
-#include <wx/stattext.h>
 
+#include <algorithm>
 #include <utility>
 
+#include "desktop/toolkit/FlatButton.h"
+#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
 namespace {
+
+constexpr int kMargin = 8;
 
 bool IsSeparator(std::string_view caption) {
   return !caption.empty() && caption.find_first_not_of('-') == std::string_view::npos;
@@ -32,11 +35,12 @@ void WxTaskPane::AddGroup(std::string_view group) {
     EmptyGroup(*found->second.items);
     return;
   }
-  auto* const heading = new wxStaticText(this, wxID_ANY, ToWx(group));
+  auto* const heading = new PlainText(this, wxID_ANY, ToWx(group));
   heading->SetFont(heading->GetFont().Bold());
-  GetSizer()->Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(12)));
+  const int margin = FromDIP(kMargin) + FlatButton::TextMargin(*this);  // in line with the items' texts
+  GetSizer()->Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, margin));
   auto* const items = new wxBoxSizer(wxVERTICAL);
-  GetSizer()->Add(items, wxSizerFlags().Expand().Border(wxALL, FromDIP(8)));
+  GetSizer()->Add(items, wxSizerFlags().Expand().Border(wxALL, FromDIP(kMargin)));
   heading->Hide();
   groups_.emplace(group, Group{heading, items});
   ArrangeSoon();
@@ -63,15 +67,15 @@ void WxTaskPane::AddItem(std::string_view group, std::int32_t number, std::strin
   if (found == groups_.end()) return;
   found->second.heading->Show();
   if (IsSeparator(caption)) return AddSeparator(*found->second.items);
-  auto* const item = new wxButton(this, wxID_ANY, wxControl::EscapeMnemonics(ToWx(caption)),
-                                  wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_LEFT);
+  auto* const item = new FlatButton(this, ToWx(caption));
   // The handler may run for hours and build the group anew: it is not called from inside the item.
   item->Bind(wxEVT_BUTTON, [this, number, request](wxCommandEvent&) {
     CallAfter([this, number, request] {
       if (handler_) handler_(number, request);
     });
   });
-  item->SetMinSize(wxSize(0, item->GetBestSize().y));  // a long name is cut, not the pane's width grown
+  // A long name is cut, not the pane's width grown.
+  item->SetMinSize(wxSize(0, std::max(item->GetBestSize().y, GetCharHeight() * 3 / 2)));
   item->SetToolTip(ToWx(caption));
   found->second.items->Add(item, wxSizerFlags().Expand());
   ArrangeSoon();

@@ -5,6 +5,8 @@
 
 #include <exdisp.h>
 #include <wrl/client.h>
+#elif defined(__WXGTK__)
+#include <gtk/gtk.h>
 #endif
 
 namespace lorelin {
@@ -31,10 +33,25 @@ bool HasBrowserEngine() {
   return has;
 }
 
+void LetPageTakeFocus(wxWebView&) {}
+
+void FocusPage(wxWebView& view) {
+  view.SetFocus();
+}
+
 #else
 
 bool HasBrowserEngine() {
   return true;
+}
+
+// The toolkit gives the focus to the scrolled window around the page, where no key has an effect.
+void LetPageTakeFocus(wxWebView& view) {
+  gtk_widget_set_can_focus(static_cast<GtkWidget*>(view.GetHandle()), FALSE);
+}
+
+void FocusPage(wxWebView& view) {
+  gtk_widget_grab_focus(static_cast<GtkWidget*>(view.GetNativeBackend()));
 }
 
 #endif

@@ -1,9 +1,15 @@
 #pragma once
 
+#include <wx/webview.h>
+
 namespace lorelin {
 
 // Whether a web view can show pages on this system. Prepares the engine when there is one; to be asked before
 // the first view is made.
 [[nodiscard]] bool HasBrowserEngine();
+
+// Lets the page itself, not what it lies in, take the focus; once for each view.
+void LetPageTakeFocus(wxWebView& view);
+void FocusPage(wxWebView& view);
 
 }  // namespace lorelin

@@ -462,6 +462,12 @@ std::string RichTextBuffer::Text() const {
 void RichTextBuffer::ReplaceText(std::string_view text) {
   implementation_->ReplaceText(text);
 }
+bool RichTextBuffer::CanUndo() const {
+  return implementation_->History().CanUndo();
+}
+bool RichTextBuffer::CanRedo() const {
+  return implementation_->History().CanRedo();
+}
 void RichTextBuffer::Undo() {
   implementation_->Carry(implementation_->History().Undo());
 }

@@ -2,6 +2,8 @@
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
+#else
+#include <wx/generic/msgdlgg.h>
 #endif
 
 namespace lorelin {
@@ -54,32 +56,43 @@ gboolean DrawOnBox(GSignalInvocationHint*, guint, const GValue* values, gpointer
   return FALSE;
 }
 
+// GTK has drawn none by itself since 3.12, and the toolkit makes the box only when it is shown.
+class IllustratedDialog final : public wxMessageDialog {
+ public:
+  IllustratedDialog(wxWindow* owner, const wxString& text, const wxString& title, long style,
+                    const char* drawing)
+      : wxMessageDialog(owner, text, title, style), drawing_(drawing) {}
+
+  int ShowModal() override {
+    if (drawing_ != nullptr) {
+      g_type_class_unref(g_type_class_ref(GTK_TYPE_WIDGET));
+      g_signal_add_emission_hook(g_signal_lookup("show", GTK_TYPE_WIDGET), 0, &DrawOnBox,
+                                 const_cast<char*>(drawing_), nullptr);
+    }
+    return wxMessageDialog::ShowModal();
+  }
+
+ private:
+  const char* drawing_;
+};
+
 #endif
 
 }  // namespace
 
-MessageDialog::MessageDialog(wxWindow* owner, const wxString& text, const wxString& title, long buttons,
-                             MessageIcon icon)
-    : wxMessageDialog(owner, text, title, buttons | IconStyle(icon) | wxCENTRE), icon_(icon) {}
-
+std::unique_ptr<wxMessageDialogBase> MakeMessageDialog(wxWindow* owner, const wxString& text,
+                                                       const wxString& title, long buttons,
+                                                       MessageIcon icon) {
+  const long style = buttons | IconStyle(icon) | wxCENTRE;
 #ifdef __WXGTK__
-
-// The box has been without a drawing since GTK 3.12, and the toolkit makes it only now.
-int MessageDialog::ShowModal() {
-  if (const char* const drawing = Drawing(icon_)) {
-    g_type_class_unref(g_type_class_ref(GTK_TYPE_WIDGET));
-    g_signal_add_emission_hook(g_signal_lookup("show", GTK_TYPE_WIDGET), 0, &DrawOnBox,
-                               const_cast<char*>(drawing), nullptr);
-  }
-  return wxMessageDialog::ShowModal();
-}
-
+  return std::make_unique<IllustratedDialog>(owner, text, title, style, Drawing(icon));
 #else
-
-int MessageDialog::ShowModal() {
-  return wxMessageDialog::ShowModal();
-}
-
+  // The boxes of Windows have no drawing for a question any more.
+  if (icon == MessageIcon::Question) {
+    return std::make_unique<wxGenericMessageDialog>(owner, text, title, style);
+  }
+  return std::make_unique<wxMessageDialog>(owner, text, title, style);
 #endif
+}
 
 }  // namespace lorelin

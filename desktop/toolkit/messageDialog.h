@@ -2,19 +2,16 @@
 
 #include <wx/msgdlg.h>
 
+#include <memory>
+
 #include "ports/MessageBoxes.h"
 
 namespace lorelin {
 
-// The system's own message box, with the drawing that the system itself may leave out.
-class MessageDialog final : public wxMessageDialog {
- public:
-  // `buttons` are the toolkit's flags of buttons.
-  MessageDialog(wxWindow* owner, const wxString& text, const wxString& title, long buttons, MessageIcon icon);
-  int ShowModal() override;
-
- private:
-  MessageIcon icon_;
-};
+// The system's own message box, or one that looks like it where that one cannot show the icon. `buttons` are
+// the toolkit's flags of buttons.
+[[nodiscard]] std::unique_ptr<wxMessageDialogBase> MakeMessageDialog(wxWindow* owner, const wxString& text,
+                                                                     const wxString& title, long buttons,
+                                                                     MessageIcon icon);
 
 }  // namespace lorelin

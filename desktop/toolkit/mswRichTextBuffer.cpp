@@ -167,6 +167,12 @@ std::string RichTextBuffer::Text() const {
 void RichTextBuffer::ReplaceText(std::string_view text) {
   implementation_->ReplaceText(ToWx(text));
 }
+bool RichTextBuffer::CanUndo() const {
+  return implementation_->Send(EM_CANUNDO) != FALSE;
+}
+bool RichTextBuffer::CanRedo() const {
+  return implementation_->Send(EM_CANREDO) != FALSE;
+}
 void RichTextBuffer::Undo() {
   implementation_->Undo();
 }

@@ -31,6 +31,8 @@ class RichTextBuffer {
 
   void Undo();
   void Redo();
+  [[nodiscard]] bool CanUndo() const;
+  [[nodiscard]] bool CanRedo() const;
   // Changes between the two belong together.
   void BeginChange();
   void EndChange();

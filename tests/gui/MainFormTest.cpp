@@ -15,32 +15,6 @@ namespace {
 
 class MainForm : public FormFixture {};
 
-TEST_F(MainForm, HasTheMenusOfTheTableInTheirOrder) {
-  wxMenuBar& bar = *form.GetMenuBar();
-  ASSERT_EQ(bar.GetMenuCount(), MainMenus().size());
-  for (std::size_t i = 0; i < MainMenus().size(); ++i) {
-    const Menu& menu = MainMenus()[i];
-    EXPECT_EQ(FromWx(bar.GetMenuLabel(i)), menu.caption);
-    const auto& items = bar.GetMenu(i)->GetMenuItems();
-    ASSERT_EQ(items.size(), menu.entries.size()) << menu.caption;
-    for (std::size_t j = 0; j < items.size(); ++j) {
-      EXPECT_EQ(items[j]->IsSeparator(), menu.entries[j].caption == "-");
-      if (!items[j]->IsSeparator()) {
-        EXPECT_EQ(FromWx(items[j]->GetItemLabel().BeforeFirst('\t')), menu.entries[j].caption);
-      }
-    }
-  }
-}
-
-TEST_F(MainForm, HasSixMenusWithTheirFirstEntries) {
-  Entry("Datei", "Neu");
-  Entry("Bearbeiten", "Ausschneiden");
-  Entry("Aktion", "Text ab Cursorposition lesen");
-  Entry("Ansicht", "Interaktivmodus");
-  Entry("Extras", "Erweiterungen verwalten");
-  Entry("?", "Über Lorelin");
-}
-
 TEST_F(MainForm, HasTheExportAsItsTenthButton) {
   const wxToolBar& bar = *form.GetToolBar();
   ASSERT_EQ(bar.GetToolsCount(), 10U);

@@ -47,9 +47,12 @@ TEST_F(ErrorPageTest, SaysThatTheDescriptionIsMissing) {
 }
 
 TEST_F(ErrorPageTest, KeepsTheBytesOfTheTemplate) {
-  Template("\xFC\x00%MOREINFO");
+  using namespace std::string_view_literals;
+  Template("\xFC\x00\r\n\xFF%MOREINFO\x80"sv);
   page.ShowErrorPage(1, "x");
-  EXPECT_EQ(Written()[0], '\xFC');
+  const std::string written = Written();
+  EXPECT_EQ(std::string_view(written).substr(0, 5), "\xFC\x00\r\n\xFF"sv);
+  EXPECT_EQ(written.back(), '\x80');
 }
 
 TEST_F(ErrorPageTest, ShowsAnEmptyPageWithoutATemplate) {

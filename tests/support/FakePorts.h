@@ -140,11 +140,17 @@ class FakeEditorCommands final : public EditorCommands {
   bool showsPage = false;
   void Undo() override { done.emplace_back("Undo"); }
   void Redo() override { done.emplace_back("Redo"); }
+  bool CanUndo() override { return canUndo; }
+  bool CanRedo() override { return canRedo; }
+  bool HasSelection() override { return hasSelection; }
   void SelectAll() override { done.emplace_back("SelectAll"); }
   void ShowSearch(bool replace) override { done.emplace_back(replace ? "Replace" : "Search"); }
   void SearchAgain() override { done.emplace_back("SearchAgain"); }
   void SetZoom(int steps) override { done.push_back("Zoom " + std::to_string(steps)); }
   std::vector<std::string> done;
+  bool canUndo = false;
+  bool canRedo = false;
+  bool hasSelection = false;
 };
 
 class FakeStatusBar final : public StatusBar {
@@ -322,6 +328,7 @@ class FakeBrowserPane final : public BrowserPane {
  public:
   explicit FakeBrowserPane(CallLog& log) : log_(log) {}
   void SetOffline() override { log_.Add("browser.offline"); }
+  void Focus() override { log_.Add("browser.focus"); }
   void Navigate(const std::string& path) override { log_.Add("browser.navigate " + path); }
   void OnNavigate(std::function<bool(std::string&)> handler) override { onNavigate = std::move(handler); }
   std::function<bool(std::string&)> onNavigate;
