@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "base/textEncoding.h"
 #include "speech/temporaryFiles.h"
+#include "speech/voiceSettings.h"
 
 namespace lorelin {
 namespace {
@@ -119,18 +120,19 @@ std::string ModSpeak::Decorate(const std::string& text) const {
 }
 
 void ModSpeak::ResetBoth() {
+  held_ = false;
   parts_.voice.ResetAudio();
   parts_.voice2.ResetAudio();
 }
 
 void ModSpeak::ApplyVoice() {
   for (DirectSS* instance : {&parts_.voice, &parts_.voice2}) {
-    instance->SetCurrentVoice(Checked(std::int64_t{ToLong(parts_.settings.Get(setting::Voice))} + 1));
+    instance->SetCurrentVoice(Checked(std::int64_t{StoredNumber(parts_.settings, setting::Voice)} + 1));
   }
 }
 
 std::int32_t ModSpeak::Percent(const SettingKey& key, std::int32_t lowest, std::int32_t highest) const {
-  return MapPercent(ToLong(parts_.settings.Get(key)), lowest, highest);
+  return MapPercent(StoredNumber(parts_.settings, key), lowest, highest);
 }
 
 void ModSpeak::ApplyParameters() {
@@ -174,10 +176,12 @@ void ModSpeak::PauseSpeech() {
     parts_.voice.ResumeAudio();
     parts_.voice2.ResumeAudio();
     speechPaused_ = 0;
+    held_ = false;
   } else {
     parts_.voice.PauseAudio();
     parts_.voice2.PauseAudio();
     speechPaused_ = 1;
+    held_ = parts_.voice.Speaking() || parts_.voice2.Speaking();
   }
   parts_.pump.RunPendingEvents();
   ShowPauseHintOnce();

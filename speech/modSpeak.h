@@ -68,6 +68,8 @@ class ModSpeak {
 
   // Pauses when speech is running by this switch, else resumes; the first time ever it explains itself.
   void PauseSpeech();
+  // A text is held by a pause, which nothing but PauseSpeech or another text ends.
+  [[nodiscard]] bool Held() const { return held_; }
   void Stop();
 
   // The ways to speak of the menu ("Sprechen": waits, document unfiltered), of the toolbar (does not wait,
@@ -104,6 +106,7 @@ class ModSpeak {
   Parts parts_;
   std::function<void(bool)> exportAvailable_;
   std::int32_t speechPaused_ = 0;
+  bool held_ = false;  // other than the switch above, a new text lets go
   std::int32_t tempWavNumber_ = 0;
   // The audible instance lost the current text: the rendering's success must not claim that all was read.
   bool voiceCutShort_ = false;

@@ -6,6 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/conversion.h"
+#include "base/textEncoding.h"
 
 namespace lorelin {
 namespace {
@@ -36,14 +37,58 @@ std::int32_t VoiceNumber(std::int32_t position) {
   return position + 1;
 }
 
+struct VoiceValue {
+  const SettingKey& key;
+  std::string_view name;
+  std::string_view command;
+};
+
+const std::array kVoiceValues{VoiceValue{setting::Voice, "Stimme", "Stimme wählen"},
+                              VoiceValue{setting::Speed, "Geschwindigkeit", "Geschwindigkeit ändern"},
+                              VoiceValue{setting::Pitch, "Helligkeit", "Helligkeit ändern"},
+                              VoiceValue{setting::Volume, "Lautstärke", "Lautstärke ändern"}};
+
+// A script may have stored a whole document.
+std::string Shown(const std::string& stored) {
+  constexpr std::size_t kMostShown = 30;
+  if (CharacterCount(stored) <= kMostShown) return stored;
+  return stored.substr(0, stored.size() - FromCharacter(stored, kMostShown).size()) + "…";
+}
+
+std::string Repair(const SettingKey& key, const std::string& stored) {
+  const auto* const found = std::find_if(kVoiceValues.begin(), kVoiceValues.end(),
+                                         [&](const VoiceValue& value) { return &value.key == &key; });
+  if (found == kVoiceValues.end()) return {};
+  return ": Für " + std::string(found->name) + " ist „" + Shown(stored) +
+         "“ gespeichert, das ist keine brauchbare Zahl. Stellen Sie sie mit „" + std::string(found->command) +
+         "“ neu ein.";
+}
+
+std::int32_t NumberOrDefault(const SettingsStore& settings, const SettingKey& key) {
+  try {
+    return ToLong(settings.Get(key));
+  } catch (const RuntimeError&) {
+    return ToLong(key.defaultText);
+  }
+}
+
 }  // namespace
+
+std::int32_t StoredNumber(const SettingsStore& settings, const SettingKey& key) {
+  const std::string stored = settings.Get(key);
+  try {
+    return ToLong(stored);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(static_cast<ErrorNumber>(error.Number()), error.what() + Repair(key, stored));
+  }
+}
 
 const SliderDialog& SliderDialogFor(VoiceParameter parameter) {
   return kSliderDialogs.at(static_cast<std::size_t>(parameter));
 }
 
 std::int32_t ShownPercentage(const SliderDialog& dialog, const SettingsStore& settings) {
-  return std::clamp(ToLong(settings.Get(dialog.shown)), 0, 100);
+  return std::clamp(NumberOrDefault(settings, dialog.shown), 0, 100);
 }
 
 std::string_view LanguageName(std::int32_t languageId) {
@@ -60,7 +105,7 @@ std::vector<std::string> VoiceChoice::Names() const {
 }
 
 std::int32_t VoiceChoice::StoredPosition() const {
-  return ToLong(settings_.Get(setting::Voice));
+  return NumberOrDefault(settings_, setting::Voice);
 }
 
 std::string VoiceChoice::LanguageLabel(std::int32_t position) const {

@@ -25,8 +25,13 @@ struct SliderDialog {
 
 [[nodiscard]] const SliderDialog& SliderDialogFor(VoiceParameter parameter);
 
+// A stored value as the number that speaking takes. Throws RuntimeError 13 or 6 when it is none; the text
+// tells which value it is and where to set it anew.
+[[nodiscard]] std::int32_t StoredNumber(const SettingsStore& settings, const SettingKey& key);
+
 // The percentage that the dialog shows when it opens, 0 to 100; a stored value beyond that is shown as the
-// nearest. Throws RuntimeError when the stored text is no number.
+// nearest. One that is no number (scripts store what they are given) is shown as the default: confirming the
+// dialog repairs it.
 [[nodiscard]] std::int32_t ShownPercentage(const SliderDialog& dialog, const SettingsStore& settings);
 
 // "Deutsch" for 1031 and so on, "Unbekannt" for an identifier that the program does not know.
@@ -38,7 +43,7 @@ class VoiceChoice {
   VoiceChoice(DirectSS& engine, SettingsStore& settings) : engine_(engine), settings_(settings) {}
 
   [[nodiscard]] std::vector<std::string> Names() const;
-  // The stored position; it may lie beyond the list. Throws RuntimeError when the stored text is no number.
+  // The stored position, the default for a text that is no number; it may lie beyond the list.
   [[nodiscard]] std::int32_t StoredPosition() const;
   // What the dialog says about the voice. Throw RuntimeError 6 for a position that no list can have.
   [[nodiscard]] std::string LanguageLabel(std::int32_t position) const;

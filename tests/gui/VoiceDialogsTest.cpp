@@ -74,6 +74,25 @@ TEST_P(SliderForm, SpeaksASampleWithoutStoringTheValue) {
   EXPECT_EQ(Stored(*which.key), "(fehlt)");
 }
 
+TEST_P(SliderForm, OpensWithTheDefaultForWhatIsNoNumberAndRepairsIt) {
+  const SliderCase& which = GetParam();
+  settings.Save(*which.key, "schnell");
+  InDialog(which.task, which.form, [&](wxDialog& dialog) {
+    EXPECT_EQ(FindControl<wxSlider>(dialog, "Slider1").GetValue(), which.shown);
+    PressButton(dialog, "OK");
+  });
+  EXPECT_EQ(Stored(*which.key), std::to_string(which.shown));
+}
+
+TEST_F(VoiceDialogsForm, OpenWithTheDefaultVoiceForWhatIsNoNumber) {
+  settings.Save(setting::Voice, "Anna");
+  InDialog("Stimme wählen", "frmVoice", [](wxDialog& dialog) {
+    EXPECT_EQ(FindControl<wxChoice>(dialog, "cmbVoice").GetSelection(), 1);
+    PressButton(dialog, "OK");
+  });
+  EXPECT_EQ(Stored(setting::Voice), "1");
+}
+
 INSTANTIATE_TEST_SUITE_P(Voice, SliderForm,
                          testing::Values(SliderCase{"Lautstärke ändern", "frmVolume", &setting::Volume, 100},
                                          SliderCase{"Geschwindigkeit ändern", "frmSpeed", &setting::Speed,

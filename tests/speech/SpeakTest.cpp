@@ -449,5 +449,20 @@ TEST(MapPercent, ReportsAnOverflowingSpanAndProduct) {
   EXPECT_EQ(MapPercent(100, 0, 21474836), 21474836);
 }
 
+TEST_F(Speak, HoldsATextUntilItGoesOnOrAnotherBegins) {
+  Set(setting::ShowPauseMsg, "false");
+  speech.PauseSpeech();
+  EXPECT_FALSE(speech.Held());  // there was nothing to hold
+  speech.PauseSpeech();
+  (void)Spoken("eins");
+  speech.PauseSpeech();
+  EXPECT_TRUE(speech.Held());
+  speech.PauseSpeech();
+  EXPECT_FALSE(speech.Held());
+  speech.PauseSpeech();
+  (void)Spoken("zwei");
+  EXPECT_FALSE(speech.Held());
+}
+
 }  // namespace
 }  // namespace lorelin

@@ -54,8 +54,41 @@ TEST_F(VoiceSettings, ShowWhatIsStored) {
   EXPECT_EQ(ShownPercentage(SliderDialogFor(VoiceParameter::Speed), settings), 42);
   Set(setting::Speed, "400");
   EXPECT_EQ(ShownPercentage(SliderDialogFor(VoiceParameter::Speed), settings), 100);
+}
+
+// A script may store anything: the dialogs open all the same, and confirming them repairs it.
+TEST_F(VoiceSettings, ShowTheDefaultForWhatIsNoNumber) {
+  for (const auto* const text : {"schnell", "", "99999999999"}) {
+    Set(setting::Speed, text);
+    Set(setting::Volume, text);
+    Set(setting::Voice, text);
+    EXPECT_EQ(ShownPercentage(SliderDialogFor(VoiceParameter::Speed), settings), 60) << text;
+    EXPECT_EQ(ShownPercentage(SliderDialogFor(VoiceParameter::Volume), settings), 100) << text;
+    EXPECT_EQ(VoiceChoice(voice, settings).StoredPosition(), 1) << text;
+  }
+}
+
+TEST_F(VoiceSettings, TellHowToRepairAValueThatCannotBeSpokenWith) {
   Set(setting::Speed, "schnell");
-  EXPECT_THROW((void)ShownPercentage(SliderDialogFor(VoiceParameter::Speed), settings), RuntimeError);
+  try {
+    (void)Spoken("x");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), 13);
+    EXPECT_STREQ(
+        error.what(),
+        "Typen unverträglich: Für Geschwindigkeit ist „schnell“ gespeichert, das ist keine brauchbare "
+        "Zahl. Stellen Sie sie mit „Geschwindigkeit ändern“ neu ein.");
+  }
+  Set(setting::Speed, "30");
+  Set(setting::Voice, "99999999999");
+  try {
+    (void)Spoken("x");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_NE(std::string(error.what()).find("„Stimme wählen“"), std::string::npos) << error.what();
+  }
 }
 
 TEST_F(VoiceSettings, CanBeHeardWithoutBeingStored) {
