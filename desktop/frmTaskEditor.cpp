@@ -90,7 +90,12 @@ void FrmTaskEditor::BuildControls() {
                                   wxDefaultValidator, "txtSkriptname");
   SetAccessibleName(*txtSkriptname_, "Name des Taskscripts");
   nameLine->Add(txtSkriptname_, wxSizerFlags(1).CenterVertical());
-  sizer->Add(nameLine, wxSizerFlags().Expand().Border(wxALL, gap));
+  sizer->Add(nameLine, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+  nameHint_ = new wxStaticText(panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblNameHint");
+  sizer->Add(nameHint_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
+  nameHint_->Hide();
+  txtSkriptname_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { editor_.NameChanged(); });
+  sizer->AddSpacer(gap);
   splitter_ = new wxSplitterWindow(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    wxSP_LIVE_UPDATE | wxSP_NOBORDER);
   splitter_->SetMinimumPaneSize(FromDIP(90));
@@ -111,6 +116,7 @@ wxWindow* FrmTaskEditor::BuildText(wxWindow* parent) {
   rtfSkript_->SetFont(wxFontInfo(rtfSkript_->GetFont().GetPointSize() * 1.1).Family(wxFONTFAMILY_TELETYPE));
   SetInnerMargins(*rtfSkript_, FromDIP(10), FromDIP(8));
   SetAccessibleName(*rtfSkript_, "Taskscript");
+  buffer_ = std::make_unique<RichTextBuffer>(*rtfSkript_);
   rtfSkript_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { TextChanged(); });
   return rtfSkript_;
 }
@@ -152,17 +158,21 @@ void FrmTaskEditor::BindKeys() {
     int flags;
     int code;
     std::function<void()> action;
+    int id = wxWindow::NewControlId();
   };
-  const std::vector<Key> keys{
-      {wxACCEL_CTRL, 'N', [this] { editor_.New(); }},     {wxACCEL_CTRL, 'O', [this] { editor_.Open(); }},
-      {wxACCEL_CTRL, 'S', [this] { editor_.Save(); }},    {wxACCEL_CTRL, 'W', [this] { Close(); }},
-      {wxACCEL_NORMAL, WXK_F2, [this] { ShowPicker(); }}, {wxACCEL_NORMAL, WXK_F1, [this] { showHelp_(); }}};
+  const std::vector<Key> keys{{wxACCEL_CTRL, 'N', [this] { editor_.New(); }},
+                              {wxACCEL_CTRL, 'O', [this] { editor_.Open(); }},
+                              {wxACCEL_CTRL, 'S', [this] { editor_.Save(); }},
+                              {wxACCEL_CTRL, 'W', [this] { Close(); }},
+                              {wxACCEL_CTRL, 'Z', [this] { buffer_->Undo(); }, wxID_UNDO},
+                              {wxACCEL_CTRL, 'Y', [this] { buffer_->Redo(); }, wxID_REDO},
+                              {wxACCEL_NORMAL, WXK_F2, [this] { ShowPicker(); }},
+                              {wxACCEL_NORMAL, WXK_F1, [this] { showHelp_(); }}};
   std::vector<wxAcceleratorEntry> entries;
   for (const Key& key : keys) {
-    const int id = wxWindow::NewControlId();
-    entries.emplace_back(key.flags, key.code, id);
+    entries.emplace_back(key.flags, key.code, key.id);
     Bind(
-        wxEVT_MENU, [action = key.action](wxCommandEvent&) { action(); }, id);
+        wxEVT_MENU, [action = key.action](wxCommandEvent&) { action(); }, key.id);
   }
   SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(entries.size()), entries.data()));
   findings_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -217,12 +227,21 @@ std::string FrmTaskEditor::ScriptText() {
   return FromWx(rtfSkript_->GetValue());
 }
 void FrmTaskEditor::SetScriptText(std::string_view text) {
-  rtfSkript_->SetValue(ToWx(text));
+  buffer_->ReplaceText(ToWx(text));
 }
 
 void FrmTaskEditor::AppendText(std::string_view text) {
   rtfSkript_->AppendText(ToWx(text));
   rtfSkript_->ShowPosition(rtfSkript_->GetLastPosition());
+}
+
+void FrmTaskEditor::ShowNameHint(std::string_view text) {
+  const wxString hint = ToWx(text);
+  if (hint == nameHint_->GetLabel()) return;
+  nameHint_->SetLabel(hint);
+  nameHint_->Wrap(nameHint_->GetParent()->GetClientSize().x - FromDIP(24));
+  nameHint_->Show(!hint.empty());
+  nameHint_->GetParent()->Layout();
 }
 
 // What was typed is coloured and checked when the hands rest.

@@ -3,15 +3,18 @@
 #include <wx/frame.h>
 #include <wx/listbox.h>
 #include <wx/splitter.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/frmTask.h"
+#include "desktop/toolkit/richTextBuffer.h"
 #include "ports/FileDialogs.h"
 #include "ports/FileWriter.h"
 #include "ports/MessageBoxes.h"
@@ -47,6 +50,7 @@ class FrmTaskEditor final : public wxFrame, public TaskEditorView {
   std::string ScriptText() override;
   void SetScriptText(std::string_view text) override;
   void AppendText(std::string_view text) override;
+  void ShowNameHint(std::string_view text) override;
 
  private:
   void BuildControls();
@@ -67,7 +71,9 @@ class FrmTaskEditor final : public wxFrame, public TaskEditorView {
   FrmTask* frmTask_ = nullptr;
   wxSplitterWindow* splitter_ = nullptr;
   wxTextCtrl* txtSkriptname_ = nullptr;
+  wxStaticText* nameHint_ = nullptr;
   wxTextCtrl* rtfSkript_ = nullptr;
+  std::unique_ptr<RichTextBuffer> buffer_;  // what can be taken back
   wxListBox* findings_ = nullptr;
   std::vector<std::size_t> findingLines_;
   wxTimer pause_;

@@ -15,6 +15,8 @@ class TaskEditorView {
   virtual void SetScriptText(std::string_view text) = 0;
   // Puts the text at the end and the caret behind it.
   virtual void AppendText(std::string_view text) = 0;
+  // What there is to know about saving under the name that stands there; "" for nothing.
+  virtual void ShowNameHint(std::string_view text) = 0;
 };
 
 }  // namespace lorelin

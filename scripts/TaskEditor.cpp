@@ -1,7 +1,9 @@
 #include "scripts/TaskEditor.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -13,6 +15,7 @@
 namespace lorelin {
 namespace {
 
+constexpr std::string_view kEnding = ".vts";
 constexpr std::string_view kFilter = "Voice Taskscripts (*.vts)|*.vts";
 
 std::string FileName(const std::string& path) {
@@ -23,11 +26,19 @@ bool IsControl(char c) {
   return static_cast<unsigned char>(c) < 0x20;
 }
 
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return !a.empty() && !b.empty() && std::filesystem::equivalent(NativePath(a), NativePath(b), error);
+}
+
 }  // namespace
 
+// The name goes too: under the former one the new script would replace the old.
 void TaskEditor::New() {
   if (!MayDiscard()) return;
   parts_.view.SetScriptText("");
+  parts_.view.SetScriptName("");
+  file_.clear();
   Discard();
 }
 
@@ -53,17 +64,34 @@ void TaskEditor::Load(const std::string& path) {
                              "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
     return;
   }
+  file_ = path;
   parts_.view.SetScriptName(FileName(path));
   Discard();
 }
 
+void TaskEditor::NameChanged() {
+  const std::string name = parts_.view.ScriptName();
+  const bool doubled = LowerAscii(name).ends_with(kEnding);
+  parts_.view.ShowNameHint(doubled ? "Gespeichert wird „" + name + std::string(kEnding) +
+                                         "“, neben dem geöffneten Taskscript. Ohne „.vts“ im Namen wird "
+                                         "dieses selbst ersetzt."
+                                   : "");
+}
+
 std::string TaskEditor::Path(const std::string& name) const {
-  return JoinPath(parts_.programFolder, {"scripts", name + ".vts"});
+  return JoinPath(parts_.programFolder, {"scripts", name + std::string(kEnding)});
 }
 
 bool TaskEditor::Refuse(const std::string& reason) {
   parts_.messageBoxes.Show(reason, "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
   return false;
+}
+
+bool TaskEditor::MayReplace(const std::string& path, const std::string& name) {
+  if (!FileExists(path) || IsSameFile(path, file_)) return true;
+  return parts_.messageBoxes.Show("Ein Taskscript „" + name + "“ gibt es schon. Soll es ersetzt werden?",
+                                  "Frage", MessageIcon::Question,
+                                  MessageButtons::YesNo) == MessageAnswer::Yes;
 }
 
 bool TaskEditor::Save() {
@@ -72,6 +100,7 @@ bool TaskEditor::Save() {
   if (name.find_first_of("/\\") != std::string::npos || std::any_of(name.begin(), name.end(), IsControl)) {
     return Refuse("Der Name eines Taskscripts darf weder „/“ noch „\\“ enthalten.");
   }
+  if (!MayReplace(Path(name), name)) return false;
   const std::string text = parts_.view.ScriptText();
   std::string stored = text;
   ReplaceAll(stored, "\n", "\r\n");
@@ -82,6 +111,7 @@ bool TaskEditor::Save() {
                   std::to_string(error.Number()) + ")");
   }
   saved_ = text;
+  file_ = Path(name);
   parts_.scriptsChanged();
   return true;
 }

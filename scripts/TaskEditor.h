@@ -27,8 +27,11 @@ class TaskEditor {
 
   void New();
   void Open();
-  // Writes the script under its name; false when it could not be written and the user was told why.
+  // Writes the script under its name, after a question when that is the name of another script; false when it
+  // was not written and the user knows why.
   bool Save();
+  // Another name stands in the view: tells when saving writes a second file beside the opened one.
+  void NameChanged();
   // Puts a line behind the text, a line break before it.
   void Append(std::string_view line);
   // Asks what is to become of changes that were not saved; false when the window has to stay open.
@@ -39,10 +42,12 @@ class TaskEditor {
  private:
   [[nodiscard]] std::string Path(const std::string& name) const;
   bool Refuse(const std::string& reason);
+  [[nodiscard]] bool MayReplace(const std::string& path, const std::string& name);
   void Load(const std::string& path);
 
   Parts parts_;
   std::string saved_;  // the text as it was last written, opened or begun
+  std::string file_;   // where that was; "" for a text that is in no file yet
   bool folderSet_ = false;
 };
 

@@ -84,6 +84,30 @@ TEST_F(TaskEditorForm, ShowsAnOpenedScriptWithItsEnding) {
   EXPECT_EQ(FromWx(Name().GetValue()), "Uhr.vts");
 }
 
+TEST_F(TaskEditorForm, TellsUnderWhichNameAnOpenedScriptIsSaved) {
+  auto& hint = Find<wxStaticText>(*editor, "lblNameHint");
+  EXPECT_FALSE(hint.IsShown());
+  Name().SetValue("Uhr.vts");
+  EXPECT_TRUE(hint.IsShown());
+  EXPECT_NE(FromWx(hint.GetLabel()).find("„Uhr.vts.vts“"), std::string::npos);
+  Name().SetValue("Uhr");
+  EXPECT_FALSE(hint.IsShown());
+}
+
+TEST_F(TaskEditorForm, TakesChangesBackAndRepeatsThem) {
+  const auto command = [&](int id) {
+    wxCommandEvent event(wxEVT_MENU, id);
+    editor->ProcessWindowEvent(event);
+    return FromWx(Text().GetValue());
+  };
+  WriteFile(folder.File("Uhr.vts"), "Sprechen();");
+  dialogs.answer = folder.File("Uhr.vts");
+  Press(*editor, "Taskscript öffnen");
+  Text().AppendText("\nStopp();");
+  EXPECT_EQ(command(wxID_UNDO), "Sprechen();");
+  EXPECT_EQ(command(wxID_REDO), "Sprechen();\nStopp();");
+}
+
 TEST_F(TaskEditorForm, TellsAParameterOfKindNichtsForPause) {
   ChooseCommand("Pause");
   EXPECT_TRUE(Parameter(1).IsEnabled());

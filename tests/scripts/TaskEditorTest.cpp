@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/support/FakePorts.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -14,8 +16,10 @@ struct FakeTaskEditorView final : TaskEditorView {
   std::string ScriptText() override { return text; }
   void SetScriptText(std::string_view newText) override { text = newText; }
   void AppendText(std::string_view more) override { text += more; }
+  void ShowNameHint(std::string_view newHint) override { hint = newHint; }
   std::string name;
   std::string text;
+  std::string hint;
 };
 
 class TaskEditorTest : public testing::Test {
@@ -133,6 +137,53 @@ TEST_F(TaskEditorTest, EmptiesTheText) {
   editor.New();
   EXPECT_EQ(view.text, "");
   EXPECT_TRUE(boxes.boxes.empty());
+}
+
+TEST_F(TaskEditorTest, BeginsWithoutANameSoThatNothingIsReplaced) {
+  view.name = "a";
+  view.text = "Stopp();";
+  EXPECT_TRUE(editor.Save());
+  editor.New();
+  EXPECT_EQ(view.name, "");
+}
+
+TEST_F(TaskEditorTest, AsksBeforeItReplacesAnotherScript) {
+  std::filesystem::create_directories(folder.File("scripts"));
+  WriteFile(folder.File("scripts/a.vts"), "Stopp();");
+  view.name = "a";
+  view.text = "neu";
+  boxes.answers = {MessageAnswer::No, MessageAnswer::Yes};
+  EXPECT_FALSE(editor.Save());
+  ASSERT_EQ(boxes.boxes.size(), 1U);
+  EXPECT_EQ(boxes.boxes[0].text, "Ein Taskscript „a“ gibt es schon. Soll es ersetzt werden?");
+  EXPECT_EQ(boxes.boxes[0].title, "Frage");
+  EXPECT_EQ(boxes.boxes[0].icon, MessageIcon::Question);
+  EXPECT_EQ(Written("a.vts"), "(fehlt)");
+  EXPECT_TRUE(editor.Save());
+  EXPECT_EQ(Written("a.vts"), "neu");
+}
+
+TEST_F(TaskEditorTest, ReplacesTheScriptThatItWroteOrOpenedWithoutAQuestion) {
+  std::filesystem::create_directories(folder.File("scripts"));
+  WriteFile(folder.File("scripts/a.vts"), "Stopp();");
+  dialogs.answer = folder.File("scripts/a.vts");
+  editor.Open();
+  view.name = "a";
+  EXPECT_TRUE(editor.Save());
+  EXPECT_TRUE(editor.Save());
+  EXPECT_TRUE(boxes.boxes.empty());
+}
+
+TEST_F(TaskEditorTest, TellsThatAnEndingInTheNameMakesASecondFile) {
+  view.name = "Leseliste.vts";
+  editor.NameChanged();
+  EXPECT_EQ(
+      view.hint,
+      "Gespeichert wird „Leseliste.vts.vts“, neben dem geöffneten Taskscript. Ohne „.vts“ im Namen wird "
+      "dieses selbst ersetzt.");
+  view.name = "Leseliste";
+  editor.NameChanged();
+  EXPECT_EQ(view.hint, "");
 }
 
 TEST_F(TaskEditorTest, AsksBeforeItLosesChanges) {
