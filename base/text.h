@@ -18,4 +18,8 @@ void ReplaceAll(std::string& text, std::string_view from, std::string_view to);
 // A to Z in lower case, everything else as it is.
 [[nodiscard]] std::string LowerAscii(std::string_view text);
 
+// Whether a person looks for `a` before `b` in a list of names: without case, umlauts beside their vowels,
+// numbers by their size ("Kapitel 2" before "Kapitel 10"). A strict order: different names are never equal.
+[[nodiscard]] bool ListedBefore(std::string_view a, std::string_view b);
+
 }  // namespace lorelin

@@ -15,6 +15,7 @@
 #include "desktop/toolkit/WxClipboard.h"
 #include "desktop/toolkit/WxEventPump.h"
 #include "desktop/toolkit/WxFileDialogs.h"
+#include "desktop/toolkit/WxFolderWatch.h"
 #include "desktop/toolkit/WxMessageBoxes.h"
 #include "desktop/toolkit/WxProgressWindow.h"
 #include "desktop/toolkit/icons.h"
@@ -81,7 +82,8 @@ class App::Program {
                   .helpDialogs = helpDialogs_,
                   .programFolder = services_.paths.programFolder,
                   .createScript = [this] { CreateScript(); },
-                  .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); }}),
+                  .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); },
+                  .homeFolder = services_.paths.homeFolder}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
@@ -210,6 +212,8 @@ class App::Program {
   FrmHelpDialogs helpDialogs_;
   WindowModules modules_;
   ModFileReg fileTypes_;
+  WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),
+                              [this] { modules_.tasks.FollowFolder(); }};
   FrmTaskEditor* taskEditor_ = nullptr;  // goes with the main form
   bool ending_ = false;
 };

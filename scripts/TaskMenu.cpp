@@ -1,5 +1,6 @@
 #include "scripts/TaskMenu.h"
 
+#include <algorithm>
 #include <exception>
 #include <string_view>
 #include <vector>
@@ -15,10 +16,22 @@ constexpr std::string_view kGroup = "Tasks";
 constexpr std::string_view kEnding = ".vts";
 constexpr std::int32_t kScriptsEnd = 100;  // numbers from here on are not scripts
 
+// The script's name; with its ending it reads like the file's.
+std::string Caption(const std::string& file, bool withEnding) {
+  const std::string ending = file.substr(file.size() - kEnding.size());
+  std::string caption = file.substr(0, file.size() - kEnding.size());
+  ReplaceAll(caption, kEnding, "");
+  return withEnding ? caption + ending : caption;
+}
+
 }  // namespace
 
-std::string TaskMenu::Pattern() const {
-  return JoinPath(parts_.programFolder, {"scripts", "*.vts"});
+// The ending counts without case, as on Windows, where it comes to many names in capitals.
+std::vector<std::string> TaskMenu::Scripts() const {
+  std::vector<std::string> names =
+      parts_.fileSearch.FilesMatching(JoinPath(parts_.programFolder, {"scripts", "*.*"}));
+  std::erase_if(names, [](const std::string& name) { return !LowerAscii(name).ends_with(kEnding); });
+  return names;
 }
 
 void TaskMenu::AddUserdefinedScripts() {
@@ -28,16 +41,28 @@ void TaskMenu::AddUserdefinedScripts() {
     parts_.taskPane.AddItem(kGroup, kSeparator, "----------");
     const bool withEnding = IsOn(setting::ShowVTS, parts_.settings.Get(setting::ShowVTS));
     std::int32_t number = 0;
-    for (std::string caption : parts_.fileSearch.FilesMatching(Pattern())) {
-      ReplaceAll(caption, kEnding, "");
-      if (withEnding) caption += kEnding;
-      parts_.taskPane.AddItem(kGroup, ++number, caption);
+    shown_ = Scripts();
+    for (const std::string& file : shown_) {
+      parts_.taskPane.AddItem(kGroup, ++number, Caption(file, withEnding));
     }
   });
 }
 
+void TaskMenu::FollowFolder() {
+  if (Scripts() != shown_) AddUserdefinedScripts();
+}
+
+// A number comes from what was shown; the files of the others may have come or gone since. A script that is
+// gone has a number beyond the last.
+std::int32_t TaskMenu::PresentNumber(std::int32_t number) const {
+  if (number < 1 || static_cast<std::size_t>(number) > shown_.size()) return number;
+  const std::vector<std::string> present = Scripts();
+  const auto found = std::find(present.begin(), present.end(), shown_[static_cast<std::size_t>(number) - 1]);
+  return static_cast<std::int32_t>(found - present.begin()) + 1;
+}
+
 std::string TaskMenu::GetSelectedItem(std::int32_t number) const {
-  const std::vector<std::string> names = parts_.fileSearch.FilesMatching(Pattern());
+  const std::vector<std::string> names = Scripts();
   const std::size_t index = number > 1 ? static_cast<std::size_t>(number) - 1 : 0;
   return index < names.size() ? names[index] : "";
 }
@@ -46,7 +71,9 @@ void TaskMenu::Clicked(std::int32_t number) {
   if (number == kCreateScript) {
     Reported(parts_.createScript);
   } else if (number < kScriptsEnd) {
-    Reported([&] { RunScript(number); });
+    const std::int32_t present = PresentNumber(number);
+    FollowFolder();
+    Reported([&] { RunScript(present); });
   }
 }
 

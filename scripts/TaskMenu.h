@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "extensions/modAddin.h"
 #include "ports/FileSearch.h"
@@ -15,8 +16,8 @@
 namespace lorelin {
 
 // The user's task scripts in the task pane: their list, and what a click on one does. The numbers of the
-// scripts are their places in the directory search, which is repeated for every question; nothing stores
-// them.
+// scripts are their places in the directory search, which is repeated for every question. What was shown is
+// only remembered to notice that the folder has changed since.
 class TaskMenu {
  public:
   static constexpr std::int32_t kSeparator = 999;
@@ -39,6 +40,8 @@ class TaskMenu {
 
   // Builds the group "Tasks" anew.
   void AddUserdefinedScripts();
+  // Does so when the scripts in the folder are others than those that are shown.
+  void FollowFolder();
   // The file name (with ".vts", without folder) of the script with this number: the first for 1 and less, ""
   // beyond the last.
   [[nodiscard]] std::string GetSelectedItem(std::int32_t number) const;
@@ -48,9 +51,11 @@ class TaskMenu {
  private:
   void RunScript(std::int32_t number);
   void Reported(const std::function<void()>& action);
-  [[nodiscard]] std::string Pattern() const;
+  [[nodiscard]] std::vector<std::string> Scripts() const;
+  [[nodiscard]] std::int32_t PresentNumber(std::int32_t number) const;
 
   Parts parts_;
+  std::vector<std::string> shown_;  // the files behind the items of the pane
 };
 
 }  // namespace lorelin

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/paths.h"
+#include "base/text.h"
 #include "base/textEncoding.h"
 
 namespace lorelin {
@@ -65,6 +66,7 @@ std::vector<std::string> DirectorySearch::FilesMatching(const std::string& patte
     std::string name = PathText(entry->path().filename());
     if (Matches(names, fold_(name)) && IsFile(*entry)) found.push_back(std::move(name));
   }
+  std::sort(found.begin(), found.end(), ListedBefore);
   return found;
 }
 

@@ -50,6 +50,14 @@ TEST_F(DirectoryPattern, TakesEveryNameForStarDotStar) {
   EXPECT_EQ(Match("*.*", {"ohne", ".versteckt", "a.b"}), (Names{".versteckt", "a.b", "ohne"}));
 }
 
+TEST_F(DirectoryPattern, ListsTheNamesInTheOrderOfAList) {
+  for (const auto* const name : {"b.vts", "Ü.vts", "a.vts", "C.vts", "Teil 10.vts", "Teil 9.vts"}) {
+    WriteFile(folder.File(name), "");
+  }
+  EXPECT_EQ(DirectorySearch().FilesMatching(folder.File("*.vts")),
+            (Names{"a.vts", "b.vts", "C.vts", "Teil 9.vts", "Teil 10.vts", "Ü.vts"}));
+}
+
 TEST_F(DirectoryPattern, FindsNothingForAFolderAlone) {
   EXPECT_EQ(Match("", {"a"}), Names{});
 }

@@ -14,7 +14,7 @@ TEST_F(TaskMenuTest, ListsTheScriptsBehindTheItemThatCreatesOne) {
             (std::vector<std::string>{"pane.group Tasks", "pane.item Tasks 1000 Taskscript erstellen",
                                       "pane.item Tasks 999 ----------", "pane.item Tasks 1 b",
                                       "pane.item Tasks 2 a"}));
-  EXPECT_EQ(fileSearch.patterns, std::vector<std::string>{folder.File("scripts/*.vts")});
+  EXPECT_EQ(fileSearch.patterns, std::vector<std::string>{folder.File("scripts/*.*")});
 }
 
 TEST_F(TaskMenuTest, HoldsOnlyItsTwoItemsWithoutScripts) {
@@ -28,11 +28,58 @@ TEST_F(TaskMenuTest, KeepsTheEndingWhenItIsSwitchedOn) {
   tasks.AddUserdefinedScripts();
   EXPECT_TRUE(calls.Has("pane.item Tasks 1 a.vts"));
   EXPECT_TRUE(calls.Has("pane.item Tasks 2 b.vts"));
-  EXPECT_TRUE(calls.Has("pane.item Tasks 3 C.VTS.vts"));
+  EXPECT_TRUE(calls.Has("pane.item Tasks 3 C.VTS"));
   calls.Clear();
   Set(setting::ShowVTS, "true");
   tasks.AddUserdefinedScripts();
   EXPECT_TRUE(calls.Has("pane.item Tasks 1 a"));
+  EXPECT_TRUE(calls.Has("pane.item Tasks 2 b"));
+}
+
+TEST_F(TaskMenuTest, ListsScriptsWhoseEndingIsInCapitals) {
+  fileSearch.names = {"a.txt", "GROSS.VTS", "vts"};
+  tasks.AddUserdefinedScripts();
+  EXPECT_EQ(calls.Entries().size(), 4U);
+  EXPECT_TRUE(calls.Has("pane.item Tasks 1 GROSS"));
+  EXPECT_EQ(tasks.GetSelectedItem(1), "GROSS.VTS");
+}
+
+TEST_F(TaskMenuTest, RunsTheScriptWhoseNameWasClickedWhenTheFolderHasChanged) {
+  fileSearch.names = {"b.vts", "c.vts"};
+  WriteScript("b.vts", "Meldung(aus b);");
+  WriteScript("c.vts", "Meldung(aus c);");
+  tasks.AddUserdefinedScripts();
+  calls.Clear();
+  fileSearch.names = {"a.vts", "b.vts", "c.vts"};
+  tasks.Clicked(1);
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text, "aus b");
+  EXPECT_EQ(statusBar.messages[0], "Drücken Sie ESC um die Ausführung von 'b.vts' zu beenden.");
+  EXPECT_TRUE(calls.Has("pane.item Tasks 3 c"));
+  fileSearch.names = {"c.vts"};
+  tasks.Clicked(3);
+  ASSERT_EQ(messageBoxes.boxes.size(), 2U);
+  EXPECT_EQ(messageBoxes.boxes[1].text, "aus c");
+}
+
+TEST_F(TaskMenuTest, RunsNoOtherScriptInsteadOfOneThatIsGone) {
+  fileSearch.names = {"a.vts", "b.vts"};
+  WriteScript("b.vts", "Meldung(aus b);");
+  tasks.AddUserdefinedScripts();
+  fileSearch.names = {"b.vts"};
+  tasks.Clicked(1);
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_TRUE(view.browserVisible);  // the error page
+}
+
+TEST_F(TaskMenuTest, FollowsItsFolder) {
+  fileSearch.names = {"a.vts"};
+  tasks.AddUserdefinedScripts();
+  calls.Clear();
+  tasks.FollowFolder();
+  EXPECT_TRUE(calls.Entries().empty());
+  fileSearch.names = {"a.vts", "b.vts"};
+  tasks.FollowFolder();
   EXPECT_TRUE(calls.Has("pane.item Tasks 2 b"));
 }
 

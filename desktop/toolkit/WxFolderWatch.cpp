@@ -1,0 +1,36 @@
+#include "desktop/toolkit/WxFolderWatch.h"
+
+#include <wx/filename.h>
+#include <wx/log.h>
+
+#include <utility>
+
+#include "desktop/toolkit/text.h"
+
+namespace lorelin {
+namespace {
+
+constexpr int kPause = 200;  // milliseconds; whoever copies files copies several
+
+}  // namespace
+
+WxFolderWatch::WxFolderWatch(std::string folder, std::function<void()> changed)
+    : folder_(std::move(folder)), changed_(std::move(changed)) {
+  pause_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { changed_(); });
+  Bind(wxEVT_FSWATCHER, [this](wxFileSystemWatcherEvent&) { pause_.StartOnce(kPause); });
+  CallAfter([this] { Begin(); });
+}
+
+WxFolderWatch::~WxFolderWatch() = default;
+
+// The watcher wants a running event loop.
+void WxFolderWatch::Begin() {
+  const wxLogNull quiet;
+  const wxFileName folder = wxFileName::DirName(ToWx(folder_));
+  if (!folder.DirExists()) return;
+  watcher_ = std::make_unique<wxFileSystemWatcher>();
+  watcher_->SetOwner(this);
+  watcher_->Add(folder, wxFSW_EVENT_CREATE | wxFSW_EVENT_DELETE | wxFSW_EVENT_RENAME);
+}
+
+}  // namespace lorelin
