@@ -54,6 +54,7 @@ struct WindowModules {
     std::string programFolder;
     std::function<void()> createScript;                    // opens the script editor
     std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
+    std::string homeFolder{};                              // what "~" is in the paths of scripts
   };
 
   explicit WindowModules(Edges given);

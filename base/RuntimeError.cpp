@@ -12,6 +12,8 @@ std::string ErrorText(ErrorNumber number) {
       return "Nicht genügend Speicher";
     case ErrorNumber::TypeMismatch:
       return "Typen unverträglich";
+    case ErrorNumber::OutOfStringSpace:
+      return "Nicht genügend Zeichenfolgenspeicher";
     case ErrorNumber::BadFileName:
       return "Dateiname oder -nummer falsch";
     case ErrorNumber::FileNotFound:

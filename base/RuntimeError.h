@@ -12,6 +12,7 @@ enum class ErrorNumber : std::int32_t {
   Overflow = 6,
   OutOfMemory = 7,
   TypeMismatch = 13,
+  OutOfStringSpace = 14,
   BadFileName = 52,
   FileNotFound = 53,
   FileAlreadyOpen = 55,

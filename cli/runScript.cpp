@@ -104,6 +104,15 @@ class RenderingFolder {
   fs::path folder_;
 };
 
+// Here nobody can press the key that goes on.
+void RequireSpeechGoesOn(const ModSpeak& speech) {
+  if (!speech.Held()) return;
+  throw Failure(
+      ExitCode::NotToTheEnd,
+      "Das Taskscript hat die Sprachausgabe mit „Pause“ angehalten und nicht fortgesetzt; der Rest wird "
+      "nicht vorgelesen.");
+}
+
 }  // namespace
 
 ExitCode RunScript(const Options& options) {
@@ -144,13 +153,19 @@ ExitCode RunScript(const Options& options) {
                            .settings = spoken.settings,
                            .runLog = *services.scriptLog,
                            .scriptFolder = PathText(path.parent_path()),
-                           .fileOfItem = [&](std::int32_t) { return name; }});
+                           .fileOfItem = [&](std::int32_t) { return name; },
+                           .homeFolder = services.paths.homeFolder,
+                           .stopKey = "Strg+C",
+                           .mayExport = !options.denyRead});
   pump.OnTurn([] { ThrowIfInterrupted(); });
   spoken.speech.SetWaveFile("");
   interpreter.SetCurrentScriptFile(name);
   spoken.extensions.TaskScript(name);
   interpreter.ExecuteSkript(1);
-  while (instances.Speaking()) pump.RunPendingEvents();
+  while (instances.Speaking()) {
+    RequireSpeechGoesOn(spoken.speech);
+    pump.RunPendingEvents();
+  }
   pump.RunPendingEvents();
   instances.FinishFile();
   return CodeOf(interpreter);

@@ -12,10 +12,10 @@ class Downloader {
   // Fetches an http or https address, past every cache and with redirects followed, and returns when that is
   // done. `keepGoing` is called at least every 50 ms meanwhile, on the caller's thread; it may let events in,
   // and ends the download when it answers false. The target (UTF-8, either separator) appears complete or is
-  // left as it was. Never throws of its own accord: failures go to the log. What `keepGoing` throws ends the
-  // download and reaches the caller.
-  virtual void Download(const std::string& url, const std::string& targetFile,
-                        const std::function<bool()>& keepGoing) = 0;
+  // left as it was. Never throws of its own accord: a failure goes to the log and its reason is the result,
+  // "" when all went well. What `keepGoing` throws ends the download and reaches the caller.
+  virtual std::string Download(const std::string& url, const std::string& targetFile,
+                               const std::function<bool()>& keepGoing) = 0;
 };
 
 }  // namespace lorelin

@@ -14,6 +14,7 @@ struct ProgramPaths {
   std::string scriptLogFile;  // of what task scripts did
   std::string cacheFolder;    // what can be made again
   std::string lockFile;       // of the single instance
+  std::string homeFolder;     // the user's own
   std::string desktopFolder;  // where the desktop looks for the user's programs; "" to leave it alone
 };
 

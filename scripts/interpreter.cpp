@@ -41,6 +41,15 @@ std::string LengthOf(const std::string& text) {
   return std::to_string(CharacterCount(text)) + " Zeichen";
 }
 
+// The command as the log has it.
+std::string Described(const std::string& command, const std::string& parameter1,
+                      const std::string& parameter2) {
+  std::string lengths;
+  if (!parameter1.empty() || !parameter2.empty()) lengths = LengthOf(parameter1);
+  if (!parameter2.empty()) lengths += ", " + LengthOf(parameter2);
+  return command + "(" + lengths + ")";
+}
+
 std::string_view EndText(ScriptEnd end) {
   switch (end) {
     case ScriptEnd::LastLine:
@@ -89,12 +98,8 @@ class Interpreter::Variables final : public ScriptVariables {
   Parts& parts_;
 };
 
-Interpreter::Action Interpreter::ActionOf(std::string_view command) {
-  struct Entry {
-    std::string_view name;
-    Action action;
-  };
-  static constexpr std::array kActions{
+const Interpreter::Entry* Interpreter::EntryOf(std::string_view command) {
+  static constexpr std::array kEntries{
       Entry{"Meldung", &Interpreter::Meldung},
       Entry{"Sprechen", &Interpreter::Sprechen},
       Entry{"Sprechen2", &Interpreter::Sprechen2},
@@ -104,7 +109,7 @@ Interpreter::Action Interpreter::ActionOf(std::string_view command) {
       Entry{"Lautstärke", &Interpreter::Lautstaerke},
       Entry{"Helligkeit", &Interpreter::Helligkeit},
       Entry{"Exportieren", &Interpreter::Exportieren},
-      Entry{"Laden", &Interpreter::Laden},
+      Entry{"Laden", &Interpreter::Laden, &setting::VTSAllowRead},
       Entry{"Text", &Interpreter::Text},
       Entry{"Dokument", &Interpreter::Dokument},
       Entry{"Wiederholen", &Interpreter::Wiederholen},
@@ -113,13 +118,13 @@ Interpreter::Action Interpreter::ActionOf(std::string_view command) {
       Entry{"WartenBis", &Interpreter::WartenBis},
       Entry{"Warten", &Interpreter::Warten},
       Entry{"Ersetzen", &Interpreter::Ersetzen},
-      Entry{"Ausführen", &Interpreter::Ausfuehren},
-      Entry{"Download", &Interpreter::Download},
-      Entry{"Löschen", &Interpreter::Loeschen},
+      Entry{"Ausführen", &Interpreter::Ausfuehren, &setting::VTSAllowRead},
+      Entry{"Download", &Interpreter::Download, &setting::VTSAllowDownload},
+      Entry{"Löschen", &Interpreter::Loeschen, &setting::VTSAllowRead},
   };
   const auto* const found =
-      std::find_if(kActions.begin(), kActions.end(), [&](const Entry& e) { return e.name == command; });
-  return found != kActions.end() ? found->action : nullptr;
+      std::find_if(kEntries.begin(), kEntries.end(), [&](const Entry& e) { return e.name == command; });
+  return found != kEntries.end() ? found : nullptr;
 }
 
 bool Interpreter::ScriptsAreAllowed() {
@@ -134,8 +139,9 @@ bool Interpreter::ScriptsAreAllowed() {
   return false;
 }
 
-bool Interpreter::IsAllowed(const SettingKey& permission) const {
-  return IsOn(permission, parts_.settings.Get(permission));
+bool Interpreter::IsAllowed(const Entry& command) const {
+  if (command.action == &Interpreter::Exportieren) return parts_.mayExport;
+  return command.permission == nullptr || IsOn(*command.permission, parts_.settings.Get(*command.permission));
 }
 
 // A repetition is a run in the place of the one before: permission, file and values are read anew, and the
@@ -145,7 +151,7 @@ void Interpreter::ExecuteSkript(std::int32_t item) {
   errors_ = 0;
   RunOnce(item);
   while (std::exchange(restartWanted_, false)) RunAgain(item);
-  parts_.runLog.Write(currentScriptFile_ + ": " + std::string(EndText(end_)));
+  Note(EndText(end_));
   parts_.statusBar.SetMessage("Ausführung des Taskscripts beendet.");
 }
 
@@ -161,8 +167,8 @@ void Interpreter::RunAgain(std::int32_t item) {
 void Interpreter::RunOnce(std::int32_t item) {
   scriptItemId_ = item;
   const std::string script = DecodeText(ReadFileBytes(JoinPath(parts_.scriptFolder, {currentScriptFile_})));
-  parts_.statusBar.SetMessage("Drücken Sie ESC um die Ausführung von '" + parts_.fileOfItem(item) +
-                              "' zu beenden.");
+  parts_.statusBar.SetMessage("Drücken Sie " + parts_.stopKey + " um die Ausführung von '" +
+                              parts_.fileOfItem(item) + "' zu beenden.");
   end_ = ScriptEnd::LastLine;
   const Running running(scriptRunning_);
   WalkLines(script);
@@ -210,28 +216,26 @@ void Interpreter::ExecuteCommand(const std::string& command, std::string& parame
 }
 
 void Interpreter::Carry(const std::string& command, std::string& parameter1, std::string& parameter2) {
+  const Entry* const entry = EntryOf(WithoutBlanks(command));
   Variables values(parts_);
   ExpandVariables(parameter1, values);
   ExpandVariables(parameter2, values);
   RestoreCommas(parameter1);
   RestoreCommas(parameter2);
-  const Action action = ActionOf(WithoutBlanks(command));
-  if (action == nullptr) return;
-  Note(command, parameter1, parameter2);
-  (this->*action)(parameter1, parameter2);
+  if (entry == nullptr) return;
+  const std::string described = Described(command, parameter1, parameter2);
+  if (!IsAllowed(*entry)) return Note(described + ": nicht erlaubt");
+  Note(described);
+  (this->*entry->action)(parameter1, parameter2);
 }
 
-void Interpreter::Note(const std::string& command, const std::string& parameter1,
-                       const std::string& parameter2) {
-  std::string lengths;
-  if (!parameter1.empty() || !parameter2.empty()) lengths = LengthOf(parameter1);
-  if (!parameter2.empty()) lengths += ", " + LengthOf(parameter2);
-  parts_.runLog.Write(currentScriptFile_ + ": " + command + "(" + lengths + ")");
+void Interpreter::Note(std::string_view what) {
+  parts_.runLog.Write(currentScriptFile_ + ": " + std::string(what));
 }
 
 void Interpreter::AskWhetherToGoOn(const std::string& description) {
   ++errors_;
-  parts_.runLog.Write(currentScriptFile_ + ": " + description);
+  Note(description);
   const MessageAnswer answer =
       parts_.messageBoxes.Show("Folgender Fehler trat während der Ausführung des Taskscripts auf:\n\n" +
                                    description + "\n\nMöchten Sie mit der Ausführung fortfahren?",
@@ -275,12 +279,18 @@ void Interpreter::Helligkeit(const std::string& percent, const std::string&) {
   parts_.settings.Save(setting::Pitch, percent);
 }
 
+// "~" is the user's own folder, on every system.
+std::string Interpreter::FromHome(const std::string& path) const {
+  const bool below = path.starts_with("~/") || path.starts_with("~\\");
+  return below && !parts_.homeFolder.empty() ? parts_.homeFolder + path.substr(1) : path;
+}
+
 void Interpreter::Exportieren(const std::string& path, const std::string&) {
-  parts_.speech.SetWaveFile(path);
+  parts_.speech.SetWaveFile(FromHome(path));
 }
 
 void Interpreter::Laden(const std::string& path, const std::string&) {
-  if (IsAllowed(setting::VTSAllowRead)) parts_.document.LoadFile(path);
+  parts_.document.LoadFile(FromHome(path));
 }
 
 void Interpreter::Text(const std::string& text, const std::string&) {
@@ -288,7 +298,10 @@ void Interpreter::Text(const std::string& text, const std::string&) {
 }
 
 void Interpreter::Dokument(const std::string& text, const std::string& mode) {
-  parts_.document.SetText(mode == "0" ? text : parts_.document.Text() + text);
+  if (mode == "0") return parts_.document.SetText(text);
+  const std::string before = parts_.document.Text();
+  RequireTextSize(before.size() + text.size());
+  parts_.document.SetText(before + text);
 }
 
 void Interpreter::Wiederholen(const std::string&, const std::string&) {
@@ -317,10 +330,9 @@ void Interpreter::WartenBis(const std::string& time, const std::string&) {
 
 // The second itself has to be met; one that has passed is not waited for again.
 void Interpreter::Warten(const std::string& seconds, const std::string&) {
-  constexpr double kFarthest = 3e9;  // a century
   const auto start = WallSeconds(parts_.clock.Now());
   const double wanted = std::nearbyint(ToDouble(seconds));
-  if (std::abs(wanted) > kFarthest) throw RuntimeError(ErrorNumber::Overflow);
+  if (std::abs(wanted) > kLongestWait) throw RuntimeError(ErrorNumber::Overflow);
   const auto target = start + std::chrono::seconds(static_cast<std::int64_t>(wanted));
   do {
     parts_.pump.RunPendingEvents();
@@ -329,27 +341,26 @@ void Interpreter::Warten(const std::string& seconds, const std::string&) {
 
 void Interpreter::Ersetzen(const std::string& from, const std::string& to) {
   std::string text = parts_.document.Text();
-  ReplaceAll(text, from, to);
+  ReplaceWithinLimit(text, from, to);
   parts_.document.SetText(text);
 }
 
 void Interpreter::Ausfuehren(const std::string& commandLine, const std::string&) {
-  if (!IsAllowed(setting::VTSAllowRead)) return;
   // A path with blanks that names a program needs no quotes.
   parts_.launcher.Start(FileExists(commandLine) ? std::vector{commandLine} : SplitCommandLine(commandLine));
 }
 
 void Interpreter::Download(const std::string& url, const std::string& target) {
-  if (!IsAllowed(setting::VTSAllowDownload)) return;
-  parts_.downloader.Download(url, target, [this] {
+  const std::string failure = parts_.downloader.Download(url, FromHome(target), [this] {
     parts_.pump.RunPendingEvents();
     return scriptRunning_;
   });
+  if (!failure.empty()) Note("Download fehlgeschlagen: " + failure);
   parts_.pump.RunPendingEvents();
 }
 
 void Interpreter::Loeschen(const std::string& pattern, const std::string&) {
-  if (IsAllowed(setting::VTSAllowRead)) DeleteFiles(pattern, parts_.fileSearch);
+  DeleteFiles(FromHome(pattern), parts_.fileSearch);
 }
 
 }  // namespace lorelin

@@ -53,6 +53,9 @@ class Interpreter {
     std::string scriptFolder;
     // The file name (with ".vts") behind the item with this number.
     std::function<std::string(std::int32_t)> fileOfItem;
+    std::string homeFolder{};     // what "~" stands for at the front of a path; "" for itself
+    std::string stopKey = "ESC";  // the key that ends a script, as the user is told
+    bool mayExport = true;        // scripts may write WAV files
   };
 
   explicit Interpreter(Parts parts) : parts_(std::move(parts)) {}
@@ -80,12 +83,18 @@ class Interpreter {
 
  private:
   using Action = void (Interpreter::*)(const std::string&, const std::string&);
+  struct Entry {
+    std::string_view name;
+    Action action;
+    const SettingKey* permission = nullptr;  // that the command needs
+  };
 
   class Variables;
 
-  [[nodiscard]] static Action ActionOf(std::string_view command);
+  [[nodiscard]] static const Entry* EntryOf(std::string_view command);
   [[nodiscard]] bool ScriptsAreAllowed();
-  [[nodiscard]] bool IsAllowed(const SettingKey& permission) const;
+  [[nodiscard]] bool IsAllowed(const Entry& command) const;
+  [[nodiscard]] std::string FromHome(const std::string& path) const;
   void RunOnce(std::int32_t item);
   void RunAgain(std::int32_t item);
   void WalkLines(std::string_view script);
@@ -93,7 +102,7 @@ class Interpreter {
   void AskWhetherToGoOn(const std::string& description);
   void LetEventsInNowAndThen();
   void EndBy(ScriptEnd end);
-  void Note(const std::string& command, const std::string& parameter1, const std::string& parameter2);
+  void Note(std::string_view what);
 
   void Meldung(const std::string& text, const std::string&);
   void Sprechen(const std::string&, const std::string&);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <utility>
@@ -94,6 +95,25 @@ bool IsClockTime(std::string_view text) {
          IsTwoDigits(text.substr(3, 2), 59) && IsTwoDigits(text.substr(6, 2), 59);
 }
 
+bool IsHoursAndMinutes(std::string_view text) {
+  return text.size() == 5 && text[2] == ':' && IsTwoDigits(text.substr(0, 2), 23) &&
+         IsTwoDigits(text.substr(3, 2), 59);
+}
+
+bool IsDate(std::string_view text) {
+  return text.size() == 10 && text[2] == '.' && text[5] == '.' && IsTwoDigits(text.substr(0, 2), 31) &&
+         IsTwoDigits(text.substr(3, 2), 12) && IsTwoDigits(text.substr(6, 2), 99) &&
+         IsTwoDigits(text.substr(8, 2), 99);
+}
+
+// "$Zeit:59": the variable stands for hours and minutes, the seconds are given.
+std::optional<std::string_view> SecondsBehindTime(std::string_view text) {
+  constexpr std::string_view kTime = "$Zeit:";
+  if (!text.starts_with(kTime)) return std::nullopt;
+  const std::string_view seconds = text.substr(kTime.size());
+  return IsTwoDigits(seconds, 59) ? std::optional(seconds) : std::nullopt;
+}
+
 std::size_t SeparatingCommas(std::string_view parameters) {
   std::size_t count = 0;
   for (std::size_t i = 0; i < parameters.size(); ++i) {
@@ -142,10 +162,10 @@ class Checker {
         ++line;
         continue;
       }
-      AddAt(line, FindingKind::Error,
-            "Diese Zeile endet nicht mit CR LF, darum gehört die nächste noch zu ihr. Öffnen und speichern "
-            "Sie das Skript "
-            "im Taskscript Editor, dann stimmt es.");
+      AddAt(
+          line, FindingKind::Error,
+          "Diese Zeile endet nicht mit CR LF, darum gehört die nächste noch zu ihr. Öffnen Sie das Skript im "
+          "Taskscript Editor, löschen Sie im Namen „.vts“ und speichern Sie es: dann stimmen die Zeilen.");
       return;
     }
   }
@@ -212,6 +232,11 @@ class Checker {
     }
     const std::string_view visible = WithoutBlanks(rest);
     const auto end = visible.find(");");
+    if (end == std::string_view::npos && signature.parameters == 0) {
+      Hint("Am Ende fehlt " + Quoted(visible.ends_with(')') ? ";" : ");") +
+           "; der Befehl wird trotzdem ausgeführt.");
+      return false;
+    }
     if (end == std::string_view::npos) {
       Error(visible.ends_with(')') ? "Am Ende fehlt das „;“: die Klammer „)“ wird Teil des Textes."
                                    : "Am Ende fehlt „);“.");
@@ -249,6 +274,7 @@ class Checker {
     CheckVariables(cut, signature.name);
     CheckKind(cut, signature, count);
     CheckConditions(cut, signature.name);
+    CheckEmpty(cut, signature.name);
     CheckDocument(cut, signature.name);
   }
 
@@ -263,24 +289,56 @@ class Checker {
     }
   }
 
+  // Without their first text these do nothing, fail, or do something else.
+  void CheckEmpty(const ScriptLine& cut, std::string_view command) {
+    struct Reason {
+      std::string_view command;
+      std::string_view text;
+    };
+    static constexpr std::array kReasons{
+        Reason{"Laden", "Ohne Dateinamen lädt „Laden“ nichts: das ist ein Fehler."},
+        Reason{"Löschen", "Ohne Dateinamen löscht „Löschen“ nichts: das ist ein Fehler."},
+        Reason{"Exportieren", "Ohne Dateinamen entsteht hinter „Exportieren“ keine Datei, die bleibt."},
+        Reason{"Ausführen", "Ohne Programm führt „Ausführen“ nichts aus: das ist ein Fehler."},
+        Reason{"Download", "Ohne Adresse lädt „Download“ nichts herunter."},
+        Reason{"Ersetzen", "„Ersetzen“ sucht hier nach nichts und ändert darum nichts."},
+        Reason{"Sprechen2", "Ohne Text spricht „Sprechen2“ das ganze Dokument."}};
+    if (command == "Download" && cut.parameter2.empty()) {
+      return Error("Ohne Dateinamen lädt „Download“ nichts herunter.");
+    }
+    const auto* const found = std::find_if(kReasons.begin(), kReasons.end(),
+                                           [&](const Reason& reason) { return reason.command == command; });
+    if (found == kReasons.end()) return;
+    const bool blanksCount = command == "Ersetzen";
+    if (!(blanksCount ? cut.parameter1 : WithoutBlanks(cut.parameter1)).empty()) return;
+    Add(command == "Sprechen2" ? FindingKind::Hint : FindingKind::Error, std::string(found->text));
+  }
+
   void CheckSeconds(const std::string& value) {
     if (!IsNumeric(value)) {
       Error(Quoted(value) + " ist keine Zahl: „Warten“ erwartet Sekunden.");
+    } else if (ToDouble(value) > kLongestWait) {
+      Error("„Warten“ nimmt höchstens " + std::to_string(static_cast<std::int64_t>(kLongestWait)) +
+            " Sekunden; mehr ist ein Fehler.");
     } else if (ToDouble(value) < -0.5) {
       Error("Eine Zeit in der Vergangenheit kommt nicht mehr: „Warten“ würde nicht enden.");
     }
   }
 
-  void CheckPercent(std::string_view command, const std::string& value) {
+  void CheckPercent(std::string_view command, const std::string& text) {
+    const std::string_view value = WithoutBlanks(text);
     const bool whole = !value.empty() && value.size() <= 3 &&
-                       value.find_first_not_of("0123456789") == std::string::npos && std::stoi(value) <= 100;
+                       value.find_first_not_of("0123456789") == std::string::npos &&
+                       std::stoi(std::string(value)) <= 100;
     if (!whole)
-      Error(Quoted(command) + " erwartet eine ganze Zahl von 0 bis 100, nicht " + Quoted(value) + ".");
+      Error(Quoted(command) + " erwartet eine ganze Zahl von 0 bis 100, nicht " + Quoted(text) + ".");
   }
 
   void CheckConditions(const ScriptLine& cut, std::string_view command) {
     const bool positive = command == "Wenn";
     if (!positive && command != "Wenn_nicht") return;
+    CheckComparison(cut.parameter1, cut.parameter2);
+    CheckComparison(cut.parameter2, cut.parameter1);
     if (cut.parameter2.starts_with(' ')) {
       Hint("Das Leerzeichen hinter dem Komma gehört zum Text und wird mitverglichen.");
     }
@@ -288,6 +346,18 @@ class Checker {
     Hint(positive
              ? "„Wenn“ macht nur weiter, wenn beide Texte gleich sind; sonst endet das Skript."
              : "„Wenn_nicht“ macht nur weiter, wenn beide Texte verschieden sind; sonst endet das Skript.");
+  }
+
+  // A variable of a fixed form against a text that never has this form.
+  void CheckComparison(std::string_view variable, std::string_view text) {
+    if (HasVariable(text)) return;
+    const std::string_view value = WithoutBlanks(text);
+    if (variable == "$Zeit" && !IsHoursAndMinutes(value)) {
+      Error("„$Zeit“ hat immer die Form HH:MM, etwa 09:05, und ist darum nie gleich " + Quoted(value) + ".");
+    } else if (variable == "$Datum" && !IsDate(value)) {
+      Error("„$Datum“ hat immer die Form TT.MM.JJJJ, etwa 01.02.2027, und ist darum nie gleich " +
+            Quoted(value) + ".");
+    }
   }
 
   void CheckDocument(const ScriptLine& cut, std::string_view command) {
@@ -302,10 +372,19 @@ class Checker {
         CheckVariable(std::string_view(*parameter).substr(at), command);
       }
     }
-    if (command == "WartenBis" && cut.parameter1.find("$Zeit") != std::string::npos) {
+    if (command == "WartenBis") CheckWaitForTime(cut.parameter1);
+  }
+
+  void CheckWaitForTime(const std::string& time) {
+    if (time.find("$Zeit") == std::string::npos) return;
+    const auto seconds = SecondsBehindTime(time);
+    if (!seconds) {
       Error(
           "„$Zeit“ hat keine Sekunden, „WartenBis“ vergleicht aber HH:MM:SS: darauf würde ohne Ende "
           "gewartet.");
+    } else if (*seconds != "59") {
+      Hint("Ist die Sekunde " + std::string(*seconds) +
+           " dieser Minute schon vorbei, wartet „WartenBis“ bis zum nächsten Tag.");
     }
   }
 
@@ -332,19 +411,60 @@ class Checker {
 
   void Remember(std::string_view command) {
     if ((command == "Stopp" || command == "Wiederholen") && !endedBy_) endedBy_ = line_;
-    if (command == "Exportieren") exportedAt_ = line_;
-    if (command == "Sprechen") exportedAt_.reset();
-    if (command == "Sprechen2" && exportedAt_) {
-      Error("„Sprechen2“ spricht in eine neue Datei: die von „Exportieren“ in Zeile " +
-            std::to_string(*exportedAt_) + " entsteht nicht. Sie braucht „Sprechen();“.");
+    RememberExport(command);
+    RememberSpeech(command);
+    lastCommand_ = command;
+    lastCommandAt_ = line_;
+  }
+
+  // What the next text is rendered into: a file of the script's that still waits for it, one that already
+  // holds a text, or a temporary one.
+  void RememberExport(std::string_view command) {
+    if (command == "Exportieren") {
+      TellExportWithoutFile();
+      exportedAt_ = line_;
+      writtenAt_.reset();
+    } else if (command == "Sprechen") {
+      if (writtenAt_) {
+        Error("Dieses „Sprechen“ überschreibt die Datei von „Exportieren“ in Zeile " +
+              std::to_string(*writtenAt_) + ". Geben Sie ihm mit „Exportieren“ eine eigene.");
+      }
+      if (exportedAt_) writtenAt_ = std::exchange(exportedAt_, std::nullopt);
+    } else if (command == "Sprechen2") {
+      if (exportedAt_) {
+        Error("„Sprechen2“ spricht in eine neue Datei: die von „Exportieren“ in Zeile " +
+              std::to_string(*exportedAt_) + " entsteht nicht. Sie braucht „Sprechen();“.");
+      }
       exportedAt_.reset();
+      writtenAt_.reset();
+    }
+  }
+
+  void TellExportWithoutFile() {
+    if (!exportedAt_) return;
+    AddAt(*exportedAt_, FindingKind::Error,
+          "Hinter „Exportieren“ fehlt „Sprechen();“: so entsteht keine Datei.");
+  }
+
+  void RememberSpeech(std::string_view command) {
+    const bool speaks = command == "Sprechen" || command == "Sprechen2";
+    if (speaks && spokenAt_) {
+      Hint("Hier bricht „" + std::string(command) + "“ ab, was „Sprechen2“ in Zeile " +
+           std::to_string(*spokenAt_) + " zu sprechen begann. Dazwischen fehlt ein „Warten“.");
+    }
+    if (command == "Sprechen2") {
+      spokenAt_ = line_;
+    } else if (speaks || command == "Warten" || command == "WartenBis" || command == "Meldung") {
+      spokenAt_.reset();
     }
   }
 
   void Finish() {
-    if (exportedAt_) {
-      AddAt(*exportedAt_, FindingKind::Error,
-            "Hinter „Exportieren“ fehlt „Sprechen();“: so entsteht keine Datei.");
+    TellExportWithoutFile();
+    if (lastCommand_ == "Text") {
+      AddAt(lastCommandAt_, FindingKind::Hint,
+            "Als letzter Befehl ist „Text“ nicht zu lesen: gleich danach steht in der Statusleiste, dass das "
+            "Skript zu Ende ist.");
     }
     std::stable_sort(findings_.begin(), findings_.end(),
                      [](const ScriptFinding& a, const ScriptFinding& b) { return a.line < b.line; });
@@ -360,7 +480,11 @@ class Checker {
   std::size_t line_ = 0;
   std::optional<std::size_t> endedBy_;
   bool unreachableTold_ = false;
-  std::optional<std::size_t> exportedAt_;
+  std::optional<std::size_t> exportedAt_;  // a file waits for its text
+  std::optional<std::size_t> writtenAt_;   // a file has its text and is still the target
+  std::optional<std::size_t> spokenAt_;    // a text that is not waited for
+  std::string lastCommand_;
+  std::size_t lastCommandAt_ = 0;
   std::set<std::string_view> conditionsTold_;
 };
 

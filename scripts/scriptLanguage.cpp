@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/RuntimeError.h"
 #include "base/text.h"
 #include "base/textEncoding.h"
 
@@ -176,15 +177,32 @@ std::optional<ScriptLine> CutLine(std::string_view line) {
   return cut;
 }
 
+void RequireTextSize(std::size_t bytes) {
+  if (bytes <= kMostTextBytes) return;
+  throw RuntimeError(ErrorNumber::OutOfStringSpace,
+                     ErrorText(ErrorNumber::OutOfStringSpace) +
+                         " (14): Taskscripts können einen Text auf höchstens 64 MB wachsen lassen.");
+}
+
+void ReplaceWithinLimit(std::string& text, std::string_view from, std::string_view to) {
+  if (from.empty()) return;
+  std::size_t size = text.size();
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + from.size())) {
+    size = size - from.size() + to.size();
+    RequireTextSize(to.size() > from.size() ? size : 0);
+  }
+  ReplaceAll(text, from, to);
+}
+
 void RestoreCommas(std::string& parameter) {
   ReplaceAll(parameter, kComma, ",");
 }
 
 void ExpandVariables(std::string& parameter, ScriptVariables& values) {
   const auto expand = [&](std::string_view name, std::string (ScriptVariables::*value)()) {
-    if (parameter.find(name) != std::string::npos) ReplaceAll(parameter, name, (values.*value)());
+    if (parameter.find(name) != std::string::npos) ReplaceWithinLimit(parameter, name, (values.*value)());
   };
-  ReplaceAll(parameter, "$Zwischenablage", values.Clipboard());
+  ReplaceWithinLimit(parameter, "$Zwischenablage", values.Clipboard());
   expand("$Zeit", &ScriptVariables::TimeOfDay);
   expand("$Datum", &ScriptVariables::Date);
   expand("$Windows", &ScriptVariables::WindowsFolder);

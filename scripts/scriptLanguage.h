@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <span>
@@ -13,6 +14,18 @@ namespace lorelin {
 
 // The language of the task scripts (.vts): what a file is cut into, which commands there are, and the
 // variables in parameters. Pure; texts are UTF-8.
+
+// Warten takes at most a century.
+inline constexpr double kLongestWait = 3e9;  // seconds
+
+// As large as a script can make a text; a document that doubles with every round would take all memory.
+inline constexpr std::size_t kMostTextBytes = std::size_t{64} << 20;
+
+// Throws RuntimeError 14, with number and limit in its text, for a size beyond that.
+void RequireTextSize(std::size_t bytes);
+
+// Every occurrence of `from` as `to`; throws like RequireTextSize, and changes nothing then.
+void ReplaceWithinLimit(std::string& text, std::string_view from, std::string_view to);
 
 // One command line, cut. The command is stripped of blanks, the parameters are not; in them "%KOMMA%" still
 // stands for an escaped comma (see RestoreCommas).
@@ -66,7 +79,8 @@ class ScriptVariables {
 };
 
 // Replaces every occurrence of every variable, one variable after the other: what an earlier one put in is
-// expanded by the later ones. Case-sensitive.
+// expanded by the later ones. Case-sensitive. Throws RuntimeError 14 when the text would outgrow
+// kMostTextBytes; some of the variables are expanded then.
 void ExpandVariables(std::string& parameter, ScriptVariables& values);
 
 // The values of $Zeit (HH:MM) and $Datum (DD.MM.YYYY).

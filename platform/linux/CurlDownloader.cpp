@@ -137,13 +137,14 @@ class Transfer {
 
 }  // namespace
 
-void CurlDownloader::Download(const std::string& url, const std::string& targetFile,
-                              const std::function<bool()>& keepGoing) {
+std::string CurlDownloader::Download(const std::string& url, const std::string& targetFile,
+                                     const std::function<bool()>& keepGoing) {
   InitializeOnce();
   const std::string address = PublicAddress(url);
-  const auto fail = [&](const std::string& reason) {
+  const auto fail = [&](std::string reason) {
     log_.Write("Download " + (address.empty() ? "(unverständliche Adresse)" : address) + " nach " +
                targetFile + ": " + reason);
+    return reason;
   };
   if (targetFile.empty()) return fail("kein Dateiname");
   UnfinishedFile file(NativePath(targetFile));
@@ -152,7 +153,8 @@ void CurlDownloader::Download(const std::string& url, const std::string& targetF
   if (const std::string reason = Transfer(url, body).Run(keepGoing); !reason.empty()) return fail(reason);
   // Not every file system has such attributes.
   (void)setxattr(file.Path().c_str(), "user.xdg.origin.url", address.data(), address.size(), 0);
-  if (const int error = file.PutInPlace(); error != 0) fail(std::strerror(error));
+  if (const int error = file.PutInPlace(); error != 0) return fail(std::strerror(error));
+  return {};
 }
 
 }  // namespace lorelin

@@ -11,8 +11,8 @@ class CurlDownloader final : public Downloader {
  public:
   // Does not own the log, which must outlive it.
   explicit CurlDownloader(Log& log) : log_(log) {}
-  void Download(const std::string& url, const std::string& targetFile,
-                const std::function<bool()>& keepGoing) override;
+  std::string Download(const std::string& url, const std::string& targetFile,
+                       const std::function<bool()>& keepGoing) override;
 
  private:
   Log& log_;

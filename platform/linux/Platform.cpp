@@ -32,7 +32,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.launcher = std::make_unique<SpawnLauncher>();
   services.downloader = std::make_unique<CurlDownloader>(*services.log);
   services.fileWriter = std::make_unique<AtomicFileWriter>();
-  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock);
+  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock, verbose);
   services.automation = std::make_unique<DBusAutomation>(*services.log);
   // Below Wayland an X server knows only the windows of old programs.
   const char* const wayland = std::getenv("WAYLAND_DISPLAY");

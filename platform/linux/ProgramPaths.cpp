@@ -121,6 +121,7 @@ ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
           .scriptLogFile = PathText(folder / "taskscripts.log"),
           .cacheFolder = PathText(moved ? home / "cache" : BaseFolder(facts, "XDG_CACHE_HOME", ".cache")),
           .lockFile = PathText(settings / "lorelin.lock"),
+          .homeFolder = PathText(facts.home),
           .desktopFolder =
               moved ? "" : PathText(BaseFolder(facts, "XDG_DATA_HOME", ".local/share").parent_path())};
 }

@@ -37,7 +37,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.launcher = std::make_unique<CreateProcessLauncher>();
   services.downloader = std::make_unique<UrlmonDownloader>(*services.log);
   services.fileWriter = std::make_unique<AtomicFileWriter>();
-  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock);
+  services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock, verbose);
   services.automation = std::make_unique<ComAutomation>(*services.log);
   services.foreground = std::make_unique<User32ForegroundWindow>();
   auto registry = std::make_unique<AdvapiRegistry>(*services.log);

@@ -73,6 +73,7 @@ ProgramPaths FindProgramPaths() {
           .scriptLogFile = PathText(folder / "taskscripts.log"),
           .cacheFolder = PathText((named.empty() ? users : named) / "cache"),
           .lockFile = PathText(named),
+          .homeFolder = PathText(KnownFolder(FOLDERID_Profile)),
           .desktopFolder = ""};
 }
 

@@ -136,10 +136,11 @@ class Cancelling {
 
 }  // namespace
 
-void UrlmonDownloader::Download(const std::string& url, const std::string& targetFile,
-                                const std::function<bool()>& keepGoing) {
-  const auto fail = [&](const std::string& reason) {
+std::string UrlmonDownloader::Download(const std::string& url, const std::string& targetFile,
+                                       const std::function<bool()>& keepGoing) {
+  const auto fail = [&](std::string reason) {
     log_.Write("Download " + PublicAddress(url) + " nach " + targetFile + ": " + reason);
+    return reason;
   };
   if (!IsWebAddress(url)) return fail("keine Adresse im Web");
   if (targetFile.empty()) return fail("kein Dateiname");
@@ -159,8 +160,9 @@ void UrlmonDownloader::Download(const std::string& url, const std::string& targe
   try {
     AtomicFileWriter().Copy(Utf8(file), targetFile, [](double) { return true; });
   } catch (const RuntimeError& error) {
-    fail(error.what());
+    return fail(error.what());
   }
+  return {};
 }
 
 }  // namespace lorelin

@@ -107,5 +107,12 @@ TEST(Options, RefuseNumbersThatAreNoneOrOutOfRange) {
   EXPECT_NE(Refusal({"say", "--voice", "0"}), "(angenommen)");
 }
 
+TEST(Options, SayWhatADenialCovers) {
+  const std::string help = HelpText();
+  for (const auto* const command : {"Laden", "Löschen", "Ausführen", "Exportieren", "Download"}) {
+    EXPECT_NE(help.find(command), std::string::npos) << command;
+  }
+}
+
 }  // namespace
 }  // namespace lorelin::cli

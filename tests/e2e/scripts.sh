@@ -49,8 +49,21 @@ check "and then deletes it" test ! -e geladen.txt
 script fehlt "Download(http://127.0.0.1:$port/fehlt.txt,fehlt.txt);" 'Text(weiter);'
 check "a download that fails is silent" runs 0 fehlt
 check "and leaves no file" test ! -e fehlt.txt
-check "downloads can be denied" runs 5 laden --deny download --yes
+check "but is noted" grep -q 'fehlt.vts: Download fehlgeschlagen: ' "$LORELIN_HOME/taskscripts.log"
+check "downloads can be denied" runs 5 laden --deny download --yes --verbose
+check "which is told" says " Zeichen): nicht erlaubt"
 kill $server
+
+script still 'Exportieren(verboten.wav);' 'Sprechen2(Guten Tag.);'
+check "a script that may not touch files exports nothing" runs 0 still --deny read
+check "there is no file" test ! -e verboten.wav
+script halt 'Sprechen2(Guten Tag.);' 'Pause();'
+check "a script that holds its speech ends with a failure" runs 1 halt
+check "that tells why" says "angehalten und nicht fortgesetzt"
+check "the hint to the button is not shown for it" bash -c '! grep -q "Klick auf Pause" err'
+script pause 'Sprechen2(Guten Tag.);' 'Pause();' 'Warten(1);' 'Pause();'
+check "one that lets it go on does not" runs 0 pause --verbose
+check "the way to end a script is the one that works here" says "Drücken Sie Strg+C um die Ausführung von 'pause.vts' zu beenden."
 
 mkdir weg && touch weg/a.txt weg/b.txt weg/c.wav weg/.versteckt.txt && mkdir weg/ordner.txt
 ln -s weg verweis
@@ -65,6 +78,10 @@ check "and can be passed over" runs 5 weg --yes
 script verweis 'Löschen(verweis/*.*);'
 check "nothing is deleted through a link" runs 1 verweis --no
 check "the file is still there" test -e weg/c.wav
+printf 'Zu Hause.' >heim.txt
+script heim 'Laden(~/heim.txt);' 'Exportieren(~/heim.wav);' 'Sprechen();'
+check "a tilde is the user's folder" exits 0 env HOME="$home" "$cli" run heim.vts
+check "also for what is written" is_wave heim.wav 0
 script wurzel 'Löschen($Windows\*.lorelin-test);'
 check "without a Windows folder the pattern is one of the root" exits 1 env -u windir "$cli" run --no wurzel.vts
 
@@ -134,7 +151,7 @@ wait $pid
 check "and end on Ctrl+C" test $? -eq 130
 script wachsen 'Dokument($Text$Text x,0);' 'Wiederholen();'
 check "a text that outgrows the memory is an error" bash -c "ulimit -v 1500000; '$cli' run --no wachsen.vts 2>'$home/err'; test \$? -eq 1"
-check "which is told" says "Nicht genügend Speicher"
+check "which is told" says "Nicht genügend Zeichenfolgenspeicher (14)"
 check "no engine is left" within 5 no_engine_left "$bin"
 
 exit $((failures > 0))

@@ -32,7 +32,7 @@ class DownloaderTest : public testing::Test {
     return HttpAnswer("200 OK", "Guten Tag");
   }
   void Download(const std::string& url) {
-    downloader.Download(url, target, [this] { return ++turns != endAt; });
+    failure = downloader.Download(url, target, [this] { return ++turns != endAt; });
   }
   bool NothingIsLeft() { return fs::is_empty(folder.Path()); }
 
@@ -41,6 +41,7 @@ class DownloaderTest : public testing::Test {
   CurlDownloader downloader{log};
   LoopbackServer server{[this](const std::string& path) { return Answer(path); }};
   std::string target = folder.File("ziel.txt");
+  std::string failure;
   int turns = 0;
   int endAt = -1;
 };
@@ -48,6 +49,7 @@ class DownloaderTest : public testing::Test {
 TEST_F(DownloaderTest, PutsTheAnswerIntoTheFile) {
   Download(server.Url("/text"));
   EXPECT_EQ(ReadFile(target), "Guten Tag");
+  EXPECT_EQ(failure, "");
   EXPECT_EQ(log.lines, std::vector<std::string>{});
   EXPECT_NE(server.LastRequest().find("Cache-Control: no-cache"), std::string::npos);
   EXPECT_GT(turns, 0);
@@ -69,6 +71,7 @@ TEST_F(DownloaderTest, LeavesNothingWhenItFails) {
     Download(server.Url(path));
     EXPECT_TRUE(NothingIsLeft()) << path;
     EXPECT_EQ(log.lines.size(), 1U) << path;
+    EXPECT_NE(failure, "") << path;
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "scripts/scriptLanguage.h"
 #include "tests/support/ScriptFixture.h"
 
 namespace lorelin {
@@ -250,6 +251,60 @@ TEST_F(InterpreterTest, KeepsContentsOutOfTheRunLog) {
   ASSERT_EQ(runLog.lines.size(), 3U);
   EXPECT_EQ(runLog.lines[0], "a.vts: Text(10 Zeichen)");
   EXPECT_EQ(runLog.lines[1], "a.vts: Sprechen2(10 Zeichen)");
+}
+
+TEST_F(InterpreterTest, NotesWhatWasNotAllowed) {
+  Set(setting::VTSAllowRead, "0");
+  Set(setting::VTSAllowDownload, "0");
+  Run("Laden(a.txt);\r\nLöschen(a.txt);\r\nAusführen(a);\r\nDownload(http://a.de/,b);");
+  EXPECT_EQ(runLog.lines,
+            (std::vector<std::string>{
+                "a.vts: Laden(5 Zeichen): nicht erlaubt", "a.vts: Löschen(5 Zeichen): nicht erlaubt",
+                "a.vts: Ausführen(1 Zeichen): nicht erlaubt",
+                "a.vts: Download(12 Zeichen, 1 Zeichen): nicht erlaubt", "a.vts: zu Ende"}));
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+}
+
+TEST_F(InterpreterTest, NotesADownloadThatFailedAndGoesOn) {
+  downloader.failure = "HTTP 404";
+  Run("Download(http://a.de/,b);\r\nMeldung(weiter);");
+  EXPECT_EQ(runLog.lines[1], "a.vts: Download fehlgeschlagen: HTTP 404");
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text, "weiter");
+}
+
+TEST_F(InterpreterTest, TakesATildeForTheUsersFolder) {
+  document.files[folder.Path() + "/a.txt"] = "Text";
+  Run("Laden(~/a.txt);\r\nExportieren(~\\a.wav);\r\nDownload(http://a.de/,~/b.txt);");
+  EXPECT_EQ(document.text, "Text");
+  EXPECT_EQ(voice2.WaveFile(), folder.Path() + "\\a.wav");
+  ASSERT_EQ(downloader.fetched.size(), 1U);
+  EXPECT_EQ(downloader.fetched[0].second, folder.Path() + "/b.txt");
+  Run("Exportieren(a~/b.wav);");
+  EXPECT_EQ(voice2.WaveFile(), "a~/b.wav");
+}
+
+// Every round doubles the document, and would do so until the memory is full.
+TEST_F(InterpreterTest, LetsNoTextOutgrowItsLimit) {
+  document.text = "x";
+  messageBoxes.answers = {MessageAnswer::No};
+  Run("Dokument($Text$Text,0);\r\nWiederholen();");
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_NE(messageBoxes.boxes[0].text.find("Nicht genügend Zeichenfolgenspeicher (14)"), std::string::npos)
+      << messageBoxes.boxes[0].text;
+  EXPECT_EQ(document.text.size(), kMostTextBytes);
+  EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::AfterError);
+}
+
+TEST_F(InterpreterTest, LetsNoCommandMakeTheDocumentTooLarge) {
+  const std::string large((40 << 20), 'x');
+  for (const auto* const script : {"Dokument($Text,1);", "Ersetzen(x,xx);", "Ersetzen(x,$Text);"}) {
+    document.text = large;
+    messageBoxes.boxes.clear();
+    Run(script);
+    ASSERT_EQ(messageBoxes.boxes.size(), 1U) << script;
+    EXPECT_EQ(document.text.size(), large.size()) << script;
+  }
 }
 
 TEST(SplitCommandLine, PartsAtBlanksOutsideOfQuotes) {

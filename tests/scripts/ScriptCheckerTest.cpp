@@ -66,11 +66,12 @@ TEST(CheckScript, NamesWhatCutsAText) {
 
 TEST(CheckScript, NamesAWrongEndOfTheLine) {
   ExpectFinding("Sprechen2(Hallo)", 'E', "fehlt das „;“");
-  ExpectFinding("Sprechen()", 'E', "fehlt das „;“");
+  ExpectFinding("Sprechen()", 'H', "fehlt „;“; der Befehl wird trotzdem ausgeführt");
+  ExpectFinding("Stopp(", 'H', "fehlt „);“; der Befehl wird trotzdem ausgeführt");
   ExpectFinding("Sprechen2(Hallo", 'E', "fehlt „);“");
   ExpectFinding("Sprechen2(a);b);", 'E', "wird entfernt");
   ExpectFinding("Sprechen2(a); # laut", 'E', "wird entfernt");
-  ExpectFinding("Text(a); ", 'H', "Leerzeichen");
+  ExpectFinding("Meldung(a); ", 'H', "Leerzeichen");
 }
 
 TEST(CheckScript, NamesParametersThatDoNotFit) {
@@ -90,12 +91,42 @@ TEST(CheckScript, NamesNumbersThatAreNone) {
   ExpectFinding("WartenBis(21:05);", 'E', "HH:MM:SS");
   ExpectFinding("WartenBis(24:00:00);", 'E', "HH:MM:SS");
   ExpectFinding("WartenBis($Zeit);", 'E', "keine Sekunden");
+  ExpectFinding("WartenBis($Zeit:5);", 'E', "keine Sekunden");
+  ExpectFinding("WartenBis($Zeit:30);", 'H', "wartet „WartenBis“ bis zum nächsten Tag");
+  EXPECT_EQ(Findings("WartenBis($Zeit:59);"), "");
+  ExpectFinding("Warten(99999999999);", 'E', "höchstens 3000000000 Sekunden");
+  EXPECT_EQ(Findings("Warten(3000000000);"), "");
+  EXPECT_EQ(Findings("Geschwindigkeit( 50);\r\nHelligkeit(50 );"), "");
+}
+
+TEST(CheckScript, NamesParametersThatAreEmpty) {
+  ExpectFinding("Laden();", 'E', "lädt „Laden“ nichts");
+  ExpectFinding("Löschen();", 'E', "löscht „Löschen“ nichts");
+  ExpectFinding("Ausführen( );", 'E', "führt „Ausführen“ nichts aus");
+  ExpectFinding("Exportieren();\r\nSprechen();", 'E', "keine Datei, die bleibt");
+  ExpectFinding("Ersetzen(,x);", 'E', "ändert darum nichts");
+  EXPECT_EQ(Findings("Ersetzen( ,x);"), "");
+  ExpectFinding("Download(,a.txt);", 'E', "Ohne Adresse");
+  ExpectFinding("Download(http://a.de/b,);", 'E', "Ohne Dateinamen");
+  ExpectFinding("Sprechen2();", 'H', "das ganze Dokument");
+}
+
+TEST(CheckScript, NamesComparisonsThatAreNeverEqual) {
+  EXPECT_NE(Findings("Wenn($Zeit,12:00:00);").find("E „$Zeit“ hat immer die Form HH:MM"), std::string::npos);
+  EXPECT_NE(Findings("Wenn_nicht(9:05,$Zeit);").find("nie gleich „9:05“"), std::string::npos);
+  EXPECT_NE(Findings("Wenn($Datum,1.1.2027);").find("E „$Datum“ hat immer die Form TT.MM.JJJJ"),
+            std::string::npos);
+  EXPECT_NE(Findings("Wenn($Datum,32.01.2027);").find("nie gleich"), std::string::npos);
+  for (const auto* const sound : {"Wenn($Zeit,12:00);", "Wenn($Datum,01.01.2027);", "Wenn($Zeit,$Text);",
+                                  "Wenn_nicht($Text,12:00:00);", "Wenn($Zeit Uhr,12:00 Uhr);"}) {
+    EXPECT_EQ(Findings(sound).find(" E "), std::string::npos) << sound;
+  }
 }
 
 TEST(CheckScript, NamesVariablesThatDoNotExist) {
-  ExpectFinding("Text($zeit);", 'E', "Meinten Sie „$Zeit“?");
+  ExpectFinding("Meldung($zeit);", 'E', "Meinten Sie „$Zeit“?");
   ExpectFinding("Ersetzen(a,$Datm);", 'E', "Meinten Sie „$Datum“?");
-  ExpectFinding("Text($Wochentag);", 'H', "der Text bleibt so stehen");
+  ExpectFinding("Meldung($Wochentag);", 'H', "der Text bleibt so stehen");
   ExpectFinding("Sprechen2(Es ist $Zeit[h] Uhr);", 'H', "nur im Dokument");
 }
 
@@ -115,6 +146,34 @@ TEST(CheckScript, NamesAnExportThatLeavesNoFile) {
   ExpectFinding("Exportieren(a.wav);", 'E', "fehlt „Sprechen();“");
   EXPECT_NE(Findings("Exportieren(a.wav);\r\nSprechen2(x);\r\nSprechen();")
                 .find("2 E „Sprechen2“ spricht in eine neue"),
+            std::string::npos);
+}
+
+TEST(CheckScript, NamesASpeechThatOverwritesAnExportedFile) {
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nSprechen();\r\nSprechen();"),
+            "3 E Dieses „Sprechen“ überschreibt die Datei von „Exportieren“ in Zeile 1. Geben Sie ihm mit "
+            "„Exportieren“ eine eigene.");
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nSprechen();\r\nExportieren(b.wav);\r\nSprechen();"), "");
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nSprechen();\r\nSprechen2(x);\r\nWarten(3);\r\nSprechen();"), "");
+  EXPECT_EQ(Findings("Exportieren(a.wav);\r\nExportieren(b.wav);\r\nSprechen();"),
+            "1 E Hinter „Exportieren“ fehlt „Sprechen();“: so entsteht keine Datei.");
+}
+
+TEST(CheckScript, NamesASpeechThatIsCutOff) {
+  EXPECT_EQ(
+      Findings("Sprechen2(a);\r\nText(x);\r\nSprechen2(b);\r\nMeldung(c);\r\nSprechen();"),
+      "3 H Hier bricht „Sprechen2“ ab, was „Sprechen2“ in Zeile 1 zu sprechen begann. Dazwischen fehlt ein "
+      "„Warten“.");
+  EXPECT_EQ(Findings("Sprechen2(a);\r\nWarten(5);\r\nSprechen();\r\nSprechen();"), "");
+}
+
+TEST(CheckScript, NamesAStatusTextThatNobodyCanRead) {
+  EXPECT_NE(Findings("Sprechen();\r\nText(fertig);").find("2 H Als letzter Befehl"), std::string::npos);
+  EXPECT_EQ(Findings("Text(es geht los);\r\nSprechen();"), "");
+}
+
+TEST(CheckScript, TellsTruthfullyHowToMendLineEnds) {
+  EXPECT_NE(Findings("Stopp();\nText(b);").find("löschen Sie im Namen „.vts“ und speichern Sie es"),
             std::string::npos);
 }
 

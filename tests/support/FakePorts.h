@@ -204,13 +204,15 @@ class FakeProgramLauncher final : public ProgramLauncher {
 // Asks `turns` times whether to go on, then keeps what was fetched.
 class FakeDownloader final : public Downloader {
  public:
-  void Download(const std::string& url, const std::string& targetFile,
-                const std::function<bool()>& keepGoing) override {
+  std::string Download(const std::string& url, const std::string& targetFile,
+                       const std::function<bool()>& keepGoing) override {
     for (int turn = 0; turn < turns; ++turn) {
-      if (!keepGoing()) return;
+      if (!keepGoing()) return "abgebrochen";
     }
-    fetched.emplace_back(url, targetFile);
+    if (failure.empty()) fetched.emplace_back(url, targetFile);
+    return failure;
   }
+  std::string failure;
   std::vector<std::pair<std::string, std::string>> fetched;
   int turns = 1;
 };

@@ -57,7 +57,8 @@ class ScriptFixture : public SpeechFixture {
                          .helpDialogs = helpDialogs,
                          .programFolder = folder.Path(),
                          .createScript = [this] { ++editorsOpened; },
-                         .mayClose = [this] { return mayClose; }}};
+                         .mayClose = [this] { return mayClose; },
+                         .homeFolder = folder.Path()}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;
   ModExport& exporter = modules.exporter;

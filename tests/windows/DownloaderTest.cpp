@@ -23,7 +23,7 @@ class DownloaderTest : public testing::Test {
     return HttpAnswer("200 OK", "Guten Tag " + std::to_string(++answers));
   }
   void Download(const std::string& url) {
-    downloader.Download(url, target, [this] { return ++turns != endAt; });
+    failure = downloader.Download(url, target, [this] { return ++turns != endAt; });
   }
   bool NothingIsLeft() { return fs::is_empty(folder.Path()); }
 
@@ -33,6 +33,7 @@ class DownloaderTest : public testing::Test {
   LoopbackServer server{[this](const std::string& path) { return Answer(path); }};
   std::string target = folder.File("ziel.txt");
   int answers = 0;
+  std::string failure;
   int turns = 0;
   int endAt = -1;
 };
@@ -60,6 +61,7 @@ TEST_F(DownloaderTest, KeepsTheOldFileWhenItFails) {
   WriteFile(target, "alt");
   Download(server.Url("/fehlt"));
   EXPECT_EQ(ReadFile(target), "alt");
+  EXPECT_NE(failure, "");
   EXPECT_EQ(log.lines.size(), 1U);
 }
 
