@@ -116,7 +116,7 @@ wxWindow* FrmTaskEditor::BuildText(wxWindow* parent) {
   rtfSkript_->SetFont(wxFontInfo(rtfSkript_->GetFont().GetPointSize() * 1.1).Family(wxFONTFAMILY_TELETYPE));
   SetInnerMargins(*rtfSkript_, FromDIP(10), FromDIP(8));
   SetAccessibleName(*rtfSkript_, "Taskscript");
-  buffer_ = std::make_unique<RichTextBuffer>(*rtfSkript_);
+  buffer_ = std::make_unique<RichTextBuffer>(*rtfSkript_, rtfSkript_->GetFont());
   rtfSkript_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { TextChanged(); });
   return rtfSkript_;
 }
