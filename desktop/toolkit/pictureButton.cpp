@@ -15,7 +15,7 @@ void MakeReadableOnPicture(wxButton& button) {
       "  background: none; border-color: transparent; box-shadow: none; text-shadow: none; }"
       "button:hover { background-color: rgba(0, 0, 0, 0.35); }"
       "button:active { background-color: rgba(0, 0, 0, 0.5); }"
-      "button:focus { outline: 2px solid white; outline-offset: -3px; }";
+      "button:focus { outline: 2px solid white; outline-offset: 1px; }";
   GtkCssProvider* const provider = gtk_css_provider_new();
   gtk_css_provider_load_from_data(provider, kStyle, -1, nullptr);
   gtk_style_context_add_provider(gtk_widget_get_style_context(button.GetHandle()),
