@@ -92,10 +92,13 @@ class App::Program {
     form_->Attach(&modules_);
     OnTermination([this] { EndNow(); });
     wxTheApp->Bind(wxEVT_END_SESSION, &Program::OnEndSession, this);
-    spoken_.extensions.WhileWaiting({.clock = *services_.clock, .tell = Notice(), .turn = [] {
-                                       WxEventPump::Repaint();
-                                       return !WxEventPump::EscapeIsWaiting();
-                                     }});
+    spoken_.extensions.WhileWaiting({.clock = *services_.clock,
+                                     .tell = [this](const std::string& text) { form_->SetMessage(text); },
+                                     .turn =
+                                         [] {
+                                           WxEventPump::Repaint();
+                                           return !WxEventPump::EscapeIsWaiting();
+                                         }});
     messageBoxes_.SetParent(form_.get());
     fileDialogs_.SetParent(form_.get());
     voiceDialogs_.SetParent(form_.get());

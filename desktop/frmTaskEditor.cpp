@@ -227,7 +227,7 @@ std::string FrmTaskEditor::ScriptText() {
   return FromWx(rtfSkript_->GetValue());
 }
 void FrmTaskEditor::SetScriptText(std::string_view text) {
-  buffer_->ReplaceText(ToWx(text));
+  buffer_->ReplaceText(text);
 }
 
 void FrmTaskEditor::AppendText(std::string_view text) {
