@@ -54,7 +54,7 @@ class Pane : public FormFixture {
 
 TEST_F(Pane, MakesNoViewForAPageThatIsNotSeen) {
   WriteFile(folder.File("brief.txt"), "Lieber Leser");
-  startup.startupFilePath = folder.File("brief.txt");
+  spoken.startup.startupFilePath = folder.File("brief.txt");
   window.Load();
   EXPECT_EQ(form.Editor().Text(), "Lieber Leser");
   EXPECT_TRUE(form.Browser().GetChildren().empty());

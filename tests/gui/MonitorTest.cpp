@@ -68,7 +68,8 @@ TEST_F(MonitorForm, FetchesATextOnceForEachChange) {
     EXPECT_TRUE(WaitUntil([&] { return clipboard.Text() == "groß"; }));
   };
   copy();
-  ASSERT_TRUE(WaitUntil([&, before = fetched] { return clipboard.Text() == "groß" && fetched == before; }));
+  for (int i = 0; i < 20; ++i) pump.RunPendingEvents();  // until the system has told of it
+  EXPECT_EQ(clipboard.Text(), "groß");
   const int once = fetched;
   for (int i = 0; i < 5; ++i) EXPECT_EQ(clipboard.Text(), "groß");
   EXPECT_EQ(fetched, once);
