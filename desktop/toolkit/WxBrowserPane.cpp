@@ -77,7 +77,7 @@ void WxBrowserPane::CreateView() {
   LetPageTakeFocus(*view_);
   GetSizer()->Add(view_, wxSizerFlags(1).Expand());
   Layout();
-  Zoom(0);
+  SetZoom(zoomSteps_);
   if (offline_) BlockNetwork(*view_, filterFolder_);
   view_->AddScriptMessageHandler(kMessageHandler);
   view_->AddUserScript(kReportClicks);
@@ -87,7 +87,6 @@ void WxBrowserPane::CreateView() {
   view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
   view_->Bind(wxEVT_WEBVIEW_NEWWINDOW, &WxBrowserPane::OnNewWindow, this);
   view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);
-  if (zoomSteps_ != 0) SetZoom(zoomSteps_);
   if (viewMade_) viewMade_(*view_);
 }
 

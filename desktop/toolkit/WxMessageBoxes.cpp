@@ -46,10 +46,10 @@ MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title
 MessageAnswer WxMessageBoxes::Choose(std::string_view text, std::string_view title,
                                      const MessageChoices& choices) {
   constexpr MessageButtons kButtons = MessageButtons::YesNoCancel;
-  MessageDialog dialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title), ButtonStyle(kButtons),
-                       MessageIcon::Question);
-  dialog.SetYesNoCancelLabels(ToWx(choices.yes), ToWx(choices.no), ToWx(choices.cancel));
-  return Answer(dialog.ShowModal(), kButtons);
+  const auto dialog = MakeMessageDialog(OwnerOfDialog(parent_), ToWx(text), ToWx(title),
+                                        ButtonStyle(kButtons), MessageIcon::Question);
+  dialog->SetYesNoCancelLabels(ToWx(choices.yes), ToWx(choices.no), ToWx(choices.cancel));
+  return Answer(dialog->ShowModal(), kButtons);
 }
 
 }  // namespace lorelin
