@@ -1,4 +1,4 @@
-#include "extensions/german/numberWords.h"
+#include "german/numberWords.h"
 
 #include <array>
 
