@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/pronunciationCommands.h"
 #include "app/sequences.h"
 #include "app/windowCommands.h"
 #include "base/paths.h"
@@ -149,6 +150,8 @@ void WindowModules::FillCommands() {
   AddSpeechCommands(commands, edges.spoken.speech, exporter, edges.voiceDialogs);
   AddDocumentCommands(commands, documents, opening);
   AddEditingCommands(commands, edges.document, edges.clipboard, edges.editing);
+  AddPronunciationCommands(commands, edges.spoken.pronunciations, edges.pronunciationDialogs, edges.document,
+                           edges.view);
   AddTextSizeCommands(commands, textSize);
   AddConditions(commands, edges.spoken.speech, edges.editing);
   AddHelpCommands(commands, modes, edges.helpDialogs, launches);

@@ -23,6 +23,7 @@
 #include "ports/EditorCommands.h"
 #include "ports/HelpDialogs.h"
 #include "ports/ProgressWindow.h"
+#include "ports/PronunciationDialogs.h"
 #include "ports/SystemPorts.h"
 #include "ports/VoiceDialogs.h"
 #include "scripts/TaskMenu.h"
@@ -53,6 +54,7 @@ struct WindowModules {
     EventPump& pump;
     VoiceDialogs& voiceDialogs;
     HelpDialogs& helpDialogs;
+    PronunciationDialogs& pronunciationDialogs;
     std::string programFolder;
     std::function<void()> createScript;                    // opens the script editor
     std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide

@@ -27,6 +27,7 @@ constexpr MenuEntry kDelete{"mnuDelete", "&Löschen", "Delete", "Del", true};
 constexpr MenuEntry kSelectAll{"mnuSelectAll", "Alles &markieren", "SelectAll", "Ctrl+A"};
 constexpr MenuEntry kReadSelection{"mnuReadSelection", "Auswahl &vorlesen", "ReadSelection", "Shift+F5"};
 constexpr MenuEntry kReadFromCur{"mnuReadFromCur", "Text ab Cursorposition lesen", "ReadFromCursor", "F7"};
+constexpr MenuEntry kPronounce{"mnuPronounce", "Aussprache än&dern …", "ChangePronunciation", ""};
 
 constexpr std::array kEditMenu{
     kCut,
@@ -41,6 +42,8 @@ constexpr std::array kEditMenu{
     MenuEntry{"mnuFind", "&Suchen …", "Find", "Ctrl+F"},
     MenuEntry{"mnuFindAgain", "Weitersu&chen", "FindAgain", "F3"},
     MenuEntry{"mnuReplace", "Erse&tzen …", "Replace", "Ctrl+H"},
+    kSeparator,
+    kPronounce,
 };
 
 constexpr std::array kActionMenu{
@@ -68,6 +71,8 @@ constexpr std::array kViewMenu{
 
 constexpr std::array kExtrasMenu{
     MenuEntry{"mnuSettings", "Einstellungen", "Settings", ""},
+    MenuEntry{"mnuSpellOut", "&Zahlen und Abkürzungen ausschreiben", "SwitchSpelling", ""},
+    MenuEntry{"mnuPronunciations", "Eigene &Aussprachen …", "ShowPronunciations", ""},
     MenuEntry{"mnuXMGR", "Erweiterungen verwalten", "ManageExtensions", ""},
 };
 
@@ -88,7 +93,8 @@ constexpr std::array kMainMenus{
 };
 
 constexpr std::array kEditorMenu{
-    kReadSelection, kReadFromCur, kSeparator, kCut, kCopy, kInsert, kDelete, kSeparator, kSelectAll,
+    kReadSelection, kReadFromCur, kPronounce, kSeparator, kCut,
+    kCopy,          kInsert,      kDelete,    kSeparator, kSelectAll,
 };
 
 constexpr ToolbarButton kGap{"", "", "", ""};

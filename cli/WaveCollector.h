@@ -24,6 +24,11 @@ class WaveCollector final : public DirectSS {
     underWay_ = rendered_;
     engine_.Speak(text);
   }
+  void SpeakBeginning(std::string_view text) override {
+    underWay_ = rendered_;
+    engine_.SpeakBeginning(text);
+  }
+  void ContinueText(std::string_view text, bool last) override { engine_.ContinueText(text, last); }
   void PauseAudio() override { engine_.PauseAudio(); }
   void ResumeAudio() override { engine_.ResumeAudio(); }
   void ResetAudio() override { engine_.ResetAudio(); }

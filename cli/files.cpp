@@ -113,8 +113,12 @@ std::string ReadNamed(const std::string& name) {
 
 }  // namespace
 
+std::string ReadText(const std::string& input) {
+  return input == "-" ? ReadAll(STDIN_FILENO, "Standardeingabe") : ReadNamed(input);
+}
+
 std::string ReadInput(const std::string& input) {
-  std::string text = input == "-" ? ReadAll(STDIN_FILENO, "Standardeingabe") : ReadNamed(input);
+  std::string text = ReadText(input);
   if (text.find_first_not_of(std::string_view(" \t\n\v\f\0", 6)) == std::string::npos) {
     throw Failure(ExitCode::NoInput, "Der Text ist leer: es gibt nichts vorzulesen.");
   }

@@ -4,8 +4,10 @@
 
 namespace lorelin::cli {
 
-// The text to be read: of a file, of a pipe that has a name, or of standard input ("-"); decoded, with "\n"
-// line ends, and not blank. Throws Failure with NoInput, and Interruption while it waits.
+// The text of a file, of a pipe that has a name, or of standard input ("-"); decoded, with "\n" line ends.
+// Throws Failure with NoInput, and Interruption while it waits.
+[[nodiscard]] std::string ReadText(const std::string& input);
+// The same, to be read aloud: a blank text is none.
 [[nodiscard]] std::string ReadInput(const std::string& input);
 
 // Throws Failure unless a WAV file can be written there: NoTarget when it cannot, Usage when `target` is the

@@ -35,9 +35,9 @@ struct Command {
   Action action;
 };
 
-constexpr std::array kCommands{Command{"say", Action::Say}, Command{"voices", Action::Voices},
-                               Command{"run", Action::Run}, Command{"check", Action::Check},
-                               Command{"reg", Action::Registry}};
+constexpr std::array kCommands{Command{"say", Action::Say},       Command{"spell", Action::Spell},
+                               Command{"voices", Action::Voices}, Command{"run", Action::Run},
+                               Command{"check", Action::Check},   Command{"reg", Action::Registry}};
 
 class Parser {
  public:
@@ -45,7 +45,8 @@ class Parser {
 
   Options Parse() {
     while (!rest_.empty()) Take(Next());
-    if (!command_) throw UsageError("Es fehlt ein Befehl: „say“, „voices“, „run“, „check“ oder „reg“.");
+    if (!command_)
+      throw UsageError("Es fehlt ein Befehl: „say“, „spell“, „voices“, „run“, „check“ oder „reg“.");
     CheckFiles();
     return options_;
   }
@@ -56,6 +57,10 @@ class Parser {
     switch (options_.action) {
       case Action::Say:
         if (count > 1) throw UsageError("Es kann nur eine Datei vorgelesen werden.");
+        if (count == 1) options_.input = files_.front();
+        break;
+      case Action::Spell:
+        if (count > 1) throw UsageError("„spell“ nimmt nur eine Datei.");
         if (count == 1) options_.input = files_.front();
         break;
       case Action::Run:
@@ -79,6 +84,7 @@ class Parser {
     if (options_.action != Action::Run && (options_.answer || options_.denyRead || options_.denyDownload)) {
       throw UsageError("„--yes“, „--no“ und „--deny“ gehören zu „run“.");
     }
+    if (options_.table && options_.action != Action::Spell) throw UsageError("„--table“ gehört zu „spell“.");
   }
 
   void Deny(const std::string& what) {
@@ -140,6 +146,8 @@ class Parser {
       options_.answer = MessageAnswer::Yes;
     } else if (option == "--no") {
       options_.answer = MessageAnswer::No;
+    } else if (option == "--table") {
+      options_.table = true;
     } else if (option == "--verbose") {
       options_.verbose = true;
     } else if (option == "--help" || option == "-h") {
@@ -177,6 +185,8 @@ std::string HelpText() {
   return "lorelin-cli liest Texte vor oder schreibt sie als WAV-Datei.\n"
          "\n"
          "  lorelin-cli say [Optionen] [DATEI|-]   liest die Datei vor, ohne Datei die Standardeingabe\n"
+         "  lorelin-cli spell [--table] [DATEI|-]  schreibt den Text so aus, wie deutsche Stimmen ihn "
+         "sprechen\n"
          "  lorelin-cli voices                     nennt die Stimmen\n"
          "  lorelin-cli run [Optionen] SCRIPT.vts  führt ein Taskscript aus\n"
          "  lorelin-cli check SCRIPT.vts ...       nennt Fehler in Taskscripts\n"
@@ -196,6 +206,7 @@ std::string HelpText() {
          "  --deny WAS     verbietet dem Taskscript „read“ (Laden, Löschen, Ausführen und Exportieren),\n"
          "                 „download“ (Download) oder „all“ (alles davon); was verboten ist, wird\n"
          "                 übersprungen\n"
+         "  --table        nennt bei „spell“ nur, was ersetzt wird: Zeile, Geschriebenes, Gesprochenes\n"
          "  --verbose      zeigt auch, was sonst nur im Protokoll steht\n"
          "  --help         zeigt diese Hilfe\n"
          "  --version      nennt die Version\n"

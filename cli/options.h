@@ -25,7 +25,7 @@ enum class ExitCode : int {
   Interrupted = 130,  // Ctrl+C
 };
 
-enum class Action { Say, Voices, Run, Check, Registry, Help, Version };
+enum class Action { Say, Spell, Voices, Run, Check, Registry, Help, Version };
 
 struct Options {
   Action action = Action::Help;
@@ -41,6 +41,7 @@ struct Options {
   std::optional<MessageAnswer> answer;  // to every question of a script; else the user is asked
   bool denyRead = false;
   bool denyDownload = false;
+  bool table = false;  // of Spell: what is replaced, not the text
 };
 
 // A command line that is wrong; what() says in German why.

@@ -18,6 +18,7 @@
 #include "cli/overrideSettings.h"
 #include "cli/reg.h"
 #include "cli/runScript.h"
+#include "cli/spell.h"
 #include "ports/Platform.h"
 #include "speech/SilentVoice.h"
 #include "speech/SpeechModules.h"
@@ -79,7 +80,8 @@ class Session {
                           .statusBar = statusBar_,
                           .messageBoxes = messageBoxes_,
                           .pump = pump_,
-                          .programFolder = services_.paths.programFolder});
+                          .programFolder = services_.paths.programFolder,
+                          .settingsFolder = services_.paths.settingsFolder});
     OverrideSettings(spoken.settings, options_);
     return SpeakToTheEnd(spoken.speech, input);
   }
@@ -109,6 +111,17 @@ class Session {
   std::unique_ptr<DirectSS> engine_;
 };
 
+ExitCode Spell(const Options& options) {
+  const PlatformServices services = MakePlatformServices(options.verbose);
+  if (!services.registryNotice.empty()) std::cerr << services.registryNotice << '\n';
+  SettingsStore settings(*services.registry);
+  Pronunciations pronunciations(settings, *services.fileWriter, *services.log, services.paths.settingsFolder);
+  const std::string text = ReadText(options.input);
+  options.table ? PrintTable(*pronunciations.Speller(), text, std::cout)
+                : PrintSpoken(*pronunciations.Speller(), text, std::cout);
+  return ExitCode::Done;
+}
+
 ExitCode Perform(const Options& options) {
   switch (options.action) {
     case Action::Help:
@@ -122,6 +135,8 @@ ExitCode Perform(const Options& options) {
     case Action::Say:
       NoteInterruptions();
       return Session(options).Say();
+    case Action::Spell:
+      return Spell(options);
     case Action::Run:
       NoteInterruptions();
       return RunScript(options);

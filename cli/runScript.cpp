@@ -137,7 +137,8 @@ ExitCode RunScript(const Options& options) {
                         .statusBar = statusBar,
                         .messageBoxes = messageBoxes,
                         .pump = pump,
-                        .programFolder = renderingFolder.Path()});
+                        .programFolder = renderingFolder.Path(),
+                        .settingsFolder = services.paths.settingsFolder});
   OverrideSettings(spoken.settings, options);
   Interpreter interpreter({.speech = spoken.speech,
                            .document = document,

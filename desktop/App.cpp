@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
+#include "desktop/frmPronunciationDialogs.h"
 #include "desktop/frmTaskEditor.h"
 #include "desktop/frmVoiceDialogs.h"
 #include "desktop/toolkit/WxClipboard.h"
@@ -56,7 +57,8 @@ class App::Program {
                  .statusBar = *form_,
                  .messageBoxes = messageBoxes_,
                  .pump = pump_,
-                 .programFolder = services_.paths.programFolder}),
+                 .programFolder = services_.paths.programFolder,
+                 .settingsFolder = services_.paths.settingsFolder}),
         voiceDialogs_(spoken_.speech, spoken_.settings,
                       [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }),
         helpDialogs_(
@@ -82,6 +84,7 @@ class App::Program {
                   .pump = pump_,
                   .voiceDialogs = voiceDialogs_,
                   .helpDialogs = helpDialogs_,
+                  .pronunciationDialogs = pronunciationDialogs_,
                   .programFolder = services_.paths.programFolder,
                   .createScript = [this] { CreateScript(); },
                   .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); },
@@ -103,6 +106,7 @@ class App::Program {
     fileDialogs_.SetParent(form_.get());
     voiceDialogs_.SetParent(form_.get());
     helpDialogs_.SetParent(form_.get());
+    pronunciationDialogs_.SetParent(form_.get());
   }
 
   ~Program() {
@@ -232,6 +236,9 @@ class App::Program {
   FrmVoiceDialogs voiceDialogs_;
   ModSettings modSettings_{spoken_.settings};
   FrmHelpDialogs helpDialogs_;
+  FrmPronunciationDialogs pronunciationDialogs_{
+      spoken_, messageBoxes_,
+      [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }};
   WindowModules modules_;
   ModFileReg fileTypes_;
   WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),

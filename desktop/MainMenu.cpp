@@ -14,8 +14,9 @@ wxString Label(const MenuEntry& entry) {
   return label;
 }
 
-// The two modes show which of them is on.
+// The two modes show which of them is on, a switch whether it is.
 wxItemKind KindOf(const MenuEntry& entry) {
+  if (entry.name == "mnuSpellOut") return wxITEM_CHECK;
   return entry.name == "mnuTextmode" || entry.name == "mnuInternet" ? wxITEM_RADIO : wxITEM_NORMAL;
 }
 

@@ -100,6 +100,11 @@ bool EngineServer::Handle(const Message& message) {
       if (utterance) StartSpeaking(std::move(*utterance));
       return utterance.has_value();
     }
+    case Kind::More: {
+      auto part = ReadMore(message.fields);
+      if (part) TakePart(std::move(*part));
+      return part.has_value();
+    }
     case Kind::Pause:
       SetPaused(true);
       return true;
@@ -121,13 +126,24 @@ bool EngineServer::Handle(const Message& message) {
 void EngineServer::StartSpeaking(Utterance utterance) {
   Discard();
   const std::lock_guard guard(mutex_);
+  goesOn_ = utterance.goesOn ? utterance.id : 0;
   waiting_ = std::move(utterance);
+  changed_.notify_all();
+}
+
+void EngineServer::TakePart(TextPart part) {
+  const std::lock_guard guard(mutex_);
+  if (goesOn_ == 0 || part.id != goesOn_) return;
+  if (part.last) goesOn_ = 0;
+  parts_.push_back(std::move(part.text));
   changed_.notify_all();
 }
 
 void EngineServer::Discard() {
   const std::lock_guard guard(mutex_);
   waiting_.reset();
+  goesOn_ = 0;
+  parts_.clear();
   paused_ = false;
   discarded_ = true;
   audio_.Discard();
@@ -203,19 +219,40 @@ void EngineServer::Perform(const Utterance& utterance) {
 
 std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink) {
   if (!sink.Problem().empty()) return sink.Problem();
-  bool started = false;
-  const std::string text = SpeakableText(utterance.text);
-  inLibrarySince_ = NowMilliseconds();
-  synthesizer_.Apply(utterance);
-  const bool spoken = synthesizer_.Speak(text, [&](std::span<const std::int16_t> samples) {
-    const bool taken = Pass(sink, samples, started ? 0 : utterance.id);
-    started = true;
-    return taken;
-  });
-  inLibrarySince_ = 0;
+  const bool spoken = SynthesizeParts(utterance, sink);
   if (!sink.Problem().empty()) return sink.Problem();
   if (!spoken) return std::string(kLibraryFailed);
   return sink.Finish() ? std::string() : sink.Problem();
+}
+
+bool EngineServer::SynthesizeParts(const Utterance& utterance, SampleSink& sink) {
+  bool started = false;
+  synthesizer_.Apply(utterance);
+  std::optional<std::string> text = utterance.text.empty() ? NextPart() : utterance.text;
+  for (; text && !text->empty(); text = NextPart()) {
+    inLibrarySince_ = NowMilliseconds();
+    const bool spoken = synthesizer_.Speak(SpeakableText(*text), [&](std::span<const std::int16_t> samples) {
+      const bool taken = Pass(sink, samples, started ? 0 : utterance.id);
+      started = true;
+      return taken;
+    });
+    inLibrarySince_ = 0;
+    if (!spoken) return false;
+  }
+  return text.has_value();
+}
+
+// The part that follows, once it is there; an empty one behind the last, none when the text was discarded.
+std::optional<std::string> EngineServer::NextPart() {
+  std::unique_lock guard(mutex_);
+  while (true) {
+    changed_.wait(guard, [this] { return discarded_ || !parts_.empty() || goesOn_ == 0; });
+    if (discarded_) return std::nullopt;
+    if (parts_.empty()) return std::string();
+    std::string part = std::move(parts_.front());
+    parts_.pop_front();
+    if (!part.empty()) return part;
+  }
 }
 
 bool EngineServer::Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id) {

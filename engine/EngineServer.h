@@ -3,6 +3,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -36,9 +37,12 @@ class EngineServer {
   std::optional<Utterance> NextUtterance();
   void Perform(const Utterance& utterance);
   std::string Render(const Utterance& utterance, SampleSink& sink);
+  bool SynthesizeParts(const Utterance& utterance, SampleSink& sink);
+  std::optional<std::string> NextPart();
   bool Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id);
   bool Handle(const Message& message);
   void StartSpeaking(Utterance utterance);
+  void TakePart(TextPart part);
   void Discard();
   void SetPaused(bool paused);
   bool Send(const std::string& frame);
@@ -54,6 +58,8 @@ class EngineServer {
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   std::optional<Utterance> waiting_;
+  std::uint32_t goesOn_ = 0;  // the text of which more is to come
+  std::deque<std::string> parts_;
   bool speaking_ = false;
   bool discarded_ = false;
   bool paused_ = false;

@@ -60,7 +60,7 @@ class FieldReader {
 };
 
 bool IsKnown(std::uint8_t kind) {
-  return (kind >= 1 && kind <= 5) || (kind >= 16 && kind <= 20);
+  return (kind >= 1 && kind <= 5) || (kind >= 16 && kind <= 21);
 }
 
 Range ReadRange(FieldReader& reader) {
@@ -101,8 +101,12 @@ std::string FrameSpeak(const Utterance& utterance) {
   FieldWriter writer;
   writer.Number(utterance.id).Signed(utterance.voice).Signed(utterance.pitch).Signed(utterance.speed);
   writer.Signed(utterance.volumeLeft).Signed(utterance.volumeRight);
-  writer.Text(utterance.waveFile).Text(utterance.text);
+  writer.Text(utterance.waveFile).Text(utterance.text).Number(utterance.goesOn ? 1 : 0);
   return Frame(Kind::Speak, writer.Take());
+}
+
+std::string FrameMore(const TextPart& part) {
+  return Frame(Kind::More, FieldWriter().Number(part.id).Number(part.last ? 1 : 0).Text(part.text).Take());
 }
 
 std::string FrameEnded(const Ended& ended) {
@@ -145,8 +149,19 @@ std::optional<Utterance> ReadSpeak(std::string_view fields) {
   utterance.volumeRight = reader.Signed();
   utterance.waveFile = reader.Text();
   utterance.text = reader.Text();
+  utterance.goesOn = reader.Number() != 0;
   if (!reader.Complete()) return std::nullopt;
   return utterance;
+}
+
+std::optional<TextPart> ReadMore(std::string_view fields) {
+  FieldReader reader(fields);
+  TextPart part;
+  part.id = reader.Number();
+  part.last = reader.Number() != 0;
+  part.text = reader.Text();
+  if (!reader.Complete()) return std::nullopt;
+  return part;
 }
 
 std::optional<Ended> ReadEnded(std::string_view fields) {

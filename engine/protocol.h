@@ -31,6 +31,7 @@ enum class Kind : std::uint8_t {
   Resume = 18,
   Reset = 19,
   Ping = 20,  // number
+  More = 21,  // TextPart
 };
 
 enum class NoticeCode : std::uint32_t {
@@ -65,6 +66,14 @@ struct Utterance {
   std::int32_t volumeRight = 0;
   std::string waveFile;  // "" for the sound device
   std::string text;
+  bool goesOn = false;  // TextParts follow
+};
+
+// What follows of a text that goes on.
+struct TextPart {
+  std::uint32_t id = 0;  // of the utterance
+  bool last = true;
+  std::string text;
 };
 
 struct Ended {
@@ -81,12 +90,14 @@ struct Message {
 [[nodiscard]] std::string FrameNumber(Kind kind, std::uint32_t number);
 [[nodiscard]] std::string FrameHello(const Capabilities& capabilities);
 [[nodiscard]] std::string FrameSpeak(const Utterance& utterance);
+[[nodiscard]] std::string FrameMore(const TextPart& part);
 [[nodiscard]] std::string FrameEnded(const Ended& ended);
 
 // The fields of a message; absent when they are not exactly what the kind has (for Hello: of this version).
 [[nodiscard]] std::optional<std::uint32_t> ReadNumber(std::string_view fields);
 [[nodiscard]] std::optional<Capabilities> ReadHello(std::string_view fields);
 [[nodiscard]] std::optional<Utterance> ReadSpeak(std::string_view fields);
+[[nodiscard]] std::optional<TextPart> ReadMore(std::string_view fields);
 [[nodiscard]] std::optional<Ended> ReadEnded(std::string_view fields);
 
 // Puts frames together from the bytes of a stream.

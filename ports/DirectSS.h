@@ -29,6 +29,11 @@ class DirectSS {
   // Starts speaking or rendering the UTF-8 text and returns at once. A text that is still under way goes
   // first.
   virtual void Speak(std::string_view text) = 0;  // 6
+  // A text in parts, cut where speech pauses anyway: the first one starts it like Speak, the others follow
+  // while it is under way. Its end is that of the `last` one. A part for which there is no such text, because
+  // it was discarded or the engine died, is dropped.
+  virtual void SpeakBeginning(std::string_view text) = 0;           // 6
+  virtual void ContinueText(std::string_view text, bool last) = 0;  // 6
   // Holds the audio within 100 ms; nothing is lost.
   virtual void PauseAudio() = 0;   // 35
   virtual void ResumeAudio() = 0;  // 37

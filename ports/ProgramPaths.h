@@ -6,10 +6,11 @@ namespace lorelin {
 
 // Where the program's files lie. Folders carry no trailing separator; paths are absolute, UTF-8.
 struct ProgramPaths {
-  std::string programFolder;  // holds scripts, temp, hypertext
-  std::string programFile;    // the running executable
-  std::string engineFile;     // lorelin-engine
-  std::string registryFile;   // settings store; "" where the system has a registry of its own
+  std::string programFolder;   // holds scripts, temp, hypertext
+  std::string programFile;     // the running executable
+  std::string engineFile;      // lorelin-engine
+  std::string settingsFolder;  // files of the user's own that are no documents; it need not exist
+  std::string registryFile;    // settings store; "" where the system has a registry of its own
   std::string logFile;
   std::string scriptLogFile;  // of what task scripts did
   std::string cacheFolder;    // what can be made again

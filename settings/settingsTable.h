@@ -57,6 +57,10 @@ inline constexpr SettingKey Volume{"Voice", "Volume", SettingForm::Number, "100"
 // The dialogs propose a faster and brighter voice than the speaker uses until something was saved.
 inline constexpr SettingKey SpeedInDialog{"Voice", "Speed", SettingForm::Number, "60", Speed.meaning};
 inline constexpr SettingKey PitchInDialog{"Voice", "Pitch", SettingForm::Number, "60", Pitch.meaning};
+inline constexpr SettingKey SpellOut{"Settings", "SpellOut", SettingForm::OneZero, "1",
+                                     "German voices get numbers and abbreviations in words"};
+inline constexpr SettingKey SpeakEmoji{"Settings", "SpeakEmoji", SettingForm::OneZero, "1",
+                                       "emoji are spoken by their German names; else they are silent"};
 inline constexpr SettingKey LaunchMailProgram{"Extension Settings", "LaunchMailProgram",
                                               SettingForm::TrueFalse, "false",
                                               "open the e-mail program after an export"};
@@ -90,6 +94,8 @@ inline constexpr std::array All{
     &Volume,
     &SpeedInDialog,
     &PitchInDialog,
+    &SpellOut,
+    &SpeakEmoji,
     &LaunchMailProgram,
     &Placement,
     &TextSize,

@@ -13,6 +13,8 @@ class SilentVoice final : public DirectSS {
   explicit SilentVoice(DirectSS& leader) : leader_(leader) {}
 
   void Speak(std::string_view) override {}
+  void SpeakBeginning(std::string_view) override {}
+  void ContinueText(std::string_view, bool) override {}
   void PauseAudio() override {}
   void ResumeAudio() override {}
   void ResetAudio() override {}

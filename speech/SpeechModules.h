@@ -6,6 +6,8 @@
 #include "extensions/modAddin.h"
 #include "ports/SystemPorts.h"
 #include "settings/SettingsStore.h"
+#include "speech/Pronunciations.h"
+#include "speech/SpelledSpeech.h"
 #include "speech/modSpeak.h"
 
 namespace lorelin {
@@ -21,14 +23,19 @@ struct SpeechModules {
     StatusBar& statusBar;
     MessageBoxes& messageBoxes;
     EventPump& pump;
-    std::string programFolder;  // temporary WAV files lie below it
+    std::string programFolder;   // temporary WAV files lie below it
+    std::string settingsFolder;  // holds the user's own pronunciations; "" for none
   };
 
   explicit SpeechModules(const Edges& edges)
       : settings(edges.system.registry),
         extensions(edges.system.registry, edges.system.files, edges.system.automation, edges.system.log),
-        speech({.voice = edges.voice,
-                .voice2 = edges.voice2,
+        pronunciations(settings, edges.system.files, edges.system.log, edges.settingsFolder),
+        voice(edges.voice, edges.pump, [this](std::string_view text) { return pronunciations.Spell(text); }),
+        voice2(edges.voice2, edges.pump,
+               [this](std::string_view text) { return pronunciations.Spell(text); }),
+        speech({.voice = voice,
+                .voice2 = voice2,
                 .document = edges.document,
                 .statusBar = edges.statusBar,
                 .messageBoxes = edges.messageBoxes,
@@ -44,6 +51,9 @@ struct SpeechModules {
   StartupState startup;
   SettingsStore settings;
   ModAddin extensions;
+  Pronunciations pronunciations;
+  SpelledSpeech voice;
+  SpelledSpeech voice2;
   ModSpeak speech;
 };
 

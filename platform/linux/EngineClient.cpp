@@ -34,11 +34,19 @@ const engine::Capabilities& EngineClient::Abilities() {
   return *abilities_;
 }
 
-void EngineClient::Speak(std::string_view text) {
+void EngineClient::StartText(std::string_view text, bool goesOn) {
   (void)Abilities();
   engine::Utterance utterance = BeginText();
   utterance.text = text;
+  utterance.goesOn = goesOn;
+  goesOn_ = goesOn ? utterance.id : 0;
   connection_->Speak(utterance);
+}
+
+void EngineClient::ContinueText(std::string_view text, bool last) {
+  if (goesOn_ == 0) return;
+  connection_->Continue({.id = goesOn_, .last = last, .text = std::string(text)});
+  if (last) goesOn_ = 0;
 }
 
 void EngineClient::PauseAudio() {

@@ -31,7 +31,9 @@ class EngineClient final : public SpeechInstance {
   EngineClient(const Options& options, EventPump& pump, Clock& clock, Log& log);
   ~EngineClient() override;
 
-  void Speak(std::string_view text) override;
+  void Speak(std::string_view text) override { StartText(text, false); }
+  void SpeakBeginning(std::string_view text) override { StartText(text, true); }
+  void ContinueText(std::string_view text, bool last) override;
   void PauseAudio() override;
   void ResumeAudio() override;
   void ResetAudio() override;
@@ -45,11 +47,13 @@ class EngineClient final : public SpeechInstance {
  private:
   using Condition = std::function<void(const std::string&)>;
 
+  void StartText(std::string_view text, bool goesOn);
   [[nodiscard]] const engine::Capabilities& Abilities() override;
 
   std::shared_ptr<Condition> condition_;  // posted calls find it, if the object still lives
   std::unique_ptr<EngineConnection> connection_;
   const engine::Capabilities* abilities_ = nullptr;
+  std::uint32_t goesOn_ = 0;  // the text of which more is to come
 };
 
 }  // namespace lorelin

@@ -169,6 +169,14 @@ void EngineConnection::Speak(const engine::Utterance& utterance) {
   Send(engine::FrameSpeak(utterance));
 }
 
+void EngineConnection::Continue(const engine::TextPart& part) {
+  {
+    const std::lock_guard guard(mutex_);
+    if (current_ == 0 || current_ != part.id) return;
+  }
+  Send(engine::FrameMore(part));
+}
+
 bool EngineConnection::Reset() {
   bool discarded = false;
   {

@@ -47,6 +47,8 @@ class EngineConnection {
 
   // Sends the text; every text's end is told by `ended` or forgotten by Reset.
   void Speak(const engine::Utterance& utterance);
+  // More of the text with the part's number; dropped when that is no longer under way.
+  void Continue(const engine::TextPart& part);
   void Pause() { Send(engine::Frame(engine::Kind::Pause)); }
   void Resume() { Send(engine::Frame(engine::Kind::Resume)); }
   // Whether a text was under way.

@@ -116,6 +116,7 @@ ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
   return {.programFolder = PathText(folder),
           .programFile = PathText(facts.executable),
           .engineFile = PathText(beside / "lorelin-engine"),
+          .settingsFolder = PathText(settings),
           .registryFile = PathText(settings / "registry.sqlite"),
           .logFile = PathText(base("XDG_STATE_HOME", ".local/state") / "lorelin.log"),
           .scriptLogFile = PathText(folder / "taskscripts.log"),

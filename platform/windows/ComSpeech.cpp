@@ -80,20 +80,39 @@ const engine::Capabilities& ComSpeech::Abilities() {
   return abilities_;
 }
 
-void ComSpeech::Speak(std::string_view text) {
+void ComSpeech::Start(std::string_view text, bool goesOn) {
   RequireEngine();
   if (speaking_) ResetAudio();
-  engine::Utterance utterance = BeginText();
-  utterance.text = engine::SpeakableText(text);
-  speaking_ = true;
-  renderedFile_ = utterance.waveFile;
+  underWay_ = BeginText();
+  speaking_ = caughtUp_ = true;
+  goesOn_ = goesOn;
+  handedOver_ = false;
+  renderedFile_ = underWay_.waveFile;
   if (!renderedFile_.empty()) {
     if (!IsFileOrNothing(renderedFile_)) return End(kNoFile);
-    utterance.waveFile = PathText(UnfinishedName(NativePath(renderedFile_)));
+    underWay_.waveFile = PathText(UnfinishedName(NativePath(renderedFile_)));
   }
-  // Engines tell no end of a text without words.
-  if (IsBlank(utterance.text)) return End("");
-  if (!Try([&] { StartText(utterance); })) End(kFailed);
+  HandOver(text);
+}
+
+void ComSpeech::ContinueText(std::string_view text, bool last) {
+  if (!speaking_ || !goesOn_) return;
+  goesOn_ = !last;
+  HandOver(text);
+}
+
+// Engines tell no end of a text without words: those get none.
+void ComSpeech::HandOver(std::string_view text) {
+  underWay_.text += engine::SpeakableText(text);
+  if (goesOn_ && !TakesParts()) return;
+  if (!IsBlank(underWay_.text)) {
+    caughtUp_ = false;
+    if (!Try([&] { handedOver_ ? AddText(underWay_) : StartText(underWay_); })) return End(kFailed);
+    handedOver_ = true;
+    underWay_.text.clear();
+  } else if (!goesOn_ && caughtUp_) {
+    handedOver_ ? Finished() : End("");
+  }
 }
 
 void ComSpeech::PauseAudio() {
@@ -135,7 +154,8 @@ bool ComSpeech::Speaking() {
 }
 
 void ComSpeech::Finished() {
-  if (!speaking_) return;
+  caughtUp_ = true;
+  if (!speaking_ || goesOn_) return;
   if (!renderedFile_.empty()) {
     if (!Try([this] { CloseWaveFile(); })) return End(kFailed);
     std::error_code error;
@@ -148,7 +168,7 @@ void ComSpeech::Finished() {
 }
 
 void ComSpeech::End(const std::string& reason) {
-  speaking_ = false;
+  speaking_ = goesOn_ = false;
   if (!reason.empty()) RemoveWaveFile();
   pump_.Post([listener = ListenerForTasks(), id = CurrentText(), reason] { TellEnd(listener, id, reason); });
 }

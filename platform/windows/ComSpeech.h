@@ -20,7 +20,9 @@ class ComSpeech : public SpeechInstance {
   ComSpeech(const ComSpeech&) = delete;
   ComSpeech& operator=(const ComSpeech&) = delete;
 
-  void Speak(std::string_view text) final;
+  void Speak(std::string_view text) final { Start(text, false); }
+  void SpeakBeginning(std::string_view text) final { Start(text, true); }
+  void ContinueText(std::string_view text, bool last) final;
   void PauseAudio() final;
   void ResumeAudio() final;
   void ResetAudio() final;
@@ -34,6 +36,10 @@ class ComSpeech : public SpeechInstance {
   virtual void CreateEngine() = 0;  // and asks it for what Abilities() is to tell
   virtual void DestroyEngine() = 0;
   virtual void StartText(const engine::Utterance& utterance) = 0;
+  // Whether the engine speaks what it is given behind what it has; else it gets a text whole.
+  [[nodiscard]] virtual bool TakesParts() const { return false; }
+  // More of the text that was started.
+  virtual void AddText(const engine::Utterance&) {}
   virtual void PauseEngine() = 0;
   virtual void ResumeEngine() = 0;
   virtual void StopEngine() = 0;
@@ -56,6 +62,8 @@ class ComSpeech : public SpeechInstance {
   [[nodiscard]] const engine::Capabilities& Abilities() override;
   void PropertiesChanged() override;
   void RequireEngine();
+  void Start(std::string_view text, bool goesOn);
+  void HandOver(std::string_view text);
   // Runs `work` on the engine; one that fails is let go and the reason kept for the user.
   bool Try(const std::function<void()>& work);
   void End(const std::string& reason);
@@ -65,6 +73,10 @@ class ComSpeech : public SpeechInstance {
   engine::Capabilities abilities_;
   bool created_ = false;
   bool speaking_ = false;
+  bool goesOn_ = false;         // parts of the text are still to come
+  bool handedOver_ = false;     // the engine has something of the text
+  bool caughtUp_ = true;        // it has finished with all that it has
+  engine::Utterance underWay_;  // its text is what the engine is still to be given
   bool paused_ = false;
   std::string renderedFile_;  // of the text that is under way; "" when it is heard
 };

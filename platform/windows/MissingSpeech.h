@@ -21,6 +21,8 @@ class MissingSpeech final : public DirectSS {
   explicit MissingSpeech(EventPump& pump) : pump_(pump) {}
 
   void Speak(std::string_view text) override;
+  void SpeakBeginning(std::string_view text) override { Speak(text); }
+  void ContinueText(std::string_view, bool) override {}
   void PauseAudio() override {}
   void ResumeAudio() override {}
   void ResetAudio() override {}

@@ -65,16 +65,18 @@ ProgramPaths FindProgramPaths() {
     folder = WritableFolder(named.empty() ? users : named);
     SeedProgramFolder(folder, beside);
   }
-  return {.programFolder = PathText(folder),
-          .programFile = PathText(executable),
-          .engineFile = "",
-          .registryFile = "",
-          .logFile = PathText((named.empty() ? users : named) / "lorelin.log"),
-          .scriptLogFile = PathText(folder / "taskscripts.log"),
-          .cacheFolder = PathText((named.empty() ? users : named) / "cache"),
-          .lockFile = PathText(named),
-          .homeFolder = PathText(KnownFolder(FOLDERID_Profile)),
-          .desktopFolder = ""};
+  return {
+      .programFolder = PathText(folder),
+      .programFile = PathText(executable),
+      .engineFile = "",
+      .settingsFolder = PathText(named.empty() ? KnownFolder(FOLDERID_RoamingAppData) / "Lorelin" : named),
+      .registryFile = "",
+      .logFile = PathText((named.empty() ? users : named) / "lorelin.log"),
+      .scriptLogFile = PathText(folder / "taskscripts.log"),
+      .cacheFolder = PathText((named.empty() ? users : named) / "cache"),
+      .lockFile = PathText(named),
+      .homeFolder = PathText(KnownFolder(FOLDERID_Profile)),
+      .desktopFolder = ""};
 }
 
 }  // namespace lorelin

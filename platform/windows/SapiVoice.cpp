@@ -166,6 +166,10 @@ void SapiVoice::StartText(const engine::Utterance& utterance) {
     voice_.SetProperty("AllowAudioOutputFormatChangesOnNextSet", Variant(false));
     voice_.SetObject("AudioOutputStream", file_);
   }
+  AddText(utterance);
+}
+
+void SapiVoice::AddText(const engine::Utterance& utterance) {
   stream_ = voice_
                 .Call("Speak", Arguments(std::string_view(SapiMarkup(utterance.text, utterance.pitch)),
                                          kAsynchronously | kMarkup))

@@ -19,6 +19,8 @@ class SapiVoice final : public ComSpeech {
   void CreateEngine() override;
   void DestroyEngine() override;
   void StartText(const engine::Utterance& utterance) override;
+  [[nodiscard]] bool TakesParts() const override { return true; }
+  void AddText(const engine::Utterance& utterance) override;
   void PauseEngine() override;
   void ResumeEngine() override;
   void StopEngine() override;

@@ -28,6 +28,35 @@ check "the speed counts" test "$(stat -c %s "$home/langsam.wav")" -gt "$(($(stat
 "$cli" say --wav "$home/fuenfundzwanzig.wav" --speed 25 --pitch 50 --volume 100 --voice 2 "$home/kurz.txt"
 check "the defaults are voice 2, speed 25, pitch 50, volume 100" cmp -s "$home/vorgabe.wav" "$home/fuenfundzwanzig.wav"
 
+printf 'Am 3. Mai\n\nkosten 5 kg Mehl z. B. 4,50 €.\n' >"$home/zahlen.txt"
+check "a text is spelled out" exits 0 "$cli" spell "$home/zahlen.txt"
+check "line by line" test "$(wc -l <"$home/out")" -eq 3
+check "in words" grep -qx 'kosten fünf Kilogramm Mehl zum Beispiel vier Euro fünfzig.' "$home/out"
+check "standard input is spelled out" bash -c "printf 'Er wiegt 5 kg' | '$cli' spell - | grep -qx 'Er wiegt fünf Kilogramm'"
+check "an empty text has no lines" bash -c "test -z \"\$('$cli' spell - </dev/null)\""
+check "the table" exits 0 "$cli" spell --table "$home/zahlen.txt"
+check "names line, written and spoken" grep -qxP '3\tz. B.\tzum Beispiel' "$home/out"
+check "the table of something else" exits 2 "$cli" say --table "$home/zahlen.txt"
+check "a missing text" exits 3 "$cli" spell "$home/fehlt.txt"
+mkdir -p "$LORELIN_HOME"
+printf '# eigene\nMehl = Mjel\n~STAUB* = Schtaub\n' >"$LORELIN_HOME/abkuerzungen.txt"
+printf 'an\t\\[[^\\]]*\\]\t\naus\tWien\tParis\n' >"$LORELIN_HOME/leseregeln.txt"
+check "own words and rules count" bash -c "printf 'Mehl [1] Staubtuch Wien\n' | '$cli' spell | grep -qx 'Mjel  Schtaubtuch Wien'"
+rm "$LORELIN_HOME/abkuerzungen.txt" "$LORELIN_HOME/leseregeln.txt"
+"$cli" spell "$home/zahlen.txt" >"$home/worte.txt"
+"$cli" say --wav "$home/zahlen.wav" "$home/zahlen.txt"
+"$cli" say --wav "$home/worte.wav" "$home/worte.txt"
+# The same length, not the same bytes: the engine's noise depends on the process's environment.
+check "a text is heard as it is spelled out" test "$(stat -c %s "$home/zahlen.wav")" -eq "$(stat -c %s "$home/worte.wav")"
+off='HKCU\Software\VB and VBA Program Settings\Lorelin\Settings'
+"$cli" reg add "$off" SpellOut 0
+"$cli" say --wav "$home/aus.wav" "$home/zahlen.txt"
+"$cli" reg delete "$off" SpellOut
+check "unless that is switched off" test "$(stat -c %s "$home/zahlen.wav")" -ne "$(stat -c %s "$home/aus.wav")"
+printf 'Laden(%s);\r\nSprechen();\r\n' "$home/zahlen.txt" >"$home/zahlen.vts"
+"$cli" run --wav "$home/script.wav" "$home/zahlen.vts"
+check "a script says the same" test "$(stat -c %s "$home/zahlen.wav")" -eq "$(stat -c %s "$home/script.wav")"
+
 check "voices are listed" exits 0 "$cli" voices
 check "the second one is German" grep -qE '^ +2 +1031 +weiblich +Deutsch' "$home/out"
 check "help" exits 0 "$cli" --help

@@ -313,7 +313,7 @@ TEST(LanguageId, IsTheOneOfWindows) {
 }
 
 TEST(Protocol, BringsEveryFieldAcross) {
-  const Utterance sent{7, 2, 50, 172, 100, 90, "/tmp/ä.wav", std::string("Grüße\0x", 9)};
+  const Utterance sent{7, 2, 50, 172, 100, 90, "/tmp/ä.wav", std::string("Grüße\0x", 9), false};
   FrameReader reader;
   reader.Feed(FrameSpeak(sent));
   const auto message = reader.Next();
@@ -327,6 +327,23 @@ TEST(Protocol, BringsEveryFieldAcross) {
   EXPECT_EQ(got->volumeRight, 90);
   EXPECT_EQ(got->waveFile, "/tmp/ä.wav");
   EXPECT_EQ(got->text, sent.text);
+}
+
+TEST(Protocol, BringsTheRestOfATextAcross) {
+  Utterance sent;
+  sent.goesOn = true;
+  EXPECT_TRUE(ReadSpeak(FrameSpeak(sent).substr(5))->goesOn);
+  FrameReader reader;
+  reader.Feed(FrameMore({8, false, "Rest"}));
+  const auto message = reader.Next();
+  ASSERT_TRUE(message);
+  EXPECT_EQ(message->kind, Kind::More);
+  const auto part = ReadMore(message->fields);
+  ASSERT_TRUE(part);
+  EXPECT_EQ(part->id, 8U);
+  EXPECT_FALSE(part->last);
+  EXPECT_EQ(part->text, "Rest");
+  EXPECT_FALSE(ReadMore("abc"));
 }
 
 TEST(Protocol, PutsFramesTogetherFromSingleBytes) {

@@ -13,6 +13,7 @@
 #include "app/WindowModules.h"
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
+#include "desktop/frmPronunciationDialogs.h"
 #include "desktop/frmVoiceDialogs.h"
 #include "desktop/toolkit/WxClipboard.h"
 #include "desktop/toolkit/WxEventPump.h"
@@ -109,7 +110,8 @@ class FormFixture : public testing::Test, protected FakeSystem {
                         .statusBar = form,
                         .messageBoxes = messageBoxes,
                         .pump = pump,
-                        .programFolder = folder.Path()}};
+                        .programFolder = folder.Path(),
+                        .settingsFolder = folder.File("settings")}};
   SettingsStore& settings = spoken.settings;
   ModAddin& extensions = spoken.extensions;
   ModSpeak& speech = spoken.speech;
@@ -124,6 +126,8 @@ class FormFixture : public testing::Test, protected FakeSystem {
                               .titlesObstacle = [this] { return foreground.obstacle; },
                               .applied = [this] { modules.timers.FollowSettings(); },
                               .manageExtensions = [this] { modules.launches.ManageExtensions(); }}};
+  FrmPronunciationDialogs pronunciationDialogs{
+      spoken, messageBoxes, [this] { return std::make_unique<FakeDirectSS>("Probe", calls); }};
   int editorsOpened = 0;
   WindowModules modules{{.system = system,
                          .spoken = spoken,
@@ -141,6 +145,7 @@ class FormFixture : public testing::Test, protected FakeSystem {
                          .pump = pump,
                          .voiceDialogs = voiceDialogs,
                          .helpDialogs = helpDialogs,
+                         .pronunciationDialogs = pronunciationDialogs,
                          .programFolder = folder.Path(),
                          .createScript = [this] { ++editorsOpened; }}};
   RecentFiles& recent = modules.recent;

@@ -47,6 +47,7 @@ TEST_F(ProgramFolders, OfAnInstallationLieBelowTheUsersHome) {
   EXPECT_EQ(paths.programFile, executable);
   EXPECT_EQ(paths.engineFile, folder.File("usr/bin/lorelin-engine"));
   EXPECT_EQ(paths.registryFile, folder.File("home/.config/lorelin/registry.sqlite"));
+  EXPECT_EQ(paths.settingsFolder, folder.File("home/.config/lorelin"));
   EXPECT_EQ(paths.lockFile, folder.File("home/.config/lorelin/lorelin.lock"));
   EXPECT_EQ(paths.logFile, folder.File("home/.local/state/lorelin/lorelin.log"));
   EXPECT_EQ(paths.cacheFolder, folder.File("home/.cache/lorelin"));

@@ -78,6 +78,7 @@ TEST_F(Speak, DoesNotFilterUnasked) {
 }
 
 TEST_F(Speak, ReplacesTimePlaceholdersWithoutLeadingZeros) {
+  Set(setting::SpellOut, "0");
   EXPECT_EQ(Spoken("$Zeit[h]:$Zeit[m]:$Zeit[s] Tag $Zeit[w], $Zeit[h]"), " 9:5:7 Tag 7, 9 ");
 }
 
@@ -86,6 +87,7 @@ TEST_F(Speak, LeavesPlaceholdersInOtherCaseAlone) {
 }
 
 TEST_F(Speak, ReplacesPlaceholdersInPrefixAndSuffix) {
+  Set(setting::SpellOut, "0");
   Set(setting::Prefix, "$Zeit[h]");
   Set(setting::Suffix, "$Zeit[m]");
   EXPECT_EQ(Spoken("x"), "9 x 5");

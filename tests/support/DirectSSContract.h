@@ -134,6 +134,38 @@ TEST_P(DirectSSContract, TellsTheEndOfAnEmptyText) {
   EXPECT_TRUE(last.complete);
 }
 
+TEST_P(DirectSSContract, TellsOneEndOfATextInParts) {
+  engine.SetWaveFile(subject->WavePath());
+  engine.SpeakBeginning("Guten Tag. ");
+  engine.ContinueText("Guten Abend. ", false);
+  EXPECT_TRUE(engine.Speaking());
+  engine.ContinueText("", true);
+  ASSERT_TRUE(subject->RunToTheEnd());
+  EXPECT_EQ(ends, 1);
+  EXPECT_TRUE(last.complete);
+}
+
+TEST_P(DirectSSContract, WaitsForTheRestOfAText) {
+  engine.SetWaveFile(subject->WavePath());
+  engine.SpeakBeginning("");
+  EXPECT_TRUE(engine.Speaking());
+  engine.ContinueText("Guten Tag.", true);
+  ASSERT_TRUE(subject->RunToTheEnd());
+  EXPECT_EQ(ends, 1);
+}
+
+TEST_P(DirectSSContract, DropsPartsOfADiscardedText) {
+  engine.SetWaveFile(subject->WavePath());
+  engine.SpeakBeginning("Guten Tag. ");
+  engine.ResetAudio();
+  engine.ContinueText("Das hört niemand.", true);
+  EXPECT_FALSE(engine.Speaking());
+  engine.Speak("Guten Abend.");
+  engine.ContinueText("Das hört auch niemand.", true);
+  ASSERT_TRUE(subject->RunToTheEnd());
+  EXPECT_EQ(ends, 1);
+}
+
 TEST_P(DirectSSContract, KeepsQuietWhenNobodyListens) {
   engine.SetWaveFile(subject->WavePath());
   engine.OnEndOfText({});

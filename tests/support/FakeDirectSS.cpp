@@ -24,11 +24,25 @@ void FakeDirectSS::Speak(std::string_view text) {
   text_ = text;
   renderedTo = waveFile_;
   speaking_ = true;
+  goesOn_ = false;
+}
+
+void FakeDirectSS::SpeakBeginning(std::string_view text) {
+  Log("SpeakBeginning");
+  text_ = text;
+  speaking_ = goesOn_ = true;
+}
+
+void FakeDirectSS::ContinueText(std::string_view text, bool last) {
+  if (!speaking_ || !goesOn_) return;
+  Log(last ? "EndText" : "ContinueText");
+  text_ += text;
+  goesOn_ = !last;
 }
 
 void FakeDirectSS::ResetAudio() {
   Log("ResetAudio");
-  speaking_ = false;
+  speaking_ = goesOn_ = false;
 }
 
 void FakeDirectSS::SetCurrentVoice(std::int32_t number) {
@@ -63,7 +77,7 @@ void FakeDirectSS::SetWaveFile(const std::string& path) {
 
 void FakeDirectSS::Finish(const EndOfText& end) {
   if (!speaking_) return;
-  speaking_ = false;
+  speaking_ = goesOn_ = false;
   if (handler_) handler_(end);
 }
 

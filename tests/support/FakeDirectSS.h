@@ -26,6 +26,8 @@ class FakeDirectSS final : public DirectSS {
   ~FakeDirectSS() override { Log("gone"); }
 
   void Speak(std::string_view text) override;
+  void SpeakBeginning(std::string_view text) override;
+  void ContinueText(std::string_view text, bool last) override;
   void PauseAudio() override { Log("PauseAudio"); }
   void ResumeAudio() override { Log("ResumeAudio"); }
   void ResetAudio() override;
@@ -54,7 +56,9 @@ class FakeDirectSS final : public DirectSS {
 
   // The text ends, completely or not, and the notification is given.
   void Finish(const EndOfText& end = {});
+  // All parts that have come; `AwaitsMore` until the last one has.
   [[nodiscard]] const std::string& SpokenText() const { return text_; }
+  [[nodiscard]] bool AwaitsMore() const { return goesOn_; }
   [[nodiscard]] std::int32_t CurrentVoice() const { return voice_; }
   [[nodiscard]] const std::string& WaveFile() const { return waveFile_; }
 
@@ -75,6 +79,7 @@ class FakeDirectSS final : public DirectSS {
   std::string text_;
   std::string waveFile_;
   bool speaking_ = false;
+  bool goesOn_ = false;
   std::int32_t voice_ = 1;
   std::int32_t pitch_ = 0;
   std::int32_t speed_ = 0;

@@ -4,6 +4,7 @@
 
 #include "app/WindowModules.h"
 #include "documents/GuardedDocument.h"
+#include "tests/support/FakePronunciationDialogs.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {
@@ -24,6 +25,7 @@ class ScriptFixture : public SpeechFixture {
   FakeProgressWindow progress;
   FakeVoiceDialogs voiceDialogs;
   FakeHelpDialogs helpDialogs;
+  FakePronunciationDialogs pronunciationDialogs;
   FakeEditorCommands editing;
   FakeFileSearch recoveryFiles;
   int snapshotsScheduled = 0;
@@ -55,6 +57,7 @@ class ScriptFixture : public SpeechFixture {
                          .pump = pump,
                          .voiceDialogs = voiceDialogs,
                          .helpDialogs = helpDialogs,
+                         .pronunciationDialogs = pronunciationDialogs,
                          .programFolder = folder.Path(),
                          .createScript = [this] { ++editorsOpened; },
                          .mayClose = [this] { return mayClose; },

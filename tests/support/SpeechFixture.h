@@ -36,7 +36,8 @@ class SpeechFixture : public testing::Test, protected FakeSystem {
                         .statusBar = statusBar,
                         .messageBoxes = messageBoxes,
                         .pump = pump,
-                        .programFolder = folder.Path()}};
+                        .programFolder = folder.Path(),
+                        .settingsFolder = folder.File("settings")}};
   StartupState& startup = spoken.startup;
   SettingsStore& settings = spoken.settings;
   ModAddin& extensions = spoken.extensions;

@@ -98,6 +98,14 @@ TEST_F(ControlTest, IsCalledByItsDispatchIds) {
   }
 }
 
+TEST_F(ControlTest, IsGivenATextInPartsWhole) {
+  engine.SpeakBeginning("Eins. ");
+  engine.ContinueText("Zwei.", true);
+  EXPECT_EQ(servers.Count("6(Eins. Zwei.)"), 1U);
+  ASSERT_TRUE(served.RunToTheEnd());
+  EXPECT_EQ(ends.size(), 1U);
+}
+
 TEST_F(ControlTest, ReadsRangesAndVoices) {
   EXPECT_EQ(engine.MinPitch(), 50);
   EXPECT_EQ(engine.MaxPitch(), 200);
@@ -191,6 +199,24 @@ TEST_F(SapiTest, SpeaksMarkupWithThePitch) {
   engine.SetPitch(-4);
   engine.Speak("a < b & c > \"d\"");
   EXPECT_EQ(servers.Count("Speak(<pitch absmiddle=\"-4\">a &lt; b &amp; c &gt; \"d\"</pitch>, 9)"), 1U);
+}
+
+TEST_F(SapiTest, SpeaksPartsOneBehindTheOther) {
+  engine.SpeakBeginning("Eins. ");
+  engine.ContinueText("Zwei. ", false);
+  engine.ContinueText("", true);
+  EXPECT_EQ(servers.Count("Speak(<pitch absmiddle=\"0\">Eins. </pitch>, 9)"), 1U);
+  EXPECT_EQ(servers.Count("Speak(<pitch absmiddle=\"0\">Zwei. </pitch>, 9)"), 1U);
+  ASSERT_TRUE(served.RunToTheEnd());
+  EXPECT_EQ(ends.size(), 1U);
+}
+
+TEST_F(SapiTest, WaitsForPartsThatComeLate) {
+  engine.SpeakBeginning("Eins. ");
+  served.pump.RunFor(std::chrono::milliseconds(200));
+  EXPECT_TRUE(engine.Speaking());
+  engine.ContinueText(" ", true);
+  EXPECT_FALSE(engine.Speaking());
 }
 
 TEST_F(SapiTest, KeepsControlCharactersFromTheMarkup) {

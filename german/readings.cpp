@@ -1,0 +1,159 @@
+#include "german/readings.h"
+
+#include "german/abbreviations.h"
+#include "german/addresses.h"
+#include "german/amounts.h"
+#include "german/codes.h"
+#include "german/dates.h"
+#include "german/grammar.h"
+#include "german/numbers.h"
+#include "german/ordinals.h"
+#include "german/signs.h"
+#include "german/times.h"
+#include "german/units.h"
+
+namespace lorelin {
+namespace {
+
+bool HasNounOrGovernor(const Tokens& tokens, std::size_t i, std::size_t noun) {
+  return noun != Tokens::kNone || HasDeterminer(tokens, i);
+}
+
+// "sog." with the ending of its case; an adverb where no noun follows.
+std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbreviation& found) {
+  std::string words(found.abbreviation->spoken);
+  if (words == "Vorsitzend")
+    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, false, false, true}));
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(found.end));
+  if (!HasNounOrGovernor(tokens, i, noun)) return words;
+  Agreement agreement = AgreementAt(tokens, noun);
+  // Most words that no lexicon knows are masculine, and those with an "s" are many.
+  if (!agreement.known)
+    agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
+  if (noun != Tokens::kNone && tokens.View(noun).ends_with('a'))
+    agreement = {Gender::Feminine, false, false, true};
+  return words + std::string(EndingAt(tokens, i, agreement));
+}
+
+// "des 19. Jh.".
+bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  if (at == Tokens::kNone) return false;
+  if (tokens.Is(at, ".") && at > 0) --at;
+  return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
+}
+
+Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto found = AbbreviationAt(tokens, i);
+  if (!found) return std::nullopt;
+  std::string words(found->abbreviation->spoken);
+  const auto written = found->abbreviation->written;
+  if (words == "der Große" || words == "der Ältere" || words == "der Jüngere")
+    words = WithNameOf(tokens, i, std::string_view(words).substr(4, words.size() - 5));
+  // At its end "u. a." is no more than what has been told.
+  if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
+  if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
+  if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
+  if (found->capital) words = WithUpperStart(words);
+  const bool keepsPoint = found->EndsWithPoint() && tokens.IsLast(found->end - 1);
+  return Phrase{keepsPoint ? found->end - 1 : found->end, words};
+}
+
+Found StreetPhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto street = StreetAt(tokens, i);
+  if (!street) return std::nullopt;
+  const bool keepsPoint = tokens.Is(street->end - 1, ".") && tokens.IsLast(street->end - 1);
+  return Phrase{keepsPoint ? street->end - 1 : street->end,
+                std::string(tokens.View(i).substr(0, street->stemLength)) + std::string(street->spoken)};
+}
+
+// "60 Bilder/s".
+Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "/") || i == 0 || !tokens.IsWord(i - 1) || tokens.View(i - 1).size() < 4 ||
+      !tokens.IsWord(i + 1))
+    return std::nullopt;
+  if (!IsOneOf(tokens.View(i + 1), {"s", "min", "h", "Std", "Min", "Tag", "kg", "Woche", "Monat", "Jahr", "l",
+                                    "m", "km", "Stunde", "Minute", "Sekunde"}))
+    return std::nullopt;
+  const auto per = PerAt(tokens, i);
+  if (!per) return std::nullopt;
+  return Phrase{per->end, per->words};
+}
+
+Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto cut = CutAdjectiveAt(tokens, i);
+  if (!cut || tokens.IsLast(cut->end - 1)) return std::nullopt;
+  std::string words = std::string(tokens.View(i)) + std::string(cut->rest);
+  if (!cut->adjective) return Phrase{cut->end, words};
+  Agreement agreement = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(cut->end)));
+  if (!agreement.known) agreement = {Gender::Masculine, false, false, true};
+  return Phrase{cut->end, words + std::string(EndingAt(tokens, i, agreement))};
+}
+
+// "in km/h", "€/m²": a unit without a number is said only when it has two parts.
+Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "€") && !tokens.Is(i + 1, "/") && !tokens.Is(i + 2, "/")) return std::nullopt;
+  if (!tokens.FreeBefore(i) || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
+  std::string name;
+  std::size_t end = 0;
+  if (const auto currency = CurrencyAt(tokens, i); currency && !currency->isWord) {
+    name = currency->name;
+    end = currency->end;
+  } else if (const auto unit = UnitAt(tokens, i); unit && !unit->isWord && tokens.View(i).size() <= 4) {
+    if (tokens.View(i, unit->end).find('/') == std::string_view::npos) return std::nullopt;
+    return Phrase{unit->end, unit->plural};
+  }
+  if (end == 0) return std::nullopt;
+  const auto per = PerAt(tokens, end);
+  if (!per && tokens.Is(i, "€") && tokens.FreeBehind(i)) return Phrase{i + 1, "Euro"};
+  if (!per) return std::nullopt;
+  return Phrase{per->end, name + per->words};
+}
+
+using Reading = Found (*)(const Tokens&, std::size_t);
+
+template <std::size_t N>
+Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i) {
+  for (const Reading reading : readings) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  return std::nullopt;
+}
+
+constexpr Reading kOfWords[] = {&AddressAt,
+                                &IbanAt,
+                                &CalendarWordAt,
+                                &RomanAt,
+                                &AbbreviationPhraseAt,
+                                &StreetPhraseAt,
+                                &CutAdjectivePhraseAt,
+                                &CurrencyFirstAt,
+                                &LoneUnitAt};
+constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
+                                  &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
+                                  &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
+constexpr Reading kOfSigns[] = {&CodeAt,           &SignedAt, &CurrencyFirstAt,      &AmountAt,
+                                &FractionPhraseAt, &TagAt,    &AbbreviationPhraseAt, &LoneUnitAt,
+                                &WordPerUnitAt,    &SignAt};
+
+// What only parts sentences and clauses.
+bool IsPunctuation(std::string_view sign) {
+  return sign.size() == 1 && std::string_view(".,;:!?)\"'").find(sign.front()) != std::string_view::npos;
+}
+
+}  // namespace
+
+Found ReadingAt(const Tokens& tokens, std::size_t i) {
+  switch (tokens.Kind(i)) {
+    case TokenKind::Word:
+      return FirstOf(kOfWords, tokens, i);
+    case TokenKind::Number:
+      return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : NumberBehindLettersAt(tokens, i);
+    case TokenKind::Sign:
+      return IsPunctuation(tokens.View(i)) ? std::nullopt : FirstOf(kOfSigns, tokens, i);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace lorelin
