@@ -1,0 +1,12 @@
+#pragma once
+
+#include <span>
+
+#include "german/abbreviations.h"
+
+namespace lorelin {
+
+// Every abbreviation that is known. Among those that are written alike the first whose surroundings fit is meant.
+[[nodiscard]] std::span<const Abbreviation> AbbreviationTable();
+
+}  // namespace lorelin

@@ -1,0 +1,157 @@
+#include "german/abbreviations.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "german/abbreviationTable.h"
+#include "german/grammar.h"
+
+namespace lorelin {
+namespace {
+
+using Index = std::unordered_map<std::string, std::vector<const Abbreviation*>>;
+
+// By their first token; the longer ones are tried first, then those that stand first in the table.
+const Index& ByFirstToken() {
+  static const Index index = [] {
+    Index made;
+    for (const Abbreviation& one : AbbreviationTable()) {
+      const Token first = TokenAt(one.written, 0);
+      made[std::string(one.written.substr(0, first.end))].push_back(&one);
+    }
+    for (auto& [first, list] : made) {
+      std::stable_sort(list.begin(), list.end(),
+                       [](auto* a, auto* b) { return a->written.size() > b->written.size(); });
+    }
+    return made;
+  }();
+  return index;
+}
+
+// The token behind the abbreviation, its blanks there or not; 0 when it is not the one. The first token fits already.
+std::size_t EndOf(const Tokens& tokens, std::size_t i, std::string_view written) {
+  std::size_t at = TokenAt(written, 0).end;
+  for (++i; at < written.size();) {
+    const Token token = TokenAt(written, at);
+    at = token.end;
+    if (token.kind == TokenKind::Blank) {
+      i = tokens.Skip(i);
+      continue;
+    }
+    if (!tokens.Is(i, written.substr(token.begin, token.end - token.begin))) return 0;
+    ++i;
+  }
+  const bool letterAtEnd = TokenAt(written, written.size() - 1).kind == TokenKind::Word;
+  return letterAtEnd && (!tokens.FreeBehind(i - 1) || tokens.Is(i, ".") || tokens.IsDashAt(i)) ? 0 : i;
+}
+
+// A bare abbreviation may end the sentence: "inkl. MwSt." has its own entry, "MwSt" before a full stop does not.
+std::size_t EndOfBare(const Tokens& tokens, std::size_t i, std::string_view written) {
+  if (written.ends_with('.') || written.find(' ') != std::string_view::npos) return 0;
+  const bool point = tokens.Is(i + 1, ".") && TokenAt(written, 0).end == written.size();
+  return point && tokens.IsLast(i + 1) ? i + 1 : 0;
+}
+
+std::size_t NumberBehind(const Tokens& tokens, std::size_t end) {
+  std::size_t next = tokens.Skip(end);
+  if (IsOneOf(tokens.View(next), {",", ":", "-", "–", "ca"})) next = tokens.Skip(next + 1);
+  return next;
+}
+
+bool StandsBehindNumber(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  return tokens.IsNumber(before) || (tokens.IsWord(before) && tokens.View(before).size() == 1 && before > 0 &&
+                                     tokens.IsNumber(before - 1));
+}
+
+bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  if (tokens.IsWord(before)) {
+    const auto word = tokens.View(before);
+    return HasSuffix(word, {"te", "ten", "ter", "tes"}) || IsAllCaps(word);
+  }
+  return tokens.Is(before, ".") && before > 0 && (tokens.IsNumber(before - 1) || IsAllCaps(tokens.View(before - 1)) || tokens.View(before - 1).size() == 1);
+}
+
+bool StandsInReference(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone || !(tokens.IsNumber(before) || tokens.IsWord(before))) return false;
+  std::size_t label = tokens.Before(before);
+  if (tokens.IsWord(before) && tokens.View(before).size() == 1 && before > 0 && tokens.IsNumber(before - 1)) label = tokens.Before(before - 1);
+  if (label == Tokens::kNone) return false;
+  if (tokens.Is(label, ".") && label > 0) --label;
+  return IsOneOf(tokens.View(label), {"§", "Abs", "Absatz", "Art", "Artikel", "Paragraf", "Paragraph", "Nr", "Nummer", "§§"});
+}
+
+bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t next = tokens.Skip(end);
+  switch (one.around) {
+    case Around::Anything: return true;
+    case Around::Number: return tokens.IsNumber(NumberBehind(tokens, end));
+    case Around::NumberBefore: return StandsBehindNumber(tokens, i);
+    case Around::NoNumberBefore: return !StandsBehindNumber(tokens, i) && !StandsBehindOrdinal(tokens, i);
+    case Around::Capital: return next > end && tokens.IsCapital(next);
+    case Around::Name: return next > end && tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
+    case Around::Digits:
+      return tokens.IsNumber(next) || (tokens.IsCapital(next) && tokens.View(next).size() == 1);
+    case Around::NameBefore: {
+      const std::size_t before = tokens.WordIndexBefore(i);
+      return before != Tokens::kNone && tokens.IsCapital(before);
+    }
+    case Around::SmallWord: return next > end && tokens.IsWord(next) && !tokens.IsCapital(next);
+    case Around::Label: return StandsInReference(tokens, i) && tokens.IsNumber(next);
+    case Around::DayBefore: return StandsBehindOrdinal(tokens, i);
+  }
+  return false;
+}
+
+std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, const std::string& first, bool capital) {
+  const auto found = ByFirstToken().find(first);
+  if (found == ByFirstToken().end()) return std::nullopt;
+  for (const Abbreviation* const one : found->second) {
+    std::size_t end = EndOf(tokens, i, one->written);
+    if (end == 0) end = EndOfBare(tokens, i, one->written);
+    if (end != 0 && Fits(*one, tokens, i, end)) return FoundAbbreviation{one, capital, end};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (word.empty() || word.size() > 16 || tokens.IsNumber(i)) return std::nullopt;
+  // A dash or a point that touches belongs to another word: "Bezugs-Nr.", "www.inkl.de".
+  if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&"))) return std::nullopt;
+  if (auto found = Search(tokens, i, std::string(word), false)) return found;
+  if (!tokens.IsCapital(i)) return std::nullopt;
+  // "Z. B." at the beginning of a sentence.
+  const std::string small = WithLowerStart(word);
+  auto found = Search(tokens, i, small, true);
+  const bool single = found && !found->abbreviation->written.empty() && found->abbreviation->around != Around::Anything;
+  return single ? std::nullopt : found;
+}
+
+std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
+  struct Part {
+    std::string_view written;
+    std::string_view spoken;
+  };
+  constexpr Part kParts[] = {{"str", "straße"}, {"pl", "platz"}, {"nr", "nummer"}, {"Str", "Straße"}, {"bhf", "bahnhof"}};
+  const auto word = tokens.View(i);
+  const bool point = tokens.Is(i + 1, ".");
+  for (const Part& part : kParts) {
+    if (word.size() < part.written.size() + 3 || !word.ends_with(part.written)) continue;
+    const bool needed = part.written != "bhf";
+    if (part.written == "pl" && !tokens.IsNumber(tokens.Skip(i + 2))) continue;
+    if (!point && (needed && !(part.written == "str" && tokens.IsNumber(tokens.Skip(i + 1))))) continue;
+    return FoundStreet{word.size() - part.written.size(), part.spoken, point ? i + 2 : i + 1};
+  }
+  return std::nullopt;
+}
+
+}  // namespace lorelin

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "german/nouns.h"
+#include "german/tokens.h"
+
+namespace lorelin {
+
+// What has to stand around the letters for them to be this abbreviation.
+enum class Around : std::uint8_t {
+  Anything,
+  Number,         // a number follows
+  NumberBefore,   // a number stands before
+  Capital,        // a capitalised word follows
+  Name,           // a capitalised word that is no noun follows
+  NoNumberBefore, // no number stands before
+  Digits,         // a number or a single letter follows
+  NameBefore,     // a capitalised word stands before
+  SmallWord,      // a word in small letters follows
+  Label,          // "Abs. 1", "§ 5" stand before and a number follows
+  DayBefore       // an ordinal stands before: "19. Jh."
+};
+
+// Whether the point is also that of a sentence, when a capitalised word follows.
+enum class Ending : std::uint8_t {
+  Never,     // "Dr. Meyer"
+  Starter,   // only before a word that begins sentences
+  Noun,      // not before a noun that may belong to it: "30 Min. Fahrzeit"
+  Often      // always: "usw. Dann"
+};
+
+// How it bends.
+enum class Bending : std::uint8_t {
+  None,
+  Adjective,     // "sog.": the ending of its case
+  Plural,        // the plural behind a number other than 1
+  Genitive       // an "s" behind "des"
+};
+
+struct Abbreviation {
+  std::string_view written;  // a blank where one may stand
+  std::string_view spoken;
+  Around around = Around::Anything;
+  Ending ending = Ending::Never;
+  Bending bending = Bending::None;
+  std::string_view plural = {};
+};
+
+struct FoundAbbreviation {
+  const Abbreviation* abbreviation = nullptr;
+  bool capital = false;  // written with a capital where the table has a small letter
+  std::size_t end = 0;   // the token behind
+  [[nodiscard]] bool EndsWithPoint() const { return abbreviation->written.ends_with('.'); }
+};
+
+// The abbreviation that begins at the token in the context it stands in: the longest one.
+[[nodiscard]] std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_t i);
+
+// "Hauptstr." and "Marktpl.": a name with an abbreviated end.
+struct FoundStreet {
+  std::size_t stemLength = 0;  // bytes of the word that stay
+  std::string_view spoken;     // what stands in the place of the rest
+  std::size_t end = 0;
+};
+[[nodiscard]] std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i);
+
+}  // namespace lorelin

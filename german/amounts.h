@@ -1,0 +1,29 @@
+#pragma once
+
+#include "german/phrase.h"
+#include "german/tokens.h"
+
+namespace lorelin {
+
+// Sums and measures behind a number or sign at the token: "5,50 €", "€ 5", "10–12 kg", "-5 °C", "½ TL", "3 x 4 m".
+[[nodiscard]] Found AmountAt(const Tokens& tokens, std::size_t i);
+
+// A currency before its number: "€ 20", "EUR 3,50".
+[[nodiscard]] Found CurrencyFirstAt(const Tokens& tokens, std::size_t i);
+
+// "-5", "−3 °C", "+2 %": a sign before a number.
+[[nodiscard]] Found SignedAt(const Tokens& tokens, std::size_t i);
+
+// Ranges and products of mere numbers: "1914–1918", "3-4 Eier", "2019/20", "60 × 40".
+[[nodiscard]] Found SpanAt(const Tokens& tokens, std::size_t i);
+
+// "½", "3/4" without a unit.
+[[nodiscard]] Found FractionPhraseAt(const Tokens& tokens, std::size_t i);
+
+// A 1 that takes the form of its noun, years, numbers with groups or decimals; whatever else stays as it is.
+[[nodiscard]] Found PlainNumberAt(const Tokens& tokens, std::size_t i);
+
+// "80er", "20%ige", "3-fach", "4-Zimmer-Wohnung".
+[[nodiscard]] Found GluedAt(const Tokens& tokens, std::size_t i);
+
+}  // namespace lorelin

@@ -1,0 +1,314 @@
+#include "german/dates.h"
+
+#include <array>
+
+#include "german/grammar.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::array<std::string_view, 12> kMonths{"Januar", "Februar", "März",      "April",   "Mai",      "Juni",
+                                                   "Juli",   "August",  "September", "Oktober", "November", "Dezember"};
+struct ShortMonth {
+  std::string_view written;
+  std::size_t number;
+};
+constexpr std::array kShortMonths{ShortMonth{"Jan", 1},  ShortMonth{"Feb", 2},  ShortMonth{"Febr", 2}, ShortMonth{"Mär", 3},
+                                  ShortMonth{"Mrz", 3},  ShortMonth{"Apr", 4},  ShortMonth{"Jun", 6},  ShortMonth{"Jul", 7},
+                                  ShortMonth{"Aug", 8},  ShortMonth{"Sep", 9},  ShortMonth{"Sept", 9}, ShortMonth{"Okt", 10},
+                                  ShortMonth{"Nov", 11}, ShortMonth{"Dez", 12}, ShortMonth{"Jänner", 1}};
+
+struct Weekday {
+  std::string_view written;
+  std::string_view spoken;
+};
+constexpr std::array kWeekdays{Weekday{"Mo", "Montag"},     Weekday{"Di", "Dienstag"}, Weekday{"Mi", "Mittwoch"},
+                               Weekday{"Do", "Donnerstag"}, Weekday{"Fr", "Freitag"},  Weekday{"Sa", "Samstag"},
+                               Weekday{"So", "Sonntag"}};
+
+bool IsDay(const Tokens& tokens, std::size_t i) {
+  const auto day = DigitsAt(tokens, i, 2);
+  return day && *day >= 1 && *day <= 31 && tokens.FreeBefore(i);
+}
+
+std::optional<std::size_t> MonthNumberAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 2);
+  if (!number || *number < 1 || *number > 12) return std::nullopt;
+  return static_cast<std::size_t>(*number);
+}
+
+// Four digits, or two that touch the point of the month; nothing else of a number, no time.
+bool IsYearAt(const Tokens& tokens, std::size_t i, bool twoDigits) {
+  if (!tokens.IsNumber(i, 4, 4) && !(twoDigits && tokens.IsNumber(i, 2, 2))) return false;
+  const auto next = tokens.View(i + 1);
+  if (IsOneOf(next, {".", ",", ":"}) && tokens.IsNumber(i + 2)) return false;
+  return !tokens.IsWord(i + 1) && !tokens.Is(tokens.Skip(i + 1), "Uhr");
+}
+
+std::string YearText(const Tokens& tokens, std::size_t i) {
+  const auto digits = tokens.View(i);
+  const std::uint64_t value = *DigitsAt(tokens, i, 4);
+  if (digits.size() == 4) return YearWords(value);
+  if (value == 0) return "zweitausend";
+  return (digits.front() == '0' ? "null " : "") + CardinalWords(value);
+}
+
+// Days are masculine; without anything before them they stand in the nominative.
+std::string_view DayEnding(const Tokens& tokens, std::size_t i) {
+  if (HasDeterminer(tokens, i)) return EndingAt(tokens, i, {Gender::Masculine, false, false, true});
+  return HasPreposition(tokens, i) ? "en" : "er";
+}
+
+std::string DayText(std::uint64_t day, std::string_view ending) {
+  return OrdinalWords(day, ending);
+}
+
+std::string MonthYearText(const Tokens& tokens, const DateShape& shape) {
+  std::string words(kMonths[shape.month - 1]);
+  if (shape.year != Tokens::kNone) words += " " + YearText(tokens, shape.year);
+  return words;
+}
+
+// The point of a date of numbers that also ends the sentence is not part of it.
+std::size_t EndWithoutLastPoint(const Tokens& tokens, std::size_t end) {
+  return tokens.Is(end - 1, ".") && tokens.IsLast(end - 1) ? end - 1 : end;
+}
+
+std::optional<DateShape> NamedDateAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t next = tokens.Skip(i + 2);
+  const auto month = MonthAt(tokens, next);
+  if (!month) return std::nullopt;
+  DateShape shape{static_cast<std::size_t>(*DigitsAt(tokens, i, 2)), month->number, Tokens::kNone, month->end};
+  const std::size_t year = tokens.Skip(month->end);
+  if (year > month->end && IsYearAt(tokens, year, false)) {
+    shape.year = year;
+    shape.end = year + 1;
+  }
+  return shape;
+}
+
+std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t next = tokens.Skip(i + 2);
+  const auto month = MonthNumberAt(tokens, next);
+  if (!month) return std::nullopt;
+  DateShape shape{static_cast<std::size_t>(*DigitsAt(tokens, i, 2)), *month, Tokens::kNone, next + 1};
+  const bool point = tokens.Is(next + 1, ".");
+  if (!point) return std::nullopt;
+  shape.end = next + 2;
+  const std::size_t year = tokens.Skip(next + 2);
+  if (IsYearAt(tokens, year, year == next + 2)) {
+    shape.year = year;
+    shape.end = year + 1;
+  } else if (tokens.IsNumber(next + 2) || (next > i + 2 && !tokens.IsLast(next + 1))) {
+    return std::nullopt;  // a version, or two ordinals
+  }
+  return shape;
+}
+
+}  // namespace
+
+bool IsMonth(std::string_view word) {
+  for (const auto month : kMonths) {
+    if (month == word || (word.ends_with('s') && word.substr(0, word.size() - 1) == month)) return true;
+  }
+  return false;
+}
+
+std::optional<Month> MonthAt(const Tokens& tokens, std::size_t i) {
+  for (std::size_t month = 0; month < kMonths.size(); ++month) {
+    if (tokens.Is(i, kMonths[month])) return Month{month + 1, i + 1};
+  }
+  for (const ShortMonth& month : kShortMonths) {
+    if (tokens.Is(i, month.written)) return Month{month.number, tokens.Is(i + 1, ".") ? i + 2 : i + 1};
+  }
+  return std::nullopt;
+}
+
+std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i) {
+  if (!IsDay(tokens, i) || !tokens.Is(i + 1, ".")) return std::nullopt;
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ","}) && i > 1 && tokens.IsNumber(i - 2)) return std::nullopt;
+  if (auto named = NamedDateAt(tokens, i)) return named;
+  return NumberDateAt(tokens, i);
+}
+
+namespace {
+
+Phrase DatePhrase(const Tokens& tokens, const DateShape& shape, std::string_view ending) {
+  return {EndWithoutLastPoint(tokens, shape.end), DayText(shape.day, ending) + " " + MonthYearText(tokens, shape)};
+}
+
+// "1.", "1" of "1.–14. Juli" and what joins it with the next: the token of the second day.
+struct FirstDay {
+  std::string_view between;
+  std::size_t second = 0;
+};
+
+std::optional<FirstDay> FirstDayAt(const Tokens& tokens, std::size_t i) {
+  if (!IsDay(tokens, i)) return std::nullopt;
+  std::size_t at = tokens.Is(i + 1, ".") ? i + 2 : i + 1;
+  const bool point = at == i + 2;
+  at = tokens.Skip(at);
+  FirstDay first;
+  if (tokens.IsDashAt(at)) {
+    first.between = " bis ";
+  } else if (point && tokens.Is(at, "/")) {
+    first.between = " und ";
+  } else if (point && IsOneOf(tokens.View(at), {"bis", "und", "oder"})) {
+    first.between = tokens.Is(at, "bis") ? " bis " : (tokens.Is(at, "und") ? " und " : " oder ");
+  } else if (point && tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
+    first.between = " und ";
+    ++at;
+  } else {
+    return std::nullopt;
+  }
+  first.second = tokens.Skip(at + 1);
+  return first;
+}
+
+Found DayPairAt(const Tokens& tokens, std::size_t i) {
+  const auto first = FirstDayAt(tokens, i);
+  if (!first) return std::nullopt;
+  const auto shape = DateShapeAt(tokens, first->second);
+  if (!shape || tokens.Is(i + 1, ",")) return std::nullopt;
+  const auto ending = DayEnding(tokens, i);
+  auto date = DatePhrase(tokens, *shape, ending);
+  date.words = DayText(*DigitsAt(tokens, i, 2), ending) + std::string(first->between) + date.words;
+  return date;
+}
+
+// "1.7.–31.8.2026", "3.–5.10."
+Found DateSpanAt(const Tokens& tokens, std::size_t i) {
+  const auto first = DateShapeAt(tokens, i);
+  if (!first) return std::nullopt;
+  const std::size_t dash = tokens.Skip(first->end);
+  if (!tokens.IsDashAt(dash) && !(tokens.Is(dash, "/") && dash == first->end)) return std::nullopt;
+  const auto second = DateShapeAt(tokens, tokens.Skip(dash + 1));
+  if (!second) return std::nullopt;
+  const auto ending = DayEnding(tokens, i);
+  auto date = DatePhrase(tokens, *second, ending == "er" ? "er" : "en");
+  const std::string begin = DayText(first->day, ending) + " " + MonthYearText(tokens, *first);
+  date.words = begin + (tokens.Is(dash, "/") ? " auf " : " bis ") + date.words;
+  return date;
+}
+
+// "2024-05-03", perhaps with a time behind a "T".
+Found IsoDateAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i, 4, 4) || !tokens.Is(i + 1, "-") || !tokens.IsNumber(i + 2, 2, 2) || !tokens.Is(i + 3, "-") ||
+      !tokens.IsNumber(i + 4, 2, 2) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 4) || tokens.Is(i + 5, "-"))
+    return std::nullopt;
+  const auto month = MonthNumberAt(tokens, i + 2);
+  if (!month || !IsDay(tokens, i + 4) || (i > 0 && tokens.Is(i - 1, "-"))) return std::nullopt;
+  return Phrase{i + 5, DayText(*DigitsAt(tokens, i + 4, 2), DayEnding(tokens, i)) + " " +
+                           std::string(kMonths[*month - 1]) + " " + YearText(tokens, i)};
+}
+
+// "05/2024" is a month where nothing else is numbered like that.
+Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
+  const auto month = MonthNumberAt(tokens, i);
+  if (!month || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 4, 4) || tokens.Is(i + 3, "/")) return std::nullopt;
+  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || LabelBefore(tokens, i)) return std::nullopt;
+  const auto year = *DigitsAt(tokens, i + 2, 4);
+  if (year < 1900 || year > 2100 || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
+  if (!tokens.IsNumber(i, 2, 2) && !IsOneOf(tokens.WordBefore(i), {"seit", "ab", "bis", "im", "in", "Stand", "Seit", "vom", "von"})) return std::nullopt;
+  return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
+}
+
+std::optional<std::pair<std::string_view, std::size_t>> WeekdayAt(const Tokens& tokens, std::size_t i) {
+  for (const Weekday& day : kWeekdays) {
+    if (tokens.Is(i, day.written) && tokens.FreeBefore(i) && tokens.FreeBehind(i))
+      return std::pair(day.spoken, tokens.Is(i + 1, ".") ? i + 2 : i + 1);
+  }
+  return std::nullopt;
+}
+
+// "Mo–Fr", "Sa. - So.", "Mo, Mi, Fr", "Sa u. So".
+Found WeekdaysAt(const Tokens& tokens, std::size_t i) {
+  const auto first = WeekdayAt(tokens, i);
+  if (!first) return std::nullopt;
+  std::size_t at = tokens.Skip(first->second);
+  std::string between;
+  if (tokens.IsDashAt(at)) {
+    between = " bis ";
+  } else if (tokens.Is(at, "bis")) {
+    between = " bis ";
+  } else if (tokens.Is(at, "/") || tokens.Is(at, "+") || tokens.Is(at, "&") || tokens.Is(at, "und")) {
+    between = " und ";
+  } else if (tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
+    between = " und ";
+    ++at;
+  } else if (tokens.Is(at, ",")) {
+    between = ", ";
+  } else {
+    return std::nullopt;
+  }
+  const auto second = WeekdayAt(tokens, tokens.Skip(at + 1));
+  if (!second) return std::nullopt;
+  Phrase phrase{second->second, std::string(first->first) + between + std::string(second->first)};
+  const auto more = WeekdaysAt(tokens, tokens.Skip(at + 1));
+  if (more) return Phrase{more->end, std::string(first->first) + between + more->words};
+  phrase.end = EndWithoutLastPoint(tokens, phrase.end);
+  return phrase;
+}
+
+// "Mo. 9 Uhr", "Di, 3.10.", "am Sa.", "(Mi)".
+Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
+  const auto day = WeekdayAt(tokens, i);
+  if (!day) return std::nullopt;
+  const bool point = tokens.Is(day->second - 1, ".");
+  std::size_t next = tokens.Skip(day->second);
+  if (IsOneOf(tokens.View(next), {",", ":"})) next = tokens.Skip(next + 1);
+  if (tokens.Is(next, "von") || tokens.Is(next, "ab")) next = tokens.Skip(next + 1);
+  const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
+  const bool am = IsOneOf(tokens.WordBefore(i), {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden", "jeweils", "letzten"});
+  const bool so = tokens.Is(i, "So") || tokens.Is(i, "Do") || tokens.Is(i, "Fr");
+  if (!(number && (point || !so || next > day->second)) && !am) return std::nullopt;
+  if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") && !tokens.Is(tokens.Skip(next + 1), "Uhr") && !tokens.IsDashAt(next + 1)) return std::nullopt;
+  return Phrase{EndWithoutLastPoint(tokens, day->second), std::string(day->first)};
+}
+
+// "Okt. 2024", "Dez. '23".
+Found MonthNameAt(const Tokens& tokens, std::size_t i) {
+  const auto month = MonthAt(tokens, i);
+  if (!month || !tokens.FreeBefore(i)) return std::nullopt;
+  const std::size_t year = tokens.Skip(month->end);
+  const bool written = tokens.Is(i, kMonths[month->number - 1]);
+  const bool hasYear = year > month->end && IsYearAt(tokens, year, false) && !tokens.IsDashAt(year + 1) && !tokens.Is(year + 1, "/");
+  const bool shortYear = IsOneOf(tokens.View(year), {"'", "’"}) && tokens.IsNumber(year + 1, 2, 2);
+  std::string words(kMonths[month->number - 1]);
+  if (shortYear) return Phrase{year + 2, words + " " + YearText(tokens, year + 1)};
+  if (hasYear) return Phrase{year + 1, words + " " + YearText(tokens, year)};
+  const bool span = tokens.IsDashAt(tokens.Skip(month->end)) && MonthAt(tokens, tokens.Skip(tokens.Skip(month->end) + 1));
+  if (span) {
+    const std::size_t second = tokens.Skip(tokens.Skip(month->end) + 1);
+    const auto rest = MonthAt(tokens, second);
+    const auto whole = MonthNameAt(tokens, second);
+    if (whole) return Phrase{whole->end, words + " bis " + whole->words};
+    return Phrase{EndWithoutLastPoint(tokens, rest->end), words + " bis " + std::string(kMonths[rest->number - 1])};
+  }
+  if (written || !tokens.Is(month->end - 1, ".")) return std::nullopt;
+  const bool end = tokens.IsLast(month->end - 1);
+  if (!end && !IsOneOf(tokens.WordBefore(i), {"im", "Im", "Anfang", "Mitte", "Ende", "bis", "seit", "ab", "und", "vom", "zum"})) return std::nullopt;
+  return Phrase{EndWithoutLastPoint(tokens, month->end), words};
+}
+
+}  // namespace
+
+Found DateAt(const Tokens& tokens, std::size_t i) {
+  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &MonthOfYearAt}) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  const auto shape = DateShapeAt(tokens, i);
+  if (!shape) return std::nullopt;
+  return DatePhrase(tokens, *shape, DayEnding(tokens, i));
+}
+
+Found CalendarWordAt(const Tokens& tokens, std::size_t i) {
+  for (const auto reading : {&WeekdaysAt, &SingleWeekdayAt, &MonthNameAt}) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  return std::nullopt;
+}
+
+}  // namespace lorelin

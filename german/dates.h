@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "german/phrase.h"
+#include "german/tokens.h"
+
+namespace lorelin {
+
+// "Mai", "Januar".
+[[nodiscard]] bool IsMonth(std::string_view word);
+
+struct Month {
+  std::size_t number = 1;  // from 1
+  std::size_t end = 0;     // the token behind, the point of "Okt." included
+};
+
+// A month by its name or abbreviation.
+[[nodiscard]] std::optional<Month> MonthAt(const Tokens& tokens, std::size_t i);
+
+struct DateShape {
+  std::size_t day = 0;
+  std::size_t month = 0;
+  std::size_t year = Tokens::kNone;  // its token
+  std::size_t end = 0;               // the token behind
+};
+
+// A day and a month: "3.10.", "3.10.2024", "3. Okt. 2024"; the last point is part of it.
+[[nodiscard]] std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i);
+
+// Dates of every kind: also "1.–14. Juli", "24./25.12.", "2024-05-03", "05/2024", "Mai '24".
+[[nodiscard]] Found DateAt(const Tokens& tokens, std::size_t i);
+
+// "Okt. 2024", "Mo., 3.10.", "Mo–Fr".
+[[nodiscard]] Found CalendarWordAt(const Tokens& tokens, std::size_t i);
+
+}  // namespace lorelin

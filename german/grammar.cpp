@@ -1,0 +1,276 @@
+#include "german/grammar.h"
+
+#include <array>
+
+#include "german/wordLists.h"
+
+namespace lorelin {
+namespace {
+
+constexpr int kWordsBack = 10;
+constexpr int kWordsAhead = 4;
+
+enum class Kind { None, Definite, Indefinite };
+
+// What governs a word: a determiner, or only a preposition.
+struct Governor {
+  Kind kind = Kind::None;
+  std::string word;             // in small letters
+  std::optional<Case> byPreposition;  // of the preposition before
+};
+
+constexpr std::string_view kEnWords[] = {"dem",  "den",   "des",    "am",    "im",     "vom",   "zum",
+                                         "beim", "zur",   "unterm", "hinterm", "überm", "vorm"};
+constexpr std::string_view kDasWords[] = {"das", "ins", "ans", "aufs", "fürs", "durchs", "übers", "ums"};
+constexpr std::string_view kDerStems[] = {"dies", "jed", "jen", "welch", "manch", "solch", "all"};
+constexpr std::string_view kEinStems[] = {"ein", "kein", "mein", "dein", "sein", "ihr", "unser", "euer", "eur", "unsr"};
+
+template <std::size_t N>
+bool Contains(const std::string_view (&words)[N], std::string_view word) {
+  for (const auto one : words) {
+    if (one == word) return true;
+  }
+  return false;
+}
+
+// "er" of "dieser", when the stem is one of these.
+template <std::size_t N>
+std::optional<std::string_view> EndingBehind(const std::string_view (&stems)[N], std::string_view word) {
+  for (const auto stem : stems) {
+    if (!word.starts_with(stem)) continue;
+    const auto rest = word.substr(stem.size());
+    if (IsOneOf(rest, {"", "e", "en", "em", "er", "es"})) return rest;
+  }
+  return std::nullopt;
+}
+
+Kind KindOfDeterminer(std::string_view word) {
+  if (word == "der" || word == "die" || Contains(kEnWords, word) || Contains(kDasWords, word)) return Kind::Definite;
+  if (const auto ending = EndingBehind(kDerStems, word); ending && !ending->empty()) return Kind::Definite;
+  return EndingBehind(kEinStems, word) ? Kind::Indefinite : Kind::None;
+}
+
+bool LooksLikeAdjective(std::string_view word) {
+  return HasSuffix(word, {"e", "en", "er", "es", "em"}) || IsDegreeWord(word);
+}
+
+// Steps over "3." of "am 3. und 4." and what joins them.
+std::size_t SkipJoinedOrdinal(const Tokens& tokens, std::size_t i) {
+  std::size_t at = i;
+  if (IsOneOf(tokens.View(at), {"und", "oder", "bis", "sowie", "bzw", "beziehungsweise", ",", "–", "-", "/", "u"})) {
+    at = tokens.Before(at);
+    if (at == Tokens::kNone) return i;
+  }
+  if (tokens.Is(at, ".") && at > 0 && tokens.IsNumber(at - 1)) return tokens.Before(at - 1);
+  if (tokens.IsWord(at) && IsOrdinalWord(tokens.View(at))) return tokens.Before(at);
+  return i;
+}
+
+Governor GovernorOf(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
+    if (const std::size_t joined = SkipJoinedOrdinal(tokens, at); joined != at) {
+      at = joined;
+      continue;
+    }
+    if (!tokens.IsWord(at)) return {};
+    const std::string_view written = tokens.View(at);
+    const std::string word = WithLowerStart(written);
+    // A capital inside a sentence is that of a noun or name: "Mein" of a title aside.
+    if (IsUpperWord(written) && !tokens.OpensClause(at) && !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
+      return {};
+    if (const Kind kind = KindOfDeterminer(word); kind != Kind::None) {
+      const auto before = tokens.WordBefore(at);
+      return {kind, word, CaseOfPreposition(before)};
+    }
+    if (const auto asked = CaseOfPreposition(word)) return {Kind::None, word, asked};
+    if (IsUpperWord(written) || !LooksLikeAdjective(word) || IsVerb(word)) return {};
+    at = tokens.Before(at);
+  }
+  return {};
+}
+
+std::string_view StrongEnding(Case asked, const Agreement& noun) {
+  if (noun.plural) {
+    constexpr std::array<std::string_view, 4> kPlural{"e", "er", "en", "e"};
+    return kPlural[static_cast<std::size_t>(asked)];
+  }
+  constexpr std::array<std::array<std::string_view, 4>, 3> kSingular{
+      std::array<std::string_view, 4>{"er", "en", "em", "en"}, {"e", "er", "er", "e"}, {"es", "en", "em", "es"}};
+  return kSingular[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)];
+}
+
+std::string_view BehindDer(std::string_view ending, const Governor& governor, const Agreement& noun) {
+  if (ending == "er") {
+    if (noun.known) return !noun.plural && noun.gender == Gender::Masculine ? "e" : "en";
+    return governor.byPreposition ? "en" : "e";
+  }
+  if (ending == "e") return noun.known && noun.plural ? "en" : "e";
+  if (ending == "es") return noun.genitive ? "en" : "e";
+  return "en";
+}
+
+std::string_view BehindEin(std::string_view ending, const Agreement& noun) {
+  if (ending.empty()) return noun.known && noun.gender == Gender::Neuter ? "es" : "er";
+  if (ending == "e") return noun.known && noun.plural ? "en" : "e";
+  return "en";
+}
+
+// The ending of the determiner itself: "er" of "der" and "jeder".
+std::string_view EndingOfDeterminer(std::string_view word) {
+  if (word == "der") return "er";
+  if (word == "die") return "e";
+  if (Contains(kDasWords, word)) return "es";
+  if (Contains(kEnWords, word)) return "en";
+  if (const auto ending = EndingBehind(kDerStems, word); ending && !ending->empty()) return *ending;
+  return *EndingBehind(kEinStems, word);
+}
+
+constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um", "bis", "pro", "per",
+                                                        "je", "à", "via"};
+constexpr std::string_view kDativePrepositions[] = {
+    "aus", "bei", "mit", "nach", "seit", "von", "zu", "ab", "außer", "gegenüber", "binnen", "gemäß", "samt", "nebst",
+    "in", "an", "auf", "vor", "hinter", "neben", "zwischen", "unter", "über", "laut", "entsprechend", "zuzüglich"};
+constexpr std::string_view kGenitivePrepositions[] = {"wegen", "während", "trotz", "innerhalb", "außerhalb", "statt",
+                                                      "anstatt", "mittels", "anhand", "zwecks", "oberhalb", "unterhalb",
+                                                      "anlässlich", "infolge", "hinsichtlich", "bezüglich"};
+
+// "auf 1 Liter", "über 1 Meter": not the place but the measure.
+bool MeasuresWith(std::string_view preposition) {
+  return preposition == "auf" || preposition == "über";
+}
+
+std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.WordIndexBefore(i);
+  for (int step = 0; step < 4 && at != Tokens::kNone; ++step) {
+    const std::string word = WithLowerStart(tokens.View(at));
+    if (CaseOfPreposition(word)) return at;
+    if (!IsDegreeWord(word)) return Tokens::kNone;
+    at = tokens.WordIndexBefore(at);
+    if (at == Tokens::kNone) return at;
+  }
+  return Tokens::kNone;
+}
+
+// The verb of the clause asks for an object: a subject has been there, or it is an order.
+bool VerbAsksForObject(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
+    if (tokens.Kind(at) == TokenKind::Sign && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","})) return false;
+    const std::string word = WithLowerStart(tokens.View(at));
+    if (IsLinkingVerb(word)) return false;
+    if (TakesObject(word)) return true;
+    at = tokens.Before(at);
+  }
+  return false;
+}
+
+// "1 Teelöffel Salz zugeben", "1 m lang".
+bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  if (!tokens.OpensClause(first)) return false;
+  std::string_view last;
+  for (std::size_t i = behind; i < tokens.Count() && i < behind + 40; ++i) {
+    if (tokens.IsWord(i)) {
+      last = tokens.View(i);
+      if (IsLinkingVerb(last)) return false;
+    } else if (IsOneOf(tokens.View(i), {",", ";", ":", "("})) {
+      break;
+    }
+  }
+  return !last.empty() && !IsUpperWord(last) && HasSuffix(last, {"en", "ern", "eln"}) && !IsDegreeWord(last);
+}
+
+bool IsExtent(std::string_view word) {
+  return IsOneOf(word, {"lang", "hoch", "breit", "tief", "dick", "schwer", "groß", "weit", "entfernt", "alt", "später",
+                        "früher", "zuvor", "danach", "länger", "höher", "mehr", "weniger", "lange", "vorher"});
+}
+
+}  // namespace
+
+std::optional<Case> CaseOfPreposition(std::string_view written) {
+  const std::string word = WithLowerStart(written);
+  if (Contains(kAccusativePrepositions, word)) return Case::Accusative;
+  if (Contains(kDativePrepositions, word)) return Case::Dative;
+  if (Contains(kGenitivePrepositions, word)) return Case::Genitive;
+  return std::nullopt;
+}
+
+bool IsDeterminer(std::string_view word) {
+  return KindOfDeterminer(WithLowerStart(word)) != Kind::None;
+}
+
+Agreement AgreementOf(const Noun& noun) {
+  Agreement result;
+  result.known = noun.known || noun.guessed;
+  result.gender = noun.gender;
+  result.plural = noun.plural && !noun.singular;
+  result.genitive = noun.genitive;
+  return result;
+}
+
+std::size_t NounBehind(const Tokens& tokens, std::size_t i) {
+  for (int step = 0; step < kWordsAhead; ++step) {
+    if (tokens.IsCapital(i)) return i;
+    if (!tokens.IsWord(i) || !LooksLikeAdjective(tokens.View(i)) || !tokens.IsBlank(i + 1)) return Tokens::kNone;
+    i += 2;
+  }
+  return Tokens::kNone;
+}
+
+bool HasDeterminer(const Tokens& tokens, std::size_t i) {
+  return GovernorOf(tokens, i).kind != Kind::None;
+}
+
+bool HasPreposition(const Tokens& tokens, std::size_t i) {
+  return GovernorOf(tokens, i).byPreposition.has_value();
+}
+
+std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
+  const Governor governor = GovernorOf(tokens, i);
+  if (governor.kind == Kind::Definite) return BehindDer(EndingOfDeterminer(governor.word), governor, noun);
+  if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
+  Case asked = governor.byPreposition.value_or(Case::Nominative);
+  if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
+  if (!governor.byPreposition && VerbAsksForObject(tokens, i)) asked = Case::Accusative;
+  return StrongEnding(asked, noun);
+}
+
+Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone) {
+    const std::string word = WithLowerStart(tokens.View(at));
+    // "bis zu 1 Liter", "über 1 Meter".
+    if (MeasuresWith(word)) return Case::Accusative;
+    return *CaseOfPreposition(word);
+  }
+  if (IsExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
+  if (VerbAsksForObject(tokens, first) || InfinitiveEnds(tokens, first, behind)) return Case::Accusative;
+  return Case::Nominative;
+}
+
+std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behind, const Agreement& noun) {
+  const Governor governor = GovernorOf(tokens, first);
+  if (governor.kind == Kind::Definite)
+    return "ein" + std::string(BehindDer(EndingOfDeterminer(governor.word), governor, noun));
+  constexpr std::array<std::array<std::string_view, 4>, 3> kForms{
+      std::array<std::string_view, 4>{"ein", "eines", "einem", "einen"},
+      {"eine", "einer", "einer", "eine"},
+      {"ein", "eines", "einem", "ein"}};
+  const Case asked = noun.genitive ? Case::Genitive : CaseAt(tokens, first, behind);
+  return std::string(kForms[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)]);
+}
+
+std::string OneHalfBefore(const Tokens& tokens, std::size_t first, std::size_t behind, const Agreement& noun) {
+  const std::string one = OneBefore(tokens, first, behind, noun);
+  if (one == "ein") return noun.gender == Gender::Neuter ? "ein halbes" : "ein halber";
+  return one + (one == "eine" ? " halbe" : " halben");
+}
+
+bool LabelBefore(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
+  if (before == Tokens::kNone) return false;
+  if (tokens.Is(before, "§")) return true;
+  return tokens.IsWord(before) && IsLabel(tokens.View(before));
+}
+
+}  // namespace lorelin

@@ -1,0 +1,128 @@
+#include "german/nouns.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "german/characters.h"
+#include "german/tokens.h"
+
+namespace lorelin {
+namespace {
+
+#include "german/data/nouns.inc"
+
+constexpr unsigned kMasculine = 1;
+constexpr unsigned kFeminine = 2;
+constexpr unsigned kNeuter = 4;
+constexpr unsigned kPlural = 8;
+constexpr unsigned kGenitive = 16;
+constexpr unsigned kDativePlural = 32;
+constexpr std::size_t kLongestWord = 80;   // bytes; nothing longer is looked up
+constexpr std::size_t kShortestPart = 3;   // bytes of the last part of a compound
+
+struct Lexicon {
+  std::vector<std::uint32_t> hashes;  // sorted
+  std::vector<std::uint8_t> forms;
+};
+
+std::uint32_t SixBits(char c) {
+  if (c >= '0' && c <= '9') return static_cast<std::uint32_t>(c - '0');
+  if (c >= 'A' && c <= 'Z') return static_cast<std::uint32_t>(c - 'A' + 10);
+  if (c >= 'a' && c <= 'z') return static_cast<std::uint32_t>(c - 'a' + 36);
+  return c == '-' ? 62 : 63;
+}
+
+std::uint32_t Number(std::string_view signs) {
+  std::uint32_t number = 0;
+  for (const char c : signs) number = number << 6 | SixBits(c);
+  return number;
+}
+
+Lexicon Unpacked() {
+  Lexicon lexicon;
+  lexicon.hashes.reserve(kNounForms);
+  lexicon.forms.reserve(kNounForms);
+  std::uint32_t hash = 0;
+  for (std::string_view line : kNouns) {
+    while (!line.empty()) {
+      const bool large = line.front() == '~';
+      const std::size_t begin = large ? 1 : 0;
+      const std::size_t length = large ? 5 : 3;
+      hash += Number(line.substr(begin, length));
+      lexicon.hashes.push_back(hash);
+      lexicon.forms.push_back(static_cast<std::uint8_t>(SixBits(line[begin + length])));
+      line.remove_prefix(begin + length + 1);
+    }
+  }
+  return lexicon;
+}
+
+std::uint32_t HashOf(std::string_view text) {
+  std::uint32_t value = 0x811C9DC5;
+  for (const char c : text) value = (value ^ static_cast<unsigned char>(c)) * 0x01000193U;
+  return value;
+}
+
+unsigned LookUp(std::string_view word) {
+  static const Lexicon lexicon = Unpacked();
+  const std::uint32_t hash = HashOf(word);
+  const auto found = std::lower_bound(lexicon.hashes.begin(), lexicon.hashes.end(), hash);
+  if (found == lexicon.hashes.end() || *found != hash) return 0;
+  return lexicon.forms[static_cast<std::size_t>(found - lexicon.hashes.begin())];
+}
+
+// The longest last part that is a noun: "geschoss" of "Obergeschoss".
+unsigned LookUpLastPart(std::string_view word) {
+  std::size_t at = CharacterAt(word, 0).length;
+  for (int letters = 1; at < word.size(); ++letters) {
+    if (letters >= 3 && word.size() - at >= kShortestPart && IsLetter(CharacterAt(word, at).code)) {
+      if (const unsigned form = LookUp(WithUpperStart(word.substr(at)))) return form;
+    }
+    at += CharacterAt(word, at).length;
+  }
+  return 0;
+}
+
+// What the ending tells of a word that no lexicon knows.
+unsigned GuessByEnding(std::string_view word) {
+  if (HasSuffix(word, {"ungen", "heiten", "keiten", "schaften", "ionen", "täten"})) return kPlural;
+  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion", "tät", "erei", "enz", "anz", "ik", "ur", "ie", "in"}))
+    return kFeminine;
+  if (HasSuffix(word, {"chen", "lein"})) return kNeuter | kPlural;
+  if (HasSuffix(word, {"ment", "um", "tum"})) return kNeuter;
+  if (HasSuffix(word, {"ismus", "ling", "or", "ist", "ant", "eur"})) return kMasculine;
+  if (HasSuffix(word, {"er"})) return kMasculine | kPlural;
+  if (HasSuffix(word, {"en", "innen"})) return kPlural;
+  return 0;
+}
+
+Noun FromForm(unsigned form) {
+  Noun noun;
+  noun.singular = (form & (kMasculine | kFeminine | kNeuter)) != 0;
+  noun.plural = (form & kPlural) != 0;
+  noun.genitive = (form & kGenitive) != 0;
+  noun.dativePlural = (form & kDativePlural) != 0;
+  if ((form & kMasculine) != 0) {
+    noun.gender = Gender::Masculine;
+  } else if ((form & kFeminine) != 0) {
+    noun.gender = Gender::Feminine;
+  }
+  return noun;
+}
+
+}  // namespace
+
+Noun NounOf(std::string_view word) {
+  if (word.empty() || word.size() > kLongestWord) return {};
+  unsigned form = LookUp(word);
+  if (form == 0) form = LookUpLastPart(word);
+  Noun noun = FromForm(form);
+  noun.known = form != 0;
+  if (form != 0) return noun;
+  noun = FromForm(GuessByEnding(word));
+  noun.guessed = noun.singular || noun.plural;
+  return noun;
+}
+
+}  // namespace lorelin

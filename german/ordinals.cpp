@@ -1,0 +1,312 @@
+#include "german/ordinals.h"
+
+#include "german/dates.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+#include "german/wordLists.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::uint64_t kYears = 1000;  // from here on a number is rather a year than an ordinal
+
+bool JoinsOrdinals(std::string_view word) {
+  return IsOneOf(word, {"und", "oder", "bis", "sowie", "u", "bzw", "beziehungsweise", ",", "/", "–", "-"});
+}
+
+// "3. und 4. Mai": another ordinal follows what joins them.
+std::size_t JoinedOrdinalBehind(const Tokens& tokens, std::size_t next) {
+  if (!JoinsOrdinals(tokens.View(next))) return Tokens::kNone;
+  std::size_t number = next + 1;
+  if (tokens.Is(number, ".")) ++number;
+  number = tokens.Skip(number);
+  return tokens.IsNumber(number, 1, 3) && tokens.Is(number + 1, ".") ? number : Tokens::kNone;
+}
+
+bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone || !JoinsOrdinals(tokens.View(before))) return false;
+  before = tokens.Before(before);
+  if (before == Tokens::kNone) return false;
+  if (tokens.IsWord(before)) return IsOrdinalWord(tokens.View(before));
+  return tokens.Is(before, ".") && before > 0 && tokens.IsNumber(before - 1);
+}
+
+bool IsPluralDeterminer(std::string_view word) {
+  return IsOneOf(WithLowerStart(word), {"alle", "allen", "aller", "keine", "beide", "ihre", "seine", "meine", "unsere"});
+}
+
+// "am", "jeder": what follows is one thing of a row.
+bool DeterminesOne(const Tokens& tokens, std::size_t i) {
+  if (!HasDeterminer(tokens, i)) return false;
+  return !IsPluralDeterminer(tokens.WordBefore(i));
+}
+
+bool BecomesOne(const Tokens& tokens, std::size_t i) {
+  return IsOneOf(tokens.WordBefore(i), {"wurde", "wird", "Wurde", "werden", "als"});
+}
+
+// Cooking and other instructions: the line ends with what is to be done.
+bool LineEndsWithInfinitive(const Tokens& tokens, std::size_t i) {
+  std::size_t last = Tokens::kNone;
+  for (; i < tokens.Count() && tokens.Kind(i) != TokenKind::Line; ++i) {
+    if (tokens.IsWord(i)) last = i;
+  }
+  return last != Tokens::kNone && !tokens.IsCapital(last) && HasSuffix(tokens.View(last), {"en", "ern", "eln"});
+}
+
+bool IsSingularNoun(const Tokens& tokens, std::size_t i) {
+  const Noun noun = NounOf(tokens.View(i));
+  return noun.singular && (noun.known || noun.guessed);
+}
+
+PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  if (LabelBefore(tokens, i) || value >= kYears) return PointMeaning::Sentence;
+  const bool one = DeterminesOne(tokens, i) || BecomesOne(tokens, i) || StandsBehindOrdinal(tokens, i);
+  return one ? PointMeaning::OrdinalAtEnd : PointMeaning::Sentence;
+}
+
+PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t next) {
+  if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
+  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i)) return PointMeaning::Ordinal;
+  if (tokens.OpensLine(i) && LineEndsWithInfinitive(tokens, next)) return PointMeaning::List;
+  if (JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
+  const std::size_t noun = NounBehind(tokens, next);
+  if (noun == Tokens::kNone) return PointMeaning::Sentence;
+  return HasPreposition(tokens, i) || IsNumberedHead(tokens.View(noun)) ? PointMeaning::Ordinal : PointMeaning::Sentence;
+}
+
+// Nothing before the number says what it is: only a head tells.
+PointMeaning BeforeNounAlone(const Tokens& tokens, std::size_t i, std::size_t next) {
+  const bool head = IsNumberedHead(tokens.View(next));
+  if (tokens.OpensLine(i) && (!head || LineEndsWithInfinitive(tokens, next))) return PointMeaning::List;
+  if (head) return PointMeaning::Ordinal;
+  return PointMeaning::Sentence;
+}
+
+bool CountsTime(std::string_view preposition) {
+  return IsOneOf(WithLowerStart(preposition), {"um", "gegen", "bis", "über", "unter", "je", "pro"});
+}
+
+PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
+  const auto word = tokens.View(next);
+  if (IsMonth(word) || MonthAt(tokens, next)) return value <= 31 ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  if (StartsSentences(word)) {
+    const PointMeaning meaning = AtEnd(tokens, i, value);
+    return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
+  }
+  if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
+  const Noun noun = NounOf(word);
+  const bool isNoun = noun.known || noun.guessed || IsAllCaps(word) || IsNumberedHead(word);
+  if (value >= kYears && (GoesBeforeYears(tokens.WordBefore(i)) || !DeterminesOne(tokens, i))) return PointMeaning::Sentence;
+  if (StandsBehindOrdinal(tokens, i)) return PointMeaning::Ordinal;
+  if (DeterminesOne(tokens, i)) {
+    // "Er kommt am 5. Peter nicht."
+    const bool day = IsOneOf(tokens.WordBefore(i), {"am", "Am", "vom", "zum", "dem"});
+    return day && !isNoun ? PointMeaning::OrdinalAtEnd : PointMeaning::Ordinal;
+  }
+  if (HasDeterminer(tokens, i) && isNoun) return PointMeaning::Ordinal;
+  const auto before = tokens.WordBefore(i);
+  if (CaseOfPreposition(before) && !tokens.OpensLine(i)) {
+    const bool fits = IsNumberedHead(word) || (IsSingularNoun(tokens, next) && !CountsTime(before));
+    return fits ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  }
+  return BeforeNounAlone(tokens, i, next);
+}
+
+// "2.OG", "der 1., 2. und 3. Platz", "(am 3.)".
+PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  if (value >= kYears) return PointMeaning::Sentence;
+  if (tokens.IsWord(i + 2)) return tokens.IsCapital(i + 2) && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  if (JoinedOrdinalBehind(tokens, i + 2) != Tokens::kNone) return PointMeaning::Ordinal;
+  if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
+    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i);
+    return one && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  }
+  return PointMeaning::Sentence;
+}
+
+}  // namespace
+
+PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
+  const auto value = DigitsAt(tokens, i, 4);
+  if (!value || *value == 0 || !tokens.FreeBefore(i)) return PointMeaning::Sentence;
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", ":", "+", "#"}) ) return PointMeaning::Sentence;
+  const std::size_t next = tokens.Skip(i + 2);
+  if (tokens.IsLast(i + 1) || tokens.Kind(next) == TokenKind::Line) return AtEnd(tokens, i, *value);
+  if (next == i + 2) return WithoutGap(tokens, i, *value);
+  if (tokens.View(i).front() == '0' && !MonthAt(tokens, next)) return PointMeaning::Sentence;
+  if (tokens.IsCapital(next)) return BeforeCapital(tokens, i, next, *value);
+  if (tokens.IsWord(next)) return BeforeSmallWord(tokens, i, next);
+  if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
+  // "die 3. „Klasse“"
+  if (IsOneOf(tokens.View(next), {"„", "»", "(", "–", "-", "\""}) || tokens.IsNumber(next)) return AtEnd(tokens, i, *value);
+  return PointMeaning::Sentence;
+}
+
+std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
+  std::size_t next = tokens.Skip(behind);
+  for (int step = 0; step < 5; ++step) {
+    const std::size_t joined = JoinedOrdinalBehind(tokens, next);
+    if (joined == Tokens::kNone) break;
+    next = tokens.Skip(joined + 2);
+  }
+  return NounBehind(tokens, next);
+}
+
+Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
+  if (noun == Tokens::kNone) return {};
+  const auto word = tokens.View(noun);
+  Agreement agreement = AgreementOf(NounOf(word));
+  if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
+  if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN") return {Gender::Masculine, false, false, true};
+  // "zweite Vorsitzende": a woman, without an article.
+  if (word.ends_with("zende") && !agreement.plural) agreement.gender = Gender::Feminine;
+  if (word.ends_with("zender")) return {Gender::Masculine, false, false, true};
+  return agreement;
+}
+
+Found OrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, ".") || tokens.IsNumber(i + 2)) return std::nullopt;
+  const PointMeaning meaning = JudgePoint(tokens, i);
+  if (meaning == PointMeaning::Sentence || meaning == PointMeaning::List) return std::nullopt;
+  const std::uint64_t value = *DigitsAt(tokens, i, 4);
+  const bool atEnd = meaning == PointMeaning::OrdinalAtEnd;
+  const std::size_t noun = atEnd ? Tokens::kNone : NounOfOrdinal(tokens, i + 2);
+  std::string words = OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, noun)));
+  if (atEnd) return Phrase{i + 1, words};
+  if (tokens.IsWord(i + 2)) words += ' ';
+  return Phrase{i + 2, words};
+}
+
+// Roman numbers.
+
+namespace {
+
+bool IsRomanHead(std::string_view word) {
+  return IsOneOf(word, {"Kapitel", "Teil", "Band", "Akt", "Abschnitt", "Buch", "Klasse", "Typ", "Stufe", "Grad",
+                        "Gruppe", "Kategorie", "Phase", "Kammer", "Grades", "Weltkrieg", "Hartz", "Agenda", "Apollo",
+                        "Artikel", "Anhang", "Anlage", "Satz", "Strophe", "Symphonie", "Sinfonie", "Szene", "Bd",
+                        "Kap", "Tafel", "Abteilung", "Windows", "Rocky", "Teile", "SGB", "Faust", "Quartal", "Bauteil",
+                        "Schema", "Zone", "Level", "Steuerklasse", "Lohnsteuerklasse", "Pflegestufe"});
+}
+
+bool IsRomanOrdinalHead(std::string_view word) {
+  return IsNumberedHead(word) || IsOneOf(word, {"Olympischen", "Olympische", "Vatikanisches", "Vatikanischen", "Internationale",
+                                               "Armeekorps", "Semester", "Vatikanum", "Dynastie"});
+}
+
+std::uint64_t RomanNumberAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (!tokens.IsWord(i) || word.size() > 12 || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return 0;
+  return RomanValue(word);
+}
+
+bool IsTitle(std::string_view word) {
+  return IsOneOf(word, {"König", "Kaiser", "Papst", "Zar", "Prinz", "Fürst", "Herzog", "Graf", "Kurfürst", "Königin", "Kaiserin",
+                        "Zarin", "Sultan", "Bischof", "Erzbischof", "Königs", "Kaisers", "Papstes", "Zaren", "Fürsten",
+                        "Herzogs", "Grafen", "Pharao", "Ramses", "Landgraf", "Markgraf"});
+}
+
+bool IsWomansName(std::string_view name) {
+  if (name.ends_with('s')) name.remove_suffix(1);
+  return IsOneOf(name, {"Elisabeth", "Maria", "Katharina", "Margarethe", "Victoria", "Viktoria", "Christina", "Beatrix",
+                        "Juliana", "Wilhelmina", "Isabella", "Anna", "Mary", "Olga", "Kleopatra", "Elizabeth", "Margrethe",
+                        "Sophie", "Louise", "Luise", "Johanna", "Sonja", "Silvia", "Theresia"});
+}
+
+// Names of rulers and popes, by which a letter such as "I." or "V." is a number and no second name.
+bool IsRulersName(std::string_view name) {
+  for (int i = 0; i < 2; ++i) {
+    if (IsWomansName(name) ||
+        IsOneOf(name, {"Ludwig", "Friedrich", "Wilhelm", "Karl", "Heinrich", "Otto", "Konrad", "Rudolf", "Leopold", "Josef",
+                       "Joseph", "Franz", "Ferdinand", "Maximilian", "Albrecht", "Georg", "Eduard", "Edward", "Charles",
+                       "Carl", "Gustav", "Philipp", "Alfons", "Johannes", "Paul", "Pius", "Benedikt", "Leo", "Gregor", "Klemens",
+                       "Clemens", "Innozenz", "Urban", "Nikolaus", "Alexander", "Peter", "Iwan", "Ramses", "Napoleon", "Otho",
+                       "Lothar", "August", "Christian", "Jakob", "Richard", "Sigismund", "Wenzel", "Franziskus", "Mehmed",
+                       "Süleyman", "Selim", "Felipe", "Juan", "Carlos", "Harald", "Haakon", "Olaf", "Albert", "Bonifatius",
+                       "Sixtus", "Julius", "Hadrian", "Louis", "Henry", "George", "William", "James", "Thutmosis", "Amenophis",
+                       "Dareios", "Xerxes", "Philip", "Pippin", "Johann", "Rainier", "Faisal", "Abdullah", "Adolf", "Ernst", "Ludwig-Wilhelm"}))
+      return true;
+    if (!name.ends_with('s')) return false;
+    name.remove_suffix(1);
+  }
+  return false;
+}
+
+// "Ludwigs", but not "Johannes" or "Pius".
+bool IsGenitiveName(std::string_view name) {
+  return name.ends_with('s') && !HasSuffix(name, {"us", "es", "as", "is", "os", "James", "Louis"});
+}
+
+// The ruler's name right before the number.
+std::size_t RulerBefore(const Tokens& tokens, std::size_t i) {
+  const std::size_t name = tokens.WordIndexBefore(i);
+  if (name == Tokens::kNone || !tokens.IsCapital(name)) return Tokens::kNone;
+  if (IsRulersName(tokens.View(name))) return name;
+  const auto title = tokens.WordBefore(name);
+  return IsTitle(title) ? name : Tokens::kNone;
+}
+
+// The first word of the ruler's names and titles.
+std::size_t FirstOfName(const Tokens& tokens, std::size_t name) {
+  for (int step = 0; step < 4; ++step) {
+    const std::size_t before = tokens.WordIndexBefore(name);
+    if (before == Tokens::kNone || !tokens.IsCapital(before) || IsDeterminer(tokens.View(before)) ||
+        CaseOfPreposition(tokens.View(before)))
+      break;
+    if (!IsTitle(tokens.View(before)) && !IsRulersName(tokens.View(before))) break;
+    name = before;
+  }
+  return name;
+}
+
+Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
+  if (IsGenitiveName(tokens.View(name))) return Case::Genitive;
+  const std::size_t first = FirstOfName(tokens, name);
+  if (IsOneOf(tokens.View(first), {"Königs", "Kaisers", "Papstes", "Herzogs"})) return Case::Genitive;
+  const auto before = tokens.WordBefore(first);
+  if (IsOneOf(before, {"des", "der"})) return Case::Genitive;
+  if (IsOneOf(before, {"dem", "zum", "vom", "beim", "am", "im", "zur"})) return Case::Dative;
+  if (before == "den") return Case::Accusative;
+  return CaseOfPreposition(before).value_or(Case::Nominative);
+}
+
+std::string RulersNumber(std::uint64_t value, Case asked, bool woman) {
+  constexpr std::string_view kMan[] = {"der", "des", "dem", "den"};
+  constexpr std::string_view kWoman[] = {"die", "der", "der", "die"};
+  const auto at = static_cast<std::size_t>(asked);
+  const bool plain = asked == Case::Nominative || (woman && asked == Case::Accusative);
+  return std::string(woman ? kWoman[at] : kMan[at]) + " " + WithUpperStart(OrdinalWords(value, plain ? "e" : "en"));
+}
+
+}  // namespace
+
+bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
+  const std::size_t next = tokens.Skip(i + 2);
+  if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
+  return RulerBefore(tokens, i) != Tokens::kNone;
+}
+
+Found RomanAt(const Tokens& tokens, std::size_t i) {
+  const std::uint64_t value = RomanNumberAt(tokens, i);
+  if (value == 0) return std::nullopt;
+  const bool point = tokens.Is(i + 1, ".");
+  const std::size_t next = tokens.Skip(i + 2);
+  if (point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
+    return Phrase{i + 2, OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
+  std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
+  if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
+    return Phrase{i + 1, CardinalWords(value)};
+  const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;
+  if (name == Tokens::kNone || value > 40) return std::nullopt;
+  const bool woman = IsWomansName(tokens.View(name));
+  // A last name behind it makes a second name of it: "Max I. Meyer".
+  if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) && !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
+    return std::nullopt;
+  return Phrase{tokens.IsLast(i + 1) ? i + 1 : i + 2, RulersNumber(value, CaseOfRuler(tokens, name), woman)};
+}
+
+}  // namespace lorelin

@@ -1,0 +1,105 @@
+#include "german/readings.h"
+
+#include "german/abbreviations.h"
+#include "german/addresses.h"
+#include "german/amounts.h"
+#include "german/codes.h"
+#include "german/dates.h"
+#include "german/grammar.h"
+#include "german/numbers.h"
+#include "german/ordinals.h"
+#include "german/signs.h"
+#include "german/times.h"
+#include "german/units.h"
+
+namespace lorelin {
+namespace {
+
+bool HasNounOrGovernor(const Tokens& tokens, std::size_t i, std::size_t noun) {
+  return noun != Tokens::kNone || HasDeterminer(tokens, i);
+}
+
+// "sog." with the ending of its case; an adverb where no noun follows.
+std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbreviation& found) {
+  std::string words(found.abbreviation->spoken);
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(found.end));
+  if (!HasNounOrGovernor(tokens, i, noun)) return words;
+  Agreement agreement = AgreementAt(tokens, noun);
+  if (!agreement.known) agreement = {Gender::Masculine, true, false, noun != Tokens::kNone};
+  return words + std::string(EndingAt(tokens, i, agreement));
+}
+
+// "des 19. Jh.".
+bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  if (at == Tokens::kNone) return false;
+  if (tokens.Is(at, ".") && at > 0) --at;
+  return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
+}
+
+Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto found = AbbreviationAt(tokens, i);
+  if (!found) return std::nullopt;
+  std::string words(found->abbreviation->spoken);
+  if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
+  if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
+  if (found->capital) words = WithUpperStart(words);
+  const bool keepsPoint = found->EndsWithPoint() && tokens.IsLast(found->end - 1);
+  return Phrase{keepsPoint ? found->end - 1 : found->end, words};
+}
+
+Found StreetPhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto street = StreetAt(tokens, i);
+  if (!street) return std::nullopt;
+  const bool keepsPoint = tokens.Is(street->end - 1, ".") && tokens.IsLast(street->end - 1);
+  return Phrase{keepsPoint ? street->end - 1 : street->end,
+                std::string(tokens.View(i).substr(0, street->stemLength)) + std::string(street->spoken)};
+}
+
+// "in km/h", "€/m²": a unit without a number is said only when it has two parts.
+Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.FreeBefore(i) || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
+  std::string name;
+  std::size_t end = 0;
+  if (const auto currency = CurrencyAt(tokens, i); currency && !currency->isWord) {
+    name = currency->name;
+    end = currency->end;
+  } else if (const auto unit = UnitAt(tokens, i); unit && !unit->isWord && tokens.View(i).size() <= 4) {
+    if (tokens.View(i, unit->end).find('/') == std::string_view::npos) return std::nullopt;
+    return Phrase{unit->end, unit->plural};
+  }
+  if (end == 0) return std::nullopt;
+  const auto per = PerAt(tokens, end);
+  if (!per) return std::nullopt;
+  return Phrase{per->end, name + per->words};
+}
+
+using Reading = Found (*)(const Tokens&, std::size_t);
+
+template <std::size_t N>
+Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i) {
+  for (const Reading reading : readings) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  return std::nullopt;
+}
+
+constexpr Reading kOfWords[] = {&AddressAt, &IbanAt, &CalendarWordAt, &RomanAt, &AbbreviationPhraseAt, &StreetPhraseAt,
+                                &CurrencyFirstAt, &LoneUnitAt};
+constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt, &CodeAt, &TimeAt, &GluedAt, &AmountAt, &SpanAt, &FractionPhraseAt,
+                                  &OrdinalAt, &PlainNumberAt, &VersionAt};
+constexpr Reading kOfSigns[] = {&SignedAt, &CurrencyFirstAt, &AmountAt, &FractionPhraseAt, &CodeAt, &TagAt,
+                                &AbbreviationPhraseAt, &LoneUnitAt, &SignAt};
+
+}  // namespace
+
+Found ReadingAt(const Tokens& tokens, std::size_t i) {
+  switch (tokens.Kind(i)) {
+    case TokenKind::Word: return FirstOf(kOfWords, tokens, i);
+    case TokenKind::Number: return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : std::nullopt;
+    case TokenKind::Sign: return FirstOf(kOfSigns, tokens, i);
+    default: return std::nullopt;
+  }
+}
+
+}  // namespace lorelin

@@ -1,0 +1,218 @@
+#include "german/sentences.h"
+
+#include "german/abbreviations.h"
+#include "german/dates.h"
+#include "german/grammar.h"
+#include "german/ordinals.h"
+#include "german/units.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::size_t kLookAhead = 16;        // tokens behind a point
+constexpr std::size_t kLongInLines = 800;     // tokens, from which on the end of a line ends a sentence
+constexpr std::size_t kLongInWords = 2000;    // ... a gap does
+constexpr std::size_t kLongest = 6000;        // ... anything does
+
+// Reads the tokens of one sentence; keeps some more than it has looked at.
+class SentenceReader {
+ public:
+  SentenceReader(std::string_view text, std::size_t begin) : tokens_(text), next_(begin) {}
+
+  Tokens Read() {
+    std::size_t i = 0;
+    for (Fill(i); i < tokens_.Count(); Fill(i)) {
+      const std::size_t behind = EndBehind(i);
+      if (behind != 0) {
+        tokens_.Shrink(behind);
+        break;
+      }
+      i = covered_ > i ? covered_ : i + 1;
+    }
+    return std::move(tokens_);
+  }
+
+ private:
+  void Fill(std::size_t i) {
+    while (tokens_.Count() < i + kLookAhead && next_ < tokens_.Text().size()) {
+      tokens_.Add(TokenAt(tokens_.Text(), next_));
+      next_ = tokens_.At(tokens_.Count() - 1).end;
+    }
+  }
+
+  // The token behind the sentence when it ends with the one at `i`, else 0.
+  std::size_t EndBehind(std::size_t i) {
+    if (i > kLongest) return i + 1;
+    switch (tokens_.Kind(i)) {
+      case TokenKind::Word: return EndBehindWord(i);
+      case TokenKind::Number: return EndBehindNumber(i);
+      case TokenKind::Line: return EndBehindLine(i);
+      case TokenKind::Blank: return i > kLongInWords ? i + 1 : 0;
+      case TokenKind::Sign: return EndBehindSign(i);
+      case TokenKind::End: return 0;
+    }
+    return 0;
+  }
+
+  std::size_t EndBehindLine(std::size_t i) {
+    std::size_t next = i + 1;
+    if (tokens_.IsBlank(next)) ++next;
+    if (tokens_.Kind(next) == TokenKind::Line || i > kLongInLines) return WithGaps(i + 1);
+    return 0;
+  }
+
+  std::size_t EndBehindSign(std::size_t i) {
+    const auto sign = tokens_.View(i);
+    if (!IsOneOf(sign, {".", "!", "?", "…"})) return 0;
+    const std::size_t behind = BehindClosing(i + 1);
+    covered_ = behind;
+    if (!tokens_.IsGap(behind)) return 0;
+    if (sign == "." && i > 0 && tokens_.IsWord(i - 1)) return EndBehindWordAndPoint(i, behind);
+    return SmallWordFollows(behind) ? 0 : WithGaps(behind);
+  }
+
+  // A word of one capital is a name's: "J. S. Bach", "Max I. Meyer".
+  std::size_t EndBehindWordAndPoint(std::size_t i, std::size_t behind) {
+    if (SmallWordFollows(behind)) return 0;
+    const auto word = tokens_.View(i - 1);
+    const bool initial = word.size() <= 2 && IsUpperWord(word) && tokens_.FreeBefore(i - 1);
+    const std::size_t next = AfterGaps(behind);
+    if (initial && !tokens_.IsLast(i) && tokens_.Kind(behind) == TokenKind::Blank && tokens_.IsCapital(next))
+      return StartsSentences(tokens_.View(next)) && tokens_.View(next).size() > 1 ? WithGaps(behind) : 0;
+    return WithGaps(behind);
+  }
+
+  std::size_t EndBehindWord(std::size_t i) {
+    std::size_t end = 0;
+    Ending ending = Ending::Never;
+    if (const auto found = AbbreviationAt(tokens_, i)) {
+      end = found->end;
+      ending = found->abbreviation->ending;
+      if (!found->EndsWithPoint()) end = 0;
+    } else if (const auto street = StreetAt(tokens_, i)) {
+      end = street->end;
+      ending = Ending::Starter;
+    }
+    if (end == 0) return EndBehindRoman(i);
+    return EndBehindAbbreviation(end, ending);
+  }
+
+  // "Ludwig XIV. baute", "im XX. Jahrhundert".
+  std::size_t EndBehindRoman(std::size_t i) {
+    if (!tokens_.Is(i + 1, ".") || !IsRomanOrdinalAt(tokens_, i)) return 0;
+    return EndBehindAbbreviation(i + 2, Ending::Noun);
+  }
+
+  std::size_t EndBehindAbbreviation(std::size_t end, Ending ending) {
+    if (end == 0 || !tokens_.Is(end - 1, ".")) return 0;
+    covered_ = end;
+    const std::size_t behind = BehindClosing(end);
+    if (!tokens_.IsGap(behind)) return 0;
+    const std::size_t next = AfterGaps(behind);
+    if (tokens_.Kind(next) == TokenKind::End) return WithGaps(behind);
+    // The next paragraph begins.
+    if (next > behind + 1 && LinesBetween(behind, next) > 1) return WithGaps(behind);
+    if (ending == Ending::Never) return 0;
+    const bool newLine = LinesBetween(behind, next) > 0;
+    return Follows(next, newLine ? Ending::Often : ending) ? WithGaps(behind) : 0;
+  }
+
+  bool Follows(std::size_t next, Ending ending) {
+    if (IsOneOf(tokens_.View(next), {"„", "»", "“", "\""})) return true;
+    if (!tokens_.IsCapital(next)) return false;
+    const auto word = tokens_.View(next);
+    if (StartsSentences(word) || ending == Ending::Often) return true;
+    if (ending == Ending::Starter) return false;
+    return !NounOf(word).known && !NounOf(word).guessed && !IsAllCaps(word) && !tokens_.Is(next + 1, "-");
+  }
+
+  std::size_t EndBehindNumber(std::size_t i) {
+    if (!tokens_.FreeBefore(i)) return 0;
+    if (const auto date = DateShapeAt(tokens_, i)) {
+      if (!tokens_.Is(date->end - 1, ".")) {
+        covered_ = date->end;
+        return 0;
+      }
+      return EndBehindAbbreviation(date->end, Ending::Noun);
+    }
+    if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
+    const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
+    return unit && unit->endsWithPoint ? EndBehindAbbreviation(unit->end, Ending::Noun) : 0;
+  }
+
+  std::optional<Unit> UnitOrMultiple(std::size_t i) {
+    if (auto unit = UnitAt(tokens_, i)) return unit;
+    return MultipleAt(tokens_, i);
+  }
+
+  std::size_t EndBehindNumberAndPoint(std::size_t i) {
+    const std::size_t behind = BehindClosing(i + 2);
+    covered_ = i + 2;
+    if (!tokens_.IsGap(behind)) return 0;
+    const std::size_t next = AfterGaps(behind);
+    if (tokens_.Kind(next) == TokenKind::End || LinesBetween(behind, next) > 1) return WithGaps(behind);
+    switch (JudgePoint(tokens_, i)) {
+      case PointMeaning::Ordinal:
+      case PointMeaning::List: return 0;
+      case PointMeaning::Sentence:
+      case PointMeaning::OrdinalAtEnd: return SmallWordFollows(behind) ? 0 : WithGaps(behind);
+    }
+    return 0;
+  }
+
+  [[nodiscard]] std::size_t LinesBetween(std::size_t from, std::size_t to) const {
+    std::size_t lines = 0;
+    for (; from < to; ++from) lines += tokens_.Kind(from) == TokenKind::Line ? 1 : 0;
+    return lines;
+  }
+
+  [[nodiscard]] bool SmallWordFollows(std::size_t behind) {
+    const std::size_t next = AfterGaps(behind);
+    return tokens_.IsWord(next) && !tokens_.IsCapital(next) && LinesBetween(behind, next) < 2;
+  }
+
+  std::size_t BehindClosing(std::size_t i) {
+    while (IsOneOf(tokens_.View(i), {".", "!", "?", "…", "“", "”", "\"", "«", "’", "'", ")", "]", "‘"})) {
+      ++i;
+      Fill(i);
+    }
+    return i;
+  }
+
+  std::size_t AfterGaps(std::size_t i) {
+    while (tokens_.Kind(i) == TokenKind::Blank || tokens_.Kind(i) == TokenKind::Line) {
+      ++i;
+      Fill(i);
+    }
+    return i;
+  }
+
+  std::size_t WithGaps(std::size_t behind) { return AfterGaps(behind); }
+
+  Tokens tokens_;
+  std::size_t next_;
+  std::size_t covered_ = 0;
+};
+
+}  // namespace
+
+Tokens SentenceAt(std::string_view text, std::size_t begin) {
+  return SentenceReader(text, begin).Read();
+}
+
+std::size_t SentenceEnd(std::string_view text, std::size_t begin) {
+  const Tokens tokens = SentenceAt(text, begin);
+  return tokens.Count() == 0 ? text.size() : tokens.At(tokens.Count() - 1).end;
+}
+
+std::vector<TextRange> Sentences(std::string_view text) {
+  std::vector<TextRange> ranges;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = SentenceEnd(text, begin);
+    ranges.push_back({begin, end});
+    begin = end;
+  }
+  return ranges;
+}
+
+}  // namespace lorelin

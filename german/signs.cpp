@@ -1,0 +1,92 @@
+#include "german/signs.h"
+
+#include "german/dates.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+
+namespace lorelin {
+namespace {
+
+// "§ 5", "§§ 5 und 6", "§ 5a": the number and a letter that touches it.
+Found ParagraphAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "§")) return std::nullopt;
+  std::size_t end = i + 1;
+  const bool many = tokens.Is(end, "§");
+  if (many) ++end;
+  std::string words = many ? "Paragrafen" : "Paragraf";
+  if (!tokens.IsGap(end)) words += ' ';
+  return Phrase{end, words};
+}
+
+// "5a" behind a paragraph: the letter is said for itself.
+struct SignName {
+  std::string_view sign;
+  std::string_view name;
+};
+
+// Between two things, with blanks on both sides or none.
+constexpr SignName kBetween[] = {{"≈", "ungefähr"}, {"≠", "ungleich"}, {"≤", "kleiner oder gleich"}, {"≥", "größer oder gleich"}, {"±", "plus minus"},
+                                 {"<", "kleiner als"}, {">", "größer als"}, {"÷", "geteilt durch"}, {"×", "mal"}, {"·", "mal"}, {"√", "Wurzel aus"}, {"∞", "unendlich"},
+                                 {"→", "Pfeil nach rechts"}, {"∅", "durchschnittlich"}, {"~", "circa"}};
+
+bool NumberFollows(const Tokens& tokens, std::size_t i) {
+  std::size_t next = tokens.Skip(i);
+  if (tokens.IsDashAt(next) || tokens.Is(next, "+") || tokens.Is(next, "$") || tokens.Is(next, "€")) ++next;
+  return tokens.IsNumber(next);
+}
+
+std::string WithGaps(const Tokens& tokens, std::size_t i, std::string_view name) {
+  const bool before = i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "[", "„", "\""});
+  const bool behind = i + 1 < tokens.Count() && !tokens.IsGap(i + 1) && !IsOneOf(tokens.View(i + 1), {")", "]", ",", "."});
+  return (before ? " " : "") + std::string(name) + (behind ? " " : "");
+}
+
+Found MathSignAt(const Tokens& tokens, std::size_t i) {
+  for (const SignName& one : kBetween) {
+    if (!tokens.Is(i, one.sign)) continue;
+    const bool letterSign = IsOneOf(one.sign, {"→"});
+    if (letterSign) return std::nullopt;
+    if (!NumberFollows(tokens, i + 1) && !IsOneOf(one.sign, {"≈", "≠", "≤", "≥", "÷", "∞"})) return std::nullopt;
+    if (one.sign == "·" && (tokens.Before(i) == Tokens::kNone || !tokens.IsNumber(tokens.Before(i)) || tokens.IsBlank(i - 1))) return std::nullopt;
+    if (IsOneOf(one.sign, {"<", ">"})) {
+      if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "=", "<", ">"})) return std::nullopt;
+      // The sign of a quoted line.
+      if (one.sign == ">" && tokens.OpensLine(i) && tokens.IsBlank(i + 1)) return std::nullopt;
+    }
+    return Phrase{i + 1, WithGaps(tokens, i, one.name)};
+  }
+  return std::nullopt;
+}
+
+// "Müller & Sohn", "C&A" stays.
+Found AmpersandAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "&") || i == 0 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1)) return std::nullopt;
+  return Phrase{i + 1, "und"};
+}
+
+// "* 1970", "†2020", "* 3. Mai 1970".
+Found LifeSignAt(const Tokens& tokens, std::size_t i) {
+  const bool born = tokens.Is(i, "*");
+  const bool died = tokens.Is(i, "†") || tokens.Is(i, "✝");
+  if (!born && !died) return std::nullopt;
+  std::size_t next = tokens.Skip(i + 1);
+  const bool about = tokens.Is(next, "um");
+  if (!DateShapeAt(tokens, next) && !tokens.IsNumber(next, 4, 4) && !about) return std::nullopt;
+  if (born && i > 0 && !IsOneOf(tokens.View(i - 1), {"("}) && !tokens.IsGap(i - 1)) return std::nullopt;
+  if (born && tokens.OpensLine(i) && tokens.IsBlank(i + 1) && !DateShapeAt(tokens, next) && !tokens.IsNumber(next, 4, 4)) return std::nullopt;
+  if (born && i > 0 && tokens.Before(i) != Tokens::kNone && tokens.IsNumber(tokens.Before(i))) return std::nullopt;
+  std::string words = born ? "geboren" : "gestorben";
+  if (DateShapeAt(tokens, next)) words += " am";
+  return Phrase{i + 1, WithGaps(tokens, i, words)};
+}
+
+}  // namespace
+
+Found SignAt(const Tokens& tokens, std::size_t i) {
+  for (const auto reading : {&ParagraphAt, &LifeSignAt, &MathSignAt, &AmpersandAt}) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  return std::nullopt;
+}
+
+}  // namespace lorelin

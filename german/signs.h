@@ -1,0 +1,11 @@
+#pragma once
+
+#include "german/phrase.h"
+#include "german/tokens.h"
+
+namespace lorelin {
+
+// Signs that are words: "§ 5", "&", "≈", "× ", "<", "* 1970".
+[[nodiscard]] Found SignAt(const Tokens& tokens, std::size_t i);
+
+}  // namespace lorelin

@@ -1,0 +1,252 @@
+#include "german/times.h"
+
+#include "german/grammar.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+#include "german/units.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::uint64_t kHours = 24;
+constexpr std::uint64_t kMinutes = 60;
+
+struct Clock {
+  std::uint64_t hour = 0;
+  std::optional<std::uint64_t> minute;
+  std::optional<std::uint64_t> second;
+  bool byColon = false;
+  std::size_t end = 0;  // the token behind
+};
+
+std::optional<std::uint64_t> SixtiethAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i, 2, 2)) return std::nullopt;
+  const auto value = DigitsAt(tokens, i, 2);
+  return value && *value < kMinutes ? value : std::nullopt;
+}
+
+// An hour, alone or with its minutes behind a colon or, when `withPoint`, behind a point.
+std::optional<Clock> ClockAt(const Tokens& tokens, std::size_t i, bool withPoint) {
+  const auto hour = DigitsAt(tokens, i, 2);
+  if (!hour || *hour > kHours || !tokens.FreeBefore(i)) return std::nullopt;
+  Clock clock{*hour, std::nullopt, std::nullopt, false, i + 1};
+  const bool colon = tokens.Is(i + 1, ":");
+  if (!colon && !(withPoint && tokens.Is(i + 1, "."))) return clock;
+  clock.minute = SixtiethAt(tokens, i + 2);
+  if (!clock.minute) return clock;
+  clock.byColon = colon;
+  clock.end = i + 3;
+  if (colon && tokens.Is(i + 3, ":")) {
+    clock.second = SixtiethAt(tokens, i + 4);
+    if (clock.second) clock.end = i + 5;
+  }
+  return clock;
+}
+
+std::string ClockWords(const Clock& clock) {
+  std::string words = CardinalWords(clock.hour, "ein") + " Uhr";
+  if (clock.minute && *clock.minute != 0) words += " " + CardinalWords(*clock.minute);
+  if (clock.second) {
+    if (*clock.minute == 0) words += " null";
+    words += " und " + CardinalWords(*clock.second, "eine") + (*clock.second == 1 ? " Sekunde" : " Sekunden");
+  }
+  return words;
+}
+
+// What stands before "bis": the hour alone needs no "Uhr".
+std::string FirstClockWords(const Clock& clock) {
+  return clock.minute && *clock.minute != 0 ? ClockWords(clock) : CardinalWords(clock.hour);
+}
+
+bool GoesBeforeTimes(std::string_view word) {
+  return IsOneOf(WithLowerStart(word), {"um", "ab", "gegen", "von", "bis", "vor", "nach", "seit", "zwischen", "beginn", "start",
+                                        "einlass", "ende", "täglich", "und", "montag", "dienstag", "mittwoch", "donnerstag",
+                                        "freitag", "samstag", "sonntag", "mo", "di", "mi", "do", "fr", "sa", "so", "heute",
+                                        "morgen", "uhr", "morgens", "abends", "punkt", "geöffnet", "spätestens", "feiertags"});
+}
+
+bool IsWeekday(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  while (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", ",", ":", "("}) && before > 0) --before;
+  return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
+}
+
+// The token behind "Uhr", or behind an "h" that means it; 0 without.
+std::size_t HourSignAt(const Tokens& tokens, std::size_t i, bool meansClock) {
+  const std::size_t next = tokens.Skip(i);
+  if (tokens.Is(next, "Uhr")) return next + 1;
+  if (meansClock && tokens.Is(next, "h") && tokens.FreeBehind(next)) return next + 1;
+  return 0;
+}
+
+// "19h30".
+Found FrenchTimeAt(const Tokens& tokens, std::size_t i) {
+  const auto hour = DigitsAt(tokens, i, 2);
+  if (!hour || *hour > kHours || !tokens.Is(i + 1, "h") || !SixtiethAt(tokens, i + 2) || !tokens.FreeBehind(i + 2))
+    return std::nullopt;
+  return Phrase{i + 3, ClockWords({*hour, SixtiethAt(tokens, i + 2), std::nullopt, false, i + 3})};
+}
+
+// "9–17 Uhr", "8.30 bis 12.00 Uhr", "9-17h", "10:00–12:00".
+Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
+  auto first = ClockAt(tokens, i, true);
+  if (!first) return std::nullopt;
+  std::size_t at = tokens.Skip(first->end);
+  if (tokens.Is(at, "Uhr")) at = tokens.Skip(at + 1);
+  const bool hourNamed = at != tokens.Skip(first->end);
+  const bool word = IsOneOf(tokens.View(at), {"bis", "und", "oder"});
+  const bool dash = tokens.IsDashAt(at) || tokens.Is(at, "/");
+  if (!word && !dash) return std::nullopt;
+  const auto second = ClockAt(tokens, tokens.Skip(at + 1), true);
+  if (!second || (tokens.Is(second->end, ":") && tokens.IsNumber(second->end + 1))) return std::nullopt;
+  const std::string between = word ? " " + std::string(tokens.View(at)) + " " : (tokens.Is(at, "/") ? " und " : " bis ");
+  const bool later = second->hour > first->hour || (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
+  const bool glued = tokens.Is(second->end, "h");
+  const bool clocks = IsWeekday(tokens, i) || first->minute || (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
+  if (const std::size_t end = HourSignAt(tokens, second->end, clocks); end != 0) {
+    const std::string begin = hourNamed ? ClockWords(*first) : FirstClockWords(*first);
+    return Phrase{end, begin + between + ClockWords(*second)};
+  }
+  if (!first->byColon || !second->byColon) return std::nullopt;
+  return Phrase{second->end, ClockWords(*first) + between + ClockWords(*second)};
+}
+
+// The list "8, 10 und 12 Uhr" stays numbers; one time is read.
+Found OneTimeAt(const Tokens& tokens, std::size_t i) {
+  const auto clock = ClockAt(tokens, i, true);
+  if (!clock) return std::nullopt;
+  const bool glued = clock->end == tokens.Skip(clock->end);
+  const bool means = clock->minute ? IsWeekday(tokens, i) || clock->byColon
+                                   : (IsWeekday(tokens, i) && !IsOneOf(tokens.WordBefore(i), {"nach", "vor", "seit", "bis", "von", "und"})) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
+  if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0) return Phrase{end, ClockWords(*clock)};
+  return std::nullopt;
+}
+
+// Durations.
+
+struct Duration {
+  std::uint64_t parts[3] = {0, 0, 0};
+  std::size_t count = 0;
+  std::size_t end = 0;
+};
+
+std::optional<Duration> DurationDigitsAt(const Tokens& tokens, std::size_t i) {
+  const auto first = DigitsAt(tokens, i, 3);
+  if (!first || !tokens.FreeBefore(i)) return std::nullopt;
+  Duration duration{{*first, 0, 0}, 1, i + 1};
+  while (duration.count < 3 && tokens.Is(duration.end, ":") && SixtiethAt(tokens, duration.end + 1)) {
+    duration.parts[duration.count++] = *SixtiethAt(tokens, duration.end + 1);
+    duration.end += 2;
+  }
+  if (duration.count < 2) return std::nullopt;
+  return duration;
+}
+
+std::string PartWords(std::uint64_t value, std::string_view singular) {
+  return CardinalWords(value, "eine") + " " + std::string(singular) + (value == 1 ? "" : "n");
+}
+
+// "1:45:30 Std.", "2:15 h", "12:30 min".
+Found DurationAt(const Tokens& tokens, std::size_t i) {
+  const auto duration = DurationDigitsAt(tokens, i);
+  if (!duration) return std::nullopt;
+  const auto unit = UnitAt(tokens, tokens.Skip(duration->end));
+  if (!unit) return std::nullopt;
+  constexpr std::string_view kNames[] = {"Stunde", "Minute", "Sekunde"};
+  std::size_t name = 0;
+  if (unit->singular == "Minute") {
+    name = duration->count == 3 ? 0 : 1;
+  } else if (unit->singular != "Stunde") {
+    return std::nullopt;
+  }
+  if (tokens.Is(unit->end - 1, "h") && duration->count == 2 && IsWeekday(tokens, i)) return std::nullopt;
+  std::string words;
+  for (std::size_t part = 0; part < duration->count && name < 3; ++part, ++name) {
+    if (part > 0 && duration->parts[part] == 0) continue;
+    if (!words.empty()) words += ' ';
+    words += PartWords(duration->parts[part], kNames[name]);
+  }
+  const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
+  return Phrase{last ? unit->end - 1 : unit->end, words};
+}
+
+// Scores.
+
+bool IsSportsWord(std::string_view word) {
+  return HasSuffix(WithLowerStart(word),
+                   {"gewann", "gewannen", "gewinnt", "gewonnen", "siegte", "siegten", "siegt", "verlor", "verloren", "verliert", "unterlag",
+                    "unterlagen", "endete", "endstand", "halbzeitstand", "stand", "spielstand", "ergebnis", "sieg", "niederlage",
+                    "unentschieden", "satz", "sätze", "sätzen", "führte", "führten", "führt", "führung", "tor", "tore", "spiel",
+                    "halbzeit", "spieltag", "spielte", "spielten", "schlug", "schlugen", "besiegte", "besiegten", "bezwang", "traf",
+                    "trennten", "trennte", "remis", "ausgleich", "handball", "basketball", "fußball", "tennis", "drittel",
+                    "viertel", "matchball", "tiebreak", "treffer", "anschluss", "rückstand", "heimsieg", "auswärtssieg", "pause",
+                    "bundesliga", "pokal", "finale", "halbfinale", "viertelfinale", "partie", "gewinnen", "hinspiel", "rückspiel", "setzte", "punkte", "verlängerung"});
+}
+
+bool IsRatioWord(std::string_view word) {
+  return HasSuffix(WithLowerStart(word), {"verhältnis", "maßstab", "mischung", "quote", "mischen", "verdünnen", "verdünnung", "verdünnt",
+                                          "übersetzung", "chance", "chancen", "wette", "kurs", "gemischt", "stimmen", "abstimmung", "seitenverhältnis", "format", "kontrast", "wirkstoff"});
+}
+
+template <typename Test>
+bool Stands(const Tokens& tokens, std::size_t i, Test test) {
+  constexpr std::size_t kNear = 24;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    if (tokens.IsWord(at) && test(tokens.View(at))) return true;
+  }
+  return false;
+}
+
+struct Score {
+  std::uint64_t left = 0;
+  std::uint64_t right = 0;
+  std::size_t end = 0;
+  bool spaced = false;
+};
+
+std::optional<Score> ScoreDigitsAt(const Tokens& tokens, std::size_t i) {
+  const auto left = DigitsAt(tokens, i, 4);
+  const std::size_t colon = tokens.Skip(i + 1);
+  if (!left || !tokens.Is(colon, ":") || !tokens.FreeBefore(i)) return std::nullopt;
+  const std::size_t second = tokens.Skip(colon + 1);
+  const bool spaced = second != i + 2;
+  if (spaced && (colon == i + 1 || second == colon + 1)) return std::nullopt;
+  const auto right = NumberAt(tokens, second);
+  if (!right || !right->IsWhole() || (tokens.Is(right->end, ":") && tokens.IsNumber(right->end + 1))) return std::nullopt;
+  return Score{*left, right->value, right->end, spaced};
+}
+
+bool LooksLikeClock(const Tokens& tokens, std::size_t i, const Score& score) {
+  return tokens.IsNumber(i, 1, 2) && tokens.IsNumber(i + 2, 2, 2) && score.left <= kHours && score.right < kMinutes;
+}
+
+Found ClockByColonAt(const Tokens& tokens, std::size_t i) {
+  const auto clock = ClockAt(tokens, i, false);
+  if (!clock || !clock->minute || !tokens.FreeBehind(clock->end - 1) || tokens.Is(clock->end, ":")) return std::nullopt;
+  return Phrase{clock->end, ClockWords(*clock)};
+}
+
+}  // namespace
+
+Found ScoreAt(const Tokens& tokens, std::size_t i) {
+  const auto score = ScoreDigitsAt(tokens, i);
+  if (!score) return std::nullopt;
+  if (!tokens.FreeBehind(score->end - 1) && !tokens.Is(score->end, "n")) return std::nullopt;
+  const bool clock = LooksLikeClock(tokens, i, *score);
+  if (clock && !score->spaced) {
+    const bool time = GoesBeforeTimes(tokens.WordBefore(i)) && !IsOneOf(tokens.WordBefore(i), {"nach", "und", "vor", "bis", "von"});
+    if (time || (!Stands(tokens, i, IsSportsWord) && !Stands(tokens, i, IsRatioWord))) return std::nullopt;
+  }
+  std::string words = CardinalWords(score->left) + " zu " + CardinalWords(score->right);
+  return Phrase{score->end, words};
+}
+
+Found TimeAt(const Tokens& tokens, std::size_t i) {
+  for (const auto reading : {&DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  if (auto score = ScoreAt(tokens, i)) return score;
+  return ClockByColonAt(tokens, i);
+}
+
+}  // namespace lorelin

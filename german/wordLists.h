@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+namespace lorelin {
+
+// Words of the closed classes and their like; what they are asked for stands with each. In small letters if nothing
+// else is said.
+
+// "nur", "etwa", "mindestens": stand between a preposition and its number.
+[[nodiscard]] bool IsDegreeWord(std::string_view word);
+// "ist", "fehlt": what stands behind is no object.
+[[nodiscard]] bool IsLinkingVerb(std::string_view word);
+// "hat", "kostet", "ich": an object in the accusative is to come.
+[[nodiscard]] bool TakesObject(std::string_view word);
+// Finite verbs that look like adjectives: "wurde", "belegte".
+[[nodiscard]] bool IsVerb(std::string_view word);
+// "erste", "dreizehnten".
+[[nodiscard]] bool IsOrdinalWord(std::string_view word);
+// Nouns that are numbered by ordinals even without an article: "1. Klasse", "2. Vorsitzender".
+[[nodiscard]] bool IsNumberedHead(std::string_view noun);
+// "seit", "Sommer": a number of four digits behind it is a year.
+[[nodiscard]] bool GoesBeforeYears(std::string_view word);
+
+}  // namespace lorelin
