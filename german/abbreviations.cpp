@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "german/abbreviationTable.h"
+#include "german/dates.h"
 #include "german/grammar.h"
 
 namespace lorelin {
@@ -104,6 +105,12 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     }
     case Around::SmallWord: return next > end && tokens.IsWord(next) && !tokens.IsCapital(next);
     case Around::Label: return StandsInReference(tokens, i) && tokens.IsNumber(next);
+    case Around::RulerBefore: {
+      const std::size_t name = tokens.WordIndexBefore(i);
+      return name != Tokens::kNone && tokens.IsCapital(name) && !NounOf(tokens.View(name)).whole && !MonthAt(tokens, name);
+    }
+    case Around::Spice:
+      return HasSuffix(tokens.View(next), {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander", "ardamom", "aprika", "urkuma", "nuss", "affee", "ohn"});
     case Around::DayBefore: return StandsBehindOrdinal(tokens, i);
   }
   return false;
@@ -147,7 +154,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
   for (const Part& part : kParts) {
     if (word.size() < part.written.size() + 3 || !word.ends_with(part.written)) continue;
     const bool needed = part.written != "bhf";
-    if (part.written == "pl" && !tokens.IsNumber(tokens.Skip(i + 2))) continue;
+    if (part.written == "pl" && !(point && tokens.IsCapital(i))) continue;
     if (!point && (needed && !(part.written == "str" && tokens.IsNumber(tokens.Skip(i + 1))))) continue;
     return FoundStreet{word.size() - part.written.size(), part.spoken, point ? i + 2 : i + 1};
   }

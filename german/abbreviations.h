@@ -21,6 +21,8 @@ enum class Around : std::uint8_t {
   NameBefore,     // a capitalised word stands before
   SmallWord,      // a word in small letters follows
   Label,          // "Abs. 1", "§ 5" stand before and a number follows
+  RulerBefore,    // a name stands before that others have borne
+  Spice,          // something that is ground follows
   DayBefore       // an ordinal stands before: "19. Jh."
 };
 

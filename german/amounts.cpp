@@ -27,6 +27,7 @@ struct Quantity {
   bool one = false;        // 1, to be said by its gender
   bool singular = false;   // the unit stands in the singular: "ein halber Liter"
   std::uint64_t halves = 0;  // 1 for a half: "ein halber"
+  std::string part;          // of "ein viertel": "viertel"
   std::size_t end = 0;
   WrittenNumber number;
 };
@@ -36,6 +37,7 @@ std::optional<Quantity> FractionQuantityAt(const Tokens& tokens, std::size_t i) 
   if (const auto fraction = FractionAt(tokens, i)) {
     Quantity quantity;
     quantity.halves = fraction->denominator == 2 ? 1 : 0;
+    if (fraction->numerator == 1 && fraction->denominator > 2) quantity.part = OrdinalWords(fraction->denominator, "el");
     quantity.words = FractionText(*fraction);
     quantity.singular = true;
     quantity.end = fraction->end;
@@ -48,12 +50,13 @@ std::optional<Quantity> FractionQuantityAt(const Tokens& tokens, std::size_t i) 
   if (!fraction || (next == i + 1 && !IsFractionSign(tokens.View(next)))) return std::nullopt;
   Quantity quantity;
   const bool half = fraction->denominator == 2;
-  quantity.words = CardinalWords(*whole, "ein") + (half ? "einhalb" : std::string(*whole == 1 ? "" : "") + "ein" + "");
-  if (!half) {
-    quantity.words = CardinalWords(*whole, fraction->numerator == 1 ? "ein" : "ein") +
-                     (fraction->numerator == 1 && fraction->denominator == 4 ? "einviertel"
-                      : fraction->numerator == 3 && fraction->denominator == 4 ? "dreiviertel"
-                                                                              : " " + FractionText(*fraction));
+  quantity.words = CardinalWords(*whole, "ein");
+  if (half) {
+    quantity.words += "einhalb";
+  } else if (fraction->denominator == 4) {
+    quantity.words += fraction->numerator == 1 ? "einviertel" : "dreiviertel";
+  } else {
+    quantity.words += " " + FractionText(*fraction);
   }
   quantity.end = fraction->end;
   return quantity;
@@ -76,6 +79,7 @@ std::string QuantityWords(const Tokens& tokens, std::size_t first, std::size_t b
                           Gender gender) {
   if (quantity.halves == 1) return OneHalfBefore(tokens, first, behind, AgreementOf(gender));
   if (quantity.one) return OneBefore(tokens, first, behind, AgreementOf(gender));
+  if (!quantity.part.empty() && CaseAt(tokens, first, behind) == Case::Dative) return OneBefore(tokens, first, behind, AgreementOf(gender)) + " " + quantity.part;
   return quantity.words;
 }
 
@@ -197,8 +201,6 @@ Found MeasureAt(const Tokens& tokens, std::size_t i, std::size_t first) {
   }
   const auto unit = UnitAt(tokens, at);
   if (!unit || !IsRealUnit(tokens, first, *quantity, at, *unit)) return std::nullopt;
-  // Written out, only the forms of one and of fractions change.
-  if (unit->isWord && !quantity->one && !quantity->singular && quantity->number.IsWhole() && !quantity->number.grouped) return std::nullopt;
   return Phrase{EndOfUnit(tokens, unit->end), QuantityWords(tokens, first, unit->end, *quantity, unit->gender) + " " +
                                                   UnitWords(tokens, first, unit->end, *quantity, *unit)};
 }
@@ -298,7 +300,6 @@ Found SignedAt(const Tokens& tokens, std::size_t i) {
   const auto number = NumberAt(tokens, i + 1);
   if (!number) return std::nullopt;
   const bool degrees = UnitAt(tokens, tokens.Skip(number->end)).has_value();
-  if (sign == "+" && !degrees) return std::nullopt;
   // At the beginning of a line it is the dash of a list.
   if (tokens.OpensLine(i) && !degrees && !tokens.IsLast(number->end - 1)) return std::nullopt;
   if (!tokens.FreeBehind(number->end - 1) || tokens.IsDashAt(number->end)) return std::nullopt;
@@ -355,7 +356,6 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(second->end, "/") && tokens.IsNumber(second->end + 1)) return std::nullopt;
   if (between->words == " mal ") return Phrase{second->end, NumberText(*first) + " mal " + NumberText(*second)};
   const bool word = tokens.Is(tokens.Skip(first->end), "bis");
-  if (word && !(first->IsYear() || second->IsYear() || first->IsOne() || first->grouped || second->grouped || !first->IsWhole() || !second->IsWhole())) return std::nullopt;
   const bool shortened = ShortensYear(*first, tokens, at);
   const bool rising = first->value < second->value || shortened || (first->value == second->value && !first->IsWhole());
   if (!word && (!rising || first->whole.front() == '0' || IsCodeBefore(tokens, i))) return std::nullopt;
@@ -377,9 +377,9 @@ bool MayBeFraction(const Tokens& tokens, std::size_t i, const Fraction& fraction
   if (tokens.IsDashAt(fraction.end) || LabelBefore(tokens, i) || IsAllCaps(tokens.WordBefore(i))) return false;
   const std::size_t next = tokens.Skip(fraction.end);
   if (IsOneOf(tokens.View(next), {"der", "des", "aller", "davon", "von", "seiner", "ihrer", "unserer", "meiner", "dieser"})) return true;
-  const bool usual = IsOneOf(tokens.View(fraction.end - 1), {"2", "3", "4", "5", "8", "10"});
+  const bool usual = IsOneOf(tokens.View(fraction.end - 1), {"2", "3", "4", "5", "6", "8", "10", "100"});
   if (tokens.IsCapital(next) && next > fraction.end) return !StartsSentences(tokens.View(next)) && usual;
-  return usual && fraction.denominator < 9;
+  return usual;
 }
 
 // "1/2 Liter", "eine halbe Zitrone".
@@ -388,8 +388,10 @@ Found FractionOfNoun(const Tokens& tokens, std::size_t i, const Fraction& fracti
   const std::size_t noun = NounBehind(tokens, at);
   if (noun == Tokens::kNone || at == fraction.end || StartsSentences(tokens.View(noun))) return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
-  if (!agreement.known || agreement.plural || fraction.denominator != 2) return std::nullopt;
-  return Phrase{fraction.end, OneHalfBefore(tokens, i, noun + 1, agreement)};
+  if (!agreement.known || agreement.plural || fraction.numerator != 1) return std::nullopt;
+  if (fraction.denominator == 2) return Phrase{fraction.end, OneHalfBefore(tokens, i, noun + 1, agreement)};
+  if (CaseAt(tokens, i, noun + 1) != Case::Dative) return std::nullopt;
+  return Phrase{fraction.end, OneBefore(tokens, i, noun + 1, agreement) + " " + OrdinalWords(fraction.denominator, "el")};
 }
 
 }  // namespace
@@ -401,19 +403,40 @@ Found FractionPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto fraction = FractionAt(tokens, i);
   if (!fraction || !MayBeFraction(tokens, i, *fraction)) return std::nullopt;
   if (auto half = FractionOfNoun(tokens, i, *fraction)) return half;
-  return Phrase{fraction->end, FractionText(*fraction)};
+  if (fraction->denominator == 2) return Phrase{fraction->end, FractionText(*fraction)};
+  const bool many = fraction->numerator > 1 && CaseAt(tokens, i, fraction->end) == Case::Dative;
+  return Phrase{fraction->end, CardinalWords(fraction->numerator, "ein") + " " + WithUpperStart(OrdinalWords(fraction->denominator, many ? "eln" : "el"))};
 }
 
 namespace {
+
+// "bei 1 von 100 Patienten": one of them.
+Found OneOfMany(const Tokens& tokens, std::size_t i) {
+  std::size_t noun = Tokens::kNone;
+  for (std::size_t at = i + 2; at < i + 12 && noun == Tokens::kNone; ++at) {
+    if (tokens.IsCapital(at)) noun = at;
+  }
+  if (noun == Tokens::kNone) return std::nullopt;
+  const auto word = tokens.View(noun);
+  Agreement agreement = AgreementOf(HasSuffix(word, {"innen", "ungen", "heiten", "keiten", "ionen", "Frauen", "Personen", "Familien"}) ? Gender::Feminine : Gender::Masculine);
+  if (HasSuffix(word, {"Kindern", "Kinder", "Häusern", "Ländern", "Jahren", "Jahre"})) agreement.gender = Gender::Neuter;
+  std::string one = OneBefore(tokens, i, i + 1, agreement);
+  if (one == "ein") one = agreement.gender == Gender::Neuter ? "eines" : "einer";
+  return Phrase{i + 1, one};
+}
 
 // "1 Tasse", "mit 1 großen Zwiebel".
 Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "1") || !tokens.IsBlank(i + 1) || !tokens.FreeBefore(i) || LabelBefore(tokens, i)) return std::nullopt;
   if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "»", "–", "•"})) return std::nullopt;
+  if (tokens.Is(i + 2, "von")) return OneOfMany(tokens, i);
   const std::size_t noun = NounBehind(tokens, i + 2);
-  if (noun == Tokens::kNone || StartsSentences(tokens.View(noun)) || tokens.Is(i + 2, "und")) return std::nullopt;
-  const Agreement agreement = AgreementAt(tokens, noun);
-  if (!agreement.known || agreement.plural) return std::nullopt;
+  if (noun == Tokens::kNone || StartsSentences(tokens.View(noun))) return std::nullopt;
+  Agreement agreement = AgreementAt(tokens, noun);
+  if (agreement.known && agreement.plural) return std::nullopt;
+  // Most words that no lexicon knows are masculine; behind another noun the number is its name.
+  if (!agreement.known && (tokens.Before(i) == Tokens::kNone || (tokens.IsCapital(tokens.Before(i)) && !tokens.OpensClause(tokens.Before(i))))) return std::nullopt;
+  if (!agreement.known) agreement = AgreementOf(Gender::Masculine);
   return Phrase{i + 1, OneBefore(tokens, i, noun + 1, agreement)};
 }
 
@@ -479,21 +502,51 @@ Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
+// "A380", "M8": the number behind letters is said for itself.
+Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
+  const auto value = DigitsAt(tokens, i, 4);
+  if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
+  return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
+}
+
+namespace {
+
+// "96/min", "50+".
+Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
+  const auto number = NumberAt(tokens, i);
+  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
+  if (tokens.Is(number->end, "+") && tokens.IsGap(number->end + 1)) return Phrase{number->end + 1, NumberText(*number) + " plus"};
+  if (!tokens.Is(number->end, "/")) return std::nullopt;
+  // "1/10.000": so many of so many.
+  const auto many = NumberAt(tokens, number->end + 1);
+  if (number->IsOne() && many && many->IsWhole() && many->value >= 100) return Phrase{many->end, "eins zu " + NumberText(*many)};
+  const auto per = PerAt(tokens, number->end);
+  if (!per || tokens.IsNumber(number->end + 1)) return std::nullopt;
+  return Phrase{EndOfUnit(tokens, per->end), NumberText(*number) + per->words};
+}
+
+}  // namespace
+
+Found IntegerAt(const Tokens& tokens, std::size_t i) {
+  if (auto found = NumberWithTailAt(tokens, i)) return found;
+  const auto value = DigitsAt(tokens, i, 12);
+  const auto digits = tokens.View(i);
+  const bool letter = tokens.IsWord(i + 1) && tokens.View(i + 1).size() == 1 && tokens.FreeBehind(i + 1);
+  if (!value || !tokens.FreeBefore(i) || (tokens.IsWord(i + 1) && !letter)) return std::nullopt;
+  if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2) && digits.front() == '0') return std::nullopt;
+  return Phrase{i + 1, digits.size() > 1 && digits.front() == '0' ? DigitWords(digits) : CardinalWords(*value)};
+}
+
 // Words that are glued to a number.
 
 namespace {
 
-bool IsAdjectivePart(std::string_view word) {
-  return HasSuffix(word, {"jährig", "jähriger", "jährige", "jährigen", "jähriges", "jährigem", "tägig", "tägige", "tägigen", "tägiger", "tägiges",
-                          "stündig", "stündige", "stündigen", "stündiger", "stündiges", "minütig", "minütige", "minütigen", "minütiger", "minütiges",
-                          "monatig", "monatige", "monatigen", "monatiger", "wöchig", "wöchige", "wöchigen", "wöchiger", "prozentig", "prozentige",
-                          "prozentigen", "prozentiger", "prozentiges", "fach", "fache", "fachen", "facher", "faches", "mal", "malig", "malige", "maligen",
-                          "köpfig", "köpfige", "köpfigen", "stellig", "stellige", "stelligen", "stelliger", "seitig", "seitige", "seitigen", "teilig", "teilige",
-                          "teiligen", "türig", "türige", "türigen", "stöckig", "stöckige", "stöckigen", "geschossig", "geschossige", "bändig", "bändige",
-                          "spurig", "spurige", "spurigen", "sprachig", "zeilig", "zeilige", "eckig", "polig", "polige", "gängig", "gängige", "gleisig", "gleisige",
-                          "jährlich", "stündlich", "monatlich", "wöchentlich", "minütlich", "sitzig", "sitzige", "sitziger", "stufig", "stufige", "stufigen",
-                          "adrig", "adriges", "adrige", "wertig", "lagig", "lagige", "lagiges", "zimmrig", "zügig", "phasig", "phasige", "tonner", "Jährige", "Jährigen", "Jähriger",
-                          "Jähriges", "tonnig", "karätig", "karätige", "karätiges", "seitiges", "seitiger", "beinig", "blättrig", "reihig", "rädrig", "motorig", "klassig"});
+// What makes an adjective or adverb of a number: "jährig", "fach".
+bool IsAdjectivePart(std::string_view word, bool dash) {
+  if (IsUpperWord(word)) return HasSuffix(word, {"ige", "igen", "iger", "iges", "fache", "fachen", "Fache", "Fachen", "Fachem"});
+  if (dash && word.size() >= 3 && !IsOneOf(word, {"bis", "und", "oder", "mal"})) return true;
+  return word.starts_with("fach") || word.starts_with("mal") ||
+         HasSuffix(word, {"ig", "ige", "igen", "iger", "iges", "igem", "lich", "liche", "lichen", "licher", "tonner"});
 }
 
 // "einfach", "zweimal"; hundreds lose their "ein" inside a word.
@@ -538,9 +591,10 @@ Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
   const auto number = NumberAt(tokens, i);
   if (!number || !tokens.FreeBefore(i) || (number->grouped && tokens.IsBlank(i + 1))) return std::nullopt;
   std::size_t part = number->end;
-  if (tokens.IsDashAt(part)) ++part;
+  const bool dash = tokens.IsDashAt(part);
+  if (dash) ++part;
   const auto word = tokens.View(part);
-  if (!tokens.IsWord(part) || !IsAdjectivePart(word)) return std::nullopt;
+  if (!tokens.IsWord(part) || !IsAdjectivePart(word, dash || word == "mal") || tokens.Is(part + 1, "-")) return std::nullopt;
   std::string words = number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein");
   if (!number->IsWhole()) return Phrase{part + 1, words + "-" + std::string(word)};
   if (IsUpperWord(word)) words = WithUpperStart(words);
@@ -554,6 +608,14 @@ Found WaitingPartAt(const Tokens& tokens, std::size_t i) {
   if (!IsOneOf(tokens.View(i + 3), {"bis", "und", "oder"})) return std::nullopt;
   if (!tokens.IsNumber(i + 5)) return std::nullopt;
   return Phrase{i + 2, PartWords(*number) + "-"};
+}
+
+// "9/8-Takt".
+Found FractionCompoundAt(const Tokens& tokens, std::size_t i) {
+  const auto over = DigitsAt(tokens, i, 2);
+  const auto under = DigitsAt(tokens, i + 2, 2);
+  if (!over || !under || *under < 2 || !tokens.Is(i + 1, "/") || !tokens.Is(i + 3, "-") || !tokens.IsCapital(i + 4)) return std::nullopt;
+  return Phrase{i + 3, WithUpperStart(PartWords(*over)) + OrdinalWords(*under, "el")};
 }
 
 // "4-Zimmer-Wohnung", "24-Stunden-Dienst", "100-m-Lauf", "0,5-l-Flasche".
@@ -592,7 +654,7 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found GluedAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DecadeAt, &PercentPartAt, &AdjectivePartAt, &WaitingPartAt, &SignCompoundAt, &CompoundAt}) {
+  for (const auto reading : {&DecadeAt, &PercentPartAt, &AdjectivePartAt, &WaitingPartAt, &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -11,9 +11,14 @@ namespace {
 constexpr std::size_t kLeastPhoneDigits = 6;
 constexpr std::size_t kMostPhoneDigits = 16;
 
+// Behind these long numbers are said digit by digit.
+bool IsCodeWord(std::string_view word) {
+  return HasSuffix(word, {"nummer", "Nummer", "ID", "Nr", "nr", "Kunde", "SN", "Konto", "konto", "PIN", "TAN", "Code", "code", "Aktenzeichen", "zeichen", "RE", "BLZ", "Bankleitzahl", "Postfach", "IK", "Depot", "KdNr", "Kennung", "Mitglied", "Vertrag", "Az"});
+}
+
 bool IsPhoneWord(std::string_view word) {
   return IsOneOf(word, {"Tel", "Telefon", "Telefonnummer", "Fax", "Telefax", "Faxnummer", "Mobil", "Mob", "Handy", "Handynummer", "Rufnummer",
-                        "Hotline", "Durchwahl", "Service", "Festnetz", "WhatsApp", "Servicenummer", "Auskunft", "Telefonisch", "telefonisch", "T", "F", "M", "Zentrale", "Mobilnummer", "Nummer"});
+                        "Hotline", "Durchwahl", "Service", "Festnetz", "WhatsApp", "Servicenummer", "Auskunft", "Telefonisch", "telefonisch", "T", "F", "M", "Zentrale", "Mobilnummer", "Nummer", "erreichen", "erreichbar", "Bereitschaftsdienst"});
 }
 
 // A word for telephones stands right before, perhaps with a colon or "unter" between.
@@ -22,7 +27,7 @@ bool PhoneWordBefore(const Tokens& tokens, std::size_t i) {
   for (int step = 0; step < 4 && at != Tokens::kNone; ++step) {
     if (tokens.IsWord(at)) {
       if (IsPhoneWord(tokens.View(at))) return true;
-      if (!IsOneOf(tokens.View(at), {"unter", "der", "Nummer", "Nr", "ist", "lautet", "die", "mit"})) return false;
+      if (!IsOneOf(tokens.View(at), {"unter", "der", "Nummer", "Nr", "ist", "lautet", "die", "mit", "Sie", "uns", "erreichen", "mich", "an", "rufen", "täglich"})) return false;
     } else if (!IsOneOf(tokens.View(at), {":", ".", "-"})) {
       return false;
     }
@@ -121,8 +126,29 @@ Found PostcodeAt(const Tokens& tokens, std::size_t i) {
   const Noun noun = NounOf(tokens.View(place));
   if (tokens.View(i).front() == '0' || (address && !noun.plural)) return Phrase{i + 1, DigitWords(tokens.View(i))};
   const bool prepositions = IsOneOf(tokens.WordBefore(i), {"in", "nach", "aus", "Nach", "In", "bei", "von"});
-  if (noun.known && (noun.plural || !prepositions)) return std::nullopt;
+  if (noun.known && (noun.plural || (noun.whole && !prepositions))) return std::nullopt;
   return Phrase{i + 1, DigitWords(tokens.View(i))};
+}
+
+// "Kunde 90017", "SN 55203 17", "RE-10442".
+Found SerialAt(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {":", ".", "-"})) before = before > 0 && !tokens.IsBlank(before - 1) ? before - 1 : tokens.Before(before);
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"})) before = tokens.Before(before);
+  if (before == Tokens::kNone || !tokens.IsWord(before) || !tokens.FreeBefore(i)) return std::nullopt;
+  const bool named = IsCodeWord(tokens.View(before)) || (tokens.Is(i - 1, "-") && IsAllCaps(tokens.View(before)));
+  if (!named) return std::nullopt;
+  std::string words;
+  std::size_t digits = 0;
+  std::size_t end = i;
+  for (std::size_t at = i; tokens.IsNumber(at) && digits < 30;) {
+    words += (words.empty() ? "" : (tokens.IsBlank(at - 1) ? ", " : " ")) + DigitWords(tokens.View(at));
+    digits += tokens.View(at).size();
+    end = ++at;
+    if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
+  }
+  if (digits < 5 || !tokens.FreeBehind(end - 1) || IsOneOf(tokens.View(end), {"/", ",", "-"})) return std::nullopt;
+  return Phrase{end, words};
 }
 
 // "0815", "007": zeros at the beginning are said.
@@ -156,7 +182,7 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found CodeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&IsbnAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &LeadingZeroAt}) {
+  for (const auto reading : {&IsbnAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

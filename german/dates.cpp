@@ -261,7 +261,7 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(next), {",", ":"})) next = tokens.Skip(next + 1);
   if (tokens.Is(next, "von") || tokens.Is(next, "ab")) next = tokens.Skip(next + 1);
   const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
-  const bool am = IsOneOf(tokens.WordBefore(i), {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden", "jeweils", "letzten"});
+  const bool am = IsOneOf(tokens.WordBefore(i), {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden", "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
   const bool so = tokens.Is(i, "So") || tokens.Is(i, "Do") || tokens.Is(i, "Fr");
   if (!(number && (point || !so || next > day->second)) && !am) return std::nullopt;
   if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") && !tokens.Is(tokens.Skip(next + 1), "Uhr") && !tokens.IsDashAt(next + 1)) return std::nullopt;

@@ -66,6 +66,12 @@ std::size_t SkipJoinedOrdinal(const Tokens& tokens, std::size_t i) {
   return i;
 }
 
+std::string OneForms(const Tokens& tokens, std::size_t one, std::size_t adjective) {
+  const std::size_t noun = NounBehind(tokens, adjective);
+  if (noun == Tokens::kNone) return "ein";
+  return OneBefore(tokens, one, noun + 1, AgreementOf(NounOf(tokens.View(noun))));
+}
+
 Governor GovernorOf(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
@@ -73,6 +79,8 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
       at = joined;
       continue;
     }
+    // "1 gestrichener Löffel".
+    if (tokens.Is(at, "1") && tokens.FreeBefore(at)) return {Kind::Indefinite, OneForms(tokens, at, i), std::nullopt};
     if (!tokens.IsWord(at)) return {};
     const std::string_view written = tokens.View(at);
     const std::string word = WithLowerStart(written);
@@ -155,8 +163,9 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
 // The verb of the clause asks for an object: a subject has been there, or it is an order.
 bool VerbAsksForObject(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
-  for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
-    if (tokens.Kind(at) == TokenKind::Sign && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","})) return false;
+  for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
+    const bool list = tokens.Is(at, ",") && tokens.IsNumber(at + 2);
+    if (!list && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","})) return false;
     const std::string word = WithLowerStart(tokens.View(at));
     if (IsLinkingVerb(word)) return false;
     if (TakesObject(word)) return true;
@@ -211,8 +220,12 @@ Agreement AgreementOf(const Noun& noun) {
 std::size_t NounBehind(const Tokens& tokens, std::size_t i) {
   for (int step = 0; step < kWordsAhead; ++step) {
     if (tokens.IsCapital(i)) return i;
-    if (!tokens.IsWord(i) || !LooksLikeAdjective(tokens.View(i)) || !tokens.IsBlank(i + 1)) return Tokens::kNone;
-    i += 2;
+    const auto word = tokens.View(i);
+    // "1 gestr. Esslöffel".
+    const bool shortened = tokens.IsWord(i) && tokens.Is(i + 1, ".") && tokens.IsBlank(i + 2);
+    if (!tokens.IsWord(i) || !(shortened || (LooksLikeAdjective(word) && tokens.IsBlank(i + 1)))) return Tokens::kNone;
+    if (KindOfDeterminer(word) != Kind::None || CaseOfPreposition(word) || IsVerb(word)) return Tokens::kNone;
+    i += shortened ? 3 : 2;
   }
   return Tokens::kNone;
 }
@@ -235,13 +248,49 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   return StrongEnding(asked, noun);
 }
 
-Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
-  if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone) {
-    const std::string word = WithLowerStart(tokens.View(at));
-    // "bis zu 1 Liter", "über 1 Meter".
-    if (MeasuresWith(word)) return Case::Accusative;
-    return *CaseOfPreposition(word);
+namespace {
+
+// "in 1 große Form": the adjective tells whether a place or a direction is meant.
+bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
+  const auto adjective = tokens.View(first + 2);
+  if (!tokens.IsWord(first + 2) || IsUpperWord(adjective)) return false;
+  return HasSuffix(adjective, {"e", "es"});
+}
+
+Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first) {
+  const std::string word = WithLowerStart(tokens.View(preposition));
+  // "bis zu 1 Liter", "über 1 Meter".
+  if (MeasuresWith(word)) return Case::Accusative;
+  const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});
+  return place && AdjectiveSaysDirection(tokens, first) ? Case::Accusative : *CaseOfPreposition(word);
+}
+
+// "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
+std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
+  std::size_t at = tokens.Before(first);
+  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "u", "plus", "."})) return std::nullopt;
+  for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
+    const std::size_t before = tokens.Before(at);
+    const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
+    if (counted && before != Tokens::kNone && tokens.IsWord(before)) {
+      if (const std::size_t found = PrepositionBefore(tokens, at); found != Tokens::kNone) return CaseBehind(tokens, found, at);
+    }
+    if (IsOneOf(tokens.View(at), {":", ";", "("})) return std::nullopt;
+    at = before;
   }
+  return std::nullopt;
+}
+
+bool IsTime(std::string_view word) {
+  return IsOneOf(word, {"Tag", "Monat"});
+}
+
+}  // namespace
+
+Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone) return CaseBehind(tokens, at, first);
+  if (const auto asked = CaseOfList(tokens, first)) return *asked;
+  if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1))) return Case::Accusative;
   if (IsExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
   if (VerbAsksForObject(tokens, first) || InfinitiveEnds(tokens, first, behind)) return Case::Accusative;
   return Case::Nominative;

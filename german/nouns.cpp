@@ -116,9 +116,11 @@ Noun FromForm(unsigned form) {
 Noun NounOf(std::string_view word) {
   if (word.empty() || word.size() > kLongestWord) return {};
   unsigned form = LookUp(word);
+  const bool whole = form != 0;
   if (form == 0) form = LookUpLastPart(word);
   Noun noun = FromForm(form);
   noun.known = form != 0;
+  noun.whole = whole;
   if (form != 0) return noun;
   noun = FromForm(GuessByEnding(word));
   noun.guessed = noun.singular || noun.plural;

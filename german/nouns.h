@@ -10,6 +10,7 @@ enum class Gender : std::uint8_t { Masculine, Feminine, Neuter };
 // What the form of a noun can be.
 struct Noun {
   bool known = false;      // the word or its last part stands in the lexicon
+  bool whole = false;      // ... the word itself
   bool guessed = false;    // only its ending tells
   bool singular = false;
   bool plural = false;

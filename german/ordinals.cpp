@@ -42,6 +42,23 @@ bool DeterminesOne(const Tokens& tokens, std::size_t i) {
   return !IsPluralDeterminer(tokens.WordBefore(i));
 }
 
+// The same without a noun: "die 88." and "in der 14." are the names of numbers.
+bool DeterminesOneAlone(const Tokens& tokens, std::size_t i) {
+  const std::string word = WithLowerStart(tokens.WordBefore(i));
+  if (word == "die" || word == "zur") return false;
+  if (word == "der") {
+    const std::size_t before = tokens.WordIndexBefore(i);
+    return before != Tokens::kNone && !CaseOfPreposition(tokens.WordBefore(before));
+  }
+  return DeterminesOne(tokens, i);
+}
+
+// "Die", or "Warten" of "Warten Sie".
+bool StartsSentenceAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  return StartsSentences(word) || (word.ends_with('n') && tokens.Is(i + 2, "Sie"));
+}
+
 bool BecomesOne(const Tokens& tokens, std::size_t i) {
   return IsOneOf(tokens.WordBefore(i), {"wurde", "wird", "Wurde", "werden", "als"});
 }
@@ -62,7 +79,7 @@ bool IsSingularNoun(const Tokens& tokens, std::size_t i) {
 
 PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (LabelBefore(tokens, i) || value >= kYears) return PointMeaning::Sentence;
-  const bool one = DeterminesOne(tokens, i) || BecomesOne(tokens, i) || StandsBehindOrdinal(tokens, i);
+  const bool one = DeterminesOneAlone(tokens, i) || BecomesOne(tokens, i) || StandsBehindOrdinal(tokens, i);
   return one ? PointMeaning::OrdinalAtEnd : PointMeaning::Sentence;
 }
 
@@ -85,13 +102,13 @@ PointMeaning BeforeNounAlone(const Tokens& tokens, std::size_t i, std::size_t ne
 }
 
 bool CountsTime(std::string_view preposition) {
-  return IsOneOf(WithLowerStart(preposition), {"um", "gegen", "bis", "über", "unter", "je", "pro"});
+  return IsOneOf(WithLowerStart(preposition), {"um", "gegen", "bis", "über", "unter", "je", "pro", "auf", "zu", "mit", "von", "ab", "für"});
 }
 
 PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
   const auto word = tokens.View(next);
   if (IsMonth(word) || MonthAt(tokens, next)) return value <= 31 ? PointMeaning::Ordinal : PointMeaning::Sentence;
-  if (StartsSentences(word)) {
+  if (StartsSentenceAt(tokens, next)) {
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
   }
@@ -108,7 +125,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   if (HasDeterminer(tokens, i) && isNoun) return PointMeaning::Ordinal;
   const auto before = tokens.WordBefore(i);
   if (CaseOfPreposition(before) && !tokens.OpensLine(i)) {
-    const bool fits = IsNumberedHead(word) || (IsSingularNoun(tokens, next) && !CountsTime(before));
+    const bool fits = IsNumberedHead(word) || (IsSingularNoun(tokens, next) && !word.ends_with("en") && !CountsTime(before));
     return fits ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
   return BeforeNounAlone(tokens, i, next);
@@ -160,8 +177,9 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   Agreement agreement = AgreementOf(NounOf(word));
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
   if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN") return {Gender::Masculine, false, false, true};
-  // "zweite Vorsitzende": a woman, without an article.
-  if (word.ends_with("zende") && !agreement.plural) agreement.gender = Gender::Feminine;
+  // "zweite Vorsitzende" is a woman, with another article a man.
+  const auto article = tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);
+  if (word.ends_with("zende") && !IsOneOf(article, {"der", "Der", "dem", "den"})) agreement.gender = Gender::Feminine;
   if (word.ends_with("zender")) return {Gender::Masculine, false, false, true};
   return agreement;
 }
@@ -176,6 +194,11 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   std::string words = OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, noun)));
   if (atEnd) return Phrase{i + 1, words};
   if (tokens.IsWord(i + 2)) words += ' ';
+  // "5.–7. Klasse", "2./3. Stock".
+  const bool joined = JoinedOrdinalBehind(tokens, tokens.Skip(i + 2)) != Tokens::kNone;
+  const std::size_t sign = tokens.Skip(i + 2);
+  if (joined && tokens.IsDashAt(sign)) return Phrase{tokens.Skip(sign + 1), words + " bis "};
+  if (joined && tokens.Is(sign, "/")) return Phrase{tokens.Skip(sign + 1), words + " und "};
   return Phrase{i + 2, words};
 }
 
@@ -200,6 +223,20 @@ std::uint64_t RomanNumberAt(const Tokens& tokens, std::size_t i) {
   const auto word = tokens.View(i);
   if (!tokens.IsWord(i) || word.size() > 12 || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return 0;
   return RomanValue(word);
+}
+
+// Letters that make a number and hardly anything else: "III", "XIV", "LVIII".
+bool IsPlainRoman(std::string_view word) {
+  if (word.size() < 2 || word.find_first_not_of("IVXLC") != std::string_view::npos) return false;
+  return word.find_first_of("LC") == std::string_view::npos || word.size() > 3;
+}
+
+// "Saal II", "Steuerklasse IV, nicht III".
+bool NamesNumber(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  if (tokens.IsCapital(before)) return !IsAllCaps(tokens.View(before)) || RomanValue(tokens.View(before)) != 0;
+  return IsOneOf(tokens.View(before), {"nicht", "und", "oder", "bis", "sondern", ",", "–", "-", "/"});
 }
 
 bool IsTitle(std::string_view word) {
@@ -268,9 +305,35 @@ Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
   const auto before = tokens.WordBefore(first);
   if (IsOneOf(before, {"des", "der"})) return Case::Genitive;
   if (IsOneOf(before, {"dem", "zum", "vom", "beim", "am", "im", "zur"})) return Case::Dative;
-  if (before == "den") return Case::Accusative;
-  return CaseOfPreposition(before).value_or(Case::Nominative);
+  if (before == "den" || before == "über") return Case::Accusative;
+  if (const auto asked = CaseOfPreposition(before)) return *asked;
+  if (before != "und" && before != "oder") return Case::Nominative;
+  // "unter Leo X. und Karl V.": the preposition before the first name holds for both.
+  std::size_t at = tokens.WordIndexBefore(first);
+  for (int step = 0; step < 9 && at != Tokens::kNone; ++step) {
+    at = tokens.Before(at);
+    if (at == Tokens::kNone) break;
+    if (const auto asked = CaseOfPreposition(tokens.View(at))) return tokens.Is(at, "über") ? Case::Accusative : *asked;
+    if (tokens.IsWord(at) && !tokens.IsCapital(at) && !IsDeterminer(tokens.View(at))) break;
+  }
+  return Case::Nominative;
 }
+
+}  // namespace
+
+std::string WithNameOf(const Tokens& tokens, std::size_t i, std::string_view adjective) {
+  const std::size_t name = tokens.WordIndexBefore(i);
+  const Case asked = name == Tokens::kNone ? Case::Nominative : CaseOfRuler(tokens, name);
+  const bool woman = name != Tokens::kNone && IsWomansName(tokens.View(name));
+  constexpr std::string_view kMan[] = {"der", "des", "dem", "den"};
+  constexpr std::string_view kWoman[] = {"die", "der", "der", "die"};
+  const bool plain = asked == Case::Nominative || (woman && asked == Case::Accusative);
+  const auto at = static_cast<std::size_t>(asked);
+  return std::string(woman ? kWoman[at] : kMan[at]) + " " + std::string(adjective) + (plain ? "e" : "en");
+}
+
+namespace {
+
 
 std::string RulersNumber(std::uint64_t value, Case asked, bool woman) {
   constexpr std::string_view kMan[] = {"der", "des", "dem", "den"};
@@ -282,10 +345,22 @@ std::string RulersNumber(std::uint64_t value, Case asked, bool woman) {
 
 }  // namespace
 
+namespace {
+
+// "I–III".
+Found RomanSpan(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  const std::uint64_t second = tokens.IsDashAt(i + 1) ? RomanNumberAt(tokens, i + 2) : 0;
+  if (second > value) return Phrase{i + 3, CardinalWords(value) + " bis " + CardinalWords(second)};
+  return Phrase{i + 1, CardinalWords(value)};
+}
+
+}  // namespace
+
 bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
   const std::size_t next = tokens.Skip(i + 2);
   if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
+  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i)) return !StartsSentenceAt(tokens, next);
   return RulerBefore(tokens, i) != Tokens::kNone;
 }
 
@@ -299,8 +374,12 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
   if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
-    return Phrase{i + 1, CardinalWords(value)};
+    return RomanSpan(tokens, i, value);
+  const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
+  if (ordinal && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
+    return Phrase{i + 2, OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;
+  if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i)) return RomanSpan(tokens, i, value);
   if (name == Tokens::kNone || value > 40) return std::nullopt;
   const bool woman = IsWomansName(tokens.View(name));
   // A last name behind it makes a second name of it: "Max I. Meyer".

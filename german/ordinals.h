@@ -28,6 +28,9 @@ enum class PointMeaning {
 // "Kapitel IV", "Ludwigs XIV.", "im XX. Jahrhundert".
 [[nodiscard]] Found RomanAt(const Tokens& tokens, std::size_t i);
 
+// "der Große" behind a name, in the name's case: "dem Großen".
+[[nodiscard]] std::string WithNameOf(const Tokens& tokens, std::size_t i, std::string_view adjective);
+
 // The noun that an ordinal belongs to, over "und 4." and adjectives; kNone without one.
 [[nodiscard]] std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind);
 

@@ -41,6 +41,11 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
   std::string words(found->abbreviation->spoken);
+  const auto written = found->abbreviation->written;
+  if (words == "der Große" || words == "der Ältere" || words == "der Jüngere")
+    words = WithNameOf(tokens, i, std::string_view(words).substr(4, words.size() - 5));
+  // At its end "u. a." is no more than what has been told.
+  if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
   if (found->capital) words = WithUpperStart(words);
@@ -54,6 +59,15 @@ Found StreetPhraseAt(const Tokens& tokens, std::size_t i) {
   const bool keepsPoint = tokens.Is(street->end - 1, ".") && tokens.IsLast(street->end - 1);
   return Phrase{keepsPoint ? street->end - 1 : street->end,
                 std::string(tokens.View(i).substr(0, street->stemLength)) + std::string(street->spoken)};
+}
+
+// "60 Bilder/s".
+Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "/") || i == 0 || !tokens.IsWord(i - 1) || tokens.View(i - 1).size() < 4 || !tokens.IsWord(i + 1)) return std::nullopt;
+  if (!IsOneOf(tokens.View(i + 1), {"s", "min", "h", "Std", "Min", "Tag", "kg", "Woche", "Monat", "Jahr", "l", "m", "km", "Stunde", "Minute", "Sekunde"})) return std::nullopt;
+  const auto per = PerAt(tokens, i);
+  if (!per) return std::nullopt;
+  return Phrase{per->end, per->words};
 }
 
 // "in km/h", "€/m²": a unit without a number is said only when it has two parts.
@@ -87,16 +101,16 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
 constexpr Reading kOfWords[] = {&AddressAt, &IbanAt, &CalendarWordAt, &RomanAt, &AbbreviationPhraseAt, &StreetPhraseAt,
                                 &CurrencyFirstAt, &LoneUnitAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt, &CodeAt, &TimeAt, &GluedAt, &AmountAt, &SpanAt, &FractionPhraseAt,
-                                  &OrdinalAt, &PlainNumberAt, &VersionAt};
+                                  &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
 constexpr Reading kOfSigns[] = {&SignedAt, &CurrencyFirstAt, &AmountAt, &FractionPhraseAt, &CodeAt, &TagAt,
-                                &AbbreviationPhraseAt, &LoneUnitAt, &SignAt};
+                                &AbbreviationPhraseAt, &LoneUnitAt, &WordPerUnitAt, &SignAt};
 
 }  // namespace
 
 Found ReadingAt(const Tokens& tokens, std::size_t i) {
   switch (tokens.Kind(i)) {
     case TokenKind::Word: return FirstOf(kOfWords, tokens, i);
-    case TokenKind::Number: return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : std::nullopt;
+    case TokenKind::Number: return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : NumberBehindLettersAt(tokens, i);
     case TokenKind::Sign: return FirstOf(kOfSigns, tokens, i);
     default: return std::nullopt;
   }

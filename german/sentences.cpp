@@ -137,7 +137,8 @@ class SentenceReader {
     }
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
-    return unit && unit->endsWithPoint ? EndBehindAbbreviation(unit->end, Ending::Noun) : 0;
+    if (!unit || !unit->endsWithPoint) return 0;
+    return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
   }
 
   std::optional<Unit> UnitOrMultiple(std::size_t i) {

@@ -27,7 +27,7 @@ struct SignName {
 // Between two things, with blanks on both sides or none.
 constexpr SignName kBetween[] = {{"≈", "ungefähr"}, {"≠", "ungleich"}, {"≤", "kleiner oder gleich"}, {"≥", "größer oder gleich"}, {"±", "plus minus"},
                                  {"<", "kleiner als"}, {">", "größer als"}, {"÷", "geteilt durch"}, {"×", "mal"}, {"·", "mal"}, {"√", "Wurzel aus"}, {"∞", "unendlich"},
-                                 {"→", "Pfeil nach rechts"}, {"∅", "durchschnittlich"}, {"~", "circa"}};
+                                 {"=", "gleich"}, {"∅", "durchschnittlich"}, {"~", "circa"}};
 
 bool NumberFollows(const Tokens& tokens, std::size_t i) {
   std::size_t next = tokens.Skip(i);
@@ -44,10 +44,10 @@ std::string WithGaps(const Tokens& tokens, std::size_t i, std::string_view name)
 Found MathSignAt(const Tokens& tokens, std::size_t i) {
   for (const SignName& one : kBetween) {
     if (!tokens.Is(i, one.sign)) continue;
-    const bool letterSign = IsOneOf(one.sign, {"→"});
-    if (letterSign) return std::nullopt;
-    if (!NumberFollows(tokens, i + 1) && !IsOneOf(one.sign, {"≈", "≠", "≤", "≥", "÷", "∞"})) return std::nullopt;
-    if (one.sign == "·" && (tokens.Before(i) == Tokens::kNone || !tokens.IsNumber(tokens.Before(i)) || tokens.IsBlank(i - 1))) return std::nullopt;
+    const bool spaced = i > 0 && tokens.IsBlank(i - 1) && tokens.IsBlank(i + 1) && !tokens.OpensLine(i);
+    const bool compares = spaced && IsOneOf(one.sign, {"<", ">", "="}) && (tokens.IsWord(i + 2) || tokens.IsNumber(i + 2));
+    if (!compares && !NumberFollows(tokens, i + 1) && !IsOneOf(one.sign, {"≈", "≠", "≤", "≥", "÷", "∞"})) return std::nullopt;
+    if (IsOneOf(one.sign, {"·", "="}) && (tokens.Before(i) == Tokens::kNone || !(compares || tokens.IsNumber(tokens.Before(i))))) return std::nullopt;
     if (IsOneOf(one.sign, {"<", ">"})) {
       if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "=", "<", ">"})) return std::nullopt;
       // The sign of a quoted line.

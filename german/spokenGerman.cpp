@@ -95,6 +95,14 @@ std::string WithGaps(const Tokens& tokens, std::size_t i, std::size_t end, std::
   return words;
 }
 
+bool OpensSentence(const Tokens& tokens, std::size_t i) {
+  while (i > 0) {
+    --i;
+    if (!tokens.IsGap(i) && !IsOneOf(tokens.View(i), {"„", "\"", "(", "»", "‚"})) return false;
+  }
+  return true;
+}
+
 std::string PictureWords(const Tokens& tokens, std::size_t i, const Picture& picture) {
   if (picture.name.empty()) return {};
   const bool before = i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "["});
@@ -148,7 +156,10 @@ SpokenText GermanSpeller::SpellSentence(const Tokens& tokens, bool withOwnWords)
       ++i;
       continue;
     }
-    builder.Replace(tokens.At(i).begin, tokens.At(found->end - 1).end, WithGaps(tokens, i, found->end, found->words));
+    std::string words = WithGaps(tokens, i, found->end, found->words);
+    // A small letter behind a full stop would take the sentence's end away.
+    if (OpensSentence(tokens, i) && !tokens.IsWord(i)) words = WithUpperStart(words);
+    builder.Replace(tokens.At(i).begin, tokens.At(found->end - 1).end, words);
     i = found->end;
   }
   return builder.Finish(tokens.At(tokens.Count() - 1).end);

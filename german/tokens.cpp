@@ -7,10 +7,6 @@
 namespace lorelin {
 namespace {
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 TokenKind KindOf(char32_t c) {
   if (c >= U'0' && c <= U'9') return TokenKind::Number;
   if (c == U'\n' || c == U'\r' || c == U'\x2028' || c == U'\x2029') return TokenKind::Line;

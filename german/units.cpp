@@ -47,6 +47,8 @@ constexpr std::array kUnits{
     UnitName{"t", "Tonne", "Tonnen", kF},
     UnitName{"kt", "Kilotonne", "Kilotonnen", kF},
     UnitName{"Mt", "Megatonne", "Megatonnen", kF},
+    UnitName{"° C", "Grad Celsius", "Grad Celsius"},
+    UnitName{"U", "Umdrehung", "Umdrehungen", kF},
     UnitName{"°C", "Grad Celsius", "Grad Celsius"},
     UnitName{"℃", "Grad Celsius", "Grad Celsius"},
     UnitName{"°F", "Grad Fahrenheit", "Grad Fahrenheit"},
@@ -245,6 +247,7 @@ std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
     if (found->second.point == Point::Always && !point) continue;
     Unit unit = FromEntry(found->second, point ? end + 1 : end);
     unit.endsWithPoint = point;
+    unit.doubtfulPoint = point && !IsUpperWord(view);
     return unit;
   }
   return std::nullopt;
@@ -375,7 +378,7 @@ std::optional<Unit> UnitAt(const Tokens& tokens, std::size_t i) {
     for (const WordForms& one : kWordUnits) {
       if (one.singular == "Uhr" || (!tokens.Is(i, one.singular) && !tokens.Is(i, one.plural))) continue;
       unit = Unit{std::string(one.singular), std::string(one.plural), std::string(one.plural), one.gender, i + 1,
-                  false, false, true};
+                  false, false, false, true};
       if (one.singular == "Grad" && IsOneOf(tokens.View(i + 2), {"Celsius", "Fahrenheit"}) && tokens.IsBlank(i + 1)) {
         unit->singular = unit->plural = unit->dativePlural = "Grad " + std::string(tokens.View(i + 2));
         unit->end = i + 3;

@@ -52,7 +52,7 @@ bool TakesObject(std::string_view word) {
       "zahlt zahlte zahlen bezahlt spart sparen verliert verlor gewann gewinnt gewinnen holte holt belegte belegt erreichte erreicht "
       "geben gebe gib fügen füge sucht suchen suche wartet warten wartete schläft verkauft verkaufte bestellt bestellte "
       "misst maß spendet spendete lief läuft fuhr fährt macht machte machen ergibt schrieb schreibt feiert feierte sah "
-      "sieht fand findet stellt stellte mietete vermietet besitzt besaß hält hielt verursacht erzielte erzielt schoss");
+      "verschenke verkaufe biete tausche benötige sieht fand findet stellt stellte mietete vermietet besitzt besaß hält hielt verursacht erzielte erzielt schoss");
   return words.Has(word);
 }
 
