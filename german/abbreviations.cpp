@@ -14,7 +14,7 @@ namespace {
 
 using Index = std::unordered_map<std::string, std::vector<const Abbreviation*>>;
 
-// By their first token; the longer ones are tried first, then those that stand first in the table.
+// By their first token; the longer ones are tried first, then those that ask for more around them, then those that stand first.
 const Index& ByFirstToken() {
   static const Index index = [] {
     Index made;
@@ -24,7 +24,10 @@ const Index& ByFirstToken() {
     }
     for (auto& [first, list] : made) {
       std::stable_sort(list.begin(), list.end(),
-                       [](auto* a, auto* b) { return a->written.size() > b->written.size(); });
+                       [](auto* a, auto* b) {
+                         if (a->written.size() != b->written.size()) return a->written.size() > b->written.size();
+                         return a->around != Around::Anything && b->around == Around::Anything;
+                       });
     }
     return made;
   }();
@@ -109,6 +112,7 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       const std::size_t name = tokens.WordIndexBefore(i);
       return name != Tokens::kNone && tokens.IsCapital(name) && !NounOf(tokens.View(name)).whole && !MonthAt(tokens, name);
     }
+    case Around::Described: return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next));
     case Around::Spice:
       return HasSuffix(tokens.View(next), {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander", "ardamom", "aprika", "urkuma", "nuss", "affee", "ohn"});
     case Around::DayBefore: return StandsBehindOrdinal(tokens, i);

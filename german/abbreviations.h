@@ -22,6 +22,7 @@ enum class Around : std::uint8_t {
   SmallWord,      // a word in small letters follows
   Label,          // "Abs. 1", "§ 5" stand before and a number follows
   RulerBefore,    // a name stands before that others have borne
+  Described,      // a noun follows, adjectives between them or not
   Spice,          // something that is ground follows
   DayBefore       // an ordinal stands before: "19. Jh."
 };

@@ -312,7 +312,7 @@ namespace {
 
 bool IsCodeBefore(const Tokens& tokens, std::size_t i) {
   const auto before = tokens.WordBefore(i);
-  if (IsAllCaps(before)) return true;
+  if (IsAllCaps(before) && !IsOneOf(before, {"KW", "SS", "WS"})) return true;
   return IsOneOf(before, {"Nr", "Nummer", "Code", "Artikelnummer", "Norm", "Konto", "Modell", "Typ", "Telefon", "Tel", "Fax", "Kennzeichen",
                           "Durchwahl", "Aktenzeichen", "Az", "Bestellnummer", "Kundennummer", "Rechnungsnummer", "Drucksache", "Rechnung", "Version"});
 }
@@ -358,7 +358,7 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   const bool word = tokens.Is(tokens.Skip(first->end), "bis");
   const bool shortened = ShortensYear(*first, tokens, at);
   const bool rising = first->value < second->value || shortened || (first->value == second->value && !first->IsWhole());
-  if (!word && (!rising || first->whole.front() == '0' || IsCodeBefore(tokens, i))) return std::nullopt;
+  if (!word && (!rising || first->whole.front() == '0' || (tokens.Is(first->end, "-") && IsCodeBefore(tokens, i)))) return std::nullopt;
   if (!word && first->whole.size() > 4 && !first->grouped) return std::nullopt;
   const bool noun = NounBehind(tokens, tokens.Skip(second->end)) != Tokens::kNone;
   const bool countsNoun = noun && !tokens.IsLast(second->end - 1);

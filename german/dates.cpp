@@ -261,7 +261,9 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(next), {",", ":"})) next = tokens.Skip(next + 1);
   if (tokens.Is(next, "von") || tokens.Is(next, "ab")) next = tokens.Skip(next + 1);
   const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
-  const bool am = IsOneOf(tokens.WordBefore(i), {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden", "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
+  const bool listed = i > 0 && IsOneOf(tokens.View(tokens.Before(i)), {",", ";", "|"});
+  const bool opening = (point || (listed && tokens.Is(next, "geschlossen"))) && IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh", "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"});
+  const bool am = opening || IsOneOf(tokens.WordBefore(i), {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden", "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
   const bool so = tokens.Is(i, "So") || tokens.Is(i, "Do") || tokens.Is(i, "Fr");
   if (!(number && (point || !so || next > day->second)) && !am) return std::nullopt;
   if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") && !tokens.Is(tokens.Skip(next + 1), "Uhr") && !tokens.IsDashAt(next + 1)) return std::nullopt;

@@ -238,8 +238,26 @@ bool HasPreposition(const Tokens& tokens, std::size_t i) {
   return GovernorOf(tokens, i).byPreposition.has_value();
 }
 
+namespace {
+
+// "mit großem Garten, kleinem Teich und separatem Eingang": the preposition holds for all of them.
+std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {",", "und", "oder", "sowie"})) return std::nullopt;
+  for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
+    const auto word = tokens.View(at);
+    if (tokens.IsWord(at) && CaseOfPreposition(word)) return CaseOfPreposition(word);
+    if (IsOneOf(word, {":", ";", "("}) || IsVerb(word) || IsLinkingVerb(word)) return std::nullopt;
+    at = tokens.Before(at);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
-  const Governor governor = GovernorOf(tokens, i);
+  Governor governor = GovernorOf(tokens, i);
+  if (governor.kind == Kind::None && !governor.byPreposition) governor.byPreposition = CaseOfEarlierPreposition(tokens, i);
   if (governor.kind == Kind::Definite) return BehindDer(EndingOfDeterminer(governor.word), governor, noun);
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
@@ -268,14 +286,14 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
 // "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
 std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   std::size_t at = tokens.Before(first);
-  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "u", "plus", "."})) return std::nullopt;
+  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus"})) return std::nullopt;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     const std::size_t before = tokens.Before(at);
     const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
     if (counted && before != Tokens::kNone && tokens.IsWord(before)) {
       if (const std::size_t found = PrepositionBefore(tokens, at); found != Tokens::kNone) return CaseBehind(tokens, found, at);
     }
-    if (IsOneOf(tokens.View(at), {":", ";", "("})) return std::nullopt;
+    if (IsOneOf(tokens.View(at), {":", ";", "("}) || IsVerb(tokens.View(at)) || IsLinkingVerb(tokens.View(at))) return std::nullopt;
     at = before;
   }
   return std::nullopt;
@@ -319,6 +337,8 @@ bool LabelBefore(const Tokens& tokens, std::size_t i) {
   if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
   if (before == Tokens::kNone) return false;
   if (tokens.Is(before, "§")) return true;
+  // "A 7", "L 1100".
+  if (tokens.IsCapital(before) && tokens.View(before).size() == 1 && tokens.FreeBefore(before)) return true;
   return tokens.IsWord(before) && IsLabel(tokens.View(before));
 }
 

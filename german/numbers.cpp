@@ -116,6 +116,7 @@ std::optional<Fraction> FractionAt(const Tokens& tokens, std::size_t i) {
   const bool stroke = tokens.Is(i + 1, "/") || tokens.Is(i + 1, "⁄");
   const auto denominator = DigitsAt(tokens, i + 2, 3);
   if (!numerator || !stroke || !denominator || tokens.View(i).front() == '0') return std::nullopt;
+  if (IsOneOf(tokens.View(i + 3), {".", ","}) && tokens.IsNumber(i + 4)) return std::nullopt;
   if (*numerator < 1 || *numerator >= *denominator || tokens.View(i + 2).front() == '0') return std::nullopt;
   return Fraction{*numerator, *denominator, i + 3};
 }

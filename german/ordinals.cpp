@@ -59,8 +59,23 @@ bool StartsSentenceAt(const Tokens& tokens, std::size_t i) {
   return StartsSentences(word) || (word.ends_with('n') && tokens.Is(i + 2, "Sie"));
 }
 
+// "Er wurde 3.", "als 2. von 5 Kindern": the token of the verb, over "nur" and the like.
+std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.WordIndexBefore(i);
+  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"})) at = tokens.WordIndexBefore(at);
+  if (at == Tokens::kNone) return at;
+  return IsOneOf(tokens.View(at), {"wurde", "wird", "Wurde", "werden", "als", "Als", "wurdest"}) ? at : Tokens::kNone;
+}
+
 bool BecomesOne(const Tokens& tokens, std::size_t i) {
-  return IsOneOf(tokens.WordBefore(i), {"wurde", "wird", "Wurde", "werden", "als"});
+  return VerbOfRank(tokens, i) != Tokens::kNone;
+}
+
+// "Dritter", "Dritte", "drittes" of the children.
+std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  const bool woman = IsOneOf(WithLowerStart(tokens.WordBefore(VerbOfRank(tokens, i))), {"sie", "frau", "die", "schwester", "mannschaft"});
+  const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});
+  return WithUpperStart(OrdinalWords(value, child ? "es" : (woman ? "e" : "er")));
 }
 
 // Cooking and other instructions: the line ends with what is to be done.
@@ -85,7 +100,7 @@ PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
 
 PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t next) {
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
-  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i)) return PointMeaning::Ordinal;
+  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i)) return PointMeaning::Ordinal;
   if (tokens.OpensLine(i) && LineEndsWithInfinitive(tokens, next)) return PointMeaning::List;
   if (JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
   const std::size_t noun = NounBehind(tokens, next);
@@ -123,6 +138,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
     return day && !isNoun ? PointMeaning::OrdinalAtEnd : PointMeaning::Ordinal;
   }
   if (HasDeterminer(tokens, i) && isNoun) return PointMeaning::Ordinal;
+  if (BecomesOne(tokens, i) && IsSingularNoun(tokens, next)) return PointMeaning::Ordinal;
   const auto before = tokens.WordBefore(i);
   if (CaseOfPreposition(before) && !tokens.OpensLine(i)) {
     const bool fits = IsNumberedHead(word) || (IsSingularNoun(tokens, next) && !word.ends_with("en") && !CountsTime(before));
@@ -137,7 +153,7 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
   if (tokens.IsWord(i + 2)) return tokens.IsCapital(i + 2) && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
   if (JoinedOrdinalBehind(tokens, i + 2) != Tokens::kNone) return PointMeaning::Ordinal;
   if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
-    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i);
+    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i);
     return one && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
   return PointMeaning::Sentence;
@@ -175,6 +191,7 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (noun == Tokens::kNone) return {};
   const auto word = tokens.View(noun);
   Agreement agreement = AgreementOf(NounOf(word));
+  if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
   if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN") return {Gender::Masculine, false, false, true};
   // "zweite Vorsitzende" is a woman, with another article a man.
@@ -192,6 +209,7 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   const bool atEnd = meaning == PointMeaning::OrdinalAtEnd;
   const std::size_t noun = atEnd ? Tokens::kNone : NounOfOrdinal(tokens, i + 2);
   std::string words = OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, noun)));
+  if (noun == Tokens::kNone && !HasDeterminer(tokens, i) && BecomesOne(tokens, i)) words = RankWords(tokens, i, value);
   if (atEnd) return Phrase{i + 1, words};
   if (tokens.IsWord(i + 2)) words += ' ';
   // "5.–7. Klasse", "2./3. Stock".

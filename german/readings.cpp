@@ -25,7 +25,8 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbrev
   const std::size_t noun = NounBehind(tokens, tokens.Skip(found.end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
   Agreement agreement = AgreementAt(tokens, noun);
-  if (!agreement.known) agreement = {Gender::Masculine, true, false, noun != Tokens::kNone};
+  // Most words that no lexicon knows are masculine, and those with an "s" are many.
+  if (!agreement.known) agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
   return words + std::string(EndingAt(tokens, i, agreement));
 }
 
@@ -84,6 +85,7 @@ Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
   }
   if (end == 0) return std::nullopt;
   const auto per = PerAt(tokens, end);
+  if (!per && tokens.Is(i, "€") && tokens.FreeBehind(i)) return Phrase{i + 1, "Euro"};
   if (!per) return std::nullopt;
   return Phrase{per->end, name + per->words};
 }
@@ -102,7 +104,7 @@ constexpr Reading kOfWords[] = {&AddressAt, &IbanAt, &CalendarWordAt, &RomanAt, 
                                 &CurrencyFirstAt, &LoneUnitAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt, &CodeAt, &TimeAt, &GluedAt, &AmountAt, &SpanAt, &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
-constexpr Reading kOfSigns[] = {&SignedAt, &CurrencyFirstAt, &AmountAt, &FractionPhraseAt, &CodeAt, &TagAt,
+constexpr Reading kOfSigns[] = {&CodeAt, &SignedAt, &CurrencyFirstAt, &AmountAt, &FractionPhraseAt, &TagAt,
                                 &AbbreviationPhraseAt, &LoneUnitAt, &WordPerUnitAt, &SignAt};
 
 }  // namespace

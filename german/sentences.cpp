@@ -121,7 +121,9 @@ class SentenceReader {
     if (IsOneOf(tokens_.View(next), {"„", "»", "“", "\""})) return true;
     if (!tokens_.IsCapital(next)) return false;
     const auto word = tokens_.View(next);
-    if (StartsSentences(word) || ending == Ending::Often) return true;
+    if (StartsSentences(word)) return true;
+    if (tokens_.Is(next + 1, ".") && AbbreviationAt(tokens_, next)) return false;
+    if (ending == Ending::Often) return true;
     if (ending == Ending::Starter) return false;
     return !NounOf(word).known && !NounOf(word).guessed && !IsAllCaps(word) && !tokens_.Is(next + 1, "-");
   }

@@ -71,6 +71,11 @@ bool IsWeekday(const Tokens& tokens, std::size_t i) {
   return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
 }
 
+// "um", but not "nach": that is as often before a duration.
+bool GoesWithClock(const Tokens& tokens, std::size_t i) {
+  return IsWeekday(tokens, i) && !IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"nach", "vor", "seit", "bis", "von", "und", "zwischen", "ende"});
+}
+
 // The token behind "Uhr", or behind an "h" that means it; 0 without.
 std::size_t HourSignAt(const Tokens& tokens, std::size_t i, bool meansClock) {
   const std::size_t next = tokens.Skip(i);
@@ -102,12 +107,13 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   const std::string between = word ? " " + std::string(tokens.View(at)) + " " : (tokens.Is(at, "/") ? " und " : " bis ");
   const bool later = second->hour > first->hour || (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
   const bool glued = tokens.Is(second->end, "h");
-  const bool clocks = IsWeekday(tokens, i) || first->minute || (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
+  const bool clocks = GoesWithClock(tokens, i) || first->minute || (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
   if (const std::size_t end = HourSignAt(tokens, second->end, clocks); end != 0) {
     const std::string begin = hourNamed ? ClockWords(*first) : FirstClockWords(*first);
     return Phrase{end, begin + between + ClockWords(*second)};
   }
-  if (!first->byColon || !second->byColon) return std::nullopt;
+  const bool named = first->minute && second->minute && IsWeekday(tokens, i);
+  if (!named && (!first->byColon || !second->byColon)) return std::nullopt;
   return Phrase{second->end, ClockWords(*first) + between + ClockWords(*second)};
 }
 
@@ -117,7 +123,7 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   if (!clock) return std::nullopt;
   const bool glued = clock->end == tokens.Skip(clock->end);
   const bool means = clock->minute ? IsWeekday(tokens, i) || clock->byColon
-                                   : (IsWeekday(tokens, i) && !IsOneOf(tokens.WordBefore(i), {"nach", "vor", "seit", "bis", "von", "und"})) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
+                                   : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
   if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0) return Phrase{end, ClockWords(*clock)};
   return std::nullopt;
 }
@@ -162,7 +168,7 @@ Found DurationAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(unit->end - 1, "h") && duration->count == 2 && IsWeekday(tokens, i)) return std::nullopt;
   std::string words;
   for (std::size_t part = 0; part < duration->count && name < 3; ++part, ++name) {
-    if (part > 0 && duration->parts[part] == 0) continue;
+    if (duration->parts[part] == 0 && (part > 0 || duration->parts[1] > 0)) continue;
     if (!words.empty()) words += ' ';
     words += PartWords(duration->parts[part], kNames[name]);
   }
@@ -207,7 +213,7 @@ struct Score {
 std::optional<Score> ScoreDigitsAt(const Tokens& tokens, std::size_t i) {
   const auto left = DigitsAt(tokens, i, 4);
   const std::size_t colon = tokens.Skip(i + 1);
-  if (!left || !tokens.Is(colon, ":") || !tokens.FreeBefore(i)) return std::nullopt;
+  if (!left || *left > 999 || !tokens.Is(colon, ":") || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t second = tokens.Skip(colon + 1);
   const bool spaced = second != i + 2;
   if (spaced && (colon == i + 1 || second == colon + 1)) return std::nullopt;

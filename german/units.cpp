@@ -123,7 +123,7 @@ constexpr std::array kUnits{
     UnitName{"Stk", "Stück", "Stück", kN, Point::Maybe},
     UnitName{"Stck", "Stück", "Stück", kN, Point::Always},
     UnitName{"St", "Stück", "Stück", kN, Point::Always},
-    UnitName{"Bd", "Bund", "Bund", kM, Point::Always},
+    UnitName{"Bd", "Bund", "Bund", kN, Point::Always},
     UnitName{"Fl", "Flasche", "Flaschen", kF, Point::Always},
     UnitName{"Ds", "Dose", "Dosen", kF, Point::Always},
     UnitName{"Gl", "Glas", "Gläser", kN, Point::Always},

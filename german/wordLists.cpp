@@ -61,7 +61,7 @@ bool IsVerb(std::string_view word) {
       "wurde wurden werde werden belegte erreichte holte hatte hatten habe haben konnte konnten machte sollte wollte musste "
       "mussten sagte waren wäre wären würde würden gelten spielten wohnen gehen kommen lesen siehe startete landete feierte "
       "endete beendete beginnen ergeben gab geben kosten blieben bleiben fahren war zählt zeigte kaufte brauchte suche "
-      "sehe nehmen");
+      "sehe nehmen nahm nahmen sah kam kamen ging gingen lag stand fand trug schrieb");
   return words.Has(word) || TakesObject(word);
 }
 
