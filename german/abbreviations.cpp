@@ -12,7 +12,7 @@
 namespace lorelin {
 namespace {
 
-using Index = std::unordered_map<std::string, std::vector<const Abbreviation*>>;
+using Index = std::unordered_map<std::string_view, std::vector<const Abbreviation*>>;
 
 // By their first token; the longer ones are tried first, then those that ask for more around them, then those that stand first.
 const Index& ByFirstToken() {
@@ -20,7 +20,7 @@ const Index& ByFirstToken() {
     Index made;
     for (const Abbreviation& one : AbbreviationTable()) {
       const Token first = TokenAt(one.written, 0);
-      made[std::string(one.written.substr(0, first.end))].push_back(&one);
+      made[one.written.substr(0, first.end)].push_back(&one);
     }
     for (auto& [first, list] : made) {
       std::stable_sort(list.begin(), list.end(),
@@ -120,7 +120,7 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
   return false;
 }
 
-std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, const std::string& first, bool capital) {
+std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, std::string_view first, bool capital) {
   const auto found = ByFirstToken().find(first);
   if (found == ByFirstToken().end()) return std::nullopt;
   for (const Abbreviation* const one : found->second) {
@@ -138,7 +138,7 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   if (word.empty() || word.size() > 16 || tokens.IsNumber(i)) return std::nullopt;
   // A dash or a point that touches belongs to another word: "Bezugs-Nr.", "www.inkl.de".
   if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&"))) return std::nullopt;
-  if (auto found = Search(tokens, i, std::string(word), false)) return found;
+  if (auto found = Search(tokens, i, word, false)) return found;
   if (!tokens.IsCapital(i)) return std::nullopt;
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);

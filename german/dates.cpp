@@ -117,6 +117,7 @@ bool IsMonth(std::string_view word) {
 }
 
 std::optional<Month> MonthAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsCapital(i) || tokens.View(i).size() > 9) return std::nullopt;
   for (std::size_t month = 0; month < kMonths.size(); ++month) {
     if (tokens.Is(i, kMonths[month])) return Month{month + 1, i + 1};
   }
@@ -216,6 +217,7 @@ Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
 }
 
 std::optional<std::pair<std::string_view, std::size_t>> WeekdayAt(const Tokens& tokens, std::size_t i) {
+  if (tokens.View(i).size() != 2) return std::nullopt;
   for (const Weekday& day : kWeekdays) {
     if (tokens.Is(i, day.written) && tokens.FreeBefore(i) && tokens.FreeBehind(i))
       return std::pair(day.spoken, tokens.Is(i + 1, ".") ? i + 2 : i + 1);

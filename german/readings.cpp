@@ -73,6 +73,7 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
 
 // "in km/h", "€/m²": a unit without a number is said only when it has two parts.
 Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "€") && !tokens.Is(i + 1, "/") && !tokens.Is(i + 2, "/")) return std::nullopt;
   if (!tokens.FreeBefore(i) || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
   std::string name;
   std::size_t end = 0;
@@ -107,13 +108,18 @@ constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt, &CodeAt, &TimeAt, &GluedA
 constexpr Reading kOfSigns[] = {&CodeAt, &SignedAt, &CurrencyFirstAt, &AmountAt, &FractionPhraseAt, &TagAt,
                                 &AbbreviationPhraseAt, &LoneUnitAt, &WordPerUnitAt, &SignAt};
 
+// What only parts sentences and clauses.
+bool IsPunctuation(std::string_view sign) {
+  return sign.size() == 1 && std::string_view(".,;:!?)\"'").find(sign.front()) != std::string_view::npos;
+}
+
 }  // namespace
 
 Found ReadingAt(const Tokens& tokens, std::size_t i) {
   switch (tokens.Kind(i)) {
     case TokenKind::Word: return FirstOf(kOfWords, tokens, i);
     case TokenKind::Number: return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : NumberBehindLettersAt(tokens, i);
-    case TokenKind::Sign: return FirstOf(kOfSigns, tokens, i);
+    case TokenKind::Sign: return IsPunctuation(tokens.View(i)) ? std::nullopt : FirstOf(kOfSigns, tokens, i);
     default: return std::nullopt;
   }
 }

@@ -234,6 +234,7 @@ Unit FromEntry(const Entry& entry, std::size_t end) {
 
 // The sign of the unit that begins here with all of its tokens, "°C", "m²": the longest one that is in the table.
 std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
+  if (tokens.View(i).size() > 8 || tokens.IsGap(i)) return std::nullopt;
   for (std::size_t length = 3; length > 0; --length) {
     const std::size_t end = i + length;
     const auto view = tokens.View(i, end);
