@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "extensions/german/spokenGerman.h"
 #include "extensions/modAddin.h"
 #include "extensions/registrations.h"
 #include "platform/common/AtomicFileWriter.h"
@@ -64,14 +63,6 @@ void WalkRegistrations(benchmark::State& state) {
 BENCHMARK(WalkRegistrations)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 const char* const kSentence = "Dr. Meyer kommt am 3.10.2026 um 20:15 Uhr, z. B. mit 5,50 €. ";
-
-void SpellOut(benchmark::State& state) {
-  std::string text;
-  while (text.size() < 100'000) text += kSentence;
-  for (auto _ : state) benchmark::DoNotOptimize(SpokenGerman(text));
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
-}
-BENCHMARK(SpellOut);
 
 // One call of a real extension on a real bus, its creation included.
 void FilterOverTheBus(benchmark::State& state) {

@@ -22,7 +22,8 @@ class Backwards {
   // The first run that ends behind the place.
   [[nodiscard]] std::size_t RunAt(std::size_t place) const {
     return static_cast<std::size_t>(
-        std::partition_point(runs_.begin(), runs_.end(), [&](const SpokenRun& run) { return run.spokenEnd <= place; }) -
+        std::partition_point(runs_.begin(), runs_.end(),
+                             [&](const SpokenRun& run) { return run.spokenEnd <= place; }) -
         runs_.begin());
   }
   // A place outside of all runs.
@@ -39,8 +40,8 @@ class Backwards {
 std::vector<SpokenRun> JoinRuns(const std::vector<SpokenRun>& first, const std::vector<SpokenRun>& second) {
   const Backwards back(first);
   std::vector<SpokenRun> joined;
-  std::size_t next = 0;          // of the first step's runs
-  std::ptrdiff_t shift = 0;      // spoken at last less spoken at first
+  std::size_t next = 0;      // of the first step's runs
+  std::ptrdiff_t shift = 0;  // spoken at last less spoken at first
   const auto moved = [&shift](std::size_t place) {
     return static_cast<std::size_t>(static_cast<std::ptrdiff_t>(place) + shift);
   };

@@ -7,8 +7,8 @@
 
 namespace lorelin {
 
-// A place where the spoken text differs from the written one; both ends in code points, the second exclusive. A byte
-// that belongs to no character counts as one.
+// A place where the spoken text differs from the written one; both ends in code points, the second exclusive.
+// A byte that belongs to no character counts as one.
 struct SpokenRun {
   std::size_t spokenBegin = 0;
   std::size_t spokenEnd = 0;
@@ -18,8 +18,8 @@ struct SpokenRun {
   bool operator==(const SpokenRun&) const = default;
 };
 
-// A text as it is spoken, in UTF-8. The runs come in order and never touch each other's insides; whatever lies between
-// them is the same in both texts, character for character.
+// A text as it is spoken, in UTF-8. The runs come in order and never touch each other's insides; whatever
+// lies between them is the same in both texts, character for character.
 struct SpokenText {
   std::string text;
   std::vector<SpokenRun> runs;

@@ -6,7 +6,8 @@
 
 namespace lorelin {
 
-// Every abbreviation that is known. Among those that are written alike the first whose surroundings fit is meant.
+// Every abbreviation that is known. Among those that are written alike the first whose surroundings fit is
+// meant.
 [[nodiscard]] std::span<const Abbreviation> AbbreviationTable();
 
 }  // namespace lorelin

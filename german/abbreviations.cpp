@@ -14,7 +14,8 @@ namespace {
 
 using Index = std::unordered_map<std::string_view, std::vector<const Abbreviation*>>;
 
-// By their first token; the longer ones are tried first, then those that ask for more around them, then those that stand first.
+// By their first token; the longer ones are tried first, then those that ask for more around them, then those
+// that stand first.
 const Index& ByFirstToken() {
   static const Index index = [] {
     Index made;
@@ -23,18 +24,18 @@ const Index& ByFirstToken() {
       made[one.written.substr(0, first.end)].push_back(&one);
     }
     for (auto& [first, list] : made) {
-      std::stable_sort(list.begin(), list.end(),
-                       [](auto* a, auto* b) {
-                         if (a->written.size() != b->written.size()) return a->written.size() > b->written.size();
-                         return a->around != Around::Anything && b->around == Around::Anything;
-                       });
+      std::stable_sort(list.begin(), list.end(), [](auto* a, auto* b) {
+        if (a->written.size() != b->written.size()) return a->written.size() > b->written.size();
+        return a->around != Around::Anything && b->around == Around::Anything;
+      });
     }
     return made;
   }();
   return index;
 }
 
-// The token behind the abbreviation, its blanks there or not; 0 when it is not the one. The first token fits already.
+// The token behind the abbreviation, its blanks there or not; 0 when it is not the one. The first token fits
+// already.
 std::size_t EndOf(const Tokens& tokens, std::size_t i, std::string_view written) {
   std::size_t at = TokenAt(written, 0).end;
   for (++i; at < written.size();) {
@@ -51,7 +52,8 @@ std::size_t EndOf(const Tokens& tokens, std::size_t i, std::string_view written)
   return letterAtEnd && (!tokens.FreeBehind(i - 1) || tokens.Is(i, ".") || tokens.IsDashAt(i)) ? 0 : i;
 }
 
-// A bare abbreviation may end the sentence: "inkl. MwSt." has its own entry, "MwSt" before a full stop does not.
+// A bare abbreviation may end the sentence: "inkl. MwSt." has its own entry, "MwSt" before a full stop does
+// not.
 std::size_t EndOfBare(const Tokens& tokens, std::size_t i, std::string_view written) {
   if (written.ends_with('.') || written.find(' ') != std::string_view::npos) return 0;
   const bool point = tokens.Is(i + 1, ".") && TokenAt(written, 0).end == written.size();
@@ -78,49 +80,67 @@ bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
     const auto word = tokens.View(before);
     return HasSuffix(word, {"te", "ten", "ter", "tes"}) || IsAllCaps(word);
   }
-  return tokens.Is(before, ".") && before > 0 && (tokens.IsNumber(before - 1) || IsAllCaps(tokens.View(before - 1)) || tokens.View(before - 1).size() == 1);
+  return tokens.Is(before, ".") && before > 0 &&
+         (tokens.IsNumber(before - 1) || IsAllCaps(tokens.View(before - 1)) ||
+          tokens.View(before - 1).size() == 1);
 }
 
 bool StandsInReference(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone || !(tokens.IsNumber(before) || tokens.IsWord(before))) return false;
   std::size_t label = tokens.Before(before);
-  if (tokens.IsWord(before) && tokens.View(before).size() == 1 && before > 0 && tokens.IsNumber(before - 1)) label = tokens.Before(before - 1);
+  if (tokens.IsWord(before) && tokens.View(before).size() == 1 && before > 0 && tokens.IsNumber(before - 1))
+    label = tokens.Before(before - 1);
   if (label == Tokens::kNone) return false;
   if (tokens.Is(label, ".") && label > 0) --label;
-  return IsOneOf(tokens.View(label), {"§", "Abs", "Absatz", "Art", "Artikel", "Paragraf", "Paragraph", "Nr", "Nummer", "§§"});
+  return IsOneOf(tokens.View(label),
+                 {"§", "Abs", "Absatz", "Art", "Artikel", "Paragraf", "Paragraph", "Nr", "Nummer", "§§"});
 }
 
 bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
   switch (one.around) {
-    case Around::Anything: return true;
-    case Around::Number: return tokens.IsNumber(NumberBehind(tokens, end));
-    case Around::NumberBefore: return StandsBehindNumber(tokens, i);
-    case Around::NoNumberBefore: return !StandsBehindNumber(tokens, i) && !StandsBehindOrdinal(tokens, i);
-    case Around::Capital: return next > end && tokens.IsCapital(next);
-    case Around::Name: return next > end && tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
+    case Around::Anything:
+      return true;
+    case Around::Number:
+      return tokens.IsNumber(NumberBehind(tokens, end));
+    case Around::NumberBefore:
+      return StandsBehindNumber(tokens, i);
+    case Around::NoNumberBefore:
+      return !StandsBehindNumber(tokens, i) && !StandsBehindOrdinal(tokens, i);
+    case Around::Capital:
+      return next > end && tokens.IsCapital(next);
+    case Around::Name:
+      return next > end && tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
     case Around::Digits:
       return tokens.IsNumber(next) || (tokens.IsCapital(next) && tokens.View(next).size() == 1);
     case Around::NameBefore: {
       const std::size_t before = tokens.WordIndexBefore(i);
       return before != Tokens::kNone && tokens.IsCapital(before);
     }
-    case Around::SmallWord: return next > end && tokens.IsWord(next) && !tokens.IsCapital(next);
-    case Around::Label: return StandsInReference(tokens, i) && tokens.IsNumber(next);
+    case Around::SmallWord:
+      return next > end && tokens.IsWord(next) && !tokens.IsCapital(next);
+    case Around::Label:
+      return StandsInReference(tokens, i) && tokens.IsNumber(next);
     case Around::RulerBefore: {
       const std::size_t name = tokens.WordIndexBefore(i);
-      return name != Tokens::kNone && tokens.IsCapital(name) && !NounOf(tokens.View(name)).whole && !MonthAt(tokens, name);
+      return name != Tokens::kNone && tokens.IsCapital(name) && !NounOf(tokens.View(name)).whole &&
+             !MonthAt(tokens, name);
     }
-    case Around::Described: return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next));
+    case Around::Described:
+      return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next));
     case Around::Spice:
-      return HasSuffix(tokens.View(next), {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander", "ardamom", "aprika", "urkuma", "nuss", "affee", "ohn"});
-    case Around::DayBefore: return StandsBehindOrdinal(tokens, i);
+      return HasSuffix(tokens.View(next),
+                       {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander",
+                        "ardamom", "aprika", "urkuma", "nuss", "affee", "ohn"});
+    case Around::DayBefore:
+      return StandsBehindOrdinal(tokens, i);
   }
   return false;
 }
 
-std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, std::string_view first, bool capital) {
+std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, std::string_view first,
+                                        bool capital) {
   const auto found = ByFirstToken().find(first);
   if (found == ByFirstToken().end()) return std::nullopt;
   for (const Abbreviation* const one : found->second) {
@@ -137,13 +157,15 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   const auto word = tokens.View(i);
   if (word.empty() || word.size() > 16 || tokens.IsNumber(i)) return std::nullopt;
   // A dash or a point that touches belongs to another word: "Bezugs-Nr.", "www.inkl.de".
-  if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&"))) return std::nullopt;
+  if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&")))
+    return std::nullopt;
   if (auto found = Search(tokens, i, word, false)) return found;
   if (!tokens.IsCapital(i)) return std::nullopt;
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);
-  const bool single = found && !found->abbreviation->written.empty() && found->abbreviation->around != Around::Anything;
+  const bool single =
+      found && !found->abbreviation->written.empty() && found->abbreviation->around != Around::Anything;
   return single ? std::nullopt : found;
 }
 
@@ -152,7 +174,8 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     std::string_view written;
     std::string_view spoken;
   };
-  constexpr Part kParts[] = {{"str", "straße"}, {"pl", "platz"}, {"nr", "nummer"}, {"Str", "Straße"}, {"bhf", "bahnhof"}};
+  constexpr Part kParts[] = {
+      {"str", "straße"}, {"pl", "platz"}, {"nr", "nummer"}, {"Str", "Straße"}, {"bhf", "bahnhof"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
   for (const Part& part : kParts) {

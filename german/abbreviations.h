@@ -12,35 +12,35 @@ namespace lorelin {
 // What has to stand around the letters for them to be this abbreviation.
 enum class Around : std::uint8_t {
   Anything,
-  Number,         // a number follows
-  NumberBefore,   // a number stands before
-  Capital,        // a capitalised word follows
-  Name,           // a capitalised word that is no noun follows
-  NoNumberBefore, // no number stands before
-  Digits,         // a number or a single letter follows
-  NameBefore,     // a capitalised word stands before
-  SmallWord,      // a word in small letters follows
-  Label,          // "Abs. 1", "§ 5" stand before and a number follows
-  RulerBefore,    // a name stands before that others have borne
-  Described,      // a noun follows, adjectives between them or not
-  Spice,          // something that is ground follows
-  DayBefore       // an ordinal stands before: "19. Jh."
+  Number,          // a number follows
+  NumberBefore,    // a number stands before
+  Capital,         // a capitalised word follows
+  Name,            // a capitalised word that is no noun follows
+  NoNumberBefore,  // no number stands before
+  Digits,          // a number or a single letter follows
+  NameBefore,      // a capitalised word stands before
+  SmallWord,       // a word in small letters follows
+  Label,           // "Abs. 1", "§ 5" stand before and a number follows
+  RulerBefore,     // a name stands before that others have borne
+  Described,       // a noun follows, adjectives between them or not
+  Spice,           // something that is ground follows
+  DayBefore        // an ordinal stands before: "19. Jh."
 };
 
 // Whether the point is also that of a sentence, when a capitalised word follows.
 enum class Ending : std::uint8_t {
-  Never,     // "Dr. Meyer"
-  Starter,   // only before a word that begins sentences
-  Noun,      // not before a noun that may belong to it: "30 Min. Fahrzeit"
-  Often      // always: "usw. Dann"
+  Never,    // "Dr. Meyer"
+  Starter,  // only before a word that begins sentences
+  Noun,     // not before a noun that may belong to it: "30 Min. Fahrzeit"
+  Often     // always: "usw. Dann"
 };
 
 // How it bends.
 enum class Bending : std::uint8_t {
   None,
-  Adjective,     // "sog.": the ending of its case
-  Plural,        // the plural behind a number other than 1
-  Genitive       // an "s" behind "des"
+  Adjective,  // "sog.": the ending of its case
+  Plural,     // the plural behind a number other than 1
+  Genitive    // an "s" behind "des"
 };
 
 struct Abbreviation {

@@ -14,9 +14,11 @@ std::string_view NameOfSign(std::string_view sign) {
     std::string_view sign;
     std::string_view name;
   };
-  constexpr Name kNames[] = {{".", "Punkt"}, {"@", "at"}, {"/", "Schrägstrich"}, {"-", "Minus"}, {"_", "Unterstrich"},
-                             {":", "Doppelpunkt"}, {"?", "Fragezeichen"}, {"=", "gleich"}, {"&", "und"}, {"#", "Raute"},
-                             {"%", "Prozent"}, {"~", "Tilde"}, {"+", "plus"}, {",", "Komma"}, {"!", "Ausrufezeichen"}, {"*", "Stern"}};
+  constexpr Name kNames[] = {
+      {".", "Punkt"},       {"@", "at"},          {"/", "Schrägstrich"},   {"-", "Minus"},
+      {"_", "Unterstrich"}, {":", "Doppelpunkt"}, {"?", "Fragezeichen"},   {"=", "gleich"},
+      {"&", "und"},         {"#", "Raute"},       {"%", "Prozent"},        {"~", "Tilde"},
+      {"+", "plus"},        {",", "Komma"},       {"!", "Ausrufezeichen"}, {"*", "Stern"}};
   for (const Name& one : kNames) {
     if (one.sign == sign) return one.name;
   }
@@ -36,13 +38,18 @@ std::size_t EndOfAddress(const Tokens& tokens, std::size_t i) {
 }
 
 bool IsDomainEnding(std::string_view word) {
-  return IsOneOf(word, {"de", "com", "org", "net", "eu", "at", "ch", "info", "io", "gov", "edu", "uk", "fr", "it", "es", "nl", "be", "tv", "app",
-                        "dev", "berlin", "hamburg", "bayern", "biz", "me", "li", "lu", "pl", "dk", "se", "us", "online", "shop", "koeln", "wiki", "int", "museum", "example", "test", "local", "localhost"});
+  return IsOneOf(word, {"de",     "com",     "org",    "net",     "eu",       "at",   "ch",    "info", "io",
+                        "gov",    "edu",     "uk",     "fr",      "it",       "es",   "nl",    "be",   "tv",
+                        "app",    "dev",     "berlin", "hamburg", "bayern",   "biz",  "me",    "li",   "lu",
+                        "pl",     "dk",      "se",     "us",      "online",   "shop", "koeln", "wiki", "int",
+                        "museum", "example", "test",   "local",   "localhost"});
 }
 
 bool IsFileEnding(std::string_view word) {
-  return IsOneOf(word, {"pdf", "doc", "docx", "txt", "jpg", "jpeg", "png", "gif", "zip", "xls", "xlsx", "html", "htm", "exe", "mp3", "mp4", "odt",
-                        "csv", "ppt", "pptx", "wav", "py", "js", "cpp", "json", "xml", "ini", "log", "sh", "bat", "svg", "rtf", "epub", "PDF", "conf", "md", "iso", "cfg"});
+  return IsOneOf(
+      word, {"pdf", "doc", "docx", "txt", "jpg", "jpeg", "png",  "gif", "zip",  "xls", "xlsx", "html", "htm",
+             "exe", "mp3", "mp4",  "odt", "csv", "ppt",  "pptx", "wav", "py",   "js",  "cpp",  "json", "xml",
+             "ini", "log", "sh",   "bat", "svg", "rtf",  "epub", "PDF", "conf", "md",  "iso",  "cfg"});
 }
 
 bool IsAddress(const Tokens& tokens, std::size_t i, std::size_t end) {
@@ -55,7 +62,8 @@ bool IsAddress(const Tokens& tokens, std::size_t i, std::size_t end) {
       continue;
     }
     const auto word = tokens.View(at + 1);
-    const bool last = at + 2 == end || tokens.Is(at + 2, "/") || tokens.Is(at + 2, ":") || tokens.Is(at + 2, "?") || tokens.Is(at + 2, "#");
+    const bool last = at + 2 == end || tokens.Is(at + 2, "/") || tokens.Is(at + 2, ":") ||
+                      tokens.Is(at + 2, "?") || tokens.Is(at + 2, "#");
     if (last && IsDomainEnding(word) && tokens.View(i, at).size() > 1) return true;
     if (at + 2 == end && IsFileEnding(word)) return true;
   }
@@ -90,7 +98,8 @@ std::string SplitAtCapitals(std::string_view word) {
 
 Found AddressAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsWord(i) && !tokens.IsNumber(i)) return std::nullopt;
-  if (i > 0 && (!tokens.FreeBefore(i) || IsOneOf(tokens.View(i - 1), {".", "@", "/", "-", "_"}))) return std::nullopt;
+  if (i > 0 && (!tokens.FreeBefore(i) || IsOneOf(tokens.View(i - 1), {".", "@", "/", "-", "_"})))
+    return std::nullopt;
   const TokenKind next = tokens.Kind(i + 1);
   if (next == TokenKind::Blank || next == TokenKind::Line || next == TokenKind::End) return std::nullopt;
   const std::size_t end = EndOfAddress(tokens, i);
@@ -100,8 +109,10 @@ Found AddressAt(const Tokens& tokens, std::size_t i) {
 
 Found TagAt(const Tokens& tokens, std::size_t i) {
   const bool hash = tokens.Is(i, "#");
-  if ((!hash && !tokens.Is(i, "@")) || !(tokens.IsWord(i + 1) || (hash && tokens.IsNumber(i + 1)))) return std::nullopt;
-  if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "#", "."})) return std::nullopt;
+  if ((!hash && !tokens.Is(i, "@")) || !(tokens.IsWord(i + 1) || (hash && tokens.IsNumber(i + 1))))
+    return std::nullopt;
+  if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "#", "."}))
+    return std::nullopt;
   if (tokens.IsNumber(i + 1)) return Phrase{i + 1, "Nummer "};
   std::string words = hash ? "Hashtag" : "at";
   std::size_t at = i + 1;

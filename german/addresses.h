@@ -5,8 +5,8 @@
 
 namespace lorelin {
 
-// E-mail and web addresses and names of files: nothing is spelled out in them, their signs are said: "info at web Punkt
-// de".
+// E-mail and web addresses and names of files: nothing is spelled out in them, their signs are said: "info at
+// web Punkt de".
 [[nodiscard]] Found AddressAt(const Tokens& tokens, std::size_t i);
 
 // "#Klimawandel", "@anna": as words.

@@ -5,7 +5,8 @@
 
 namespace lorelin {
 
-// Sums and measures behind a number or sign at the token: "5,50 €", "€ 5", "10–12 kg", "-5 °C", "½ TL", "3 x 4 m".
+// Sums and measures behind a number or sign at the token: "5,50 €", "€ 5", "10–12 kg", "-5 °C", "½ TL", "3 x
+// 4 m".
 [[nodiscard]] Found AmountAt(const Tokens& tokens, std::size_t i);
 
 // A currency before its number: "€ 20", "EUR 3,50".

@@ -56,8 +56,8 @@ bool IsUpperLetter(char32_t code) {
 }
 
 bool IsBlankCharacter(char32_t code) {
-  return code == U' ' || code == U'\t' || code == 0xA0 || (code >= 0x2000 && code <= 0x200A) || code == 0x202F ||
-         code == 0x205F || code == 0x3000;
+  return code == U' ' || code == U'\t' || code == 0xA0 || (code >= 0x2000 && code <= 0x200A) ||
+         code == 0x202F || code == 0x205F || code == 0x3000;
 }
 
 bool IsPicture(char32_t code) {

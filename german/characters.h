@@ -15,7 +15,8 @@ inline constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 
 [[nodiscard]] Character CharacterAt(std::string_view text, std::size_t at);
 
-// Letters of any script, "µ" and the marks drawn over letters among them; not the signs that lie between them.
+// Letters of any script, "µ" and the marks drawn over letters among them; not the signs that lie between
+// them.
 [[nodiscard]] bool IsLetter(char32_t code);
 // Capitals of the Latin alphabet with all its accents.
 [[nodiscard]] bool IsUpperLetter(char32_t code);

@@ -13,12 +13,43 @@ constexpr std::size_t kMostPhoneDigits = 16;
 
 // Behind these long numbers are said digit by digit.
 bool IsCodeWord(std::string_view word) {
-  return HasSuffix(word, {"nummer", "Nummer", "ID", "Nr", "nr", "Kunde", "SN", "Konto", "konto", "PIN", "TAN", "Code", "code", "Aktenzeichen", "zeichen", "RE", "BLZ", "Bankleitzahl", "Postfach", "IK", "Depot", "KdNr", "Kennung", "Mitglied", "Vertrag", "Az"});
+  return HasSuffix(
+      word,
+      {"nummer",   "Nummer", "ID",    "Nr",   "nr",           "Kunde",    "SN",      "Konto", "konto",
+       "PIN",      "TAN",    "Code",  "code", "Aktenzeichen", "zeichen",  "RE",      "BLZ",   "Bankleitzahl",
+       "Postfach", "IK",     "Depot", "KdNr", "Kennung",      "Mitglied", "Vertrag", "Az"});
 }
 
 bool IsPhoneWord(std::string_view word) {
-  return IsOneOf(word, {"Tel", "Telefon", "Telefonnummer", "Fax", "Telefax", "Faxnummer", "Mobil", "Mob", "Handy", "Handynummer", "Rufnummer",
-                        "Hotline", "Durchwahl", "Service", "Festnetz", "WhatsApp", "Servicenummer", "Auskunft", "Telefonisch", "telefonisch", "T", "F", "M", "Zentrale", "Mobilnummer", "Nummer", "erreichen", "erreichbar", "Bereitschaftsdienst"});
+  return IsOneOf(word, {"Tel",
+                        "Telefon",
+                        "Telefonnummer",
+                        "Fax",
+                        "Telefax",
+                        "Faxnummer",
+                        "Mobil",
+                        "Mob",
+                        "Handy",
+                        "Handynummer",
+                        "Rufnummer",
+                        "Hotline",
+                        "Durchwahl",
+                        "Service",
+                        "Festnetz",
+                        "WhatsApp",
+                        "Servicenummer",
+                        "Auskunft",
+                        "Telefonisch",
+                        "telefonisch",
+                        "T",
+                        "F",
+                        "M",
+                        "Zentrale",
+                        "Mobilnummer",
+                        "Nummer",
+                        "erreichen",
+                        "erreichbar",
+                        "Bereitschaftsdienst"});
 }
 
 // A word for telephones stands right before, perhaps with a colon or "unter" between.
@@ -27,7 +58,9 @@ bool PhoneWordBefore(const Tokens& tokens, std::size_t i) {
   for (int step = 0; step < 4 && at != Tokens::kNone; ++step) {
     if (tokens.IsWord(at)) {
       if (IsPhoneWord(tokens.View(at))) return true;
-      if (!IsOneOf(tokens.View(at), {"unter", "der", "Nummer", "Nr", "ist", "lautet", "die", "mit", "Sie", "uns", "erreichen", "mich", "an", "rufen", "täglich"})) return false;
+      if (!IsOneOf(tokens.View(at), {"unter", "der", "Nummer", "Nr", "ist", "lautet", "die", "mit", "Sie",
+                                     "uns", "erreichen", "mich", "an", "rufen", "täglich"}))
+        return false;
     } else if (!IsOneOf(tokens.View(at), {":", ".", "-"})) {
       return false;
     }
@@ -64,7 +97,8 @@ DigitGroups ReadGroups(const Tokens& tokens, std::size_t i, std::size_t most) {
 
 bool FollowsAsPhone(const Tokens& tokens, std::size_t end) {
   if (!tokens.FreeBehind(end - 1)) return false;
-  return !(IsOneOf(tokens.View(end), {",", ":", "%", "€"}) && (tokens.IsNumber(end + 1) || !tokens.IsGap(end + 1)));
+  return !(IsOneOf(tokens.View(end), {",", ":", "%", "€"}) &&
+           (tokens.IsNumber(end + 1) || !tokens.IsGap(end + 1)));
 }
 
 // "0711 12345", "+49 30 297-0", "(089) 123 45 67".
@@ -88,17 +122,24 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
   if (groups.digits < least) return std::nullopt;
   // "01.02.2024" is a date, "0,5" and "007" are numbers.
   if (!named && zero && tokens.View(at).size() < 3 && tokens.Is(at + 1, ".")) return std::nullopt;
-  if (!named && zero && groups.groups > 1 && tokens.View(at).size() < 3 && !tokens.Is(at, "00")) return std::nullopt;
+  if (!named && zero && groups.groups > 1 && tokens.View(at).size() < 3 && !tokens.Is(at, "00"))
+    return std::nullopt;
   return Phrase{groups.end, words + groups.words};
 }
 
 // "Notruf 112", "die 110".
 Found EmergencyAt(const Tokens& tokens, std::size_t i) {
-  if (!IsOneOf(tokens.View(i), {"110", "112", "116117", "115", "19222"}) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return std::nullopt;
+  if (!IsOneOf(tokens.View(i), {"110", "112", "116117", "115", "19222"}) || !tokens.FreeBefore(i) ||
+      !tokens.FreeBehind(i))
+    return std::nullopt;
   if (tokens.Is(i, "116117")) return Phrase{i + 1, "eins eins sechs, eins eins sieben"};
   const auto before = tokens.WordBefore(i);
-  const bool colon = i >= 2 && tokens.Is(tokens.Before(i), ":") && IsOneOf(tokens.WordBefore(tokens.Before(i)), {"Notruf", "Feuerwehr", "Polizei", "Rettungsdienst"});
-  if (!colon && !IsOneOf(before, {"Notruf", "Notrufnummer", "Rufnummer", "Nummer", "Feuerwehr", "Polizei", "Euronotruf", "Behördennummer", "wählen", "Rettungsdienst"})) return std::nullopt;
+  const bool colon =
+      i >= 2 && tokens.Is(tokens.Before(i), ":") &&
+      IsOneOf(tokens.WordBefore(tokens.Before(i)), {"Notruf", "Feuerwehr", "Polizei", "Rettungsdienst"});
+  if (!colon && !IsOneOf(before, {"Notruf", "Notrufnummer", "Rufnummer", "Nummer", "Feuerwehr", "Polizei",
+                                  "Euronotruf", "Behördennummer", "wählen", "Rettungsdienst"}))
+    return std::nullopt;
   return Phrase{i + 1, DigitWords(tokens.View(i))};
 }
 
@@ -106,7 +147,8 @@ Found EmergencyAt(const Tokens& tokens, std::size_t i) {
 Found IsbnAt(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before != Tokens::kNone && tokens.Is(before, ":")) before = tokens.Before(before);
-  if (before == Tokens::kNone || !IsOneOf(tokens.View(before), {"ISBN", "ISSN", "EAN", "GTIN"})) return std::nullopt;
+  if (before == Tokens::kNone || !IsOneOf(tokens.View(before), {"ISBN", "ISSN", "EAN", "GTIN"}))
+    return std::nullopt;
   const DigitGroups groups = ReadGroups(tokens, i, 13);
   if (groups.digits < 8) return std::nullopt;
   const bool check = tokens.Is(groups.end, "-") && tokens.Is(groups.end + 1, "X");
@@ -118,13 +160,17 @@ Found PostcodeAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 5, 5) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return std::nullopt;
   const std::size_t place = tokens.Skip(i + 1);
   const std::size_t before = tokens.Before(i);
-  const bool label = IsOneOf(tokens.WordBefore(i), {"PLZ", "Postleitzahl"}) || (i >= 2 && tokens.Is(i - 1, "-") && IsOneOf(tokens.View(i - 2), {"D", "DE"}));
+  const bool label = IsOneOf(tokens.WordBefore(i), {"PLZ", "Postleitzahl"}) ||
+                     (i >= 2 && tokens.Is(i - 1, "-") && IsOneOf(tokens.View(i - 2), {"D", "DE"}));
   if (label) return Phrase{i + 1, DigitWords(tokens.View(i))};
   if (place == i + 1 || !tokens.IsCapital(place) || StartsSentences(tokens.View(place))) return std::nullopt;
   if (UnitAt(tokens, place) || CurrencyAt(tokens, place)) return std::nullopt;
-  const bool address = tokens.OpensLine(i) || (before != Tokens::kNone && (tokens.Is(before, ",") || tokens.Is(before, "·") || tokens.Is(before, "|")));
+  const bool address =
+      tokens.OpensLine(i) || (before != Tokens::kNone &&
+                              (tokens.Is(before, ",") || tokens.Is(before, "·") || tokens.Is(before, "|")));
   const Noun noun = NounOf(tokens.View(place));
-  if (tokens.View(i).front() == '0' || (address && !noun.plural)) return Phrase{i + 1, DigitWords(tokens.View(i))};
+  if (tokens.View(i).front() == '0' || (address && !noun.plural))
+    return Phrase{i + 1, DigitWords(tokens.View(i))};
   const bool prepositions = IsOneOf(tokens.WordBefore(i), {"in", "nach", "aus", "Nach", "In", "bei", "von"});
   if (noun.known && (noun.plural || (noun.whole && !prepositions))) return std::nullopt;
   return Phrase{i + 1, DigitWords(tokens.View(i))};
@@ -133,10 +179,13 @@ Found PostcodeAt(const Tokens& tokens, std::size_t i) {
 // "Kunde 90017", "SN 55203 17", "RE-10442".
 Found SerialAt(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
-  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {":", ".", "-"})) before = before > 0 && !tokens.IsBlank(before - 1) ? before - 1 : tokens.Before(before);
-  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"})) before = tokens.Before(before);
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {":", ".", "-"}))
+    before = before > 0 && !tokens.IsBlank(before - 1) ? before - 1 : tokens.Before(before);
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"}))
+    before = tokens.Before(before);
   if (before == Tokens::kNone || !tokens.IsWord(before) || !tokens.FreeBefore(i)) return std::nullopt;
-  const bool named = IsCodeWord(tokens.View(before)) || (tokens.Is(i - 1, "-") && IsAllCaps(tokens.View(before)));
+  const bool named =
+      IsCodeWord(tokens.View(before)) || (tokens.Is(i - 1, "-") && IsAllCaps(tokens.View(before)));
   if (!named) return std::nullopt;
   std::string words;
   std::size_t digits = 0;
@@ -147,16 +196,20 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     end = ++at;
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
   }
-  if (digits < 5 || !tokens.FreeBehind(end - 1) || IsOneOf(tokens.View(end), {"/", ",", "-"})) return std::nullopt;
+  if (digits < 5 || !tokens.FreeBehind(end - 1) || IsOneOf(tokens.View(end), {"/", ",", "-"}))
+    return std::nullopt;
   return Phrase{end, words};
 }
 
 // "0815", "007": zeros at the beginning are said.
 Found LeadingZeroAt(const Tokens& tokens, std::size_t i) {
   const auto digits = tokens.View(i);
-  if (digits.size() < 3 || digits.front() != '0' || digits.size() > 20 || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return std::nullopt;
+  if (digits.size() < 3 || digits.front() != '0' || digits.size() > 20 || !tokens.FreeBefore(i) ||
+      !tokens.FreeBehind(i))
+    return std::nullopt;
   if (IsOneOf(tokens.View(i + 1), {",", ":"}) && tokens.IsNumber(i + 2)) return std::nullopt;
-  if (i > 0 && IsOneOf(tokens.View(i - 1), {",", ".", ":", "/", "-"}) && i > 1 && !tokens.IsGap(i - 2)) return std::nullopt;
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {",", ".", ":", "/", "-"}) && i > 1 && !tokens.IsGap(i - 2))
+    return std::nullopt;
   return Phrase{i + 1, DigitWords(digits)};
 }
 
@@ -164,7 +217,8 @@ Found LeadingZeroAt(const Tokens& tokens, std::size_t i) {
 
 Found IbanAt(const Tokens& tokens, std::size_t i) {
   const auto country = tokens.View(i);
-  if (!tokens.IsWord(i) || country.size() != 2 || !IsAllCaps(country) || !tokens.IsNumber(i + 1)) return std::nullopt;
+  if (!tokens.IsWord(i) || country.size() != 2 || !IsAllCaps(country) || !tokens.IsNumber(i + 1))
+    return std::nullopt;
   if (!tokens.FreeBefore(i)) return std::nullopt;
   std::string digits;
   std::size_t end = i + 1;
@@ -173,11 +227,13 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
     end = ++at;
     if (tokens.IsBlank(at) && tokens.IsNumber(at + 1)) ++at;
   }
-  const bool named = tokens.Before(i) != Tokens::kNone && (IsOneOf(tokens.WordBefore(i), {"IBAN"}) || tokens.Is(tokens.Before(i), ":"));
+  const bool named = tokens.Before(i) != Tokens::kNone &&
+                     (IsOneOf(tokens.WordBefore(i), {"IBAN"}) || tokens.Is(tokens.Before(i), ":"));
   if (digits.size() < 16 && !(named && digits.size() >= 10)) return std::nullopt;
   std::string words{country[0], ' ', country[1]};
   words += ' ' + DigitWords(std::string_view(digits).substr(0, 2));
-  for (std::size_t at = 2; at < digits.size(); at += 4) words += ", " + DigitWords(std::string_view(digits).substr(at, 4));
+  for (std::size_t at = 2; at < digits.size(); at += 4)
+    words += ", " + DigitWords(std::string_view(digits).substr(at, 4));
   return Phrase{end, words};
 }
 
@@ -196,9 +252,11 @@ Found VersionAt(const Tokens& tokens, std::size_t i) {
   std::size_t points = 0;
   for (; tokens.Is(end, ".") && tokens.IsNumber(end + 1, 1, 9) && points < 6; end += 2, ++points) {
     const auto part = tokens.View(end + 1);
-    words += " Punkt " + (part.front() == '0' ? DigitWords(part) : CardinalWords(*DigitsAt(tokens, end + 1, 9)));
+    words +=
+        " Punkt " + (part.front() == '0' ? DigitWords(part) : CardinalWords(*DigitsAt(tokens, end + 1, 9)));
   }
-  if (points == 0 || (tokens.Is(end, ".") && tokens.IsNumber(end + 1)) || !tokens.FreeBehind(end - 1)) return std::nullopt;
+  if (points == 0 || (tokens.Is(end, ".") && tokens.IsNumber(end + 1)) || !tokens.FreeBehind(end - 1))
+    return std::nullopt;
   return Phrase{end, words};
 }
 

@@ -9,23 +9,26 @@
 namespace lorelin {
 namespace {
 
-constexpr std::array<std::string_view, 12> kMonths{"Januar", "Februar", "März",      "April",   "Mai",      "Juni",
-                                                   "Juli",   "August",  "September", "Oktober", "November", "Dezember"};
+constexpr std::array<std::string_view, 12> kMonths{"Januar",    "Februar", "März",     "April",
+                                                   "Mai",       "Juni",    "Juli",     "August",
+                                                   "September", "Oktober", "November", "Dezember"};
 struct ShortMonth {
   std::string_view written;
   std::size_t number;
 };
-constexpr std::array kShortMonths{ShortMonth{"Jan", 1},  ShortMonth{"Feb", 2},  ShortMonth{"Febr", 2}, ShortMonth{"Mär", 3},
-                                  ShortMonth{"Mrz", 3},  ShortMonth{"Apr", 4},  ShortMonth{"Jun", 6},  ShortMonth{"Jul", 7},
-                                  ShortMonth{"Aug", 8},  ShortMonth{"Sep", 9},  ShortMonth{"Sept", 9}, ShortMonth{"Okt", 10},
+constexpr std::array kShortMonths{ShortMonth{"Jan", 1},  ShortMonth{"Feb", 2},  ShortMonth{"Febr", 2},
+                                  ShortMonth{"Mär", 3},  ShortMonth{"Mrz", 3},  ShortMonth{"Apr", 4},
+                                  ShortMonth{"Jun", 6},  ShortMonth{"Jul", 7},  ShortMonth{"Aug", 8},
+                                  ShortMonth{"Sep", 9},  ShortMonth{"Sept", 9}, ShortMonth{"Okt", 10},
                                   ShortMonth{"Nov", 11}, ShortMonth{"Dez", 12}, ShortMonth{"Jänner", 1}};
 
 struct Weekday {
   std::string_view written;
   std::string_view spoken;
 };
-constexpr std::array kWeekdays{Weekday{"Mo", "Montag"},     Weekday{"Di", "Dienstag"}, Weekday{"Mi", "Mittwoch"},
-                               Weekday{"Do", "Donnerstag"}, Weekday{"Fr", "Freitag"},  Weekday{"Sa", "Samstag"},
+constexpr std::array kWeekdays{Weekday{"Mo", "Montag"},   Weekday{"Di", "Dienstag"},
+                               Weekday{"Mi", "Mittwoch"}, Weekday{"Do", "Donnerstag"},
+                               Weekday{"Fr", "Freitag"},  Weekday{"Sa", "Samstag"},
                                Weekday{"So", "Sonntag"}};
 
 bool IsDay(const Tokens& tokens, std::size_t i) {
@@ -80,7 +83,8 @@ std::optional<DateShape> NamedDateAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   const auto month = MonthAt(tokens, next);
   if (!month) return std::nullopt;
-  DateShape shape{static_cast<std::size_t>(*DigitsAt(tokens, i, 2)), month->number, Tokens::kNone, month->end};
+  DateShape shape{static_cast<std::size_t>(*DigitsAt(tokens, i, 2)), month->number, Tokens::kNone,
+                  month->end};
   const std::size_t year = tokens.Skip(month->end);
   if (year > month->end && IsYearAt(tokens, year, false)) {
     shape.year = year;
@@ -129,7 +133,8 @@ std::optional<Month> MonthAt(const Tokens& tokens, std::size_t i) {
 
 std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i) {
   if (!IsDay(tokens, i) || !tokens.Is(i + 1, ".")) return std::nullopt;
-  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ","}) && i > 1 && tokens.IsNumber(i - 2)) return std::nullopt;
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ","}) && i > 1 && tokens.IsNumber(i - 2))
+    return std::nullopt;
   if (auto named = NamedDateAt(tokens, i)) return named;
   return NumberDateAt(tokens, i);
 }
@@ -137,7 +142,8 @@ std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i) {
 namespace {
 
 Phrase DatePhrase(const Tokens& tokens, const DateShape& shape, std::string_view ending) {
-  return {EndWithoutLastPoint(tokens, shape.end), DayText(shape.day, ending) + " " + MonthYearText(tokens, shape)};
+  return {EndWithoutLastPoint(tokens, shape.end),
+          DayText(shape.day, ending) + " " + MonthYearText(tokens, shape)};
 }
 
 // "1.", "1" of "1.–14. Juli" and what joins it with the next: the token of the second day.
@@ -196,8 +202,9 @@ Found DateSpanAt(const Tokens& tokens, std::size_t i) {
 
 // "2024-05-03", perhaps with a time behind a "T".
 Found IsoDateAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.IsNumber(i, 4, 4) || !tokens.Is(i + 1, "-") || !tokens.IsNumber(i + 2, 2, 2) || !tokens.Is(i + 3, "-") ||
-      !tokens.IsNumber(i + 4, 2, 2) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 4) || tokens.Is(i + 5, "-"))
+  if (!tokens.IsNumber(i, 4, 4) || !tokens.Is(i + 1, "-") || !tokens.IsNumber(i + 2, 2, 2) ||
+      !tokens.Is(i + 3, "-") || !tokens.IsNumber(i + 4, 2, 2) || !tokens.FreeBefore(i) ||
+      !tokens.FreeBehind(i + 4) || tokens.Is(i + 5, "-"))
     return std::nullopt;
   const auto month = MonthNumberAt(tokens, i + 2);
   if (!month || !IsDay(tokens, i + 4) || (i > 0 && tokens.Is(i - 1, "-"))) return std::nullopt;
@@ -208,11 +215,14 @@ Found IsoDateAt(const Tokens& tokens, std::size_t i) {
 // "05/2024" is a month where nothing else is numbered like that.
 Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
   const auto month = MonthNumberAt(tokens, i);
-  if (!month || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 4, 4) || tokens.Is(i + 3, "/")) return std::nullopt;
+  if (!month || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 4, 4) || tokens.Is(i + 3, "/"))
+    return std::nullopt;
   if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || LabelBefore(tokens, i)) return std::nullopt;
   const auto year = *DigitsAt(tokens, i + 2, 4);
   if (year < 1900 || year > 2100 || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
-  if (!tokens.IsNumber(i, 2, 2) && !IsOneOf(tokens.WordBefore(i), {"seit", "ab", "bis", "im", "in", "Stand", "Seit", "vom", "von"})) return std::nullopt;
+  if (!tokens.IsNumber(i, 2, 2) &&
+      !IsOneOf(tokens.WordBefore(i), {"seit", "ab", "bis", "im", "in", "Stand", "Seit", "vom", "von"}))
+    return std::nullopt;
   return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
 }
 
@@ -264,11 +274,18 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(next, "von") || tokens.Is(next, "ab")) next = tokens.Skip(next + 1);
   const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
   const bool listed = i > 0 && IsOneOf(tokens.View(tokens.Before(i)), {",", ";", "|"});
-  const bool opening = (point || (listed && tokens.Is(next, "geschlossen"))) && IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh", "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"});
-  const bool am = opening || IsOneOf(tokens.WordBefore(i), {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden", "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
+  const bool opening =
+      (point || (listed && tokens.Is(next, "geschlossen"))) &&
+      IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
+                                  "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"});
+  const bool am = opening || IsOneOf(tokens.WordBefore(i),
+                                     {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden",
+                                      "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
   const bool so = tokens.Is(i, "So") || tokens.Is(i, "Do") || tokens.Is(i, "Fr");
   if (!(number && (point || !so || next > day->second)) && !am) return std::nullopt;
-  if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") && !tokens.Is(tokens.Skip(next + 1), "Uhr") && !tokens.IsDashAt(next + 1)) return std::nullopt;
+  if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") &&
+      !tokens.Is(tokens.Skip(next + 1), "Uhr") && !tokens.IsDashAt(next + 1))
+    return std::nullopt;
   return Phrase{EndWithoutLastPoint(tokens, day->second), std::string(day->first)};
 }
 
@@ -278,22 +295,27 @@ Found MonthNameAt(const Tokens& tokens, std::size_t i) {
   if (!month || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t year = tokens.Skip(month->end);
   const bool written = tokens.Is(i, kMonths[month->number - 1]);
-  const bool hasYear = year > month->end && IsYearAt(tokens, year, false) && !tokens.IsDashAt(year + 1) && !tokens.Is(year + 1, "/");
+  const bool hasYear = year > month->end && IsYearAt(tokens, year, false) && !tokens.IsDashAt(year + 1) &&
+                       !tokens.Is(year + 1, "/");
   const bool shortYear = IsOneOf(tokens.View(year), {"'", "’"}) && tokens.IsNumber(year + 1, 2, 2);
   std::string words(kMonths[month->number - 1]);
   if (shortYear) return Phrase{year + 2, words + " " + YearText(tokens, year + 1)};
   if (hasYear) return Phrase{year + 1, words + " " + YearText(tokens, year)};
-  const bool span = tokens.IsDashAt(tokens.Skip(month->end)) && MonthAt(tokens, tokens.Skip(tokens.Skip(month->end) + 1));
+  const bool span =
+      tokens.IsDashAt(tokens.Skip(month->end)) && MonthAt(tokens, tokens.Skip(tokens.Skip(month->end) + 1));
   if (span) {
     const std::size_t second = tokens.Skip(tokens.Skip(month->end) + 1);
     const auto rest = MonthAt(tokens, second);
     const auto whole = MonthNameAt(tokens, second);
     if (whole) return Phrase{whole->end, words + " bis " + whole->words};
-    return Phrase{EndWithoutLastPoint(tokens, rest->end), words + " bis " + std::string(kMonths[rest->number - 1])};
+    return Phrase{EndWithoutLastPoint(tokens, rest->end),
+                  words + " bis " + std::string(kMonths[rest->number - 1])};
   }
   if (written || !tokens.Is(month->end - 1, ".")) return std::nullopt;
   const bool end = tokens.IsLast(month->end - 1);
-  if (!end && !IsOneOf(tokens.WordBefore(i), {"im", "Im", "Anfang", "Mitte", "Ende", "bis", "seit", "ab", "und", "vom", "zum"})) return std::nullopt;
+  if (!end && !IsOneOf(tokens.WordBefore(i),
+                       {"im", "Im", "Anfang", "Mitte", "Ende", "bis", "seit", "ab", "und", "vom", "zum"}))
+    return std::nullopt;
   return Phrase{EndWithoutLastPoint(tokens, month->end), words};
 }
 

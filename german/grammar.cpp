@@ -15,15 +15,16 @@ enum class Kind { None, Definite, Indefinite };
 // What governs a word: a determiner, or only a preposition.
 struct Governor {
   Kind kind = Kind::None;
-  std::string word;             // in small letters
+  std::string word;                   // in small letters
   std::optional<Case> byPreposition;  // of the preposition before
 };
 
-constexpr std::string_view kEnWords[] = {"dem",  "den",   "des",    "am",    "im",     "vom",   "zum",
-                                         "beim", "zur",   "unterm", "hinterm", "überm", "vorm"};
+constexpr std::string_view kEnWords[] = {"dem",  "den", "des",    "am",      "im",    "vom", "zum",
+                                         "beim", "zur", "unterm", "hinterm", "überm", "vorm"};
 constexpr std::string_view kDasWords[] = {"das", "ins", "ans", "aufs", "fürs", "durchs", "übers", "ums"};
 constexpr std::string_view kDerStems[] = {"dies", "jed", "jen", "welch", "manch", "solch", "all"};
-constexpr std::string_view kEinStems[] = {"ein", "kein", "mein", "dein", "sein", "ihr", "unser", "euer", "eur", "unsr"};
+constexpr std::string_view kEinStems[] = {"ein", "kein",  "mein", "dein", "sein",
+                                          "ihr", "unser", "euer", "eur",  "unsr"};
 
 template <std::size_t N>
 bool Contains(const std::string_view (&words)[N], std::string_view word) {
@@ -45,7 +46,8 @@ std::optional<std::string_view> EndingBehind(const std::string_view (&stems)[N],
 }
 
 Kind KindOfDeterminer(std::string_view word) {
-  if (word == "der" || word == "die" || Contains(kEnWords, word) || Contains(kDasWords, word)) return Kind::Definite;
+  if (word == "der" || word == "die" || Contains(kEnWords, word) || Contains(kDasWords, word))
+    return Kind::Definite;
   if (const auto ending = EndingBehind(kDerStems, word); ending && !ending->empty()) return Kind::Definite;
   return EndingBehind(kEinStems, word) ? Kind::Indefinite : Kind::None;
 }
@@ -57,7 +59,8 @@ bool LooksLikeAdjective(std::string_view word) {
 // Steps over "3." of "am 3. und 4." and what joins them.
 std::size_t SkipJoinedOrdinal(const Tokens& tokens, std::size_t i) {
   std::size_t at = i;
-  if (IsOneOf(tokens.View(at), {"und", "oder", "bis", "sowie", "bzw", "beziehungsweise", ",", "–", "-", "/", "u"})) {
+  if (IsOneOf(tokens.View(at),
+              {"und", "oder", "bis", "sowie", "bzw", "beziehungsweise", ",", "–", "-", "/", "u"})) {
     at = tokens.Before(at);
     if (at == Tokens::kNone) return i;
   }
@@ -80,12 +83,14 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
       continue;
     }
     // "1 gestrichener Löffel".
-    if (tokens.Is(at, "1") && tokens.FreeBefore(at)) return {Kind::Indefinite, OneForms(tokens, at, i), std::nullopt};
+    if (tokens.Is(at, "1") && tokens.FreeBefore(at))
+      return {Kind::Indefinite, OneForms(tokens, at, i), std::nullopt};
     if (!tokens.IsWord(at)) return {};
     const std::string_view written = tokens.View(at);
     const std::string word = WithLowerStart(written);
     // A capital inside a sentence is that of a noun or name: "Mein" of a title aside.
-    if (IsUpperWord(written) && !tokens.OpensClause(at) && !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
+    if (IsUpperWord(written) && !tokens.OpensClause(at) &&
+        !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
       return {};
     if (const Kind kind = KindOfDeterminer(word); kind != Kind::None) {
       const auto before = tokens.WordBefore(at);
@@ -104,7 +109,9 @@ std::string_view StrongEnding(Case asked, const Agreement& noun) {
     return kPlural[static_cast<std::size_t>(asked)];
   }
   constexpr std::array<std::array<std::string_view, 4>, 3> kSingular{
-      std::array<std::string_view, 4>{"er", "en", "em", "en"}, {"e", "er", "er", "e"}, {"es", "en", "em", "es"}};
+      std::array<std::string_view, 4>{"er", "en", "em", "en"},
+      {"e", "er", "er", "e"},
+      {"es", "en", "em", "es"}};
   return kSingular[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)];
 }
 
@@ -134,14 +141,15 @@ std::string_view EndingOfDeterminer(std::string_view word) {
   return *EndingBehind(kEinStems, word);
 }
 
-constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um", "bis", "pro", "per",
-                                                        "je", "à", "via"};
+constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um", "bis",
+                                                        "pro", "per",   "je",    "à",    "via"};
 constexpr std::string_view kDativePrepositions[] = {
-    "aus", "bei", "mit", "nach", "seit", "von", "zu", "ab", "außer", "gegenüber", "binnen", "gemäß", "samt", "nebst",
-    "in", "an", "auf", "vor", "hinter", "neben", "zwischen", "unter", "über", "laut", "entsprechend", "zuzüglich"};
-constexpr std::string_view kGenitivePrepositions[] = {"wegen", "während", "trotz", "innerhalb", "außerhalb", "statt",
-                                                      "anstatt", "mittels", "anhand", "zwecks", "oberhalb", "unterhalb",
-                                                      "anlässlich", "infolge", "hinsichtlich", "bezüglich"};
+    "aus",       "bei",    "mit",      "nach",  "seit",  "von",  "zu",           "ab",       "außer",
+    "gegenüber", "binnen", "gemäß",    "samt",  "nebst", "in",   "an",           "auf",      "vor",
+    "hinter",    "neben",  "zwischen", "unter", "über",  "laut", "entsprechend", "zuzüglich"};
+constexpr std::string_view kGenitivePrepositions[] = {
+    "wegen",  "während", "trotz",    "innerhalb", "außerhalb",  "statt",   "anstatt",      "mittels",
+    "anhand", "zwecks",  "oberhalb", "unterhalb", "anlässlich", "infolge", "hinsichtlich", "bezüglich"};
 
 // "auf 1 Liter", "über 1 Meter": not the place but the measure.
 bool MeasuresWith(std::string_view preposition) {
@@ -190,8 +198,9 @@ bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind)
 }
 
 bool IsExtent(std::string_view word) {
-  return IsOneOf(word, {"lang", "hoch", "breit", "tief", "dick", "schwer", "groß", "weit", "entfernt", "alt", "später",
-                        "früher", "zuvor", "danach", "länger", "höher", "mehr", "weniger", "lange", "vorher"});
+  return IsOneOf(word, {"lang",   "hoch",     "breit", "tief",    "dick",   "schwer", "groß",
+                        "weit",   "entfernt", "alt",   "später",  "früher", "zuvor",  "danach",
+                        "länger", "höher",    "mehr",  "weniger", "lange",  "vorher"});
 }
 
 }  // namespace
@@ -223,7 +232,8 @@ std::size_t NounBehind(const Tokens& tokens, std::size_t i) {
     const auto word = tokens.View(i);
     // "1 gestr. Esslöffel".
     const bool shortened = tokens.IsWord(i) && tokens.Is(i + 1, ".") && tokens.IsBlank(i + 2);
-    if (!tokens.IsWord(i) || !(shortened || (LooksLikeAdjective(word) && tokens.IsBlank(i + 1)))) return Tokens::kNone;
+    if (!tokens.IsWord(i) || !(shortened || (LooksLikeAdjective(word) && tokens.IsBlank(i + 1))))
+      return Tokens::kNone;
     if (KindOfDeterminer(word) != Kind::None || CaseOfPreposition(word) || IsVerb(word)) return Tokens::kNone;
     i += shortened ? 3 : 2;
   }
@@ -257,7 +267,8 @@ std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i
 
 std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
   Governor governor = GovernorOf(tokens, i);
-  if (governor.kind == Kind::None && !governor.byPreposition) governor.byPreposition = CaseOfEarlierPreposition(tokens, i);
+  if (governor.kind == Kind::None && !governor.byPreposition)
+    governor.byPreposition = CaseOfEarlierPreposition(tokens, i);
   if (governor.kind == Kind::Definite) return BehindDer(EndingOfDeterminer(governor.word), governor, noun);
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
@@ -286,14 +297,18 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
 // "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
 std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   std::size_t at = tokens.Before(first);
-  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus"})) return std::nullopt;
+  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus"}))
+    return std::nullopt;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     const std::size_t before = tokens.Before(at);
     const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
     if (counted && before != Tokens::kNone && tokens.IsWord(before)) {
-      if (const std::size_t found = PrepositionBefore(tokens, at); found != Tokens::kNone) return CaseBehind(tokens, found, at);
+      if (const std::size_t found = PrepositionBefore(tokens, at); found != Tokens::kNone)
+        return CaseBehind(tokens, found, at);
     }
-    if (IsOneOf(tokens.View(at), {":", ";", "("}) || IsVerb(tokens.View(at)) || IsLinkingVerb(tokens.View(at))) return std::nullopt;
+    if (IsOneOf(tokens.View(at), {":", ";", "("}) || IsVerb(tokens.View(at)) ||
+        IsLinkingVerb(tokens.View(at)))
+      return std::nullopt;
     at = before;
   }
   return std::nullopt;
@@ -306,9 +321,11 @@ bool IsTime(std::string_view word) {
 }  // namespace
 
 Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
-  if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone) return CaseBehind(tokens, at, first);
+  if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone)
+    return CaseBehind(tokens, at, first);
   if (const auto asked = CaseOfList(tokens, first)) return *asked;
-  if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1))) return Case::Accusative;
+  if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))
+    return Case::Accusative;
   if (IsExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
   if (VerbAsksForObject(tokens, first) || InfinitiveEnds(tokens, first, behind)) return Case::Accusative;
   return Case::Nominative;
@@ -326,7 +343,8 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
   return std::string(kForms[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)]);
 }
 
-std::string OneHalfBefore(const Tokens& tokens, std::size_t first, std::size_t behind, const Agreement& noun) {
+std::string OneHalfBefore(const Tokens& tokens, std::size_t first, std::size_t behind,
+                          const Agreement& noun) {
   const std::string one = OneBefore(tokens, first, behind, noun);
   if (one == "ein") return noun.gender == Gender::Neuter ? "ein halbes" : "ein halber";
   return one + (one == "eine" ? " halbe" : " halben");

@@ -21,19 +21,21 @@ struct Agreement {
 
 [[nodiscard]] Agreement AgreementOf(const Noun& noun);
 
-// The noun that the word at the token describes: adjectives in small letters may stand between. kNone when there is
-// none within reach.
+// The noun that the word at the token describes: adjectives in small letters may stand between. kNone when
+// there is none within reach.
 [[nodiscard]] std::size_t NounBehind(const Tokens& tokens, std::size_t i);
 
-// The ending of an ordinal or adjective at the token, by the determiner or preposition before it and the noun it
-// belongs to: "e", "en", "er", "es" or "em".
+// The ending of an ordinal or adjective at the token, by the determiner or preposition before it and the noun
+// it belongs to: "e", "en", "er", "es" or "em".
 [[nodiscard]] std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun);
 
-// The same, only when a determiner or preposition before the token tells that something of that kind must follow.
+// The same, only when a determiner or preposition before the token tells that something of that kind must
+// follow.
 [[nodiscard]] bool HasDeterminer(const Tokens& tokens, std::size_t i);
 [[nodiscard]] bool HasPreposition(const Tokens& tokens, std::size_t i);
 
-// "ein", "eine", "einen" … for a written 1 before a noun; `first` and `behind` are the tokens of the whole phrase.
+// "ein", "eine", "einen" … for a written 1 before a noun; `first` and `behind` are the tokens of the whole
+// phrase.
 [[nodiscard]] std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behind,
                                     const Agreement& noun);
 

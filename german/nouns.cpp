@@ -18,8 +18,8 @@ constexpr unsigned kNeuter = 4;
 constexpr unsigned kPlural = 8;
 constexpr unsigned kGenitive = 16;
 constexpr unsigned kDativePlural = 32;
-constexpr std::size_t kLongestWord = 80;   // bytes; nothing longer is looked up
-constexpr std::size_t kShortestPart = 3;   // bytes of the last part of a compound
+constexpr std::size_t kLongestWord = 80;  // bytes; nothing longer is looked up
+constexpr std::size_t kShortestPart = 3;  // bytes of the last part of a compound
 
 struct Lexicon {
   std::vector<std::uint32_t> hashes;  // sorted
@@ -87,7 +87,8 @@ unsigned LookUpLastPart(std::string_view word) {
 // What the ending tells of a word that no lexicon knows.
 unsigned GuessByEnding(std::string_view word) {
   if (HasSuffix(word, {"ungen", "heiten", "keiten", "schaften", "ionen", "täten"})) return kPlural;
-  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion", "tät", "erei", "enz", "anz", "ik", "ur", "ie", "in"}))
+  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion", "tät", "erei", "enz", "anz", "ik", "ur", "ie",
+                       "in"}))
     return kFeminine;
   if (HasSuffix(word, {"chen", "lein"})) return kNeuter | kPlural;
   if (HasSuffix(word, {"ment", "um", "tum"})) return kNeuter;

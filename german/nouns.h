@@ -9,18 +9,18 @@ enum class Gender : std::uint8_t { Masculine, Feminine, Neuter };
 
 // What the form of a noun can be.
 struct Noun {
-  bool known = false;      // the word or its last part stands in the lexicon
-  bool whole = false;      // ... the word itself
-  bool guessed = false;    // only its ending tells
+  bool known = false;    // the word or its last part stands in the lexicon
+  bool whole = false;    // ... the word itself
+  bool guessed = false;  // only its ending tells
   bool singular = false;
   bool plural = false;
-  bool genitive = false;   // in the singular this form is the genitive only
-  bool dativePlural = false;  // in the plural this form is the dative only
+  bool genitive = false;           // in the singular this form is the genitive only
+  bool dativePlural = false;       // in the plural this form is the dative only
   Gender gender = Gender::Neuter;  // of the singular
 };
 
-// The noun as it stands in a text, "Tassen" or "Obergeschosses": itself, by its last part, or by its ending. Takes a
-// capitalised word of any length; the lexicon's table is unpacked at the first call. Thread-safe.
+// The noun as it stands in a text, "Tassen" or "Obergeschosses": itself, by its last part, or by its ending.
+// Takes a capitalised word of any length; the lexicon's table is unpacked at the first call. Thread-safe.
 [[nodiscard]] Noun NounOf(std::string_view word);
 
 }  // namespace lorelin

@@ -32,7 +32,8 @@ bool MayBeGrouped(const Tokens& tokens, std::size_t i) {
   const bool blank = tokens.IsBlank(i + 1);
   if (!blank) return true;
   const std::size_t before = tokens.Before(i);
-  return before == Tokens::kNone || !(tokens.IsNumber(before) || IsOneOf(tokens.View(before), {"/", "-", "+", ")"}));
+  return before == Tokens::kNone ||
+         !(tokens.IsNumber(before) || IsOneOf(tokens.View(before), {"/", "-", "+", ")"}));
 }
 
 void ReadGroups(const Tokens& tokens, std::size_t i, WrittenNumber& number) {

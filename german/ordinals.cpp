@@ -33,7 +33,8 @@ bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
 }
 
 bool IsPluralDeterminer(std::string_view word) {
-  return IsOneOf(WithLowerStart(word), {"alle", "allen", "aller", "keine", "beide", "ihre", "seine", "meine", "unsere"});
+  return IsOneOf(WithLowerStart(word),
+                 {"alle", "allen", "aller", "keine", "beide", "ihre", "seine", "meine", "unsere"});
 }
 
 // "am", "jeder": what follows is one thing of a row.
@@ -62,9 +63,12 @@ bool StartsSentenceAt(const Tokens& tokens, std::size_t i) {
 // "Er wurde 3.", "als 2. von 5 Kindern": the token of the verb, over "nur" and the like.
 std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.WordIndexBefore(i);
-  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"})) at = tokens.WordIndexBefore(at);
+  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"}))
+    at = tokens.WordIndexBefore(at);
   if (at == Tokens::kNone) return at;
-  return IsOneOf(tokens.View(at), {"wurde", "wird", "Wurde", "werden", "als", "Als", "wurdest"}) ? at : Tokens::kNone;
+  return IsOneOf(tokens.View(at), {"wurde", "wird", "Wurde", "werden", "als", "Als", "wurdest"})
+             ? at
+             : Tokens::kNone;
 }
 
 bool BecomesOne(const Tokens& tokens, std::size_t i) {
@@ -73,7 +77,8 @@ bool BecomesOne(const Tokens& tokens, std::size_t i) {
 
 // "Dritter", "Dritte", "drittes" of the children.
 std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
-  const bool woman = IsOneOf(WithLowerStart(tokens.WordBefore(VerbOfRank(tokens, i))), {"sie", "frau", "die", "schwester", "mannschaft"});
+  const bool woman = IsOneOf(WithLowerStart(tokens.WordBefore(VerbOfRank(tokens, i))),
+                             {"sie", "frau", "die", "schwester", "mannschaft"});
   const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});
   return WithUpperStart(OrdinalWords(value, child ? "es" : (woman ? "e" : "er")));
 }
@@ -84,7 +89,8 @@ bool LineEndsWithInfinitive(const Tokens& tokens, std::size_t i) {
   for (; i < tokens.Count() && tokens.Kind(i) != TokenKind::Line; ++i) {
     if (tokens.IsWord(i)) last = i;
   }
-  return last != Tokens::kNone && !tokens.IsCapital(last) && HasSuffix(tokens.View(last), {"en", "ern", "eln"});
+  return last != Tokens::kNone && !tokens.IsCapital(last) &&
+         HasSuffix(tokens.View(last), {"en", "ern", "eln"});
 }
 
 bool IsSingularNoun(const Tokens& tokens, std::size_t i) {
@@ -100,12 +106,14 @@ PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
 
 PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t next) {
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
-  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i)) return PointMeaning::Ordinal;
+  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i))
+    return PointMeaning::Ordinal;
   if (tokens.OpensLine(i) && LineEndsWithInfinitive(tokens, next)) return PointMeaning::List;
   if (JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
   const std::size_t noun = NounBehind(tokens, next);
   if (noun == Tokens::kNone) return PointMeaning::Sentence;
-  return HasPreposition(tokens, i) || IsNumberedHead(tokens.View(noun)) ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  return HasPreposition(tokens, i) || IsNumberedHead(tokens.View(noun)) ? PointMeaning::Ordinal
+                                                                        : PointMeaning::Sentence;
 }
 
 // Nothing before the number says what it is: only a head tells.
@@ -117,12 +125,14 @@ PointMeaning BeforeNounAlone(const Tokens& tokens, std::size_t i, std::size_t ne
 }
 
 bool CountsTime(std::string_view preposition) {
-  return IsOneOf(WithLowerStart(preposition), {"um", "gegen", "bis", "über", "unter", "je", "pro", "auf", "zu", "mit", "von", "ab", "für"});
+  return IsOneOf(WithLowerStart(preposition), {"um", "gegen", "bis", "über", "unter", "je", "pro", "auf",
+                                               "zu", "mit", "von", "ab", "für"});
 }
 
 PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
   const auto word = tokens.View(next);
-  if (IsMonth(word) || MonthAt(tokens, next)) return value <= 31 ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  if (IsMonth(word) || MonthAt(tokens, next))
+    return value <= 31 ? PointMeaning::Ordinal : PointMeaning::Sentence;
   if (StartsSentenceAt(tokens, next)) {
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
@@ -130,7 +140,8 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
   const Noun noun = NounOf(word);
   const bool isNoun = noun.known || noun.guessed || IsAllCaps(word) || IsNumberedHead(word);
-  if (value >= kYears && (GoesBeforeYears(tokens.WordBefore(i)) || !DeterminesOne(tokens, i))) return PointMeaning::Sentence;
+  if (value >= kYears && (GoesBeforeYears(tokens.WordBefore(i)) || !DeterminesOne(tokens, i)))
+    return PointMeaning::Sentence;
   if (StandsBehindOrdinal(tokens, i)) return PointMeaning::Ordinal;
   if (DeterminesOne(tokens, i)) {
     // "Er kommt am 5. Peter nicht."
@@ -141,7 +152,8 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   if (BecomesOne(tokens, i) && IsSingularNoun(tokens, next)) return PointMeaning::Ordinal;
   const auto before = tokens.WordBefore(i);
   if (CaseOfPreposition(before) && !tokens.OpensLine(i)) {
-    const bool fits = IsNumberedHead(word) || (IsSingularNoun(tokens, next) && !word.ends_with("en") && !CountsTime(before));
+    const bool fits = IsNumberedHead(word) ||
+                      (IsSingularNoun(tokens, next) && !word.ends_with("en") && !CountsTime(before));
     return fits ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
   return BeforeNounAlone(tokens, i, next);
@@ -150,7 +162,9 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
 // "2.OG", "der 1., 2. und 3. Platz", "(am 3.)".
 PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (value >= kYears) return PointMeaning::Sentence;
-  if (tokens.IsWord(i + 2)) return tokens.IsCapital(i + 2) && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  if (tokens.IsWord(i + 2))
+    return tokens.IsCapital(i + 2) && !LabelBefore(tokens, i) ? PointMeaning::Ordinal
+                                                              : PointMeaning::Sentence;
   if (JoinedOrdinalBehind(tokens, i + 2) != Tokens::kNone) return PointMeaning::Ordinal;
   if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
     const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i);
@@ -164,16 +178,18 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
 PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (!value || *value == 0 || !tokens.FreeBefore(i)) return PointMeaning::Sentence;
-  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", ":", "+", "#"}) ) return PointMeaning::Sentence;
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", ":", "+", "#"})) return PointMeaning::Sentence;
   const std::size_t next = tokens.Skip(i + 2);
   if (tokens.IsLast(i + 1) || tokens.Kind(next) == TokenKind::Line) return AtEnd(tokens, i, *value);
   if (next == i + 2) return WithoutGap(tokens, i, *value);
   if (tokens.View(i).front() == '0' && !MonthAt(tokens, next)) return PointMeaning::Sentence;
   if (tokens.IsCapital(next)) return BeforeCapital(tokens, i, next, *value);
   if (tokens.IsWord(next)) return BeforeSmallWord(tokens, i, next);
-  if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
+  if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone)
+    return PointMeaning::Ordinal;
   // "die 3. „Klasse“"
-  if (IsOneOf(tokens.View(next), {"„", "»", "(", "–", "-", "\""}) || tokens.IsNumber(next)) return AtEnd(tokens, i, *value);
+  if (IsOneOf(tokens.View(next), {"„", "»", "(", "–", "-", "\""}) || tokens.IsNumber(next))
+    return AtEnd(tokens, i, *value);
   return PointMeaning::Sentence;
 }
 
@@ -193,10 +209,13 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   Agreement agreement = AgreementOf(NounOf(word));
   if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
-  if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN") return {Gender::Masculine, false, false, true};
+  if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN")
+    return {Gender::Masculine, false, false, true};
   // "zweite Vorsitzende" is a woman, with another article a man.
-  const auto article = tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);
-  if (word.ends_with("zende") && !IsOneOf(article, {"der", "Der", "dem", "den"})) agreement.gender = Gender::Feminine;
+  const auto article =
+      tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);
+  if (word.ends_with("zende") && !IsOneOf(article, {"der", "Der", "dem", "den"}))
+    agreement.gender = Gender::Feminine;
   if (word.ends_with("zender")) return {Gender::Masculine, false, false, true};
   return agreement;
 }
@@ -209,7 +228,8 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   const bool atEnd = meaning == PointMeaning::OrdinalAtEnd;
   const std::size_t noun = atEnd ? Tokens::kNone : NounOfOrdinal(tokens, i + 2);
   std::string words = OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, noun)));
-  if (noun == Tokens::kNone && !HasDeterminer(tokens, i) && BecomesOne(tokens, i)) words = RankWords(tokens, i, value);
+  if (noun == Tokens::kNone && !HasDeterminer(tokens, i) && BecomesOne(tokens, i))
+    words = RankWords(tokens, i, value);
   if (atEnd) return Phrase{i + 1, words};
   if (tokens.IsWord(i + 2)) words += ' ';
   // "5.–7. Klasse", "2./3. Stock".
@@ -225,16 +245,56 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
 namespace {
 
 bool IsRomanHead(std::string_view word) {
-  return IsOneOf(word, {"Kapitel", "Teil", "Band", "Akt", "Abschnitt", "Buch", "Klasse", "Typ", "Stufe", "Grad",
-                        "Gruppe", "Kategorie", "Phase", "Kammer", "Grades", "Weltkrieg", "Hartz", "Agenda", "Apollo",
-                        "Artikel", "Anhang", "Anlage", "Satz", "Strophe", "Symphonie", "Sinfonie", "Szene", "Bd",
-                        "Kap", "Tafel", "Abteilung", "Windows", "Rocky", "Teile", "SGB", "Faust", "Quartal", "Bauteil",
-                        "Schema", "Zone", "Level", "Steuerklasse", "Lohnsteuerklasse", "Pflegestufe"});
+  return IsOneOf(word, {"Kapitel",
+                        "Teil",
+                        "Band",
+                        "Akt",
+                        "Abschnitt",
+                        "Buch",
+                        "Klasse",
+                        "Typ",
+                        "Stufe",
+                        "Grad",
+                        "Gruppe",
+                        "Kategorie",
+                        "Phase",
+                        "Kammer",
+                        "Grades",
+                        "Weltkrieg",
+                        "Hartz",
+                        "Agenda",
+                        "Apollo",
+                        "Artikel",
+                        "Anhang",
+                        "Anlage",
+                        "Satz",
+                        "Strophe",
+                        "Symphonie",
+                        "Sinfonie",
+                        "Szene",
+                        "Bd",
+                        "Kap",
+                        "Tafel",
+                        "Abteilung",
+                        "Windows",
+                        "Rocky",
+                        "Teile",
+                        "SGB",
+                        "Faust",
+                        "Quartal",
+                        "Bauteil",
+                        "Schema",
+                        "Zone",
+                        "Level",
+                        "Steuerklasse",
+                        "Lohnsteuerklasse",
+                        "Pflegestufe"});
 }
 
 bool IsRomanOrdinalHead(std::string_view word) {
-  return IsNumberedHead(word) || IsOneOf(word, {"Olympischen", "Olympische", "Vatikanisches", "Vatikanischen", "Internationale",
-                                               "Armeekorps", "Semester", "Vatikanum", "Dynastie"});
+  return IsNumberedHead(word) ||
+         IsOneOf(word, {"Olympischen", "Olympische", "Vatikanisches", "Vatikanischen", "Internationale",
+                        "Armeekorps", "Semester", "Vatikanum", "Dynastie"});
 }
 
 std::uint64_t RomanNumberAt(const Tokens& tokens, std::size_t i) {
@@ -253,35 +313,44 @@ bool IsPlainRoman(std::string_view word) {
 bool NamesNumber(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
-  if (tokens.IsCapital(before)) return !IsAllCaps(tokens.View(before)) || RomanValue(tokens.View(before)) != 0;
+  if (tokens.IsCapital(before))
+    return !IsAllCaps(tokens.View(before)) || RomanValue(tokens.View(before)) != 0;
   return IsOneOf(tokens.View(before), {"nicht", "und", "oder", "bis", "sondern", ",", "–", "-", "/"});
 }
 
 bool IsTitle(std::string_view word) {
-  return IsOneOf(word, {"König", "Kaiser", "Papst", "Zar", "Prinz", "Fürst", "Herzog", "Graf", "Kurfürst", "Königin", "Kaiserin",
-                        "Zarin", "Sultan", "Bischof", "Erzbischof", "Königs", "Kaisers", "Papstes", "Zaren", "Fürsten",
-                        "Herzogs", "Grafen", "Pharao", "Ramses", "Landgraf", "Markgraf"});
+  return IsOneOf(word, {"König",      "Kaiser",   "Papst",   "Zar",      "Prinz",   "Fürst",   "Herzog",
+                        "Graf",       "Kurfürst", "Königin", "Kaiserin", "Zarin",   "Sultan",  "Bischof",
+                        "Erzbischof", "Königs",   "Kaisers", "Papstes",  "Zaren",   "Fürsten", "Herzogs",
+                        "Grafen",     "Pharao",   "Ramses",  "Landgraf", "Markgraf"});
 }
 
 bool IsWomansName(std::string_view name) {
   if (name.ends_with('s')) name.remove_suffix(1);
-  return IsOneOf(name, {"Elisabeth", "Maria", "Katharina", "Margarethe", "Victoria", "Viktoria", "Christina", "Beatrix",
-                        "Juliana", "Wilhelmina", "Isabella", "Anna", "Mary", "Olga", "Kleopatra", "Elizabeth", "Margrethe",
-                        "Sophie", "Louise", "Luise", "Johanna", "Sonja", "Silvia", "Theresia"});
+  return IsOneOf(name, {"Elisabeth", "Maria",   "Katharina", "Margarethe", "Victoria",  "Viktoria",
+                        "Christina", "Beatrix", "Juliana",   "Wilhelmina", "Isabella",  "Anna",
+                        "Mary",      "Olga",    "Kleopatra", "Elizabeth",  "Margrethe", "Sophie",
+                        "Louise",    "Luise",   "Johanna",   "Sonja",      "Silvia",    "Theresia"});
 }
 
 // Names of rulers and popes, by which a letter such as "I." or "V." is a number and no second name.
 bool IsRulersName(std::string_view name) {
   for (int i = 0; i < 2; ++i) {
     if (IsWomansName(name) ||
-        IsOneOf(name, {"Ludwig", "Friedrich", "Wilhelm", "Karl", "Heinrich", "Otto", "Konrad", "Rudolf", "Leopold", "Josef",
-                       "Joseph", "Franz", "Ferdinand", "Maximilian", "Albrecht", "Georg", "Eduard", "Edward", "Charles",
-                       "Carl", "Gustav", "Philipp", "Alfons", "Johannes", "Paul", "Pius", "Benedikt", "Leo", "Gregor", "Klemens",
-                       "Clemens", "Innozenz", "Urban", "Nikolaus", "Alexander", "Peter", "Iwan", "Ramses", "Napoleon", "Otho",
-                       "Lothar", "August", "Christian", "Jakob", "Richard", "Sigismund", "Wenzel", "Franziskus", "Mehmed",
-                       "Süleyman", "Selim", "Felipe", "Juan", "Carlos", "Harald", "Haakon", "Olaf", "Albert", "Bonifatius",
-                       "Sixtus", "Julius", "Hadrian", "Louis", "Henry", "George", "William", "James", "Thutmosis", "Amenophis",
-                       "Dareios", "Xerxes", "Philip", "Pippin", "Johann", "Rainier", "Faisal", "Abdullah", "Adolf", "Ernst", "Ludwig-Wilhelm"}))
+        IsOneOf(
+            name,
+            {"Ludwig",    "Friedrich", "Wilhelm",       "Karl",      "Heinrich",  "Otto",       "Konrad",
+             "Rudolf",    "Leopold",   "Josef",         "Joseph",    "Franz",     "Ferdinand",  "Maximilian",
+             "Albrecht",  "Georg",     "Eduard",        "Edward",    "Charles",   "Carl",       "Gustav",
+             "Philipp",   "Alfons",    "Johannes",      "Paul",      "Pius",      "Benedikt",   "Leo",
+             "Gregor",    "Klemens",   "Clemens",       "Innozenz",  "Urban",     "Nikolaus",   "Alexander",
+             "Peter",     "Iwan",      "Ramses",        "Napoleon",  "Otho",      "Lothar",     "August",
+             "Christian", "Jakob",     "Richard",       "Sigismund", "Wenzel",    "Franziskus", "Mehmed",
+             "Süleyman",  "Selim",     "Felipe",        "Juan",      "Carlos",    "Harald",     "Haakon",
+             "Olaf",      "Albert",    "Bonifatius",    "Sixtus",    "Julius",    "Hadrian",    "Louis",
+             "Henry",     "George",    "William",       "James",     "Thutmosis", "Amenophis",  "Dareios",
+             "Xerxes",    "Philip",    "Pippin",        "Johann",    "Rainier",   "Faisal",     "Abdullah",
+             "Adolf",     "Ernst",     "Ludwig-Wilhelm"}))
       return true;
     if (!name.ends_with('s')) return false;
     name.remove_suffix(1);
@@ -331,7 +400,8 @@ Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
   for (int step = 0; step < 9 && at != Tokens::kNone; ++step) {
     at = tokens.Before(at);
     if (at == Tokens::kNone) break;
-    if (const auto asked = CaseOfPreposition(tokens.View(at))) return tokens.Is(at, "über") ? Case::Accusative : *asked;
+    if (const auto asked = CaseOfPreposition(tokens.View(at)))
+      return tokens.Is(at, "über") ? Case::Accusative : *asked;
     if (tokens.IsWord(at) && !tokens.IsCapital(at) && !IsDeterminer(tokens.View(at))) break;
   }
   return Case::Nominative;
@@ -352,13 +422,13 @@ std::string WithNameOf(const Tokens& tokens, std::size_t i, std::string_view adj
 
 namespace {
 
-
 std::string RulersNumber(std::uint64_t value, Case asked, bool woman) {
   constexpr std::string_view kMan[] = {"der", "des", "dem", "den"};
   constexpr std::string_view kWoman[] = {"die", "der", "der", "die"};
   const auto at = static_cast<std::size_t>(asked);
   const bool plain = asked == Case::Nominative || (woman && asked == Case::Accusative);
-  return std::string(woman ? kWoman[at] : kMan[at]) + " " + WithUpperStart(OrdinalWords(value, plain ? "e" : "en"));
+  return std::string(woman ? kWoman[at] : kMan[at]) + " " +
+         WithUpperStart(OrdinalWords(value, plain ? "e" : "en"));
 }
 
 }  // namespace
@@ -378,7 +448,8 @@ bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
   const std::size_t next = tokens.Skip(i + 2);
   if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
-  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i)) return !StartsSentenceAt(tokens, next);
+  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
+    return !StartsSentenceAt(tokens, next);
   return RulerBefore(tokens, i) != Tokens::kNone;
 }
 
@@ -388,20 +459,24 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   const bool point = tokens.Is(i + 1, ".");
   const std::size_t next = tokens.Skip(i + 2);
   if (point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
-    return Phrase{i + 2, OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
+    return Phrase{i + 2,
+                  OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   std::size_t before = tokens.Before(i);
   if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
   if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
     return RomanSpan(tokens, i, value);
   const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
   if (ordinal && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
-    return Phrase{i + 2, OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
+    return Phrase{i + 2,
+                  OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;
-  if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i)) return RomanSpan(tokens, i, value);
+  if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i))
+    return RomanSpan(tokens, i, value);
   if (name == Tokens::kNone || value > 40) return std::nullopt;
   const bool woman = IsWomansName(tokens.View(name));
   // A last name behind it makes a second name of it: "Max I. Meyer".
-  if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) && !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
+  if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
+      !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
     return std::nullopt;
   return Phrase{tokens.IsLast(i + 1) ? i + 1 : i + 2, RulersNumber(value, CaseOfRuler(tokens, name), woman)};
 }

@@ -16,7 +16,8 @@ enum class PointMeaning {
   List           // "2. Alles mischen." at the beginning of a line
 };
 
-// For the number at the token, behind which a point stands. What stands behind the sentence need not be known.
+// For the number at the token, behind which a point stands. What stands behind the sentence need not be
+// known.
 [[nodiscard]] PointMeaning JudgePoint(const Tokens& tokens, std::size_t i);
 
 // "2." in words, with the ending that its noun and determiner ask for.

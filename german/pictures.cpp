@@ -19,8 +19,9 @@ struct EmojiName {
 constexpr std::size_t kMostParts = 10;
 
 std::string_view NameOf(std::string_view sign) {
-  const auto found = std::lower_bound(std::begin(kEmoji), std::end(kEmoji), sign,
-                                      [](const EmojiName& one, std::string_view wanted) { return one.sign < wanted; });
+  const auto found =
+      std::lower_bound(std::begin(kEmoji), std::end(kEmoji), sign,
+                       [](const EmojiName& one, std::string_view wanted) { return one.sign < wanted; });
   return found != std::end(kEmoji) && found->sign == sign ? found->name : std::string_view();
 }
 
@@ -47,7 +48,9 @@ Picture PictureAt(const Tokens& tokens, std::size_t i) {
   std::size_t end = i;
   for (; end < i + kMostParts; ++end) {
     const char32_t code = CodeAt(tokens, end);
-    if (end > i && !IsMark(code) && CodeAt(tokens, end - 1) != 0x200D && !(IsRegion(code) && end == i + 1 && IsRegion(first))) break;
+    if (end > i && !IsMark(code) && CodeAt(tokens, end - 1) != 0x200D &&
+        !(IsRegion(code) && end == i + 1 && IsRegion(first)))
+      break;
     if (code != 0xFE0F && !(code >= 0x1F3FB && code <= 0x1F3FF)) sign += tokens.View(end);
     if (const auto name = NameOf(sign); !name.empty()) best = {name, end + 1};
     if (best.end == end && IsMark(code) && code != 0x200D) best.end = end + 1;

@@ -26,7 +26,8 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbrev
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
   Agreement agreement = AgreementAt(tokens, noun);
   // Most words that no lexicon knows are masculine, and those with an "s" are many.
-  if (!agreement.known) agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
+  if (!agreement.known)
+    agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
   return words + std::string(EndingAt(tokens, i, agreement));
 }
 
@@ -64,8 +65,12 @@ Found StreetPhraseAt(const Tokens& tokens, std::size_t i) {
 
 // "60 Bilder/s".
 Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.Is(i, "/") || i == 0 || !tokens.IsWord(i - 1) || tokens.View(i - 1).size() < 4 || !tokens.IsWord(i + 1)) return std::nullopt;
-  if (!IsOneOf(tokens.View(i + 1), {"s", "min", "h", "Std", "Min", "Tag", "kg", "Woche", "Monat", "Jahr", "l", "m", "km", "Stunde", "Minute", "Sekunde"})) return std::nullopt;
+  if (!tokens.Is(i, "/") || i == 0 || !tokens.IsWord(i - 1) || tokens.View(i - 1).size() < 4 ||
+      !tokens.IsWord(i + 1))
+    return std::nullopt;
+  if (!IsOneOf(tokens.View(i + 1), {"s", "min", "h", "Std", "Min", "Tag", "kg", "Woche", "Monat", "Jahr", "l",
+                                    "m", "km", "Stunde", "Minute", "Sekunde"}))
+    return std::nullopt;
   const auto per = PerAt(tokens, i);
   if (!per) return std::nullopt;
   return Phrase{per->end, per->words};
@@ -101,12 +106,15 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
   return std::nullopt;
 }
 
-constexpr Reading kOfWords[] = {&AddressAt, &IbanAt, &CalendarWordAt, &RomanAt, &AbbreviationPhraseAt, &StreetPhraseAt,
-                                &CurrencyFirstAt, &LoneUnitAt};
-constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt, &CodeAt, &TimeAt, &GluedAt, &AmountAt, &SpanAt, &FractionPhraseAt,
+constexpr Reading kOfWords[] = {
+    &AddressAt,      &IbanAt,          &CalendarWordAt, &RomanAt, &AbbreviationPhraseAt,
+    &StreetPhraseAt, &CurrencyFirstAt, &LoneUnitAt};
+constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
+                                  &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
-constexpr Reading kOfSigns[] = {&CodeAt, &SignedAt, &CurrencyFirstAt, &AmountAt, &FractionPhraseAt, &TagAt,
-                                &AbbreviationPhraseAt, &LoneUnitAt, &WordPerUnitAt, &SignAt};
+constexpr Reading kOfSigns[] = {&CodeAt,           &SignedAt, &CurrencyFirstAt,      &AmountAt,
+                                &FractionPhraseAt, &TagAt,    &AbbreviationPhraseAt, &LoneUnitAt,
+                                &WordPerUnitAt,    &SignAt};
 
 // What only parts sentences and clauses.
 bool IsPunctuation(std::string_view sign) {
@@ -117,10 +125,14 @@ bool IsPunctuation(std::string_view sign) {
 
 Found ReadingAt(const Tokens& tokens, std::size_t i) {
   switch (tokens.Kind(i)) {
-    case TokenKind::Word: return FirstOf(kOfWords, tokens, i);
-    case TokenKind::Number: return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : NumberBehindLettersAt(tokens, i);
-    case TokenKind::Sign: return IsPunctuation(tokens.View(i)) ? std::nullopt : FirstOf(kOfSigns, tokens, i);
-    default: return std::nullopt;
+    case TokenKind::Word:
+      return FirstOf(kOfWords, tokens, i);
+    case TokenKind::Number:
+      return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : NumberBehindLettersAt(tokens, i);
+    case TokenKind::Sign:
+      return IsPunctuation(tokens.View(i)) ? std::nullopt : FirstOf(kOfSigns, tokens, i);
+    default:
+      return std::nullopt;
   }
 }
 

@@ -5,7 +5,8 @@
 
 namespace lorelin {
 
-// What the tokens from one on are, in words: the first of all readings that fits; nothing when they stay as they are.
+// What the tokens from one on are, in words: the first of all readings that fits; nothing when they stay as
+// they are.
 [[nodiscard]] Found ReadingAt(const Tokens& tokens, std::size_t i);
 
 }  // namespace lorelin

@@ -9,10 +9,10 @@
 namespace lorelin {
 namespace {
 
-constexpr std::size_t kLookAhead = 16;        // tokens behind a point
-constexpr std::size_t kLongInLines = 800;     // tokens, from which on the end of a line ends a sentence
-constexpr std::size_t kLongInWords = 2000;    // ... a gap does
-constexpr std::size_t kLongest = 6000;        // ... anything does
+constexpr std::size_t kLookAhead = 16;      // tokens behind a point
+constexpr std::size_t kLongInLines = 800;   // tokens, from which on the end of a line ends a sentence
+constexpr std::size_t kLongInWords = 2000;  // ... a gap does
+constexpr std::size_t kLongest = 6000;      // ... anything does
 
 // Reads the tokens of one sentence; keeps some more than it has looked at.
 class SentenceReader {
@@ -44,12 +44,18 @@ class SentenceReader {
   std::size_t EndBehind(std::size_t i) {
     if (i > kLongest) return i + 1;
     switch (tokens_.Kind(i)) {
-      case TokenKind::Word: return EndBehindWord(i);
-      case TokenKind::Number: return EndBehindNumber(i);
-      case TokenKind::Line: return EndBehindLine(i);
-      case TokenKind::Blank: return i > kLongInWords ? i + 1 : 0;
-      case TokenKind::Sign: return EndBehindSign(i);
-      case TokenKind::End: return 0;
+      case TokenKind::Word:
+        return EndBehindWord(i);
+      case TokenKind::Number:
+        return EndBehindNumber(i);
+      case TokenKind::Line:
+        return EndBehindLine(i);
+      case TokenKind::Blank:
+        return i > kLongInWords ? i + 1 : 0;
+      case TokenKind::Sign:
+        return EndBehindSign(i);
+      case TokenKind::End:
+        return 0;
     }
     return 0;
   }
@@ -156,9 +162,11 @@ class SentenceReader {
     if (tokens_.Kind(next) == TokenKind::End || LinesBetween(behind, next) > 1) return WithGaps(behind);
     switch (JudgePoint(tokens_, i)) {
       case PointMeaning::Ordinal:
-      case PointMeaning::List: return 0;
+      case PointMeaning::List:
+        return 0;
       case PointMeaning::Sentence:
-      case PointMeaning::OrdinalAtEnd: return SmallWordFollows(behind) ? 0 : WithGaps(behind);
+      case PointMeaning::OrdinalAtEnd:
+        return SmallWordFollows(behind) ? 0 : WithGaps(behind);
     }
     return 0;
   }

@@ -25,9 +25,21 @@ struct SignName {
 };
 
 // Between two things, with blanks on both sides or none.
-constexpr SignName kBetween[] = {{"≈", "ungefähr"}, {"≠", "ungleich"}, {"≤", "kleiner oder gleich"}, {"≥", "größer oder gleich"}, {"±", "plus minus"},
-                                 {"<", "kleiner als"}, {">", "größer als"}, {"÷", "geteilt durch"}, {"×", "mal"}, {"·", "mal"}, {"√", "Wurzel aus"}, {"∞", "unendlich"},
-                                 {"=", "gleich"}, {"∅", "durchschnittlich"}, {"~", "circa"}};
+constexpr SignName kBetween[] = {{"≈", "ungefähr"},
+                                 {"≠", "ungleich"},
+                                 {"≤", "kleiner oder gleich"},
+                                 {"≥", "größer oder gleich"},
+                                 {"±", "plus minus"},
+                                 {"<", "kleiner als"},
+                                 {">", "größer als"},
+                                 {"÷", "geteilt durch"},
+                                 {"×", "mal"},
+                                 {"·", "mal"},
+                                 {"√", "Wurzel aus"},
+                                 {"∞", "unendlich"},
+                                 {"=", "gleich"},
+                                 {"∅", "durchschnittlich"},
+                                 {"~", "circa"}};
 
 bool NumberFollows(const Tokens& tokens, std::size_t i) {
   std::size_t next = tokens.Skip(i);
@@ -37,7 +49,8 @@ bool NumberFollows(const Tokens& tokens, std::size_t i) {
 
 std::string WithGaps(const Tokens& tokens, std::size_t i, std::string_view name) {
   const bool before = i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "[", "„", "\""});
-  const bool behind = i + 1 < tokens.Count() && !tokens.IsGap(i + 1) && !IsOneOf(tokens.View(i + 1), {")", "]", ",", "."});
+  const bool behind =
+      i + 1 < tokens.Count() && !tokens.IsGap(i + 1) && !IsOneOf(tokens.View(i + 1), {")", "]", ",", "."});
   return (before ? " " : "") + std::string(name) + (behind ? " " : "");
 }
 
@@ -45,9 +58,13 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
   for (const SignName& one : kBetween) {
     if (!tokens.Is(i, one.sign)) continue;
     const bool spaced = i > 0 && tokens.IsBlank(i - 1) && tokens.IsBlank(i + 1) && !tokens.OpensLine(i);
-    const bool compares = spaced && IsOneOf(one.sign, {"<", ">", "="}) && (tokens.IsWord(i + 2) || tokens.IsNumber(i + 2));
-    if (!compares && !NumberFollows(tokens, i + 1) && !IsOneOf(one.sign, {"≈", "≠", "≤", "≥", "÷", "∞"})) return std::nullopt;
-    if (IsOneOf(one.sign, {"·", "="}) && (tokens.Before(i) == Tokens::kNone || !(compares || tokens.IsNumber(tokens.Before(i))))) return std::nullopt;
+    const bool compares =
+        spaced && IsOneOf(one.sign, {"<", ">", "="}) && (tokens.IsWord(i + 2) || tokens.IsNumber(i + 2));
+    if (!compares && !NumberFollows(tokens, i + 1) && !IsOneOf(one.sign, {"≈", "≠", "≤", "≥", "÷", "∞"}))
+      return std::nullopt;
+    if (IsOneOf(one.sign, {"·", "="}) &&
+        (tokens.Before(i) == Tokens::kNone || !(compares || tokens.IsNumber(tokens.Before(i)))))
+      return std::nullopt;
     if (IsOneOf(one.sign, {"<", ">"})) {
       if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "=", "<", ">"})) return std::nullopt;
       // The sign of a quoted line.
@@ -73,8 +90,11 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
   const bool about = tokens.Is(next, "um");
   if (!DateShapeAt(tokens, next) && !tokens.IsNumber(next, 4, 4) && !about) return std::nullopt;
   if (born && i > 0 && !IsOneOf(tokens.View(i - 1), {"("}) && !tokens.IsGap(i - 1)) return std::nullopt;
-  if (born && tokens.OpensLine(i) && tokens.IsBlank(i + 1) && !DateShapeAt(tokens, next) && !tokens.IsNumber(next, 4, 4)) return std::nullopt;
-  if (born && i > 0 && tokens.Before(i) != Tokens::kNone && tokens.IsNumber(tokens.Before(i))) return std::nullopt;
+  if (born && tokens.OpensLine(i) && tokens.IsBlank(i + 1) && !DateShapeAt(tokens, next) &&
+      !tokens.IsNumber(next, 4, 4))
+    return std::nullopt;
+  if (born && i > 0 && tokens.Before(i) != Tokens::kNone && tokens.IsNumber(tokens.Before(i)))
+    return std::nullopt;
   std::string words = born ? "geboren" : "gestorben";
   if (DateShapeAt(tokens, next)) words += " am";
   return Phrase{i + 1, WithGaps(tokens, i, words)};

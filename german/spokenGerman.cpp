@@ -106,7 +106,8 @@ bool OpensSentence(const Tokens& tokens, std::size_t i) {
 std::string PictureWords(const Tokens& tokens, std::size_t i, const Picture& picture) {
   if (picture.name.empty()) return {};
   const bool before = i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "["});
-  const bool behind = picture.end < tokens.Count() && (tokens.IsWord(picture.end) || tokens.IsNumber(picture.end));
+  const bool behind =
+      picture.end < tokens.Count() && (tokens.IsWord(picture.end) || tokens.IsNumber(picture.end));
   return (before ? " " : "") + std::string(picture.name) + (behind ? " " : "");
 }
 
@@ -115,8 +116,9 @@ std::string PictureWords(const Tokens& tokens, std::size_t i, const Picture& pic
 GermanSpeller::GermanSpeller(SpellingOptions options) : options_(std::move(options)) {
   std::stable_sort(options_.ownWords.begin(), options_.ownWords.end(),
                    [](const OwnWord& a, const OwnWord& b) { return a.written.size() > b.written.size(); });
-  for (const OwnWord& word : options_.ownWords) {
-    if (!word.written.empty()) ownWords_[Small(CharacterAt(word.written, 0).code)].push_back(&word);
+  for (std::size_t i = 0; i < options_.ownWords.size(); ++i) {
+    const std::string& written = options_.ownWords[i].written;
+    if (!written.empty()) ownWords_[Small(CharacterAt(written, 0).code)].push_back(i);
   }
 }
 
@@ -127,11 +129,12 @@ GermanSpeller::OwnMatch GermanSpeller::OwnWordAt(const Tokens& tokens, std::size
   const auto text = tokens.Text().substr(begin, last - begin);
   const auto list = ownWords_.find(Small(CharacterAt(text, 0).code));
   if (list == ownWords_.end()) return {};
-  for (const OwnWord* const word : list->second) {
-    const std::size_t length = LengthOfMatch(text, *word);
+  for (const std::size_t index : list->second) {
+    const OwnWord& word = options_.ownWords[index];
+    const std::size_t length = LengthOfMatch(text, word);
     if (length == 0) continue;
-    const bool goesOn = EndsInWord(word->written) && IsWordCharacterAt(text, length);
-    if (!word->wholeWord || !goesOn) return {word, begin + length};
+    const bool goesOn = EndsInWord(word.written) && IsWordCharacterAt(text, length);
+    if (!word.wholeWord || !goesOn) return {&word, begin + length};
   }
   return {};
 }
@@ -169,10 +172,7 @@ SpokenText GermanSpeller::SpellUntilItStays(const Tokens& tokens, bool withOwnWo
   SpokenText spoken = SpellSentence(tokens, withOwnWords);
   if (spoken.runs.empty()) return spoken;
   for (int pass = 0; pass < kMostPasses; ++pass) {
-    SpokenText again;
-    std::size_t begin = 0;
-    again = SpellSentences(spoken.text, false);
-    (void)begin;
+    SpokenText again = SpellSentences(spoken.text, false);
     if (again.runs.empty()) return spoken;
     spoken.runs = JoinRuns(spoken.runs, again.runs);
     spoken.text = std::move(again.text);
@@ -184,7 +184,8 @@ SpokenText GermanSpeller::SpellUntilItStays(const Tokens& tokens, bool withOwnWo
 
 namespace {
 
-void Append(SpokenText& whole, std::size_t& writtenAt, std::size_t& spokenAt, SpokenText part, std::size_t characters) {
+void Append(SpokenText& whole, std::size_t& writtenAt, std::size_t& spokenAt, SpokenText part,
+            std::size_t characters) {
   for (SpokenRun run : part.runs) {
     run.spokenBegin += spokenAt;
     run.spokenEnd += spokenAt;
@@ -207,7 +208,8 @@ SpokenText GermanSpeller::SpellSentences(std::string_view text, bool withOwnWord
   for (std::size_t begin = 0; begin < text.size();) {
     const Tokens tokens = SentenceAt(text, begin);
     const std::size_t end = tokens.At(tokens.Count() - 1).end;
-    Append(whole, writtenAt, spokenAt, SpellSentence(tokens, withOwnWords), CountCharacters(text.substr(begin, end - begin)));
+    Append(whole, writtenAt, spokenAt, SpellSentence(tokens, withOwnWords),
+           CountCharacters(text.substr(begin, end - begin)));
     begin = end;
   }
   return whole;
@@ -228,7 +230,8 @@ SpokenText GermanSpeller::SpellOut(std::string_view text) const {
   for (std::size_t begin = 0; begin < text.size();) {
     const Tokens tokens = SentenceAt(text, begin);
     const std::size_t end = tokens.At(tokens.Count() - 1).end;
-    Append(whole, writtenAt, spokenAt, SpellUntilItStays(tokens, true), CountCharacters(text.substr(begin, end - begin)));
+    Append(whole, writtenAt, spokenAt, SpellUntilItStays(tokens, true),
+           CountCharacters(text.substr(begin, end - begin)));
     begin = end;
   }
   return whole;

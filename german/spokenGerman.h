@@ -14,14 +14,14 @@ namespace lorelin {
 
 struct SpellingOptions {
   WordList ownWords;
-  bool speakEmoji = true;   // by their German names; else they are left out
-  TextRules rules;          // the user's replacements, before everything else
+  bool speakEmoji = true;  // by their German names; else they are left out
+  TextRules rules;         // the user's replacements, before everything else
 };
 
-// Reads German text as a person would: abbreviations, dates, ordinals, times, sums, units, telephone numbers, Roman
-// numerals and more in words, each in the gender, case and number that its sentence asks for. Everything else stays as
-// it is, byte for byte, whatever bytes they are. What was spelled out once stays the same, unless a word or rule of the
-// user's own changes it again. The time grows with the size.
+// Reads German text as a person would: abbreviations, dates, ordinals, times, sums, units, telephone numbers,
+// Roman numerals and more in words, each in the gender, case and number that its sentence asks for.
+// Everything else stays as it is, byte for byte, whatever bytes they are. What was spelled out once stays the
+// same, unless a word or rule of the user's own changes it again. The time grows with the size.
 class GermanSpeller {
  public:
   explicit GermanSpeller(SpellingOptions options = {});
@@ -29,12 +29,12 @@ class GermanSpeller {
   // A whole text. Spelled out piece by piece it is the same: see PieceEnd.
   [[nodiscard]] SpokenText SpellOut(std::string_view text) const;
 
-  // Where the piece that begins at `begin` may be cut, so that a long text need not wait for its end: behind a sentence,
-  // or behind a line when the user has rules.
+  // Where the piece that begins at `begin` may be cut, so that a long text need not wait for its end: behind
+  // a sentence, or behind a line when the user has rules.
   [[nodiscard]] std::size_t PieceEnd(std::string_view text, std::size_t begin) const;
 
  private:
-  using Index = std::map<char32_t, std::vector<const OwnWord*>>;
+  using Index = std::map<char32_t, std::vector<std::size_t>>;
 
   struct OwnMatch {
     const OwnWord* word = nullptr;
@@ -46,7 +46,7 @@ class GermanSpeller {
   [[nodiscard]] SpokenText SpellUntilItStays(const Tokens& tokens, bool withOwnWords) const;
 
   SpellingOptions options_;
-  Index ownWords_;  // by their first letter in small
+  Index ownWords_;  // by their first letter in small: where they stand in the options
 };
 
 // A whole text with the usual options.

@@ -59,21 +59,26 @@ std::string FirstClockWords(const Clock& clock) {
 }
 
 bool GoesBeforeTimes(std::string_view word) {
-  return IsOneOf(WithLowerStart(word), {"um", "ab", "gegen", "von", "bis", "vor", "nach", "seit", "zwischen", "beginn", "start",
-                                        "einlass", "ende", "täglich", "und", "montag", "dienstag", "mittwoch", "donnerstag",
-                                        "freitag", "samstag", "sonntag", "mo", "di", "mi", "do", "fr", "sa", "so", "heute",
-                                        "morgen", "uhr", "morgens", "abends", "punkt", "geöffnet", "spätestens", "feiertags"});
+  return IsOneOf(
+      WithLowerStart(word),
+      {"um",       "ab",       "gegen",      "von",      "bis",        "vor",      "nach",   "seit",
+       "zwischen", "beginn",   "start",      "einlass",  "ende",       "täglich",  "und",    "montag",
+       "dienstag", "mittwoch", "donnerstag", "freitag",  "samstag",    "sonntag",  "mo",     "di",
+       "mi",       "do",       "fr",         "sa",       "so",         "heute",    "morgen", "uhr",
+       "morgens",  "abends",   "punkt",      "geöffnet", "spätestens", "feiertags"});
 }
 
 bool IsWeekday(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
-  while (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", ",", ":", "("}) && before > 0) --before;
+  while (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", ",", ":", "("}) && before > 0)
+    --before;
   return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
 }
 
 // "um", but not "nach": that is as often before a duration.
 bool GoesWithClock(const Tokens& tokens, std::size_t i) {
-  return IsWeekday(tokens, i) && !IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"nach", "vor", "seit", "bis", "von", "und", "zwischen", "ende"});
+  return IsWeekday(tokens, i) && !IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+                                          {"nach", "vor", "seit", "bis", "von", "und", "zwischen", "ende"});
 }
 
 // The token behind "Uhr", or behind an "h" that means it; 0 without.
@@ -87,7 +92,8 @@ std::size_t HourSignAt(const Tokens& tokens, std::size_t i, bool meansClock) {
 // "19h30".
 Found FrenchTimeAt(const Tokens& tokens, std::size_t i) {
   const auto hour = DigitsAt(tokens, i, 2);
-  if (!hour || *hour > kHours || !tokens.Is(i + 1, "h") || !SixtiethAt(tokens, i + 2) || !tokens.FreeBehind(i + 2))
+  if (!hour || *hour > kHours || !tokens.Is(i + 1, "h") || !SixtiethAt(tokens, i + 2) ||
+      !tokens.FreeBehind(i + 2))
     return std::nullopt;
   return Phrase{i + 3, ClockWords({*hour, SixtiethAt(tokens, i + 2), std::nullopt, false, i + 3})};
 }
@@ -104,10 +110,13 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   if (!word && !dash) return std::nullopt;
   const auto second = ClockAt(tokens, tokens.Skip(at + 1), true);
   if (!second || (tokens.Is(second->end, ":") && tokens.IsNumber(second->end + 1))) return std::nullopt;
-  const std::string between = word ? " " + std::string(tokens.View(at)) + " " : (tokens.Is(at, "/") ? " und " : " bis ");
-  const bool later = second->hour > first->hour || (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
+  const std::string between =
+      word ? " " + std::string(tokens.View(at)) + " " : (tokens.Is(at, "/") ? " und " : " bis ");
+  const bool later = second->hour > first->hour ||
+                     (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
   const bool glued = tokens.Is(second->end, "h");
-  const bool clocks = GoesWithClock(tokens, i) || first->minute || (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
+  const bool clocks = GoesWithClock(tokens, i) || first->minute ||
+                      (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
   if (const std::size_t end = HourSignAt(tokens, second->end, clocks); end != 0) {
     const std::string begin = hourNamed ? ClockWords(*first) : FirstClockWords(*first);
     return Phrase{end, begin + between + ClockWords(*second)};
@@ -122,9 +131,11 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, true);
   if (!clock) return std::nullopt;
   const bool glued = clock->end == tokens.Skip(clock->end);
-  const bool means = clock->minute ? IsWeekday(tokens, i) || clock->byColon
-                                   : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
-  if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0) return Phrase{end, ClockWords(*clock)};
+  const bool means = clock->minute
+                         ? IsWeekday(tokens, i) || clock->byColon
+                         : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
+  if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0)
+    return Phrase{end, ClockWords(*clock)};
   return std::nullopt;
 }
 
@@ -180,18 +191,26 @@ Found DurationAt(const Tokens& tokens, std::size_t i) {
 
 bool IsSportsWord(std::string_view word) {
   return HasSuffix(WithLowerStart(word),
-                   {"gewann", "gewannen", "gewinnt", "gewonnen", "siegte", "siegten", "siegt", "verlor", "verloren", "verliert", "unterlag",
-                    "unterlagen", "endete", "endstand", "halbzeitstand", "stand", "spielstand", "ergebnis", "sieg", "niederlage",
-                    "unentschieden", "satz", "sätze", "sätzen", "führte", "führten", "führt", "führung", "tor", "tore", "spiel",
-                    "halbzeit", "spieltag", "spielte", "spielten", "schlug", "schlugen", "besiegte", "besiegten", "bezwang", "traf",
-                    "trennten", "trennte", "remis", "ausgleich", "handball", "basketball", "fußball", "tennis", "drittel",
-                    "viertel", "matchball", "tiebreak", "treffer", "anschluss", "rückstand", "heimsieg", "auswärtssieg", "pause",
-                    "bundesliga", "pokal", "finale", "halbfinale", "viertelfinale", "partie", "gewinnen", "hinspiel", "rückspiel", "setzte", "punkte", "verlängerung"});
+                   {"gewann",    "gewannen",   "gewinnt",       "gewonnen",      "siegte",      "siegten",
+                    "siegt",     "verlor",     "verloren",      "verliert",      "unterlag",    "unterlagen",
+                    "endete",    "endstand",   "halbzeitstand", "stand",         "spielstand",  "ergebnis",
+                    "sieg",      "niederlage", "unentschieden", "satz",          "sätze",       "sätzen",
+                    "führte",    "führten",    "führt",         "führung",       "tor",         "tore",
+                    "spiel",     "halbzeit",   "spieltag",      "spielte",       "spielten",    "schlug",
+                    "schlugen",  "besiegte",   "besiegten",     "bezwang",       "traf",        "trennten",
+                    "trennte",   "remis",      "ausgleich",     "handball",      "basketball",  "fußball",
+                    "tennis",    "drittel",    "viertel",       "matchball",     "tiebreak",    "treffer",
+                    "anschluss", "rückstand",  "heimsieg",      "auswärtssieg",  "pause",       "bundesliga",
+                    "pokal",     "finale",     "halbfinale",    "viertelfinale", "partie",      "gewinnen",
+                    "hinspiel",  "rückspiel",  "setzte",        "punkte",        "verlängerung"});
 }
 
 bool IsRatioWord(std::string_view word) {
-  return HasSuffix(WithLowerStart(word), {"verhältnis", "maßstab", "mischung", "quote", "mischen", "verdünnen", "verdünnung", "verdünnt",
-                                          "übersetzung", "chance", "chancen", "wette", "kurs", "gemischt", "stimmen", "abstimmung", "seitenverhältnis", "format", "kontrast", "wirkstoff"});
+  return HasSuffix(
+      WithLowerStart(word),
+      {"verhältnis", "maßstab",     "mischung",         "quote",   "mischen",  "verdünnen", "verdünnung",
+       "verdünnt",   "übersetzung", "chance",           "chancen", "wette",    "kurs",      "gemischt",
+       "stimmen",    "abstimmung",  "seitenverhältnis", "format",  "kontrast", "wirkstoff"});
 }
 
 template <typename Test>
@@ -218,17 +237,20 @@ std::optional<Score> ScoreDigitsAt(const Tokens& tokens, std::size_t i) {
   const bool spaced = second != i + 2;
   if (spaced && (colon == i + 1 || second == colon + 1)) return std::nullopt;
   const auto right = NumberAt(tokens, second);
-  if (!right || !right->IsWhole() || (tokens.Is(right->end, ":") && tokens.IsNumber(right->end + 1))) return std::nullopt;
+  if (!right || !right->IsWhole() || (tokens.Is(right->end, ":") && tokens.IsNumber(right->end + 1)))
+    return std::nullopt;
   return Score{*left, right->value, right->end, spaced};
 }
 
 bool LooksLikeClock(const Tokens& tokens, std::size_t i, const Score& score) {
-  return tokens.IsNumber(i, 1, 2) && tokens.IsNumber(i + 2, 2, 2) && score.left <= kHours && score.right < kMinutes;
+  return tokens.IsNumber(i, 1, 2) && tokens.IsNumber(i + 2, 2, 2) && score.left <= kHours &&
+         score.right < kMinutes;
 }
 
 Found ClockByColonAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, false);
-  if (!clock || !clock->minute || !tokens.FreeBehind(clock->end - 1) || tokens.Is(clock->end, ":")) return std::nullopt;
+  if (!clock || !clock->minute || !tokens.FreeBehind(clock->end - 1) || tokens.Is(clock->end, ":"))
+    return std::nullopt;
   return Phrase{clock->end, ClockWords(*clock)};
 }
 
@@ -240,7 +262,8 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.FreeBehind(score->end - 1) && !tokens.Is(score->end, "n")) return std::nullopt;
   const bool clock = LooksLikeClock(tokens, i, *score);
   if (clock && !score->spaced) {
-    const bool time = GoesBeforeTimes(tokens.WordBefore(i)) && !IsOneOf(tokens.WordBefore(i), {"nach", "und", "vor", "bis", "von"});
+    const bool time = GoesBeforeTimes(tokens.WordBefore(i)) &&
+                      !IsOneOf(tokens.WordBefore(i), {"nach", "und", "vor", "bis", "von"});
     if (time || (!Stands(tokens, i, IsSportsWord) && !Stands(tokens, i, IsRatioWord))) return std::nullopt;
   }
   std::string words = CardinalWords(score->left) + " zu " + CardinalWords(score->right);

@@ -75,7 +75,8 @@ constexpr std::string_view kUpperUmlauts[] = {"Ä", "Ö", "Ü"};
 
 std::string WithUpperStart(std::string_view word) {
   std::string result(word);
-  if (!result.empty() && result[0] >= 'a' && result[0] <= 'z') result[0] = static_cast<char>(result[0] - 'a' + 'A');
+  if (!result.empty() && result[0] >= 'a' && result[0] <= 'z')
+    result[0] = static_cast<char>(result[0] - 'a' + 'A');
   for (std::size_t i = 0; i < 3; ++i) {
     if (word.starts_with(kLowerUmlauts[i])) result.replace(0, 2, kUpperUmlauts[i]);
   }
@@ -84,7 +85,8 @@ std::string WithUpperStart(std::string_view word) {
 
 std::string WithLowerStart(std::string_view word) {
   std::string result(word);
-  if (!result.empty() && result[0] >= 'A' && result[0] <= 'Z') result[0] = static_cast<char>(result[0] - 'A' + 'a');
+  if (!result.empty() && result[0] >= 'A' && result[0] <= 'Z')
+    result[0] = static_cast<char>(result[0] - 'A' + 'a');
   for (std::size_t i = 0; i < 3; ++i) {
     if (word.starts_with(kUpperUmlauts[i])) result.replace(0, 2, kLowerUmlauts[i]);
   }
@@ -140,7 +142,8 @@ std::string_view Tokens::WordBefore(std::size_t i) const {
 
 bool Tokens::IsLast(std::size_t i) const {
   for (std::size_t next = i + 1; next < Count(); ++next) {
-    if (!IsGap(next) && !IsOneOf(View(next), {"“", "\"", "”", "«", "»", "’", "'", ")", "]", "‘"})) return false;
+    if (!IsGap(next) && !IsOneOf(View(next), {"“", "\"", "”", "«", "»", "’", "'", ")", "]", "‘"}))
+      return false;
   }
   return true;
 }
@@ -149,7 +152,8 @@ bool Tokens::OpensClause(std::size_t i) const {
   while (i > 0) {
     --i;
     if (IsGap(i)) continue;
-    return IsOneOf(View(i), {"„", "\"", "“", "»", "«", "(", "[", ":", ";", ",", "•", "–", "-", "*", "!", "?", "/", "‚", "·"});
+    return IsOneOf(View(i), {"„", "\"", "“", "»", "«", "(", "[", ":", ";", ",", "•", "–", "-", "*", "!", "?",
+                             "/", "‚", "·"});
   }
   return true;
 }

@@ -36,7 +36,8 @@ struct Token {
 [[nodiscard]] std::string WithUpperStart(std::string_view word);
 [[nodiscard]] bool HasSuffix(std::string_view word, std::initializer_list<std::string_view> endings);
 
-// The tokens of a sentence, with the text that they lie in. Asking before the first or behind the last gives an End.
+// The tokens of a sentence, with the text that they lie in. Asking before the first or behind the last gives
+// an End.
 class Tokens {
  public:
   explicit Tokens(std::string_view text) : text_(text) {}

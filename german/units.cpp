@@ -10,7 +10,8 @@ constexpr auto kM = Gender::Masculine;
 constexpr auto kF = Gender::Feminine;
 constexpr auto kN = Gender::Neuter;
 
-// A unit by its sign; `point` says whether its sign is an abbreviation with a point: always, never, or both ways.
+// A unit by its sign; `point` says whether its sign is an abbreviation with a point: always, never, or both
+// ways.
 enum class Point { Never, Always, Maybe };
 
 struct UnitName {
@@ -158,27 +159,42 @@ struct Base {
   Gender gender;
   std::string_view prefixes;  // "k" for kilo, "-" for none
 };
-constexpr std::array kBases{
-    Base{"m", "Meter", "Meter", kM, "-kcmdµn"}, Base{"l", "Liter", "Liter", kM, "-mcdhµ"},
-    Base{"L", "Liter", "Liter", kM, "-m"},      Base{"g", "Gramm", "Gramm", kN, "-km"},
-    Base{"W", "Watt", "Watt", kN, "-kMGTm"},    Base{"Wh", "Wattstunde", "Wattstunden", kF, "-kMGT"},
-    Base{"V", "Volt", "Volt", kN, "-kmM"},      Base{"A", "Ampere", "Ampere", kN, "-mk"},
-    Base{"Hz", "Hertz", "Hertz", kN, "-kMGT"},  Base{"J", "Joule", "Joule", kN, "-kM"},
-    Base{"Pa", "Pascal", "Pascal", kN, "-kM"},  Base{"N", "Newton", "Newton", kN, "k"},
-    Base{"Nm", "Newtonmeter", "Newtonmeter", kM, "-"}};
+constexpr std::array kBases{Base{"m", "Meter", "Meter", kM, "-kcmdµn"},
+                            Base{"l", "Liter", "Liter", kM, "-mcdhµ"},
+                            Base{"L", "Liter", "Liter", kM, "-m"},
+                            Base{"g", "Gramm", "Gramm", kN, "-km"},
+                            Base{"W", "Watt", "Watt", kN, "-kMGTm"},
+                            Base{"Wh", "Wattstunde", "Wattstunden", kF, "-kMGT"},
+                            Base{"V", "Volt", "Volt", kN, "-kmM"},
+                            Base{"A", "Ampere", "Ampere", kN, "-mk"},
+                            Base{"Hz", "Hertz", "Hertz", kN, "-kMGT"},
+                            Base{"J", "Joule", "Joule", kN, "-kM"},
+                            Base{"Pa", "Pascal", "Pascal", kN, "-kM"},
+                            Base{"N", "Newton", "Newton", kN, "k"},
+                            Base{"Nm", "Newtonmeter", "Newtonmeter", kM, "-"}};
 
 std::string_view PrefixName(char32_t prefix) {
   switch (prefix) {
-    case U'k': return "Kilo";
-    case U'c': return "Zenti";
-    case U'm': return "Milli";
-    case U'd': return "Dezi";
-    case U'h': return "Hekto";
-    case U'M': return "Mega";
-    case U'G': return "Giga";
-    case U'T': return "Tera";
-    case U'n': return "Nano";
-    default: return "Mikro";
+    case U'k':
+      return "Kilo";
+    case U'c':
+      return "Zenti";
+    case U'm':
+      return "Milli";
+    case U'd':
+      return "Dezi";
+    case U'h':
+      return "Hekto";
+    case U'M':
+      return "Mega";
+    case U'G':
+      return "Giga";
+    case U'T':
+      return "Tera";
+    case U'n':
+      return "Nano";
+    default:
+      return "Mikro";
   }
 }
 
@@ -195,15 +211,15 @@ using Table = std::unordered_map<std::string, Entry>;
 void AddBase(Table& table, const Base& base) {
   for (const char prefix : base.prefixes) {
     if (prefix == '-') {
-      table.try_emplace(std::string(base.sign), Entry{std::string(base.singular), std::string(base.plural), "",
-                                                      base.gender, Point::Never});
+      table.try_emplace(std::string(base.sign), Entry{std::string(base.singular), std::string(base.plural),
+                                                      "", base.gender, Point::Never});
       continue;
     }
     if (static_cast<unsigned char>(prefix) >= 0x80) continue;
     const std::string name(PrefixName(static_cast<char32_t>(prefix)));
-    table.try_emplace(prefix + std::string(base.sign), Entry{name + WithLowerStart(base.singular),
-                                                             name + WithLowerStart(base.plural), "", base.gender,
-                                                             Point::Never});
+    table.try_emplace(prefix + std::string(base.sign),
+                      Entry{name + WithLowerStart(base.singular), name + WithLowerStart(base.plural), "",
+                            base.gender, Point::Never});
   }
 }
 
@@ -232,7 +248,8 @@ Unit FromEntry(const Entry& entry, std::size_t end) {
   return unit;
 }
 
-// The sign of the unit that begins here with all of its tokens, "°C", "m²": the longest one that is in the table.
+// The sign of the unit that begins here with all of its tokens, "°C", "m²": the longest one that is in the
+// table.
 std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
   if (tokens.View(i).size() > 8 || tokens.IsGap(i)) return std::nullopt;
   for (std::size_t length = 3; length > 0; --length) {
@@ -261,31 +278,44 @@ struct WordForms {
 };
 
 // Units in full, behind which only the number changes.
-constexpr std::array kWordUnits{
-    WordForms{"Uhr", "Uhr", kF},           WordForms{"Meter", "Meter", kM},
-    WordForms{"Kilometer", "Kilometer", kM}, WordForms{"Zentimeter", "Zentimeter", kM},
-    WordForms{"Millimeter", "Millimeter", kM}, WordForms{"Liter", "Liter", kM},
-    WordForms{"Gramm", "Gramm", kN},       WordForms{"Kilogramm", "Kilogramm", kN},
-    WordForms{"Kilo", "Kilo", kN},         WordForms{"Prozent", "Prozent", kN},
-    WordForms{"Grad", "Grad", kM},         WordForms{"Tonne", "Tonnen", kF},
-    WordForms{"Stunde", "Stunden", kF},    WordForms{"Minute", "Minuten", kF},
-    WordForms{"Sekunde", "Sekunden", kF},  WordForms{"Quadratmeter", "Quadratmeter", kM},
-    WordForms{"Hektar", "Hektar", kM},     WordForms{"Cent", "Cent", kM}};
+constexpr std::array kWordUnits{WordForms{"Uhr", "Uhr", kF},
+                                WordForms{"Meter", "Meter", kM},
+                                WordForms{"Kilometer", "Kilometer", kM},
+                                WordForms{"Zentimeter", "Zentimeter", kM},
+                                WordForms{"Millimeter", "Millimeter", kM},
+                                WordForms{"Liter", "Liter", kM},
+                                WordForms{"Gramm", "Gramm", kN},
+                                WordForms{"Kilogramm", "Kilogramm", kN},
+                                WordForms{"Kilo", "Kilo", kN},
+                                WordForms{"Prozent", "Prozent", kN},
+                                WordForms{"Grad", "Grad", kM},
+                                WordForms{"Tonne", "Tonnen", kF},
+                                WordForms{"Stunde", "Stunden", kF},
+                                WordForms{"Minute", "Minuten", kF},
+                                WordForms{"Sekunde", "Sekunden", kF},
+                                WordForms{"Quadratmeter", "Quadratmeter", kM},
+                                WordForms{"Hektar", "Hektar", kM},
+                                WordForms{"Cent", "Cent", kM}};
 
-constexpr std::string_view kPeriods[] = {"Monat", "Jahr", "Tag", "Woche", "Stunde", "Minute", "Sekunde", "Person",
-                                         "Stück", "Nacht", "Kopf", "Kind", "Liter", "Kilo", "Kilogramm", "Kilometer",
-                                         "Meter", "Quadratmeter", "Kilowattstunde", "Haushalt", "Einwohner", "Paar",
-                                         "Packung", "Zimmer", "Flasche", "Portion", "Teilnehmer", "Quartal", "Halbjahr",
-                                         "Kubikmeter", "Gramm", "Tonne", "Beutel", "Dose", "Glas", "Std", "Abend", "Hektar"};
+constexpr std::string_view kPeriods[] = {
+    "Monat",     "Jahr",       "Tag",    "Woche",        "Stunde",         "Minute",     "Sekunde",
+    "Person",    "Stück",      "Nacht",  "Kopf",         "Kind",           "Liter",      "Kilo",
+    "Kilogramm", "Kilometer",  "Meter",  "Quadratmeter", "Kilowattstunde", "Haushalt",   "Einwohner",
+    "Paar",      "Packung",    "Zimmer", "Flasche",      "Portion",        "Teilnehmer", "Quartal",
+    "Halbjahr",  "Kubikmeter", "Gramm",  "Tonne",        "Beutel",         "Dose",       "Glas",
+    "Std",       "Abend",      "Hektar"};
 
 std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(i, "100") && tokens.IsWord(tokens.Skip(i + 1))) {
     const auto unit = SimpleUnitAt(tokens, tokens.Skip(i + 1));
-    if (unit) return PerUnit{(unit->plural == "Kilometer" ? " auf hundert " : " pro hundert ") + unit->plural, unit->end};
+    if (unit)
+      return PerUnit{(unit->plural == "Kilometer" ? " auf hundert " : " pro hundert ") + unit->plural,
+                     unit->end};
     return std::nullopt;
   }
   if (const auto unit = SimpleUnitAt(tokens, i))
-    return PerUnit{" pro " + unit->singular, unit->endsWithPoint && tokens.IsLast(unit->end - 1) ? unit->end - 1 : unit->end};
+    return PerUnit{" pro " + unit->singular,
+                   unit->endsWithPoint && tokens.IsLast(unit->end - 1) ? unit->end - 1 : unit->end};
   if (tokens.Is(i, "a") && tokens.FreeBehind(i)) return PerUnit{" pro Jahr", i + 1};
   if (tokens.Is(i, "d") && tokens.FreeBehind(i)) return PerUnit{" pro Tag", i + 1};
   for (const auto period : kPeriods) {
@@ -301,19 +331,29 @@ struct CurrencyName {
   Gender gender = kM;
 };
 
-constexpr std::array kCurrencies{
-    CurrencyName{"€", "Euro", "Cent"},        CurrencyName{"EUR", "Euro", "Cent"},
-    CurrencyName{"Euro", "Euro", "Cent"},     CurrencyName{"$", "Dollar", "Cent"},
-    CurrencyName{"Dollar", "Dollar", "Cent"}, CurrencyName{"USD", "US-Dollar", "Cent"},
-    CurrencyName{"£", "Pfund", "Pence", kN},  CurrencyName{"GBP", "Pfund", "Pence", kN},
-    CurrencyName{"CHF", "Franken", "Rappen"}, CurrencyName{"Franken", "Franken", "Rappen"},
-    CurrencyName{"SFr", "Franken", "Rappen"}, CurrencyName{"sFr", "Franken", "Rappen"},
-    CurrencyName{"¥", "Yen", ""},             CurrencyName{"JPY", "Yen", ""},
-    CurrencyName{"DM", "D-Mark", "Pfennig", kF}, CurrencyName{"Mark", "Mark", "Pfennig", kF},
-    CurrencyName{"PLN", "Zloty", "Groszy"},   CurrencyName{"CZK", "Kronen", "Heller", kF},
-    CurrencyName{"DKK", "Dänische Kronen", "Öre", kF}, CurrencyName{"SEK", "Schwedische Kronen", "Öre", kF},
-    CurrencyName{"₺", "Lira", "Kuruş", kF},   CurrencyName{"₿", "Bitcoin", ""},
-    CurrencyName{"BTC", "Bitcoin", ""}};
+constexpr std::array kCurrencies{CurrencyName{"€", "Euro", "Cent"},
+                                 CurrencyName{"EUR", "Euro", "Cent"},
+                                 CurrencyName{"Euro", "Euro", "Cent"},
+                                 CurrencyName{"$", "Dollar", "Cent"},
+                                 CurrencyName{"Dollar", "Dollar", "Cent"},
+                                 CurrencyName{"USD", "US-Dollar", "Cent"},
+                                 CurrencyName{"£", "Pfund", "Pence", kN},
+                                 CurrencyName{"GBP", "Pfund", "Pence", kN},
+                                 CurrencyName{"CHF", "Franken", "Rappen"},
+                                 CurrencyName{"Franken", "Franken", "Rappen"},
+                                 CurrencyName{"SFr", "Franken", "Rappen"},
+                                 CurrencyName{"sFr", "Franken", "Rappen"},
+                                 CurrencyName{"¥", "Yen", ""},
+                                 CurrencyName{"JPY", "Yen", ""},
+                                 CurrencyName{"DM", "D-Mark", "Pfennig", kF},
+                                 CurrencyName{"Mark", "Mark", "Pfennig", kF},
+                                 CurrencyName{"PLN", "Zloty", "Groszy"},
+                                 CurrencyName{"CZK", "Kronen", "Heller", kF},
+                                 CurrencyName{"DKK", "Dänische Kronen", "Öre", kF},
+                                 CurrencyName{"SEK", "Schwedische Kronen", "Öre", kF},
+                                 CurrencyName{"₺", "Lira", "Kuruş", kF},
+                                 CurrencyName{"₿", "Bitcoin", ""},
+                                 CurrencyName{"BTC", "Bitcoin", ""}};
 
 }  // namespace
 
@@ -378,9 +418,17 @@ std::optional<Unit> UnitAt(const Tokens& tokens, std::size_t i) {
   if (!unit) {
     for (const WordForms& one : kWordUnits) {
       if (one.singular == "Uhr" || (!tokens.Is(i, one.singular) && !tokens.Is(i, one.plural))) continue;
-      unit = Unit{std::string(one.singular), std::string(one.plural), std::string(one.plural), one.gender, i + 1,
-                  false, false, false, true};
-      if (one.singular == "Grad" && IsOneOf(tokens.View(i + 2), {"Celsius", "Fahrenheit"}) && tokens.IsBlank(i + 1)) {
+      unit = Unit{std::string(one.singular),
+                  std::string(one.plural),
+                  std::string(one.plural),
+                  one.gender,
+                  i + 1,
+                  false,
+                  false,
+                  false,
+                  true};
+      if (one.singular == "Grad" && IsOneOf(tokens.View(i + 2), {"Celsius", "Fahrenheit"}) &&
+          tokens.IsBlank(i + 1)) {
         unit->singular = unit->plural = unit->dativePlural = "Grad " + std::string(tokens.View(i + 2));
         unit->end = i + 3;
       }

@@ -15,7 +15,7 @@ struct Unit {
   std::string plural;
   std::string dativePlural;
   Gender gender = Gender::Masculine;
-  std::size_t end = 0;    // the token behind
+  std::size_t end = 0;         // the token behind
   bool endsWithPoint = false;  // that token before is the point of its abbreviation
   bool doubtfulPoint = false;  // ... which is rather that of the sentence: "25 min."
   bool multiplies = false;     // "Mio.": the thing itself may follow

@@ -30,37 +30,51 @@ class Words {
 
 bool IsDegreeWord(std::string_view word) {
   static const Words words(
-      "nur etwa ca circa zirka rund knapp gut fast genau mindestens höchstens maximal minimal max mind min je jeweils noch "
-      "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens exakt ganz "
+      "nur etwa ca circa zirka rund knapp gut fast genau mindestens höchstens maximal minimal max mind min "
+      "je jeweils noch "
+      "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
+      "exakt ganz "
       "mehr als zu");
   return words.Has(word);
 }
 
 bool IsLinkingVerb(std::string_view word) {
   static const Words words(
-      "ist sind war waren wird werden wurde wurden bleibt bleiben blieb fehlt fehlen fehlte liegt steht kommt kam heißt "
-      "folgt reicht genügt gilt gelten befindet befinden sei wäre existiert passt gehört entsteht verbleibt lautet "
+      "ist sind war waren wird werden wurde wurden bleibt bleiben blieb fehlt fehlen fehlte liegt steht "
+      "kommt kam heißt "
+      "folgt reicht genügt gilt gelten befindet befinden sei wäre existiert passt gehört entsteht verbleibt "
+      "lautet "
       "entspricht entsprechen");
   return words.Has(word);
 }
 
 bool TakesObject(std::string_view word) {
   static const Words words(
-      "gibt gab habe hat haben hatte hatten hast habt nehmen nimmt nahm nehme nimm kostet kosten kostete dauert dauerte beträgt "
-      "betrug kauft kaufte kaufen braucht brauchte brauchen benötigt benötigen enthält enthielt enthalten bekommt bekam "
-      "bekommen erhält erhielt erhalten ich er wir man du trinkt trinken trank isst essen aß wiegt wog umfasst umfasste bietet "
-      "zahlt zahlte zahlen bezahlt spart sparen verliert verlor gewann gewinnt gewinnen holte holt belegte belegt erreichte erreicht "
-      "geben gebe gib fügen füge sucht suchen suche wartet warten wartete schläft verkauft verkaufte bestellt bestellte "
-      "misst maß spendet spendete lief läuft fuhr fährt macht machte machen ergibt schrieb schreibt feiert feierte sah "
-      "verschenke verkaufe biete tausche benötige sieht fand findet stellt stellte mietete vermietet besitzt besaß hält hielt verursacht erzielte erzielt schoss");
+      "gibt gab habe hat haben hatte hatten hast habt nehmen nimmt nahm nehme nimm kostet kosten kostete "
+      "dauert dauerte beträgt "
+      "betrug kauft kaufte kaufen braucht brauchte brauchen benötigt benötigen enthält enthielt enthalten "
+      "bekommt bekam "
+      "bekommen erhält erhielt erhalten ich er wir man du trinkt trinken trank isst essen aß wiegt wog "
+      "umfasst umfasste bietet "
+      "zahlt zahlte zahlen bezahlt spart sparen verliert verlor gewann gewinnt gewinnen holte holt belegte "
+      "belegt erreichte erreicht "
+      "geben gebe gib fügen füge sucht suchen suche wartet warten wartete schläft verkauft verkaufte "
+      "bestellt bestellte "
+      "misst maß spendet spendete lief läuft fuhr fährt macht machte machen ergibt schrieb schreibt feiert "
+      "feierte sah "
+      "verschenke verkaufe biete tausche benötige sieht fand findet stellt stellte mietete vermietet besitzt "
+      "besaß hält hielt verursacht erzielte erzielt schoss");
   return words.Has(word);
 }
 
 bool IsVerb(std::string_view word) {
   static const Words words(
-      "wurde wurden werde werden belegte erreichte holte hatte hatten habe haben konnte konnten machte sollte wollte musste "
-      "mussten sagte waren wäre wären würde würden gelten spielten wohnen gehen kommen lesen siehe startete landete feierte "
-      "endete beendete beginnen ergeben gab geben kosten blieben bleiben fahren war zählt zeigte kaufte brauchte suche "
+      "wurde wurden werde werden belegte erreichte holte hatte hatten habe haben konnte konnten machte "
+      "sollte wollte musste "
+      "mussten sagte waren wäre wären würde würden gelten spielten wohnen gehen kommen lesen siehe startete "
+      "landete feierte "
+      "endete beendete beginnen ergeben gab geben kosten blieben bleiben fahren war zählt zeigte kaufte "
+      "brauchte suche "
       "sehe nehmen nahm nahmen sah kam kamen ging gingen lag stand fand trug schrieb");
   return words.Has(word) || TakesObject(word);
 }
@@ -68,69 +82,108 @@ bool IsVerb(std::string_view word) {
 bool IsOrdinalWord(std::string_view word) {
   if (!HasSuffix(word, {"te", "ten", "ter", "tes", "tem"})) return false;
   return HasSuffix(word.substr(0, word.rfind('t') + 1),
-                   {"erst", "zweit", "dritt", "viert", "fünft", "sechst", "siebt", "acht", "neunt", "zehnt", "elft",
-                    "zwölft", "zigst", "ßigst"});
+                   {"erst", "zweit", "dritt", "viert", "fünft", "sechst", "siebt", "acht", "neunt", "zehnt",
+                    "elft", "zwölft", "zigst", "ßigst"});
 }
 
 bool IsNumberedHead(std::string_view noun) {
   static const Words words(
-      "Klasse Vorsitzender Vorsitzende Vorsitzenden Vorstand Bürgermeister Bürgermeisterin Platz Platzes Preis Rang Liga Bundesliga Kreisliga Regionalliga "
-      "Landesliga Advent Weltkrieg Weltkriegs Weltkrieges Auflage Stock Stockwerk Etage Obergeschoss Untergeschoss OG UG Halbzeit Quartal "
-      "Quartals Halbjahr Halbjahres Jahrhundert Jahrhunderts Jahrtausend Semester Lesung Instanz Grades Grad Ordnung Generation Mahnung Rate Hand "
-      "Wahl Person Teil Kapitel Akt Aufzug Satz Strophe Sinfonie Symphonie Runde Spieltag Etappe Tag Woche Monat Jahr Stunde "
-      "Staffel Folge Ausgabe Band Buch Bundesligist Sieger Siegerin Senat Kammer Zivilsenat Strafsenat Bezirk Schritt Geburtstag Hochzeitstag Todestag "
-      "Lebensjahr Lebensjahres Schuljahr Lehrjahr Ausbildungsjahr Gang Hauptsatz Fassung Änderung Nachtrag Termin Versuch Anlauf Mal "
-      "Kind Sohn Tochter Ehe Stufe Version Impfung Dosis Spiel Tor Drittel Viertel Durchgang Wahlgang Feiertag Weihnachtstag "
-      "Weihnachtsfeiertag Osterfeiertag Pfingsttag Kompanie Bataillon Division Armee Regiment Republik Reich FC Kläger Klägerin Beklagter "
-      "Zeuge Offizier Stellvertreter Trainer Torwart Mannschaft Herren Damen Oberliga Reihe Gebot Buch Brief Korintherbrief Mose Advents Klassen "
-      "Bürgerversammlung Sitzung Ausschuss Entwurf Sonntag Montag Dienstag Mittwoch Donnerstag Freitag Samstag "
+      "Klasse Vorsitzender Vorsitzende Vorsitzenden Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
+      "Preis Rang Liga Bundesliga Kreisliga Regionalliga "
+      "Landesliga Advent Weltkrieg Weltkriegs Weltkrieges Auflage Stock Stockwerk Etage Obergeschoss "
+      "Untergeschoss OG UG Halbzeit Quartal "
+      "Quartals Halbjahr Halbjahres Jahrhundert Jahrhunderts Jahrtausend Semester Lesung Instanz Grades Grad "
+      "Ordnung Generation Mahnung Rate Hand "
+      "Wahl Person Teil Kapitel Akt Aufzug Satz Strophe Sinfonie Symphonie Runde Spieltag Etappe Tag Woche "
+      "Monat Jahr Stunde "
+      "Staffel Folge Ausgabe Band Buch Bundesligist Sieger Siegerin Senat Kammer Zivilsenat Strafsenat "
+      "Bezirk Schritt Geburtstag Hochzeitstag Todestag "
+      "Lebensjahr Lebensjahres Schuljahr Lehrjahr Ausbildungsjahr Gang Hauptsatz Fassung Änderung Nachtrag "
+      "Termin Versuch Anlauf Mal "
+      "Kind Sohn Tochter Ehe Stufe Version Impfung Dosis Spiel Tor Drittel Viertel Durchgang Wahlgang "
+      "Feiertag Weihnachtstag "
+      "Weihnachtsfeiertag Osterfeiertag Pfingsttag Kompanie Bataillon Division Armee Regiment Republik Reich "
+      "FC Kläger Klägerin Beklagter "
+      "Zeuge Offizier Stellvertreter Trainer Torwart Mannschaft Herren Damen Oberliga Reihe Gebot Buch Brief "
+      "Korintherbrief Mose Advents Klassen "
+      "Bürgerversammlung Sitzung Ausschuss Entwurf Sonntag Montag Dienstag Mittwoch Donnerstag Freitag "
+      "Samstag "
       "Januar Februar März April Mai Juni Juli August September Oktober November Dezember");
   return words.Has(noun);
 }
 
 bool GoesBeforeYears(std::string_view word) {
   static const Words words(
-      "Jahr Jahre Jahres Jahren im in seit von bis ab um vor nach Januar Februar März April Mai Juni Juli August "
-      "September Oktober November Dezember Sommer Winter Herbst Frühjahr Frühling Anfang Ende Mitte Weihnachten "
+      "Jahr Jahre Jahres Jahren im in seit von bis ab um vor nach Januar Februar März April Mai Juni Juli "
+      "August "
+      "September Oktober November Dezember Sommer Winter Herbst Frühjahr Frühling Anfang Ende Mitte "
+      "Weihnachten "
       "Ostern Silvester geboren gestorben Baujahr Jahrgang zwischen Seit Von Bis Ab Um Vor Nach Im In");
   return words.Has(word);
 }
 
 bool StartsSentences(std::string_view word) {
   static const Words words(
-      "Der Die Das Den Dem Des Ein Eine Einen Einem Einer Eines Ich Du Er Sie Es Wir Ihr Man Mein Meine Meinem Meinen "
-      "Meiner Dein Deine Sein Seine Seinem Seinen Seiner Ihre Ihrem Ihren Ihrer Unser Unsere Unserem Unseren Euer Eure "
-      "Kein Keine Keiner Keinen Dieser Diese Dieses Diesem Diesen Jener Jene Jeder Jede Jedes Jedem Jeden Alle Alles Allen Aller "
-      "Viele Vielen Einige Manche Mehrere Beide Beiden Am Im In An Auf Bei Beim Mit Nach Vor Von Vom Zu Zum Zur Für Durch "
-      "Gegen Ohne Um Aus Seit Ab Bis Über Unter Während Wegen Trotz Und Oder Aber Denn Doch Sondern Wenn Als Ob Dass Weil Da "
-      "Damit Danach Dann Dort Hier Heute Gestern Morgen Jetzt Nun Nur Auch Noch Schon Sehr So Wie Was Wer Wen Wem Wo Wann Warum "
-      "Wieso Weshalb Welche Welcher Welches Bitte Nein Ja Nicht Nichts Leider Später Früher Zuerst Zuletzt Außerdem Deshalb Daher Dabei "
-      "Dazu Dafür Dagegen Daran Darauf Darin Darum Davon Davor Trotzdem Jedoch Allerdings Insgesamt Inzwischen Anschließend Schließlich "
-      "Zudem Ferner Weiter Weitere Weiteres Ebenso Etwa Rund Zwei Drei Vier Fünf Sechs Sieben Acht Neun Zehn Circa Ca Etwas Jemand Niemand "
-      "Nie Immer Oft Manchmal Selten Meist Meistens Zwar Sonst Sobald Solange Obwohl Falls Nachdem Bevor Bereits Erst Eigentlich "
-      "Vielleicht Wahrscheinlich Vermutlich Natürlich Selbstverständlich Vielen Viel Mehr Wenig Weniger Ganz Genau Gerade Kurz "
-      "Lange Nachts Abends Morgens Mittags Vormittags Nachmittags Täglich Zunächst Zugleich Gleichzeitig Dadurch Hierbei Hierzu "
-      "Hiermit Sowohl Weder Entweder Statt Anstatt Laut Gemäß Neben Zwischen Hinter Innerhalb Außerhalb Ist Sind War Waren Hat Haben "
-      "Wird Werden Wurde Kann Können Konnte Muss Müssen Soll Sollen Sollte Darf Dürfen Will Wollen Möchten Würde Hätte Gibt Kommt "
-      "Geht Rufen Kommen Nehmen Geben Schreiben Lesen Senden Melden Wenden Beachten Prüfen Überweisen Zahlen Legen Stellen "
-      "Drücken Klicken Öffnen Schließen Danke Hallo Tschüss Gruß Grüße Liebe Lieber Sehr Denken Bringen Wer Somit Folglich Demnach "
-      "Seitdem Bisher Künftig Zurzeit Derzeit Momentan Mittlerweile Plötzlich Endlich Sogar Besonders Vor Neu Neue Letzte Letzten Nächste "
-      "Nächsten Gut Schön Schade Klar Okay Ok Lass Lasst Kannst Bist Hast Weißt Siehst Mir Mich Uns Dir Dich Euch Ihm Ihn Ihnen");
+      "Der Die Das Den Dem Des Ein Eine Einen Einem Einer Eines Ich Du Er Sie Es Wir Ihr Man Mein Meine "
+      "Meinem Meinen "
+      "Meiner Dein Deine Sein Seine Seinem Seinen Seiner Ihre Ihrem Ihren Ihrer Unser Unsere Unserem Unseren "
+      "Euer Eure "
+      "Kein Keine Keiner Keinen Dieser Diese Dieses Diesem Diesen Jener Jene Jeder Jede Jedes Jedem Jeden "
+      "Alle Alles Allen Aller "
+      "Viele Vielen Einige Manche Mehrere Beide Beiden Am Im In An Auf Bei Beim Mit Nach Vor Von Vom Zu Zum "
+      "Zur Für Durch "
+      "Gegen Ohne Um Aus Seit Ab Bis Über Unter Während Wegen Trotz Und Oder Aber Denn Doch Sondern Wenn Als "
+      "Ob Dass Weil Da "
+      "Damit Danach Dann Dort Hier Heute Gestern Morgen Jetzt Nun Nur Auch Noch Schon Sehr So Wie Was Wer "
+      "Wen Wem Wo Wann Warum "
+      "Wieso Weshalb Welche Welcher Welches Bitte Nein Ja Nicht Nichts Leider Später Früher Zuerst Zuletzt "
+      "Außerdem Deshalb Daher Dabei "
+      "Dazu Dafür Dagegen Daran Darauf Darin Darum Davon Davor Trotzdem Jedoch Allerdings Insgesamt "
+      "Inzwischen Anschließend Schließlich "
+      "Zudem Ferner Weiter Weitere Weiteres Ebenso Etwa Rund Zwei Drei Vier Fünf Sechs Sieben Acht Neun Zehn "
+      "Circa Ca Etwas Jemand Niemand "
+      "Nie Immer Oft Manchmal Selten Meist Meistens Zwar Sonst Sobald Solange Obwohl Falls Nachdem Bevor "
+      "Bereits Erst Eigentlich "
+      "Vielleicht Wahrscheinlich Vermutlich Natürlich Selbstverständlich Vielen Viel Mehr Wenig Weniger Ganz "
+      "Genau Gerade Kurz "
+      "Lange Nachts Abends Morgens Mittags Vormittags Nachmittags Täglich Zunächst Zugleich Gleichzeitig "
+      "Dadurch Hierbei Hierzu "
+      "Hiermit Sowohl Weder Entweder Statt Anstatt Laut Gemäß Neben Zwischen Hinter Innerhalb Außerhalb Ist "
+      "Sind War Waren Hat Haben "
+      "Wird Werden Wurde Kann Können Konnte Muss Müssen Soll Sollen Sollte Darf Dürfen Will Wollen Möchten "
+      "Würde Hätte Gibt Kommt "
+      "Geht Rufen Kommen Nehmen Geben Schreiben Lesen Senden Melden Wenden Beachten Prüfen Überweisen Zahlen "
+      "Legen Stellen "
+      "Drücken Klicken Öffnen Schließen Danke Hallo Tschüss Gruß Grüße Liebe Lieber Sehr Denken Bringen Wer "
+      "Somit Folglich Demnach "
+      "Seitdem Bisher Künftig Zurzeit Derzeit Momentan Mittlerweile Plötzlich Endlich Sogar Besonders Vor "
+      "Neu Neue Letzte Letzten Nächste "
+      "Nächsten Gut Schön Schade Klar Okay Ok Lass Lasst Kannst Bist Hast Weißt Siehst Mir Mich Uns Dir Dich "
+      "Euch Ihm Ihn Ihnen");
   return words.Has(word);
 }
 
 bool IsLabel(std::string_view word) {
   static const Words words(
-      "Nummer Nr Nrn Nummern Kapitel Kap Seite Seiten S Zimmer Zi Raum Absatz Abs Satz Artikel Art Paragraf Paragraph Paragrafen Gleis Gl "
-      "Linie Linien Punkt Ziffer Ziff Version Haus Hausnummer Hausnr Teil Tor Halle Phase Gruppe Abbildung Abb Tabelle Tab Anlage Anl Anhang "
-      "Abschnitt Abschn Aufgabe Übung Frage Bild Lektion Vers Spalte Zeile Bus Tram Zug Wagen Tür Typ Modell Größe Code PLZ Box "
-      "Block Sektor Level Route Station Autobahn Bundesstraße Landstraße Konto Kontonummer Kundennummer Rechnungsnummer Aktenzeichen Az Vorgang "
-      "Bestellnummer Artikelnummer Mitgliedsnummer Telefon Tel Fax Notruf Port PIN Kanal Sender Startnummer Rückennummer Trikotnummer "
-      "Quartal Apartment Appartement Whg Wohnung Steckplatz Sitzplatz Sitz Reihe Ebene Position Pos Fach Schalter Terminal Buchstabe Fußnote Anm Anmerkung "
-      "Beispiel Bsp Formel Gleichung Stufe Pflegestufe Pflegegrad Steuerklasse Lohnsteuerklasse Lektionen ICE IC RE RB ISO DIN EN IEC A B BGH "
-      "Kabinett Bd Heft Ausgabe Folge Staffel Bundestagsdrucksache Drucksache Drs Klasse Randnummer Rn Rdnr Tz Kunden Postfach Zone Schritt Schlüssel Figur Variante Szene Postleitzahl");
+      "Nummer Nr Nrn Nummern Kapitel Kap Seite Seiten S Zimmer Zi Raum Absatz Abs Satz Artikel Art Paragraf "
+      "Paragraph Paragrafen Gleis Gl "
+      "Linie Linien Punkt Ziffer Ziff Version Haus Hausnummer Hausnr Teil Tor Halle Phase Gruppe Abbildung "
+      "Abb Tabelle Tab Anlage Anl Anhang "
+      "Abschnitt Abschn Aufgabe Übung Frage Bild Lektion Vers Spalte Zeile Bus Tram Zug Wagen Tür Typ Modell "
+      "Größe Code PLZ Box "
+      "Block Sektor Level Route Station Autobahn Bundesstraße Landstraße Konto Kontonummer Kundennummer "
+      "Rechnungsnummer Aktenzeichen Az Vorgang "
+      "Bestellnummer Artikelnummer Mitgliedsnummer Telefon Tel Fax Notruf Port PIN Kanal Sender Startnummer "
+      "Rückennummer Trikotnummer "
+      "Quartal Apartment Appartement Whg Wohnung Steckplatz Sitzplatz Sitz Reihe Ebene Position Pos Fach "
+      "Schalter Terminal Buchstabe Fußnote Anm Anmerkung "
+      "Beispiel Bsp Formel Gleichung Stufe Pflegestufe Pflegegrad Steuerklasse Lohnsteuerklasse Lektionen "
+      "ICE IC RE RB ISO DIN EN IEC A B BGH "
+      "Kabinett Bd Heft Ausgabe Folge Staffel Bundestagsdrucksache Drucksache Drs Klasse Randnummer Rn Rdnr "
+      "Tz Kunden Postfach Zone Schritt Schlüssel Figur Variante Szene Postleitzahl");
   if (words.Has(word)) return true;
-  return HasSuffix(word, {"straße", "strasse", "str", "weg", "allee", "gasse", "ring", "ufer", "nummer", "nr", "damm"}) &&
+  return HasSuffix(word, {"straße", "strasse", "str", "weg", "allee", "gasse", "ring", "ufer", "nummer", "nr",
+                          "damm"}) &&
          word.size() > 4;
 }
 

@@ -4,8 +4,8 @@
 
 namespace lorelin {
 
-// Words of the closed classes and their like; what they are asked for stands with each. In small letters if nothing
-// else is said.
+// Words of the closed classes and their like; what they are asked for stands with each. In small letters if
+// nothing else is said.
 
 // "nur", "etwa", "mindestens": stand between a preposition and its number.
 [[nodiscard]] bool IsDegreeWord(std::string_view word);

@@ -14,24 +14,28 @@ constexpr std::array<std::string_view, 6> kQuietHooks{"Startup",  "Close",  "New
 
 }  // namespace
 
-const WordList& AbbreviationFilter::OwnWords() {
+const GermanSpeller& AbbreviationFilter::Speller() {
   std::error_code error;
   const auto changed = std::filesystem::last_write_time(wordList_, error);
-  if (error) {
-    words_.clear();
-  } else if (changed != seen_) {
+  if (error && hasWords_) {
+    speller_ = GermanSpeller();
+    hasWords_ = false;
+  } else if (!error && (changed != seen_ || !hasWords_)) {
     std::ifstream file(wordList_, std::ios::binary);
-    words_ = ParseWordList(std::string(std::istreambuf_iterator<char>(file), {}));
+    SpellingOptions options;
+    options.ownWords = ParseWordList(std::string(std::istreambuf_iterator<char>(file), {}));
+    speller_ = GermanSpeller(std::move(options));
     seen_ = changed;
+    hasWords_ = true;
   }
-  return words_;
+  return speller_;
 }
 
 std::optional<std::string> AbbreviationFilter::Call(std::string_view method,
                                                     std::optional<std::string_view> argument) {
   if (std::find(kQuietHooks.begin(), kQuietHooks.end(), method) != kQuietHooks.end()) return std::string();
   if (method != "FilterText" || !argument) return std::nullopt;
-  return SpokenGerman(*argument, OwnWords());
+  return Speller().SpellOut(*argument).text;
 }
 
 }  // namespace lorelin

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "extensions/german/spokenGerman.h"
+#include "german/spokenGerman.h"
 
 namespace lorelin {
 
@@ -24,10 +24,11 @@ class AbbreviationFilter {
                                                 std::optional<std::string_view> argument);
 
  private:
-  [[nodiscard]] const WordList& OwnWords();
+  [[nodiscard]] const GermanSpeller& Speller();
 
   std::filesystem::path wordList_;
-  WordList words_;
+  GermanSpeller speller_;
+  bool hasWords_ = false;
   std::filesystem::file_time_type seen_;
 };
 

@@ -1,0 +1,117 @@
+#include "german/spokenGerman.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "german/sentences.h"
+
+namespace lorelin {
+namespace {
+
+std::string Spoken(std::string_view text) {
+  return SpellOut(text).text;
+}
+
+TEST(SpokenGermanTest, PutsNumbersIntoTheCaseOfTheirNoun) {
+  EXPECT_EQ(Spoken("Wir trinken Tee mit 1 Tasse Milch."), "Wir trinken Tee mit einer Tasse Milch.");
+  EXPECT_EQ(Spoken("Nach 1 Tag kam er an."), "Nach einem Tag kam er an.");
+  EXPECT_EQ(Spoken("Er ist aus 3. Hand."), "Er ist aus dritter Hand.");
+  EXPECT_EQ(Spoken("Gemäß Abs. 1 Satz 1 gilt es."), "Gemäß Absatz eins Satz eins gilt es.");
+}
+
+TEST(SpokenGermanTest, KeepsTheEndOfASentenceAndInventsNone) {
+  EXPECT_EQ(Spoken("Das war 1990. Danach ging er."), "Das war neunzehnhundertneunzig. Danach ging er.");
+  EXPECT_EQ(Spoken("Äpfel, Birnen usw. Dann ging er."), "Äpfel, Birnen und so weiter. Dann ging er.");
+  EXPECT_EQ(Spoken("Ich sah Dr. Meyer."), "Ich sah Doktor Meyer.");
+  EXPECT_EQ(Spoken("Wir treffen uns am 5. Die Sitzung ist kurz."),
+            "Wir treffen uns am fünften. Die Sitzung ist kurz.");
+}
+
+TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
+  const std::string bytes("\xFF\xC3 \0\x80 \xE2\x80 \xC2", 10);
+  EXPECT_EQ(Spoken(bytes), bytes);
+  EXPECT_EQ(Spoken(""), "");
+}
+
+TEST(SpokenGermanTest, TellsWhereEveryReplacementWasWritten) {
+  const SpokenText spoken = SpellOut("Ä: 5 €, z. B. so");
+  EXPECT_EQ(spoken.text, "Ä: fünf Euro, zum Beispiel so");
+  const std::vector<SpokenRun> wanted{{3, 12, 3, 6}, {14, 25, 8, 13}};
+  EXPECT_EQ(spoken.runs, wanted);
+}
+
+TEST(SpokenGermanTest, TellsTheRunsOfALaterSentence) {
+  const SpokenText spoken = SpellOut("Er kam am 3. Mai. Sie kam um 5 Uhr.");
+  ASSERT_EQ(spoken.runs.size(), 2U);
+  EXPECT_EQ(spoken.text, "Er kam am dritten Mai. Sie kam um fünf Uhr.");
+  EXPECT_EQ(spoken.runs[1].writtenBegin, 29U);
+  EXPECT_EQ(spoken.runs[1].spokenBegin, 34U);
+}
+
+TEST(SpokenGermanTest, StaysTheSameWhenItPassesTwice) {
+  for (const std::string_view text :
+       {"Am 3.10.2026 um 20:15 Uhr, z. B. 5,50 € usw.", "§ 5 Abs. 2 S. 1 BGB, S. 12 ff.",
+        "info@web.de, #TagDerArbeit 😀 1/2 l, 80er, Ludwig XIV."}) {
+    const std::string once = Spoken(text);
+    EXPECT_EQ(Spoken(once), once);
+  }
+}
+
+TEST(SpokenGermanTest, IsTheSameSentenceBySentence) {
+  const std::string_view text =
+      "Am 3. Mai kam Dr. Meyer. Er blieb bis zum 5. Danach war Ruhe! „Schade“, sagte Fr. Berg.\n\nEs kostet "
+      "5 €. Gut.";
+  std::string joined;
+  for (const TextRange& range : Sentences(text))
+    joined += Spoken(text.substr(range.begin, range.end - range.begin));
+  EXPECT_EQ(joined, Spoken(text));
+}
+
+TEST(SpokenGermanTest, PrefersTheUsersOwnWords) {
+  SpellingOptions options;
+  options.ownWords =
+      ParseWordList("VBG = Verwaltungsberufsgenossenschaft\nDr. = Doc\nAuto* = Karre\n~abc = Alphabet");
+  const GermanSpeller speller(options);
+  EXPECT_EQ(speller.SpellOut("Dr. X von der VBG, nicht VBGs").text,
+            "Doc X von der Verwaltungsberufsgenossenschaft, nicht VBGs");
+  EXPECT_EQ(speller.SpellOut("Die Autobahn, kein Rennauto").text, "Die Karrebahn, kein Rennauto");
+  EXPECT_EQ(speller.SpellOut("Das ABC und das Abc").text, "Das Alphabet und das Alphabet");
+}
+
+TEST(SpokenGermanTest, CopiesOfASpellerKnowTheOwnWords) {
+  SpellingOptions options;
+  options.ownWords = {{"VBG", "Genossenschaft"}};
+  GermanSpeller speller;
+  {
+    const GermanSpeller first(options);
+    speller = first;
+  }
+  EXPECT_EQ(speller.SpellOut("die VBG").text, "die Genossenschaft");
+}
+
+TEST(SpokenGermanTest, SaysEmojiByNameOrNotAtAll) {
+  EXPECT_EQ(Spoken("Gut 👍🏽!"), "Gut Daumen hoch!");
+  SpellingOptions options;
+  options.speakEmoji = false;
+  EXPECT_EQ(GermanSpeller(options).SpellOut("Gut 👍🏽!").text, "Gut !");
+}
+
+TEST(SpokenGermanTest, AppliesTheUsersRulesFirst) {
+  SpellingOptions options;
+  options.rules = TextRules({{R"( ?\[[^\]]*\])", ""}});
+  const GermanSpeller speller(options);
+  const SpokenText spoken = speller.SpellOut("Er kam [12. Er ging.] um 5 Uhr.");
+  EXPECT_EQ(spoken.text, "Er kam um fünf Uhr.");
+  ASSERT_EQ(spoken.runs.size(), 2U);
+  EXPECT_EQ(spoken.runs[1].writtenBegin, 25U);
+}
+
+TEST(SpokenGermanTest, CutsALongTextBehindItsSentences) {
+  const GermanSpeller speller;
+  EXPECT_EQ(speller.PieceEnd("Er kam. Sie ging.", 0), 8U);
+  EXPECT_EQ(speller.PieceEnd("Er kam. Sie ging.", 8), 17U);
+}
+
+}  // namespace
+}  // namespace lorelin
