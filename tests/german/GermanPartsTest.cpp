@@ -58,7 +58,7 @@ TEST(OwnWordsTest, AreReadFromLines) {
 }
 
 std::string Ruled(const std::string& pattern, const std::string& replacement, std::string_view text) {
-  return TextRules({{pattern, replacement}}).Apply(text).text;
+  return TextRules(std::vector<TextRule>{{pattern, replacement}}).Apply(text).text;
 }
 
 TEST(TextRulesTest, ReplaceWhatTheyFind) {
@@ -80,7 +80,7 @@ TEST(TextRulesTest, TellWhatIsWrongWithAPattern) {
   EXPECT_EQ(TextRules::WhatIsWrongWith("*a"), "Vor einem Zeichen für Wiederholungen steht nichts.");
   EXPECT_EQ(TextRules::WhatIsWrongWith("a)"), "Eine schließende Klammer hat keine öffnende.");
   EXPECT_EQ(TextRules::WhatIsWrongWith("((a|b)*c){2}"), "");
-  EXPECT_TRUE(TextRules({{"(", "x"}}).IsEmpty());
+  EXPECT_TRUE(TextRules(std::vector<TextRule>{{"(", "x"}}).IsEmpty());
 }
 
 TEST(TextRulesTest, AreSafeWithPatternsThatRunAway) {
@@ -90,7 +90,7 @@ TEST(TextRulesTest, AreSafeWithPatternsThatRunAway) {
 
 TEST(TextRulesTest, TellTheirRuns) {
   const std::vector<SpokenRun> wanted{{1, 3, 1, 2}, {4, 4, 3, 5}};
-  const SpokenText spoken = TextRules({{"ß", "ss"}, {"xx", ""}}).Apply("aßbxx");
+  const SpokenText spoken = TextRules(std::vector<TextRule>{{"ß", "ss"}, {"xx", ""}}).Apply("aßbxx");
   EXPECT_EQ(spoken.text, "assb");
   EXPECT_EQ(spoken.runs, wanted);
 }

@@ -37,7 +37,7 @@ TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
 TEST(SpokenGermanTest, TellsWhereEveryReplacementWasWritten) {
   const SpokenText spoken = SpellOut("Ä: 5 €, z. B. so");
   EXPECT_EQ(spoken.text, "Ä: fünf Euro, zum Beispiel so");
-  const std::vector<SpokenRun> wanted{{3, 12, 3, 6}, {14, 25, 8, 13}};
+  const std::vector<SpokenRun> wanted{{3, 12, 3, 6}, {14, 26, 8, 13}};
   EXPECT_EQ(spoken.runs, wanted);
 }
 
@@ -99,7 +99,7 @@ TEST(SpokenGermanTest, SaysEmojiByNameOrNotAtAll) {
 
 TEST(SpokenGermanTest, AppliesTheUsersRulesFirst) {
   SpellingOptions options;
-  options.rules = TextRules({{R"( ?\[[^\]]*\])", ""}});
+  options.rules = TextRules(std::vector<TextRule>{{R"( ?\[[^\]]*\])", ""}});
   const GermanSpeller speller(options);
   const SpokenText spoken = speller.SpellOut("Er kam [12. Er ging.] um 5 Uhr.");
   EXPECT_EQ(spoken.text, "Er kam um fünf Uhr.");
