@@ -45,7 +45,12 @@ std::size_t EndOf(const Tokens& tokens, std::size_t i, std::string_view written)
       i = tokens.Skip(i);
       continue;
     }
-    if (!tokens.Is(i, written.substr(token.begin, token.end - token.begin))) return 0;
+    const bool lastPoint =
+        at == written.size() && written.ends_with('.') && written.find('.') + 1 < written.size();
+    if (!tokens.Is(i, written.substr(token.begin, token.end - token.begin))) {
+      // "i.d.R": the last point is often forgotten.
+      return lastPoint && tokens.IsBlank(i) && written.find('-') == std::string_view::npos ? i : 0;
+    }
     ++i;
   }
   const bool letterAtEnd = TokenAt(written, written.size() - 1).kind == TokenKind::Word;
@@ -120,6 +125,20 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     }
     case Around::SmallWord:
       return next > end && tokens.IsWord(next) && !tokens.IsCapital(next);
+    case Around::Closing:
+      return tokens.OpensClause(i) && (tokens.IsGap(end) || tokens.Is(end, ",")) &&
+             tokens.Count() <= end + 5 && tokens.Count() <= i + 7;
+    case Around::SmallBefore: {
+      const auto before = tokens.WordBefore(i);
+      return !before.empty() && !IsUpperWord(before);
+    }
+    case Around::Colon:
+      return tokens.Is(end, ":");
+    case Around::Date:
+      return DateShapeAt(tokens, next).has_value() ||
+             (tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, "."));
+    case Around::Age:
+      return tokens.IsNumber(next) && IsOneOf(tokens.View(tokens.Skip(next + 1)), {"J", "Jahre", "Jahren"});
     case Around::Label:
       return StandsInReference(tokens, i) && tokens.IsNumber(next);
     case Around::RulerBefore: {
@@ -160,7 +179,7 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&")))
     return std::nullopt;
   if (auto found = Search(tokens, i, word, false)) return found;
-  if (!tokens.IsCapital(i)) return std::nullopt;
+  if (!tokens.IsCapital(i) || !tokens.OpensClause(i)) return std::nullopt;
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);
@@ -169,19 +188,50 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   return single ? std::nullopt : found;
 }
 
+std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (word.size() < 5 || !tokens.Is(i + 1, ".") || !tokens.IsBlank(i + 2) || !tokens.FreeBefore(i))
+    return std::nullopt;
+  const bool consonant =
+      std::string_view("bcdfghjkmnpqrstvwxz").find(word[word.size() - 2]) != std::string_view::npos;
+  if (!consonant || (IsUpperWord(word) && !tokens.OpensClause(i))) return std::nullopt;
+  const std::size_t next = i + 3;
+  const bool noun = tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
+  const bool goesOn = noun || (tokens.IsWord(next) && !tokens.IsCapital(next)) || tokens.IsNumber(next);
+  if (!goesOn || NounOf(word).whole) return std::nullopt;
+  if (word.ends_with('l')) return FoundEnding{"ich", NounBehind(tokens, next) != Tokens::kNone, i + 2};
+  if (word.ends_with('w')) return FoundEnding{"eise", false, i + 2};
+  return std::nullopt;
+}
+
 std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
   struct Part {
     std::string_view written;
     std::string_view spoken;
   };
   constexpr Part kParts[] = {
-      {"str", "straße"}, {"pl", "platz"}, {"nr", "nummer"}, {"Str", "Straße"}, {"bhf", "bahnhof"}};
+      {"str", "straße"},         {"pl", "platz"},         {"nr", "nummer"},       {"Str", "Straße"},
+      {"bhf", "bahnhof"},        {"whg", "wohnung"},      {"abt", "abteilung"},   {"haltest", "haltestelle"},
+      {"betr", "betrag"},        {"kto", "konto"},        {"std", "stunde"},      {"vers", "versicherung"},
+      {"beitr", "beitrag"},      {"ausw", "ausweis"},     {"inst", "institut"},   {"vertr", "vertrag"},
+      {"präs", "präsident"},     {"mitgl", "mitglied"},   {"verw", "verwaltung"}, {"verz", "verzeichnis"},
+      {"temp", "temperatur"},    {"ges", "gesellschaft"}, {"gem", "gemäß"},       {"geb", "gebühr"},
+      {"ausg", "ausgabe"},       {"kap", "kapitel"},      {"zt", "zeit"},         {"Nr", "Nummer"},
+      {"gen", "genossenschaft"}, {"allg", "allgemein"},   {"bez", "bezirk"},      {"kr", "kreis"},
+      {"mstr", "meister"},       {"prüf", "prüfung"},     {"ltg", "leitung"},     {"pfl", "pflicht"},
+      {"schr", "schrift"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
   for (const Part& part : kParts) {
     if (word.size() < part.written.size() + 3 || !word.ends_with(part.written)) continue;
     const bool needed = part.written != "bhf";
     if (part.written == "pl" && !(point && tokens.IsCapital(i))) continue;
+    // Only where the sentence goes on it is certain that a word was cut.
+    const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
+    const std::size_t behind = tokens.Skip(i + 2);
+    if (!common && (!point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
+                    !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))
+      continue;
     if (!point && (needed && !(part.written == "str" && tokens.IsNumber(tokens.Skip(i + 1))))) continue;
     return FoundStreet{word.size() - part.written.size(), part.spoken, point ? i + 2 : i + 1};
   }

@@ -20,6 +20,11 @@ enum class Around : std::uint8_t {
   Digits,          // a number or a single letter follows
   NameBefore,      // a capitalised word stands before
   SmallWord,       // a word in small letters follows
+  Closing,         // a letter or message ends with it and a name
+  SmallBefore,     // a word in small letters stands before
+  Colon,           // a colon follows
+  Date,            // a date follows
+  Age,             // a number of years follows
   Label,           // "Abs. 1", "§ 5" stand before and a number follows
   RulerBefore,     // a name stands before that others have borne
   Described,       // a noun follows, adjectives between them or not
@@ -61,6 +66,14 @@ struct FoundAbbreviation {
 
 // The abbreviation that begins at the token in the context it stands in: the longest one.
 [[nodiscard]] std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_t i);
+
+// An adjective or adverb in "-lich" or "-weise" that is cut short, whatever it is: "nachrichtl.", "teilw.".
+struct FoundEnding {
+  std::string_view rest;  // what is missing, without the ending of the case
+  bool adjective = false;
+  std::size_t end = 0;
+};
+[[nodiscard]] std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i);
 
 // "Hauptstr." and "Marktpl.": a name with an abbreviated end.
 struct FoundStreet {

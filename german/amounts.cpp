@@ -397,7 +397,7 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   if (!word && first->whole.size() > 4 && !first->grouped) return std::nullopt;
   const bool noun = NounBehind(tokens, tokens.Skip(second->end)) != Tokens::kNone;
-  const bool countsNoun = noun && !tokens.IsLast(second->end - 1);
+  const bool countsNoun = noun && !tokens.IsLast(second->end - 1) && !LabelBefore(tokens, i);
   const bool year = first->IsYear() && (second->IsYear() || shortened) && !IsLabel(tokens.WordBefore(i));
   std::string left = year ? SpanWords(*first) : NumberText(*first, countsNoun ? "ein" : "eins");
   std::string right = year ? SpanWords(*second) : NumberText(*second);
@@ -514,6 +514,7 @@ Found YearAt(const Tokens& tokens, std::size_t i) {
       !tokens.Is(i - 1, "–"))
     return std::nullopt;
   if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2)) return std::nullopt;
+  if (i > 0 && tokens.Is(i - 1, "/") && number->value < 1900) return std::nullopt;
   if (CountsSomething(tokens, i, *number)) return std::nullopt;
   return Phrase{i + 1, YearWords(number->value)};
 }

@@ -183,6 +183,7 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     before = before > 0 && !tokens.IsBlank(before - 1) ? before - 1 : tokens.Before(before);
   if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"}))
     before = tokens.Before(before);
+  if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
   if (before == Tokens::kNone || !tokens.IsWord(before) || !tokens.FreeBefore(i)) return std::nullopt;
   const bool named =
       IsCodeWord(tokens.View(before)) || (tokens.Is(i - 1, "-") && IsAllCaps(tokens.View(before)));
@@ -196,7 +197,8 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     end = ++at;
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
   }
-  if (digits < 5 || !tokens.FreeBehind(end - 1) || IsOneOf(tokens.View(end), {"/", ",", "-"}))
+  if (digits < 5 || !tokens.FreeBehind(end - 1) ||
+      (IsOneOf(tokens.View(end), {"/", ",", "-"}) && !tokens.IsGap(end + 1)))
     return std::nullopt;
   return Phrase{end, words};
 }

@@ -330,8 +330,39 @@ Found DateAt(const Tokens& tokens, std::size_t i) {
   return DatePhrase(tokens, *shape, DayEnding(tokens, i));
 }
 
+namespace {
+
+// "di. und do.", "mo.-fr.": in small letters only two of them are certain.
+Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
+  const auto name = [&](std::size_t at) -> std::string {
+    for (const Weekday& day : kWeekdays) {
+      if (tokens.Is(at, WithLowerStart(day.written)) && tokens.Is(at + 1, ".") && tokens.FreeBefore(at))
+        return WithLowerStart(day.spoken) + "s";
+    }
+    return {};
+  };
+  if (tokens.View(i).size() != 2) return std::nullopt;
+  const std::string first = name(i);
+  if (first.empty()) return std::nullopt;
+  std::size_t at = tokens.Skip(i + 2);
+  std::string between = " und ";
+  if (tokens.IsDashAt(at) || tokens.Is(at, "bis")) {
+    between = " bis ";
+  } else if (tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
+    ++at;
+  } else if (!tokens.Is(at, "und")) {
+    return std::nullopt;
+  }
+  const std::size_t next = tokens.Skip(at + 1);
+  const std::string second = name(next);
+  if (second.empty()) return std::nullopt;
+  return Phrase{EndWithoutLastPoint(tokens, next + 2), first + between + second};
+}
+
+}  // namespace
+
 Found CalendarWordAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&WeekdaysAt, &SingleWeekdayAt, &MonthNameAt}) {
+  for (const auto reading : {&WeekdaysAt, &SmallWeekdaysAt, &SingleWeekdayAt, &MonthNameAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -253,7 +253,8 @@ namespace {
 // "mit großem Garten, kleinem Teich und separatem Eingang": the preposition holds for all of them.
 std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
-  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {",", "und", "oder", "sowie"})) return std::nullopt;
+  if (at == Tokens::kNone || !tokens.IsWord(i) || !IsOneOf(tokens.View(at), {",", "und", "oder", "sowie"}))
+    return std::nullopt;
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     const auto word = tokens.View(at);
     if (tokens.IsWord(at) && CaseOfPreposition(word)) return CaseOfPreposition(word);

@@ -22,12 +22,16 @@ bool HasNounOrGovernor(const Tokens& tokens, std::size_t i, std::size_t noun) {
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbreviation& found) {
   std::string words(found.abbreviation->spoken);
+  if (words == "Vorsitzend")
+    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, false, false, true}));
   const std::size_t noun = NounBehind(tokens, tokens.Skip(found.end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
   Agreement agreement = AgreementAt(tokens, noun);
   // Most words that no lexicon knows are masculine, and those with an "s" are many.
   if (!agreement.known)
     agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
+  if (noun != Tokens::kNone && tokens.View(noun).ends_with('a'))
+    agreement = {Gender::Feminine, false, false, true};
   return words + std::string(EndingAt(tokens, i, agreement));
 }
 
@@ -76,6 +80,16 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
   return Phrase{per->end, per->words};
 }
 
+Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto cut = CutAdjectiveAt(tokens, i);
+  if (!cut || tokens.IsLast(cut->end - 1)) return std::nullopt;
+  std::string words = std::string(tokens.View(i)) + std::string(cut->rest);
+  if (!cut->adjective) return Phrase{cut->end, words};
+  Agreement agreement = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(cut->end)));
+  if (!agreement.known) agreement = {Gender::Masculine, false, false, true};
+  return Phrase{cut->end, words + std::string(EndingAt(tokens, i, agreement))};
+}
+
 // "in km/h", "€/m²": a unit without a number is said only when it has two parts.
 Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "€") && !tokens.Is(i + 1, "/") && !tokens.Is(i + 2, "/")) return std::nullopt;
@@ -106,9 +120,15 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
   return std::nullopt;
 }
 
-constexpr Reading kOfWords[] = {
-    &AddressAt,      &IbanAt,          &CalendarWordAt, &RomanAt, &AbbreviationPhraseAt,
-    &StreetPhraseAt, &CurrencyFirstAt, &LoneUnitAt};
+constexpr Reading kOfWords[] = {&AddressAt,
+                                &IbanAt,
+                                &CalendarWordAt,
+                                &RomanAt,
+                                &AbbreviationPhraseAt,
+                                &StreetPhraseAt,
+                                &CutAdjectivePhraseAt,
+                                &CurrencyFirstAt,
+                                &LoneUnitAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
                                   &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};

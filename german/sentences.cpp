@@ -14,6 +14,15 @@ constexpr std::size_t kLongInLines = 800;   // tokens, from which on the end of 
 constexpr std::size_t kLongInWords = 2000;  // ... a gap does
 constexpr std::size_t kLongest = 6000;      // ... anything does
 
+// Short, or without a vowel behind its first letters: "Tab", "Pkt", but not "kam" and "Uhr".
+bool IsRatherShortened(std::string_view word) {
+  static constexpr std::string_view kVowels = "aeiouyAEIOUY";
+  if (word.size() == 1) return true;
+  if (word.find_first_of(kVowels) == std::string_view::npos && word.size() <= 5) return !IsAllCaps(word);
+  return IsOneOf(word, {"App", "Op", "op", "Kat", "Ang", "Auftr", "Best", "Pos", "Rev", "Vers", "Fig", "Lekt",
+                        "Ref", "Reg", "Ser", "Bus", "Ausg", "ungef", "Los"});
+}
+
 // Reads the tokens of one sentence; keeps some more than it has looked at.
 class SentenceReader {
  public:
@@ -83,6 +92,8 @@ class SentenceReader {
     const auto word = tokens_.View(i - 1);
     const bool initial = word.size() <= 2 && IsUpperWord(word) && tokens_.FreeBefore(i - 1);
     const std::size_t next = AfterGaps(behind);
+    // "App. 214", "op. 27": a short word before a number is rather an abbreviation than the end.
+    if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 && IsRatherShortened(word)) return 0;
     if (initial && !tokens_.IsLast(i) && tokens_.Kind(behind) == TokenKind::Blank && tokens_.IsCapital(next))
       return StartsSentences(tokens_.View(next)) && tokens_.View(next).size() > 1 ? WithGaps(behind) : 0;
     return WithGaps(behind);
@@ -98,6 +109,9 @@ class SentenceReader {
     } else if (const auto street = StreetAt(tokens_, i)) {
       end = street->end;
       ending = Ending::Starter;
+    } else if (const auto cut = CutAdjectiveAt(tokens_, i)) {
+      end = cut->end;
+      ending = Ending::Noun;
     }
     if (end == 0) return EndBehindRoman(i);
     return EndBehindAbbreviation(end, ending);
