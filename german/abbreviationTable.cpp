@@ -1,6 +1,5 @@
 #include "german/abbreviationTable.h"
 
-#include <array>
 
 namespace lorelin {
 namespace {
@@ -11,7 +10,7 @@ using enum Bending;
 using A = Abbreviation;
 
 // clang-format off
-constexpr std::array kTable{
+constexpr Abbreviation kTable[] = {
     // Turns of phrase.
     A{"z. B.", "zum Beispiel"}, A{"z. Bsp.", "zum Beispiel"}, A{"zB", "zum Beispiel"}, A{"z.B", "zum Beispiel"},
     A{"d. h.", "das heißt"}, A{"dh.", "das heißt"}, A{"d. i.", "das ist"},
@@ -501,6 +500,7 @@ constexpr std::array kTable{
     A{"i. Ggs. z.", "im Gegensatz zu"}, A{"m. w. N.", "mit weiteren Nachweisen", Anything, Noun},
     A{"zit. n.", "zitiert nach"}, A{"zit.", "zitiert"}, A{"o. S.", "ohne Seite"}, A{"u. a. O.", "und andere Orte"},
     A{"bibl.", "biblisch", Anything, Never, Adjective},
+    A{"eff.", "effektiv"}, A{"nom.", "nominal"}, A{"Wg.", "Wagen", Number}, A{"ern.", "erneut"}, A{"zul.", "zuletzt", SmallWord},
     // Time.
     A{"Min.", "Minute", DayBefore, Noun}, A{"Std.", "Stunde", DayBefore, Noun},
     A{"Sek.", "Sekunde", DayBefore, Noun},

@@ -142,7 +142,7 @@ std::string_view EndingOfDeterminer(std::string_view word) {
 }
 
 constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um", "bis",
-                                                        "pro", "per",   "je",    "à",    "via"};
+                                                        "pro", "per", "à", "via"};
 constexpr std::string_view kDativePrepositions[] = {
     "aus",       "bei",    "mit",      "nach",  "seit",  "von",  "zu",           "ab",       "außer",
     "gegenüber", "binnen", "gemäß",    "samt",  "nebst", "in",   "an",           "auf",      "vor",

@@ -72,7 +72,8 @@ std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
 }
 
 bool BecomesOne(const Tokens& tokens, std::size_t i) {
-  return VerbOfRank(tokens, i) != Tokens::kNone;
+  constexpr std::uint64_t kLastRank = 15;  // more is rather an age
+  return DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank && VerbOfRank(tokens, i) != Tokens::kNone;
 }
 
 // "Dritter", "Dritte", "drittes" of the children.
@@ -208,6 +209,7 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   const auto word = tokens.View(noun);
   Agreement agreement = AgreementOf(NounOf(word));
   if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
+  if (word == "Jh" || word == "Jhd" || word == "Jhdt" || word == "Jt") return {Gender::Neuter, false, false, true};
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
   if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN")
     return {Gender::Masculine, false, false, true};

@@ -43,6 +43,15 @@ bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
   return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
 }
 
+// "Deutsch u. a. Sprachen": between a noun and many others.
+bool JoinsPlural(const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t before = tokens.WordIndexBefore(i);
+  const std::size_t next = tokens.Skip(end);
+  if (before == Tokens::kNone || !tokens.IsCapital(before) || !tokens.IsCapital(next)) return false;
+  const Noun noun = NounOf(tokens.View(next));
+  return noun.known && noun.plural && !noun.singular;
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
@@ -52,6 +61,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
     words = WithNameOf(tokens, i, std::string_view(words).substr(4, words.size() - 5));
   // At its end "u. a." is no more than what has been told.
   if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
+  if (written == "u. a." && JoinsPlural(tokens, i, found->end)) words = "und andere";
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
   if (found->capital) words = WithUpperStart(words);

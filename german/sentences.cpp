@@ -105,7 +105,10 @@ class SentenceReader {
     if (const auto found = AbbreviationAt(tokens_, i)) {
       end = found->end;
       ending = found->abbreviation->ending;
-      if (!found->EndsWithPoint()) end = 0;
+      if (!tokens_.Is(end - 1, ".")) {
+        covered_ = end;
+        return 0;
+      }
     } else if (const auto street = StreetAt(tokens_, i)) {
       end = street->end;
       ending = Ending::Starter;

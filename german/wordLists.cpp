@@ -33,7 +33,7 @@ bool IsDegreeWord(std::string_view word) {
       "nur etwa ca circa zirka rund knapp gut fast genau mindestens höchstens maximal minimal max mind min "
       "je jeweils noch "
       "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
-      "exakt ganz "
+      "exakt ganz spätestens frühestens einschließlich "
       "mehr als zu");
   return words.Has(word);
 }
@@ -88,7 +88,7 @@ bool IsOrdinalWord(std::string_view word) {
 
 bool IsNumberedHead(std::string_view noun) {
   static const Words words(
-      "Klasse Vorsitzender Vorsitzende Vorsitzenden Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
+      "Jh Jhd Jhdt Jahrh Jt Klasse Vorsitzender Vorsitzende Vorsitzenden Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
       "Preis Rang Liga Bundesliga Kreisliga Regionalliga "
       "Landesliga Advent Weltkrieg Weltkriegs Weltkrieges Auflage Stock Stockwerk Etage Obergeschoss "
       "Untergeschoss OG UG Halbzeit Quartal "
