@@ -1,6 +1,5 @@
 #include "german/abbreviationTable.h"
 
-
 namespace lorelin {
 namespace {
 
@@ -501,6 +500,7 @@ constexpr Abbreviation kTable[] = {
     A{"zit. n.", "zitiert nach"}, A{"zit.", "zitiert"}, A{"o. S.", "ohne Seite"}, A{"u. a. O.", "und andere Orte"},
     A{"bibl.", "biblisch", Anything, Never, Adjective},
     A{"eff.", "effektiv"}, A{"nom.", "nominal"}, A{"Wg.", "Wagen", Number}, A{"ern.", "erneut"}, A{"zul.", "zuletzt", SmallWord},
+    A{"n.", "nach", Capital}, A{"m.", "mit", Capital}, A{"f.", "für", Capital}, A{"i.", "in", Number}, A{"vgl. a.", "vergleiche auch"}, A{"erm.", "ermäßigt"}, A{"Su.", "Suche"}, A{"Blk.", "Balkon"}, A{"Verm.", "Vermiete", Number}, A{"Angeb.", "Angebot"}, A{"Anfr.", "Anfrage"}, A{"anb.", "anbei"}, A{"Skto.", "Skonto"}, A{"Eiw.", "Eiweiß"}, A{"prom.", "promovierte"}, A{"Gen.-Maj.", "Generalmajor"}, A{"ds. Mts.", "dieses Monats", Anything, Noun}, A{"ds. Js.", "dieses Jahres", Anything, Noun}, A{"Gasth.", "Gasthaus"}, A{"Ltd.", "Leitender", Capital}, A{"Zust.", "Zustand"}, A{"vorbeh.", "vorbehalten"}, A{"Rechtsref.", "Rechtsreferendar"}, A{"Bauarb.", "Bauarbeiten"}, A{"Ersatzverk.", "Ersatzverkehr"}, A{"Ihr Z.", "Ihr Zeichen"}, A{"unser Z.", "unser Zeichen"},
     // Time.
     A{"Min.", "Minute", DayBefore, Noun}, A{"Std.", "Stunde", DayBefore, Noun},
     A{"Sek.", "Sekunde", DayBefore, Noun},

@@ -516,7 +516,8 @@ Found YearAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2)) return std::nullopt;
   if (i > 0 && tokens.Is(i - 1, "/") && number->value < 1900) return std::nullopt;
   // Trains, flights and standards.
-  if (IsOneOf(tokens.WordBefore(i), {"LH", "ICE", "IC", "EC", "RE", "RB", "RTX", "GTX", "ISO", "DIN", "EN", "IEC", "EW", "AF", "BA", "UA", "KL", "FR", "LX", "OS"}))
+  if (IsOneOf(tokens.WordBefore(i), {"LH", "ICE", "IC", "EC", "RE", "RB", "RTX", "GTX", "ISO", "DIN",
+                                     "EN", "IEC", "EW", "AF", "BA", "UA", "KL",  "FR",  "LX",  "OS"}))
     return std::nullopt;
   if (CountsSomething(tokens, i, *number)) return std::nullopt;
   return Phrase{i + 1, YearWords(number->value)};
@@ -567,7 +568,8 @@ Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
 Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
-  if (const auto number = NumberAt(tokens, i); number && !number->IsWhole()) return Phrase{number->end, NumberText(*number)};
+  if (const auto number = NumberAt(tokens, i); number && !number->IsWhole())
+    return Phrase{number->end, NumberText(*number)};
   return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
 }
 

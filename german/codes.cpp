@@ -129,7 +129,8 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
 
 // "Fax -68": what is dialled behind the number before.
 Found ExtensionAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.IsDashAt(i) || !tokens.IsNumber(i + 1, 1, 4) || !PhoneWordBefore(tokens, i)) return std::nullopt;
+  if (!tokens.IsDashAt(i) || !tokens.IsNumber(i + 1, 1, 4) || !PhoneWordBefore(tokens, i))
+    return std::nullopt;
   if (i == 0 || !tokens.IsBlank(i - 1) || !tokens.FreeBehind(i + 1)) return std::nullopt;
   return Phrase{i + 2, DigitWords(tokens.View(i + 1))};
 }
@@ -247,7 +248,8 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found CodeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&IsbnAt, &ExtensionAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
+  for (const auto reading :
+       {&IsbnAt, &ExtensionAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

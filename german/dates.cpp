@@ -275,9 +275,11 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
   const bool listed = i > 0 && IsOneOf(tokens.View(tokens.Before(i)), {",", ";", "|"});
   const bool small = point && tokens.IsWord(next) && !tokens.IsCapital(next) && next > day->second;
-  const bool opening = small || ((point || (listed && tokens.Is(next, "geschlossen"))) &&
-      IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
-                                  "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"}));
+  const bool opening =
+      small ||
+      ((point || (listed && tokens.Is(next, "geschlossen"))) &&
+       IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
+                                   "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"}));
   const bool am = opening || IsOneOf(tokens.WordBefore(i),
                                      {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden",
                                       "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});

@@ -75,8 +75,31 @@ std::string OneForms(const Tokens& tokens, std::size_t one, std::size_t adjectiv
   return OneBefore(tokens, one, noun + 1, AgreementOf(NounOf(tokens.View(noun))));
 }
 
+// Prepositions that are cut short, and what they mean before a number or noun.
+std::string_view WholeWord(std::string_view word) {
+  struct Short {
+    std::string_view written;
+    std::string_view spoken;
+  };
+  constexpr Short kShort[] = {{"v", "vom"},    {"f", "für"},        {"m", "mit"},
+                              {"n", "nach"},   {"b", "bei"},        {"zw", "zwischen"},
+                              {"lt", "laut"},  {"gem", "gemäß"},    {"innerh", "innerhalb"},
+                              {"wg", "wegen"}, {"ggü", "gegenüber"}};
+  for (const Short& one : kShort) {
+    if (one.written == word) return one.spoken;
+  }
+  return word;
+}
+
+// Over the point of "ca." to the word itself.
+std::size_t OverPoint(const Tokens& tokens, std::size_t at) {
+  if (at == Tokens::kNone || at == 0 || !tokens.Is(at, ".") || !tokens.IsWord(at - 1)) return at;
+  const auto word = tokens.View(at - 1);
+  return WholeWord(word) != word || IsDegreeWord(word) ? at - 1 : at;
+}
+
 Governor GovernorOf(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.Before(i);
+  std::size_t at = OverPoint(tokens, tokens.Before(i));
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     if (const std::size_t joined = SkipJoinedOrdinal(tokens, at); joined != at) {
       at = joined;
@@ -87,7 +110,8 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
       return {Kind::Indefinite, OneForms(tokens, at, i), std::nullopt};
     if (!tokens.IsWord(at)) return {};
     const std::string_view written = tokens.View(at);
-    const std::string word = WithLowerStart(written);
+    const std::string word =
+        tokens.Is(at + 1, ".") ? std::string(WholeWord(written)) : WithLowerStart(written);
     // A capital inside a sentence is that of a noun or name: "Mein" of a title aside.
     if (IsUpperWord(written) && !tokens.OpensClause(at) &&
         !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
@@ -98,7 +122,7 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
     }
     if (const auto asked = CaseOfPreposition(word)) return {Kind::None, word, asked};
     if (IsUpperWord(written) || !LooksLikeAdjective(word) || IsVerb(word)) return {};
-    at = tokens.Before(at);
+    at = OverPoint(tokens, tokens.Before(at));
   }
   return {};
 }
@@ -141,8 +165,8 @@ std::string_view EndingOfDeterminer(std::string_view word) {
   return *EndingBehind(kEinStems, word);
 }
 
-constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um", "bis",
-                                                        "pro", "per", "à", "via"};
+constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um",
+                                                        "bis", "pro",   "per",   "à",    "via"};
 constexpr std::string_view kDativePrepositions[] = {
     "aus",       "bei",    "mit",      "nach",  "seit",  "von",  "zu",           "ab",       "außer",
     "gegenüber", "binnen", "gemäß",    "samt",  "nebst", "in",   "an",           "auf",      "vor",
@@ -157,13 +181,12 @@ bool MeasuresWith(std::string_view preposition) {
 }
 
 std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.WordIndexBefore(i);
-  for (int step = 0; step < 4 && at != Tokens::kNone; ++step) {
+  std::size_t at = OverPoint(tokens, tokens.Before(i));
+  for (int step = 0; step < 4 && at != Tokens::kNone && tokens.IsWord(at); ++step) {
     const std::string word = WithLowerStart(tokens.View(at));
-    if (CaseOfPreposition(word)) return at;
+    if (CaseOfPreposition(WholeWord(word)) || WholeWord(word) == "vom") return at;
     if (!IsDegreeWord(word)) return Tokens::kNone;
-    at = tokens.WordIndexBefore(at);
-    if (at == Tokens::kNone) return at;
+    at = OverPoint(tokens, tokens.Before(at));
   }
   return Tokens::kNone;
 }
@@ -288,7 +311,9 @@ bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
 }
 
 Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first) {
-  const std::string word = WithLowerStart(tokens.View(preposition));
+  const std::string small = WithLowerStart(tokens.View(preposition));
+  const std::string word(WholeWord(small));
+  if (word == "vom") return Case::Dative;
   // "bis zu 1 Liter", "über 1 Meter".
   if (MeasuresWith(word)) return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});

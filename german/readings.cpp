@@ -90,6 +90,12 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
   return Phrase{per->end, per->words};
 }
 
+Found CutNounPhraseAt(const Tokens& tokens, std::size_t i) {
+  auto cut = CutNounAt(tokens, i);
+  if (!cut) return std::nullopt;
+  return Phrase{cut->end, std::move(cut->words)};
+}
+
 Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
   const auto cut = CutAdjectiveAt(tokens, i);
   if (!cut || tokens.IsLast(cut->end - 1)) return std::nullopt;
@@ -137,6 +143,7 @@ constexpr Reading kOfWords[] = {&AddressAt,
                                 &AbbreviationPhraseAt,
                                 &StreetPhraseAt,
                                 &CutAdjectivePhraseAt,
+                                &CutNounPhraseAt,
                                 &CurrencyFirstAt,
                                 &LoneUnitAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,

@@ -136,8 +136,11 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
                          : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
   if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0)
     return Phrase{end, ClockWords(*clock)};
-  const bool named = IsOneOf(tokens.WordBefore(i), {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass", "Rückkehr", "Anpfiff", "um", "Um", "gegen", "Gegen"});
-  if (named && clock->minute && tokens.FreeBehind(clock->end - 1)) return Phrase{clock->end, ClockWords(*clock)};
+  const bool named =
+      IsOneOf(tokens.WordBefore(i), {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass",
+                                     "Rückkehr", "Anpfiff", "um", "Um", "gegen", "Gegen"});
+  if (named && clock->minute && tokens.FreeBehind(clock->end - 1))
+    return Phrase{clock->end, ClockWords(*clock)};
   return std::nullopt;
 }
 
@@ -168,9 +171,12 @@ std::string PartWords(std::uint64_t value, std::string_view singular) {
 // "1:02,34 min": minutes and seconds with their parts.
 Found RaceTimeAt(const Tokens& tokens, std::size_t i) {
   const auto minutes = DigitsAt(tokens, i, 2);
-  if (!minutes || !tokens.FreeBefore(i) || !tokens.Is(i + 1, ":") || !SixtiethAt(tokens, i + 2) || !tokens.Is(i + 3, ",")) return std::nullopt;
+  if (!minutes || !tokens.FreeBefore(i) || !tokens.Is(i + 1, ":") || !SixtiethAt(tokens, i + 2) ||
+      !tokens.Is(i + 3, ","))
+    return std::nullopt;
   if (!tokens.IsNumber(i + 4, 1, 3) || !tokens.FreeBehind(i + 4)) return std::nullopt;
-  const std::string words = PartWords(*minutes, "Minute") + " " + CardinalWords(*SixtiethAt(tokens, i + 2)) + " Komma " + DigitWords(tokens.View(i + 4)) + " Sekunden";
+  const std::string words = PartWords(*minutes, "Minute") + " " + CardinalWords(*SixtiethAt(tokens, i + 2)) +
+                            " Komma " + DigitWords(tokens.View(i + 4)) + " Sekunden";
   const auto unit = UnitAt(tokens, tokens.Skip(i + 5));
   if (!unit || unit->singular != "Minute") return Phrase{i + 5, words};
   const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);

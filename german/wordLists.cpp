@@ -88,7 +88,8 @@ bool IsOrdinalWord(std::string_view word) {
 
 bool IsNumberedHead(std::string_view noun) {
   static const Words words(
-      "Jh Jhd Jhdt Jahrh Jt Klasse Vorsitzender Vorsitzende Vorsitzenden Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
+      "Aufl Ausg Kl Bd Kap HZ Qu Sem Lj Jh Jhd Jhdt Jahrh Jt Klasse Vorsitzender Vorsitzende Vorsitzenden "
+      "Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
       "Preis Rang Liga Bundesliga Kreisliga Regionalliga "
       "Landesliga Advent Weltkrieg Weltkriegs Weltkrieges Auflage Stock Stockwerk Etage Obergeschoss "
       "Untergeschoss OG UG Halbzeit Quartal "
