@@ -501,6 +501,7 @@ constexpr Abbreviation kTable[] = {
     A{"bibl.", "biblisch", Anything, Never, Adjective},
     A{"eff.", "effektiv"}, A{"nom.", "nominal"}, A{"Wg.", "Wagen", Number}, A{"ern.", "erneut"}, A{"zul.", "zuletzt", SmallWord},
     A{"n.", "nach", Capital}, A{"m.", "mit", Capital}, A{"f.", "für", Capital}, A{"i.", "in", Number}, A{"vgl. a.", "vergleiche auch"}, A{"erm.", "ermäßigt"}, A{"Su.", "Suche"}, A{"Blk.", "Balkon"}, A{"Verm.", "Vermiete", Number}, A{"Angeb.", "Angebot"}, A{"Anfr.", "Anfrage"}, A{"anb.", "anbei"}, A{"Skto.", "Skonto"}, A{"Eiw.", "Eiweiß"}, A{"prom.", "promovierte"}, A{"Gen.-Maj.", "Generalmajor"}, A{"ds. Mts.", "dieses Monats", Anything, Noun}, A{"ds. Js.", "dieses Jahres", Anything, Noun}, A{"Gasth.", "Gasthaus"}, A{"Ltd.", "Leitender", Capital}, A{"Zust.", "Zustand"}, A{"vorbeh.", "vorbehalten"}, A{"Rechtsref.", "Rechtsreferendar"}, A{"Bauarb.", "Bauarbeiten"}, A{"Ersatzverk.", "Ersatzverkehr"}, A{"Ihr Z.", "Ihr Zeichen"}, A{"unser Z.", "unser Zeichen"},
+    A{"S. o.", "Siehe oben", Anything, Often}, A{"S. u.", "Siehe unten", Anything, Often}, A{"S. a.", "Siehe auch"},
     // Time.
     A{"Min.", "Minute", DayBefore, Noun}, A{"Std.", "Stunde", DayBefore, Noun},
     A{"Sek.", "Sekunde", DayBefore, Noun},

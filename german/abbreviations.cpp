@@ -183,8 +183,9 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);
-  const bool single =
-      found && !found->abbreviation->written.empty() && found->abbreviation->around != Around::Anything;
+  const bool single = found && !found->abbreviation->written.empty() &&
+                      found->abbreviation->around != Around::Anything &&
+                      found->abbreviation->around != Around::Described;
   return single ? std::nullopt : found;
 }
 
@@ -203,7 +204,7 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   const std::size_t next = tokens.Skip(i + 2);
   const bool goesOn =
-      (next > i + 2 && tokens.IsWord(next) && !tokens.IsCapital(next)) ||
+      (next > i + 2 && (tokens.IsNumber(next) || (tokens.IsWord(next) && !tokens.IsCapital(next)))) ||
       (next == i + 2 && IsOneOf(tokens.View(next), {",", ";", ":", "-", ")"}) && !tokens.IsLast(i + 1));
   if (!goesOn || NounOf(word).whole || IsAllCaps(word) || IsOftenShortened(word)) return std::nullopt;
   const std::size_t latest = word.size() - 4;  // so much of the last part has to be there

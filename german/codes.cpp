@@ -13,11 +13,11 @@ constexpr std::size_t kMostPhoneDigits = 16;
 
 // Behind these long numbers are said digit by digit.
 bool IsCodeWord(std::string_view word) {
-  return HasSuffix(
-      word,
-      {"nummer",   "Nummer", "ID",    "Nr",   "nr",           "Kunde",    "SN",      "Konto", "konto",
-       "PIN",      "TAN",    "Code",  "code", "Aktenzeichen", "zeichen",  "RE",      "BLZ",   "Bankleitzahl",
-       "Postfach", "IK",     "Depot", "KdNr", "Kennung",      "Mitglied", "Vertrag", "Az"});
+  return HasSuffix(word,
+                   {"nummer",  "Nummer",  "ID",       "Nr",           "nr",       "Kunde", "SN",
+                    "Konto",   "konto",   "PIN",      "TAN",          "Code",     "code",  "Aktenzeichen",
+                    "zeichen", "RE",      "BLZ",      "Bankleitzahl", "Postfach", "IK",    "Depot",
+                    "KdNr",    "Kennung", "Mitglied", "Vertrag",      "Az",       "Kto",   "StNr"});
 }
 
 bool IsPhoneWord(std::string_view word) {
@@ -78,7 +78,8 @@ struct DigitGroups {
 };
 
 bool PartsPhoneGroups(const Tokens& tokens, std::size_t i) {
-  return tokens.IsBlank(i) || tokens.IsDashAt(i) || IsOneOf(tokens.View(i), {"/", "(", ")", "."});
+  if (tokens.Is(i, "(")) return tokens.Is(i + 1, "0") && tokens.Is(i + 2, ")");
+  return tokens.IsBlank(i) || tokens.IsDashAt(i) || IsOneOf(tokens.View(i), {"/", ")", "."});
 }
 
 DigitGroups ReadGroups(const Tokens& tokens, std::size_t i, std::size_t most) {
@@ -200,7 +201,7 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
   std::size_t digits = 0;
   std::size_t end = i;
   for (std::size_t at = i; tokens.IsNumber(at) && digits < 30;) {
-    words += (words.empty() ? "" : (tokens.IsBlank(at - 1) ? ", " : " ")) + DigitWords(tokens.View(at));
+    words += (words.empty() ? "" : " ") + DigitWords(tokens.View(at));
     digits += tokens.View(at).size();
     end = ++at;
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
@@ -239,7 +240,8 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
   }
   const bool named = tokens.Before(i) != Tokens::kNone &&
                      (IsOneOf(tokens.WordBefore(i), {"IBAN"}) || tokens.Is(tokens.Before(i), ":"));
-  if (digits.size() < 16 && !(named && digits.size() >= 10)) return std::nullopt;
+  const bool whole = tokens.View(i + 1).size() >= 9;  // "DE123456789" of a tax number
+  if (digits.size() < 16 && !whole && !(named && digits.size() >= 10)) return std::nullopt;
   std::string words{country[0], ' ', country[1]};
   words += ' ' + DigitWords(std::string_view(digits).substr(0, 2));
   for (std::size_t at = 2; at < digits.size(); at += 4)

@@ -118,6 +118,8 @@ class SentenceReader {
     } else if (const auto cut = CutAdjectiveAt(tokens_, i)) {
       end = cut->end;
       ending = Ending::Noun;
+    } else if (const auto noun = CutNounAt(tokens_, i)) {
+      end = noun->end;
     }
     if (end == 0) return EndBehindRoman(i);
     return EndBehindAbbreviation(end, ending);
