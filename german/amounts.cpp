@@ -290,7 +290,8 @@ Found MeasureSpanAt(const Tokens& tokens, std::size_t i) {
 
 Found AmountAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.FreeBefore(i)) return std::nullopt;
-  if (auto span = MeasureSpanAt(tokens, i)) return span;
+  const bool dosage = i >= 2 && tokens.IsDashAt(i - 1) && tokens.IsNumber(i - 2);  // "20-20-20 Tropfen"
+  if (auto span = dosage ? Found() : MeasureSpanAt(tokens, i)) return span;
   return SumAt(tokens, i, i);
 }
 

@@ -381,6 +381,7 @@ bool IsRulersName(std::string_view name) {
 
 // "Ludwigs", but not "Johannes" or "Pius".
 bool IsGenitiveName(std::string_view name) {
+  if (name.ends_with("as") && IsWomansName(name) && !IsOneOf(name, {"Thomas"})) return true;
   return name.ends_with('s') && !HasSuffix(name, {"us", "es", "as", "is", "os", "James", "Louis"});
 }
 
@@ -469,7 +470,8 @@ bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
   const std::size_t next = tokens.Skip(i + 2);
   if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
-  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
+  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) &&
+      (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
     return !StartsSentenceAt(tokens, next);
   return RulerBefore(tokens, i) != Tokens::kNone;
 }
@@ -487,7 +489,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
     return RomanSpan(tokens, i, value);
   const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
-  if (ordinal && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
+  if (ordinal && IsPlainRoman(tokens.View(i)) &&
+      (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
     return Phrase{i + 2,
                   OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;

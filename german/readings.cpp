@@ -19,6 +19,25 @@ bool HasNounOrGovernor(const Tokens& tokens, std::size_t i, std::size_t noun) {
   return noun != Tokens::kNone || HasDeterminer(tokens, i);
 }
 
+bool LooksLikeWomansName(std::string_view name) {
+  if (HasSuffix(name, {"a",       "ine",    "anne",   "ike",    "ilde",  "trud",  "beth",  "lie",
+                       "rie",     "ette",   "ute",    "Ute",    "Heide", "Silke", "Anke",  "Antje",
+                       "Imke",    "Birgit", "Ingrid", "Astrid", "Doris", "Iris",  "Karin", "Katrin",
+                       "Kerstin", "Carmen", "Ellen",  "Susann", "Marion"}))
+    return !IsOneOf(name, {"Luca", "Joshua", "Noah", "Sascha", "Mika"});
+  return false;
+}
+
+// "Diplomingenieurin" before a woman's name or behind "Frau".
+std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::string title) {
+  const bool woman = IsOneOf(tokens.WordBefore(i), {"Frau", "Architektin", "Gutachterin"}) ||
+                     LooksLikeWomansName(tokens.View(tokens.Skip(end)));
+  if (!woman) return title;
+  if (title.ends_with('e')) title.pop_back();
+  if (title.ends_with("kaufmann")) return title.substr(0, title.size() - 4) + "frau";
+  return title + "in";
+}
+
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbreviation& found) {
   std::string words(found.abbreviation->spoken);
@@ -64,6 +83,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (written == "u. a." && JoinsPlural(tokens, i, found->end)) words = "und andere";
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
+  if (words.starts_with("Diplom") && words.size() > 8) words = ForWoman(tokens, i, found->end, words);
   if (found->capital) words = WithUpperStart(words);
   const bool keepsPoint = found->EndsWithPoint() && tokens.IsLast(found->end - 1);
   return Phrase{keepsPoint ? found->end - 1 : found->end, words};
