@@ -116,7 +116,7 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
   const bool zero = tokens.View(at).front() == '0';
   const bool named = PhoneWordBefore(tokens, i);
   if (!plus && !zero && !named) return std::nullopt;
-  if (!zero && !plus && tokens.Is(at + 1, ".")) return std::nullopt;
+  if (!zero && !plus && tokens.Is(at + 1, ".") && tokens.IsNumber(at + 2)) return std::nullopt;
   const DigitGroups groups = ReadGroups(tokens, at, kMostPhoneDigits);
   if (!FollowsAsPhone(tokens, groups.end)) return std::nullopt;
   const std::size_t least = named ? 3 : (groups.groups == 1 ? kLeastPhoneDigits + 1 : kLeastPhoneDigits);
