@@ -46,7 +46,7 @@ bool IsPhoneWord(std::string_view word) {
                         "M",
                         "Zentrale",
                         "Mobilnummer",
-                        "Nummer",
+
                         "erreichen",
                         "erreichbar",
                         "Bereitschaftsdienst"});
