@@ -54,7 +54,10 @@ std::size_t EndOf(const Tokens& tokens, std::size_t i, std::string_view written)
     ++i;
   }
   const bool letterAtEnd = TokenAt(written, written.size() - 1).kind == TokenKind::Word;
-  return letterAtEnd && (!tokens.FreeBehind(i - 1) || (tokens.Is(i, ".") && !tokens.IsGap(i + 1)) || tokens.IsDashAt(i)) ? 0 : i;
+  return letterAtEnd && (!tokens.FreeBehind(i - 1) || (tokens.Is(i, ".") && !tokens.IsGap(i + 1)) ||
+                         tokens.IsDashAt(i))
+             ? 0
+             : i;
 }
 
 // A bare abbreviation may end the sentence: "inkl. MwSt." has its own entry, "MwSt" before a full stop does

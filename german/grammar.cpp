@@ -191,18 +191,37 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
   return Tokens::kNone;
 }
 
+// A small word of no closed class: a verb, an adverb, an adjective.
+bool MayBeVerb(std::string_view word) {
+  return !IsUpperWord(word) && word.size() > 2 && !StartsSentences(WithUpperStart(word)) &&
+         !IsDegreeWord(word) && KindOfDeterminer(word) == Kind::None && !CaseOfPreposition(word);
+}
+
+// "Reserviere 1 Tisch": an order, or what a buyer or seller writes.
+bool IsOrder(std::string_view word) {
+  return HasSuffix(word, {"e", "en"}) && !StartsSentences(word) && !NounOf(word).whole;
+}
+
 // The verb of the clause asks for an object: a subject has been there, or it is an order.
-bool VerbAsksForObject(const Tokens& tokens, std::size_t i) {
+bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
   std::size_t at = tokens.Before(i);
+  bool subject = false;
+  bool verb = false;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     const bool list = tokens.Is(at, ",") && tokens.IsNumber(at + 2);
     if (!list && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","})) return false;
     const std::string word = WithLowerStart(tokens.View(at));
     if (IsLinkingVerb(word)) return false;
     if (TakesObject(word)) return true;
-    at = tokens.Before(at);
+    const std::size_t before = tokens.Before(at);
+    const bool named = before == Tokens::kNone || !CaseOfPreposition(tokens.View(before));
+    if (anyVerb && tokens.IsCapital(at) && before == Tokens::kNone && IsOrder(tokens.View(at))) return true;
+    subject = subject || (tokens.IsCapital(at) && named && !StartsSentences(tokens.View(at)));
+    subject = subject || tokens.Is(at, "Sie");
+    verb = verb || (tokens.IsWord(at) && MayBeVerb(tokens.View(at)));
+    at = before;
   }
-  return false;
+  return anyVerb && subject && verb;
 }
 
 // "1 Teelöffel Salz zugeben", "1 m lang".
@@ -297,7 +316,7 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
-  if (!governor.byPreposition && VerbAsksForObject(tokens, i)) asked = Case::Accusative;
+  if (!governor.byPreposition && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;
   return StrongEnding(asked, noun);
 }
 
@@ -353,7 +372,8 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))
     return Case::Accusative;
   if (IsExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
-  if (VerbAsksForObject(tokens, first) || InfinitiveEnds(tokens, first, behind)) return Case::Accusative;
+  if (VerbAsksForObject(tokens, first, true) || InfinitiveEnds(tokens, first, behind))
+    return Case::Accusative;
   return Case::Nominative;
 }
 

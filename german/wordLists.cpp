@@ -44,7 +44,10 @@ bool IsLinkingVerb(std::string_view word) {
       "kommt kam heißt "
       "folgt reicht genügt gilt gelten befindet befinden sei wäre existiert passt gehört entsteht verbleibt "
       "lautet "
-      "entspricht entsprechen");
+      "entspricht entsprechen stand standen saß sitzt lag hängt hing lebt wohnt arbeitet wächst beginnt "
+      "begann endet endete klingelt klingelte "
+      "passierte geschah erschien erscheint dazu gesucht starb stirbt scheint schien spielt mitspielt singt "
+      "tritt trat");
   return words.Has(word);
 }
 
