@@ -1,7 +1,5 @@
 #include "german/abbreviationTable.h"
 
-#include <array>
-
 namespace lorelin {
 namespace {
 
@@ -11,7 +9,7 @@ using enum Bending;
 using A = Abbreviation;
 
 // clang-format off
-constexpr std::array kTable{
+constexpr Abbreviation kTable[] = {
     // Turns of phrase.
     A{"z. B.", "zum Beispiel"}, A{"z. Bsp.", "zum Beispiel"}, A{"zB", "zum Beispiel"}, A{"z.B", "zum Beispiel"},
     A{"d. h.", "das heißt"}, A{"dh.", "das heißt"}, A{"d. i.", "das ist"},
@@ -56,7 +54,7 @@ constexpr std::array kTable{
     A{"o. k.", "okay"}, A{"o. B.", "ohne Befund", Anything, Often}, A{"o. V.", "ohne Verfasser"},
     A{"o. J.", "ohne Jahr", Anything, Noun}, A{"m. a. W.", "mit anderen Worten"},
     A{"b. w.", "bitte wenden", Anything, Often}, A{"a. a. O.", "am angegebenen Ort", Anything, Often},
-    A{"a. D.", "außer Dienst", Anything, Noun},
+    A{"a. D.", "außer Dienst", Anything, Starter},
     A{"a. M.", "am Main", Anything, Noun}, A{"a. d. R.", "an der Ruhr", Anything, Noun},
     A{"a. d.", "an der", NameBefore}, A{"a. Rh.", "am Rhein", Anything, Noun},
     A{"a. N.", "am Neckar", NameBefore, Noun},
@@ -501,6 +499,10 @@ constexpr std::array kTable{
     A{"i. Ggs. z.", "im Gegensatz zu"}, A{"m. w. N.", "mit weiteren Nachweisen", Anything, Noun},
     A{"zit. n.", "zitiert nach"}, A{"zit.", "zitiert"}, A{"o. S.", "ohne Seite"}, A{"u. a. O.", "und andere Orte"},
     A{"bibl.", "biblisch", Anything, Never, Adjective},
+    A{"eff.", "effektiv"}, A{"nom.", "nominal"}, A{"Wg.", "Wagen", Number}, A{"ern.", "erneut"}, A{"zul.", "zuletzt", SmallWord},
+    A{"n.", "nach", Capital}, A{"m.", "mit", Capital}, A{"f.", "für", Capital}, A{"i.", "in", Number}, A{"vgl. a.", "vergleiche auch"}, A{"erm.", "ermäßigt"}, A{"Su.", "Suche"}, A{"Blk.", "Balkon"}, A{"Verm.", "Vermiete", Number}, A{"Angeb.", "Angebot"}, A{"Anfr.", "Anfrage"}, A{"anb.", "anbei"}, A{"Skto.", "Skonto"}, A{"Eiw.", "Eiweiß"}, A{"prom.", "promovierte"}, A{"Gen.-Maj.", "Generalmajor"}, A{"ds. Mts.", "dieses Monats", Anything, Noun}, A{"ds. Js.", "dieses Jahres", Anything, Noun}, A{"Gasth.", "Gasthaus"}, A{"Ltd.", "Leitender", Capital}, A{"Zust.", "Zustand"}, A{"vorbeh.", "vorbehalten"}, A{"Rechtsref.", "Rechtsreferendar"}, A{"Bauarb.", "Bauarbeiten"}, A{"Ersatzverk.", "Ersatzverkehr"}, A{"Ihr Z.", "Ihr Zeichen"}, A{"unser Z.", "unser Zeichen"},
+    A{"S. o.", "Siehe oben", Anything, Often}, A{"S. u.", "Siehe unten", Anything, Often}, A{"S. a.", "Siehe auch"},
+    A{"Sr.", "Schwester", Capital}, A{"Mme.", "Madame"}, A{"Mlle.", "Mademoiselle"},
     // Time.
     A{"Min.", "Minute", DayBefore, Noun}, A{"Std.", "Stunde", DayBefore, Noun},
     A{"Sek.", "Sekunde", DayBefore, Noun},

@@ -54,7 +54,10 @@ std::size_t EndOf(const Tokens& tokens, std::size_t i, std::string_view written)
     ++i;
   }
   const bool letterAtEnd = TokenAt(written, written.size() - 1).kind == TokenKind::Word;
-  return letterAtEnd && (!tokens.FreeBehind(i - 1) || tokens.Is(i, ".") || tokens.IsDashAt(i)) ? 0 : i;
+  return letterAtEnd && (!tokens.FreeBehind(i - 1) || (tokens.Is(i, ".") && !tokens.IsGap(i + 1)) ||
+                         tokens.IsDashAt(i))
+             ? 0
+             : i;
 }
 
 // A bare abbreviation may end the sentence: "inkl. MwSt." has its own entry, "MwSt" before a full stop does
@@ -183,9 +186,40 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);
-  const bool single =
-      found && !found->abbreviation->written.empty() && found->abbreviation->around != Around::Anything;
+  const bool single = found && !found->abbreviation->written.empty() &&
+                      found->abbreviation->around != Around::Anything &&
+                      found->abbreviation->around != Around::Described;
   return single ? std::nullopt : found;
+}
+
+bool IsOftenShortened(std::string_view word) {
+  const auto found = ByFirstToken().find(word);
+  if (found == ByFirstToken().end()) return false;
+  return std::any_of(found->second.begin(), found->second.end(), [&](const Abbreviation* one) {
+    return one->written.size() == word.size() + 1 && one->written.ends_with('.');
+  });
+}
+
+std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (!tokens.IsCapital(i) || word.size() < 4 || word.size() > 40 || !tokens.Is(i + 1, ".") ||
+      !tokens.FreeBefore(i))
+    return std::nullopt;
+  const std::size_t next = tokens.Skip(i + 2);
+  const bool goesOn =
+      (next > i + 2 && (tokens.IsNumber(next) || (tokens.IsWord(next) && !tokens.IsCapital(next)))) ||
+      (next == i + 2 && IsOneOf(tokens.View(next), {",", ";", ":", "-", ")"}) && !tokens.IsLast(i + 1));
+  if (!goesOn || NounOf(word).whole || IsAllCaps(word) || IsOftenShortened(word)) return std::nullopt;
+  const std::size_t latest = word.size() - 4;  // so much of the last part has to be there
+  if (word.ends_with('g') && IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ung", latest))
+    return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ung", i + 2};
+  for (const std::string_view rest :
+       {"ung", "keit", "eit", "heit", "schaft", "aft",    "ion", "tion", "ation", "ität", "nis",
+        "and", "ent",  "ik",  "um",   "arf",    "ehlung", "er",  "e",    "en",    "el"}) {
+    std::string whole = std::string(word) + std::string(rest);
+    if (IsNounFrom(whole, latest)) return CutNoun{std::move(whole), i + 2};
+  }
+  return std::nullopt;
 }
 
 std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
@@ -200,7 +234,7 @@ std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
   const bool goesOn = noun || (tokens.IsWord(next) && !tokens.IsCapital(next)) || tokens.IsNumber(next);
   if (!goesOn || NounOf(word).whole) return std::nullopt;
   if (word.ends_with('l')) return FoundEnding{"ich", NounBehind(tokens, next) != Tokens::kNone, i + 2};
-  if (word.ends_with('w')) return FoundEnding{"eise", false, i + 2};
+  if (word.ends_with('w') && !IsUpperWord(word)) return FoundEnding{"eise", false, i + 2};
   return std::nullopt;
 }
 

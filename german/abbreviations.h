@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "german/nouns.h"
@@ -74,6 +75,17 @@ struct FoundEnding {
   std::size_t end = 0;
 };
 [[nodiscard]] std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i);
+
+// The word with a point behind it is an abbreviation in some surroundings.
+[[nodiscard]] bool IsOftenShortened(std::string_view word);
+
+// A noun that is cut short and can be completed by the lexicon: "Tagesordn.", "Gasheizg.". Only where the
+// sentence goes on behind the point.
+struct CutNoun {
+  std::string words;
+  std::size_t end = 0;
+};
+[[nodiscard]] std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i);
 
 // "Hauptstr." and "Marktpl.": a name with an abbreviated end.
 struct FoundStreet {

@@ -290,7 +290,8 @@ Found MeasureSpanAt(const Tokens& tokens, std::size_t i) {
 
 Found AmountAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.FreeBefore(i)) return std::nullopt;
-  if (auto span = MeasureSpanAt(tokens, i)) return span;
+  const bool dosage = i >= 2 && tokens.IsDashAt(i - 1) && tokens.IsNumber(i - 2);  // "20-20-20 Tropfen"
+  if (auto span = dosage ? Found() : MeasureSpanAt(tokens, i)) return span;
   return SumAt(tokens, i, i);
 }
 
@@ -361,7 +362,8 @@ Found StrokedYearsAt(const Tokens& tokens, std::size_t i) {
   if (LabelBefore(tokens, i) && IsCodeBefore(tokens, i)) return std::nullopt;
   if (tokens.IsNumber(second, 4, 4) && *DigitsAt(tokens, second, 4) == first->value + 1)
     return Phrase{second + 1, YearWords(first->value) + " " + YearWords(first->value + 1)};
-  if (!tokens.IsNumber(second, 2, 2) || *DigitsAt(tokens, second, 2) != (first->value + 1) % 100)
+  if (!tokens.IsNumber(second, 2, 2) ||
+      *DigitsAt(tokens, second, 2) <= first->value % 100 - (first->value % 100 == 99 ? 99 : 0))
     return std::nullopt;
   const auto digits = tokens.View(second);
   return Phrase{second + 1, YearWords(first->value) + " " +
@@ -382,6 +384,10 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   const auto between = BetweenAt(tokens, first->end);
   if (!between) return std::nullopt;
   const std::size_t at = between->end;
+  // "2020–heute".
+  if (between->words == " bis " && IsOneOf(tokens.View(at), {"heute", "jetzt"}) && first->IsYear() &&
+      tokens.IsDashAt(tokens.Skip(first->end)))
+    return Phrase{at, NumberOrYearText(*first) + " bis "};
   const auto second = NumberAt(tokens, at);
   if (!second || !tokens.FreeBehind(second->end - 1) || tokens.IsDashAt(second->end)) return std::nullopt;
   if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {"/", ".", ":"}))) return std::nullopt;
@@ -491,6 +497,23 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, OneBefore(tokens, i, noun + 1, agreement)};
 }
 
+// "Wir waren zu 4."
+Found TogetherAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 2);
+  const std::size_t zu = tokens.WordIndexBefore(i);
+  if (!number || *number < 2 || *number > 12 || zu == Tokens::kNone || !tokens.Is(zu, "zu"))
+    return std::nullopt;
+  const bool alone = IsOneOf(tokens.View(i + 1), {".", ",", "!", "?"}) || tokens.IsGap(i + 1);
+  const std::size_t next = tokens.Skip(i + 1);
+  if (!alone || tokens.IsCapital(next) || tokens.IsNumber(next) || tokens.IsNumber(i + 2))
+    return std::nullopt;
+  if (!IsOneOf(tokens.WordBefore(zu),
+               {"waren", "sind", "wir", "gingen", "gehen", "kamen", "kommen", "spielen", "spielten", "fahren",
+                "fuhren", "leben", "wohnen", "saßen", "sitzen", "reisten", "sie"}))
+    return std::nullopt;
+  return Phrase{i + 1, OrdinalWords(*number, "")};
+}
+
 bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& number) {
   const std::size_t next = tokens.Skip(number.end);
   if (next == number.end) return false;
@@ -515,6 +538,10 @@ Found YearAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2)) return std::nullopt;
   if (i > 0 && tokens.Is(i - 1, "/") && number->value < 1900) return std::nullopt;
+  // Trains, flights and standards.
+  if (IsOneOf(tokens.WordBefore(i), {"LH", "ICE", "IC", "EC", "RE", "RB", "RTX", "GTX", "ISO", "DIN",
+                                     "EN", "IEC", "EW", "AF", "BA", "UA", "KL",  "FR",  "LX",  "OS"}))
+    return std::nullopt;
   if (CountsSomething(tokens, i, *number)) return std::nullopt;
   return Phrase{i + 1, YearWords(number->value)};
 }
@@ -534,7 +561,7 @@ Found TimesAt(const Tokens& tokens, std::size_t i) {
   const auto number = DigitsAt(tokens, i, 3);
   if (!number || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t at = tokens.Skip(i + 1);
-  const bool times = tokens.Is(at, "x") || tokens.Is(at, "×");
+  const bool times = tokens.Is(at, "x") || tokens.Is(at, "×") || (*number == 1 && tokens.Is(at, "mal"));
   if (!times || !tokens.FreeBehind(at) || tokens.IsNumber(tokens.Skip(at + 1))) return std::nullopt;
   return Phrase{at + 1, CardinalWords(*number, "ein") + "mal"};
 }
@@ -554,7 +581,7 @@ Found TimesSpanAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&TimesSpanAt, &TimesAt, &OneNounAt, &YearAt, &LongNumberAt}) {
+  for (const auto reading : {&TogetherAt, &TimesSpanAt, &TimesAt, &OneNounAt, &YearAt, &LongNumberAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;
@@ -564,6 +591,8 @@ Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
 Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
+  if (const auto number = NumberAt(tokens, i); number && !number->IsWhole())
+    return Phrase{number->end, NumberText(*number)};
   return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
 }
 
@@ -657,7 +686,7 @@ Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
   const auto number = NumberAt(tokens, i);
   if (!number || !tokens.FreeBefore(i) || (number->grouped && tokens.IsBlank(i + 1))) return std::nullopt;
   std::size_t part = number->end;
-  const bool dash = tokens.IsDashAt(part);
+  const bool dash = tokens.Is(part, "-") || tokens.Is(part, "‑");
   if (dash) ++part;
   const auto word = tokens.View(part);
   if (!tokens.IsWord(part) || !IsAdjectivePart(word, dash || word == "mal") || tokens.Is(part + 1, "-"))
@@ -666,6 +695,16 @@ Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
   if (!number->IsWhole()) return Phrase{part + 1, words + "-" + std::string(word)};
   if (IsUpperWord(word)) words = WithUpperStart(words);
   return Phrase{part + 1, words + WithLowerStart(word)};
+}
+
+// "6–12-Jährige", "50-60-mal".
+Found PartSpanAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 4);
+  if (!number || !tokens.FreeBefore(i) || !tokens.IsDashAt(i + 1)) return std::nullopt;
+  auto part = AdjectivePartAt(tokens, i + 2);
+  if (!part) return std::nullopt;
+  part->words = CardinalWords(*number) + " bis " + part->words;
+  return part;
 }
 
 // "2- bis 3-mal", "3-, 4- und 5-fach": a number with a dash that waits for its word.
@@ -731,8 +770,8 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found GluedAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DecadeAt, &PercentPartAt, &AdjectivePartAt, &WaitingPartAt, &FractionCompoundAt,
-                             &SignCompoundAt, &CompoundAt}) {
+  for (const auto reading : {&DecadeAt, &PercentPartAt, &PartSpanAt, &AdjectivePartAt, &WaitingPartAt,
+                             &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -13,11 +13,11 @@ constexpr std::size_t kMostPhoneDigits = 16;
 
 // Behind these long numbers are said digit by digit.
 bool IsCodeWord(std::string_view word) {
-  return HasSuffix(
-      word,
-      {"nummer",   "Nummer", "ID",    "Nr",   "nr",           "Kunde",    "SN",      "Konto", "konto",
-       "PIN",      "TAN",    "Code",  "code", "Aktenzeichen", "zeichen",  "RE",      "BLZ",   "Bankleitzahl",
-       "Postfach", "IK",     "Depot", "KdNr", "Kennung",      "Mitglied", "Vertrag", "Az"});
+  return HasSuffix(word,
+                   {"nummer",  "Nummer",  "ID",       "Nr",           "nr",       "Kunde", "SN",
+                    "Konto",   "konto",   "PIN",      "TAN",          "Code",     "code",  "Aktenzeichen",
+                    "zeichen", "RE",      "BLZ",      "Bankleitzahl", "Postfach", "IK",    "Depot",
+                    "KdNr",    "Kennung", "Mitglied", "Vertrag",      "Az",       "Kto",   "StNr"});
 }
 
 bool IsPhoneWord(std::string_view word) {
@@ -46,7 +46,7 @@ bool IsPhoneWord(std::string_view word) {
                         "M",
                         "Zentrale",
                         "Mobilnummer",
-                        "Nummer",
+
                         "erreichen",
                         "erreichbar",
                         "Bereitschaftsdienst"});
@@ -78,7 +78,8 @@ struct DigitGroups {
 };
 
 bool PartsPhoneGroups(const Tokens& tokens, std::size_t i) {
-  return tokens.IsBlank(i) || tokens.IsDashAt(i) || IsOneOf(tokens.View(i), {"/", "(", ")", "."});
+  if (tokens.Is(i, "(")) return tokens.Is(i + 1, "0") && tokens.Is(i + 2, ")");
+  return tokens.IsBlank(i) || tokens.IsDashAt(i) || IsOneOf(tokens.View(i), {"/", ")", "."});
 }
 
 DigitGroups ReadGroups(const Tokens& tokens, std::size_t i, std::size_t most) {
@@ -115,7 +116,7 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
   const bool zero = tokens.View(at).front() == '0';
   const bool named = PhoneWordBefore(tokens, i);
   if (!plus && !zero && !named) return std::nullopt;
-  if (!zero && !plus && tokens.Is(at + 1, ".")) return std::nullopt;
+  if (!zero && !plus && tokens.Is(at + 1, ".") && tokens.IsNumber(at + 2)) return std::nullopt;
   const DigitGroups groups = ReadGroups(tokens, at, kMostPhoneDigits);
   if (!FollowsAsPhone(tokens, groups.end)) return std::nullopt;
   const std::size_t least = named ? 3 : (groups.groups == 1 ? kLeastPhoneDigits + 1 : kLeastPhoneDigits);
@@ -125,6 +126,14 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
   if (!named && zero && groups.groups > 1 && tokens.View(at).size() < 3 && !tokens.Is(at, "00"))
     return std::nullopt;
   return Phrase{groups.end, words + groups.words};
+}
+
+// "Fax -68": what is dialled behind the number before.
+Found ExtensionAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsDashAt(i) || !tokens.IsNumber(i + 1, 1, 4) || !PhoneWordBefore(tokens, i))
+    return std::nullopt;
+  if (i == 0 || !tokens.IsBlank(i - 1) || !tokens.FreeBehind(i + 1)) return std::nullopt;
+  return Phrase{i + 2, DigitWords(tokens.View(i + 1))};
 }
 
 // "Notruf 112", "die 110".
@@ -192,7 +201,7 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
   std::size_t digits = 0;
   std::size_t end = i;
   for (std::size_t at = i; tokens.IsNumber(at) && digits < 30;) {
-    words += (words.empty() ? "" : (tokens.IsBlank(at - 1) ? ", " : " ")) + DigitWords(tokens.View(at));
+    words += (words.empty() ? "" : " ") + DigitWords(tokens.View(at));
     digits += tokens.View(at).size();
     end = ++at;
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
@@ -231,7 +240,8 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
   }
   const bool named = tokens.Before(i) != Tokens::kNone &&
                      (IsOneOf(tokens.WordBefore(i), {"IBAN"}) || tokens.Is(tokens.Before(i), ":"));
-  if (digits.size() < 16 && !(named && digits.size() >= 10)) return std::nullopt;
+  const bool whole = tokens.View(i + 1).size() >= 9;  // "DE123456789" of a tax number
+  if (digits.size() < 16 && !whole && !(named && digits.size() >= 10)) return std::nullopt;
   std::string words{country[0], ' ', country[1]};
   words += ' ' + DigitWords(std::string_view(digits).substr(0, 2));
   for (std::size_t at = 2; at < digits.size(); at += 4)
@@ -240,7 +250,8 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found CodeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&IsbnAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
+  for (const auto reading :
+       {&IsbnAt, &ExtensionAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -274,10 +274,12 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(next, "von") || tokens.Is(next, "ab")) next = tokens.Skip(next + 1);
   const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
   const bool listed = i > 0 && IsOneOf(tokens.View(tokens.Before(i)), {",", ";", "|"});
+  const bool small = point && tokens.IsWord(next) && !tokens.IsCapital(next) && next > day->second;
   const bool opening =
-      (point || (listed && tokens.Is(next, "geschlossen"))) &&
-      IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
-                                  "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"});
+      small ||
+      ((point || (listed && tokens.Is(next, "geschlossen"))) &&
+       IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
+                                   "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"}));
   const bool am = opening || IsOneOf(tokens.WordBefore(i),
                                      {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden",
                                       "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
@@ -320,6 +322,12 @@ Found MonthNameAt(const Tokens& tokens, std::size_t i) {
 }
 
 }  // namespace
+
+Found DayWithEnding(const Tokens& tokens, std::size_t i, std::string_view ending) {
+  const auto shape = DateShapeAt(tokens, i);
+  if (!shape) return std::nullopt;
+  return DatePhrase(tokens, *shape, ending);
+}
 
 Found DateAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &MonthOfYearAt}) {

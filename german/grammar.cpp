@@ -75,8 +75,31 @@ std::string OneForms(const Tokens& tokens, std::size_t one, std::size_t adjectiv
   return OneBefore(tokens, one, noun + 1, AgreementOf(NounOf(tokens.View(noun))));
 }
 
+// Prepositions that are cut short, and what they mean before a number or noun.
+std::string_view WholeWord(std::string_view word) {
+  struct Short {
+    std::string_view written;
+    std::string_view spoken;
+  };
+  constexpr Short kShort[] = {{"v", "vom"},    {"f", "für"},        {"m", "mit"},
+                              {"n", "nach"},   {"b", "bei"},        {"zw", "zwischen"},
+                              {"lt", "laut"},  {"gem", "gemäß"},    {"innerh", "innerhalb"},
+                              {"wg", "wegen"}, {"ggü", "gegenüber"}};
+  for (const Short& one : kShort) {
+    if (one.written == word) return one.spoken;
+  }
+  return word;
+}
+
+// Over the point of "ca." to the word itself.
+std::size_t OverPoint(const Tokens& tokens, std::size_t at) {
+  if (at == Tokens::kNone || at == 0 || !tokens.Is(at, ".") || !tokens.IsWord(at - 1)) return at;
+  const auto word = tokens.View(at - 1);
+  return WholeWord(word) != word || IsDegreeWord(word) ? at - 1 : at;
+}
+
 Governor GovernorOf(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.Before(i);
+  std::size_t at = OverPoint(tokens, tokens.Before(i));
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     if (const std::size_t joined = SkipJoinedOrdinal(tokens, at); joined != at) {
       at = joined;
@@ -87,7 +110,8 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
       return {Kind::Indefinite, OneForms(tokens, at, i), std::nullopt};
     if (!tokens.IsWord(at)) return {};
     const std::string_view written = tokens.View(at);
-    const std::string word = WithLowerStart(written);
+    const std::string word =
+        tokens.Is(at + 1, ".") ? std::string(WholeWord(written)) : WithLowerStart(written);
     // A capital inside a sentence is that of a noun or name: "Mein" of a title aside.
     if (IsUpperWord(written) && !tokens.OpensClause(at) &&
         !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
@@ -98,7 +122,7 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
     }
     if (const auto asked = CaseOfPreposition(word)) return {Kind::None, word, asked};
     if (IsUpperWord(written) || !LooksLikeAdjective(word) || IsVerb(word)) return {};
-    at = tokens.Before(at);
+    at = OverPoint(tokens, tokens.Before(at));
   }
   return {};
 }
@@ -141,8 +165,8 @@ std::string_view EndingOfDeterminer(std::string_view word) {
   return *EndingBehind(kEinStems, word);
 }
 
-constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um", "bis",
-                                                        "pro", "per",   "je",    "à",    "via"};
+constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um",
+                                                        "bis", "pro",   "per",   "à",    "via"};
 constexpr std::string_view kDativePrepositions[] = {
     "aus",       "bei",    "mit",      "nach",  "seit",  "von",  "zu",           "ab",       "außer",
     "gegenüber", "binnen", "gemäß",    "samt",  "nebst", "in",   "an",           "auf",      "vor",
@@ -157,29 +181,47 @@ bool MeasuresWith(std::string_view preposition) {
 }
 
 std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.WordIndexBefore(i);
-  for (int step = 0; step < 4 && at != Tokens::kNone; ++step) {
+  std::size_t at = OverPoint(tokens, tokens.Before(i));
+  for (int step = 0; step < 4 && at != Tokens::kNone && tokens.IsWord(at); ++step) {
     const std::string word = WithLowerStart(tokens.View(at));
-    if (CaseOfPreposition(word)) return at;
+    if (CaseOfPreposition(WholeWord(word)) || WholeWord(word) == "vom") return at;
     if (!IsDegreeWord(word)) return Tokens::kNone;
-    at = tokens.WordIndexBefore(at);
-    if (at == Tokens::kNone) return at;
+    at = OverPoint(tokens, tokens.Before(at));
   }
   return Tokens::kNone;
 }
 
+// A small word of no closed class: a verb, an adverb, an adjective.
+bool MayBeVerb(std::string_view word) {
+  return !IsUpperWord(word) && word.size() > 2 && !StartsSentences(WithUpperStart(word)) &&
+         !IsDegreeWord(word) && KindOfDeterminer(word) == Kind::None && !CaseOfPreposition(word);
+}
+
+// "Reserviere 1 Tisch": an order, or what a buyer or seller writes.
+bool IsOrder(std::string_view word) {
+  return HasSuffix(word, {"e", "en"}) && !StartsSentences(word) && !NounOf(word).whole;
+}
+
 // The verb of the clause asks for an object: a subject has been there, or it is an order.
-bool VerbAsksForObject(const Tokens& tokens, std::size_t i) {
+bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
   std::size_t at = tokens.Before(i);
+  bool subject = false;
+  bool verb = false;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     const bool list = tokens.Is(at, ",") && tokens.IsNumber(at + 2);
     if (!list && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","})) return false;
     const std::string word = WithLowerStart(tokens.View(at));
     if (IsLinkingVerb(word)) return false;
     if (TakesObject(word)) return true;
-    at = tokens.Before(at);
+    const std::size_t before = tokens.Before(at);
+    const bool named = before == Tokens::kNone || !CaseOfPreposition(tokens.View(before));
+    if (anyVerb && tokens.IsCapital(at) && before == Tokens::kNone && IsOrder(tokens.View(at))) return true;
+    subject = subject || (tokens.IsCapital(at) && named && !StartsSentences(tokens.View(at)));
+    subject = subject || tokens.Is(at, "Sie");
+    verb = verb || (tokens.IsWord(at) && MayBeVerb(tokens.View(at)));
+    at = before;
   }
-  return false;
+  return anyVerb && subject && verb;
 }
 
 // "1 Teelöffel Salz zugeben", "1 m lang".
@@ -274,7 +316,7 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
-  if (!governor.byPreposition && VerbAsksForObject(tokens, i)) asked = Case::Accusative;
+  if (!governor.byPreposition && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;
   return StrongEnding(asked, noun);
 }
 
@@ -288,7 +330,9 @@ bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
 }
 
 Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first) {
-  const std::string word = WithLowerStart(tokens.View(preposition));
+  const std::string small = WithLowerStart(tokens.View(preposition));
+  const std::string word(WholeWord(small));
+  if (word == "vom") return Case::Dative;
   // "bis zu 1 Liter", "über 1 Meter".
   if (MeasuresWith(word)) return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});
@@ -328,7 +372,8 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))
     return Case::Accusative;
   if (IsExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
-  if (VerbAsksForObject(tokens, first) || InfinitiveEnds(tokens, first, behind)) return Case::Accusative;
+  if (VerbAsksForObject(tokens, first, true) || InfinitiveEnds(tokens, first, behind))
+    return Case::Accusative;
   return Case::Nominative;
 }
 

@@ -114,6 +114,17 @@ Noun FromForm(unsigned form) {
 
 }  // namespace
 
+bool IsNounFrom(std::string_view word, std::size_t latest) {
+  if (word.empty() || word.size() > kLongestWord) return false;
+  if (LookUp(word) != 0) return true;
+  std::size_t at = CharacterAt(word, 0).length;
+  for (int letters = 1; at < word.size() && at <= latest; ++letters) {
+    if (letters >= 3 && LookUp(WithUpperStart(word.substr(at))) != 0) return true;
+    at += CharacterAt(word, at).length;
+  }
+  return false;
+}
+
 Noun NounOf(std::string_view word) {
   if (word.empty() || word.size() > kLongestWord) return {};
   unsigned form = LookUp(word);

@@ -23,4 +23,7 @@ struct Noun {
 // Takes a capitalised word of any length; the lexicon's table is unpacked at the first call. Thread-safe.
 [[nodiscard]] Noun NounOf(std::string_view word);
 
+// The word, or a last part of it that begins not behind this byte, stands in the lexicon.
+[[nodiscard]] bool IsNounFrom(std::string_view word, std::size_t latest);
+
 }  // namespace lorelin

@@ -66,6 +66,8 @@ std::string OrdinalWords(std::uint64_t number, std::string_view ending) {
     constexpr std::array<std::string_view, 9> kOdd{"", "erst", "", "dritt", "", "", "", "siebt", "acht"};
     if (number > 100) stem = CardinalWords(number - last);
     stem += kOdd[last];
+  } else if (number == 100 || number == 1000) {
+    stem = number == 100 ? "hundertst" : "tausendst";
   } else {
     stem = CardinalWords(number) + (last > 0 && last < 20 ? "t" : "st");
   }

@@ -72,7 +72,9 @@ std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
 }
 
 bool BecomesOne(const Tokens& tokens, std::size_t i) {
-  return VerbOfRank(tokens, i) != Tokens::kNone;
+  constexpr std::uint64_t kLastRank = 15;  // more is rather an age
+  return DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank &&
+         VerbOfRank(tokens, i) != Tokens::kNone;
 }
 
 // "Dritter", "Dritte", "drittes" of the children.
@@ -159,6 +161,12 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   return BeforeNounAlone(tokens, i, next);
 }
 
+// "3., überarb. Aufl.".
+bool EditionFollows(const Tokens& tokens, std::size_t i) {
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(i));
+  return noun != Tokens::kNone && IsOneOf(tokens.View(noun), {"Auflage", "Aufl", "Ausgabe", "Ausg"});
+}
+
 // "2.OG", "der 1., 2. und 3. Platz", "(am 3.)".
 PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (value >= kYears) return PointMeaning::Sentence;
@@ -167,7 +175,8 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
                                                               : PointMeaning::Sentence;
   if (JoinedOrdinalBehind(tokens, i + 2) != Tokens::kNone) return PointMeaning::Ordinal;
   if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
-    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i);
+    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i) ||
+                     EditionFollows(tokens, i + 3);
     return one && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
   return PointMeaning::Sentence;
@@ -200,6 +209,7 @@ std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
     if (joined == Tokens::kNone) break;
     next = tokens.Skip(joined + 2);
   }
+  if (tokens.Is(next, ",") && EditionFollows(tokens, next + 1)) next = tokens.Skip(next + 1);
   return NounBehind(tokens, next);
 }
 
@@ -208,6 +218,14 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   const auto word = tokens.View(noun);
   Agreement agreement = AgreementOf(NounOf(word));
   if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
+  if (IsOneOf(word,
+              {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Abt", "Mannsch", "BL"}))
+    return {Gender::Feminine, false, false, true};
+  if (IsOneOf(word, {"Bd", "Abs", "Jg", "Jahrg", "Tg", "Art"}))
+    return {Gender::Masculine, false, false, true};
+  if (IsOneOf(word, {"Kap", "Qu", "Sem", "Lj", "Obergesch"})) return {Gender::Neuter, false, false, true};
+  if (word == "Jh" || word == "Jhd" || word == "Jhdt" || word == "Jt")
+    return {Gender::Neuter, false, false, true};
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
   if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN")
     return {Gender::Masculine, false, false, true};
@@ -363,6 +381,7 @@ bool IsRulersName(std::string_view name) {
 
 // "Ludwigs", but not "Johannes" or "Pius".
 bool IsGenitiveName(std::string_view name) {
+  if (name.ends_with("as") && IsWomansName(name) && !IsOneOf(name, {"Thomas"})) return true;
   return name.ends_with('s') && !HasSuffix(name, {"us", "es", "as", "is", "os", "James", "Louis"});
 }
 
@@ -451,7 +470,8 @@ bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
   const std::size_t next = tokens.Skip(i + 2);
   if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
-  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
+  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) &&
+      (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
     return !StartsSentenceAt(tokens, next);
   return RulerBefore(tokens, i) != Tokens::kNone;
 }
@@ -469,7 +489,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
     return RomanSpan(tokens, i, value);
   const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
-  if (ordinal && IsPlainRoman(tokens.View(i)) && HasDeterminer(tokens, i))
+  if (ordinal && IsPlainRoman(tokens.View(i)) &&
+      (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
     return Phrase{i + 2,
                   OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;

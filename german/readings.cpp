@@ -19,6 +19,25 @@ bool HasNounOrGovernor(const Tokens& tokens, std::size_t i, std::size_t noun) {
   return noun != Tokens::kNone || HasDeterminer(tokens, i);
 }
 
+bool LooksLikeWomansName(std::string_view name) {
+  if (HasSuffix(name, {"a",       "ine",    "anne",   "ike",    "ilde",  "trud",  "beth",  "lie",
+                       "rie",     "ette",   "ute",    "Ute",    "Heide", "Silke", "Anke",  "Antje",
+                       "Imke",    "Birgit", "Ingrid", "Astrid", "Doris", "Iris",  "Karin", "Katrin",
+                       "Kerstin", "Carmen", "Ellen",  "Susann", "Marion"}))
+    return !IsOneOf(name, {"Luca", "Joshua", "Noah", "Sascha", "Mika"});
+  return false;
+}
+
+// "Diplomingenieurin" before a woman's name or behind "Frau".
+std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::string title) {
+  const bool woman = IsOneOf(tokens.WordBefore(i), {"Frau", "Architektin", "Gutachterin"}) ||
+                     LooksLikeWomansName(tokens.View(tokens.Skip(end)));
+  if (!woman) return title;
+  if (title.ends_with('e')) title.pop_back();
+  if (title.ends_with("kaufmann")) return title.substr(0, title.size() - 4) + "frau";
+  return title + "in";
+}
+
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbreviation& found) {
   std::string words(found.abbreviation->spoken);
@@ -43,6 +62,15 @@ bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
   return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
 }
 
+// "Deutsch u. a. Sprachen": between a noun and many others.
+bool JoinsPlural(const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t before = tokens.WordIndexBefore(i);
+  const std::size_t next = tokens.Skip(end);
+  if (before == Tokens::kNone || !tokens.IsCapital(before) || !tokens.IsCapital(next)) return false;
+  const Noun noun = NounOf(tokens.View(next));
+  return noun.known && noun.plural && !noun.singular;
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
@@ -52,8 +80,10 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
     words = WithNameOf(tokens, i, std::string_view(words).substr(4, words.size() - 5));
   // At its end "u. a." is no more than what has been told.
   if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
+  if (written == "u. a." && JoinsPlural(tokens, i, found->end)) words = "und andere";
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
+  if (words.starts_with("Diplom") && words.size() > 8) words = ForWoman(tokens, i, found->end, words);
   if (found->capital) words = WithUpperStart(words);
   const bool keepsPoint = found->EndsWithPoint() && tokens.IsLast(found->end - 1);
   return Phrase{keepsPoint ? found->end - 1 : found->end, words};
@@ -78,6 +108,12 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
   const auto per = PerAt(tokens, i);
   if (!per) return std::nullopt;
   return Phrase{per->end, per->words};
+}
+
+Found CutNounPhraseAt(const Tokens& tokens, std::size_t i) {
+  auto cut = CutNounAt(tokens, i);
+  if (!cut) return std::nullopt;
+  return Phrase{cut->end, std::move(cut->words)};
 }
 
 Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
@@ -127,6 +163,7 @@ constexpr Reading kOfWords[] = {&AddressAt,
                                 &AbbreviationPhraseAt,
                                 &StreetPhraseAt,
                                 &CutAdjectivePhraseAt,
+                                &CutNounPhraseAt,
                                 &CurrencyFirstAt,
                                 &LoneUnitAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,

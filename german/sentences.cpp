@@ -3,6 +3,7 @@
 #include "german/abbreviations.h"
 #include "german/dates.h"
 #include "german/grammar.h"
+#include "german/nouns.h"
 #include "german/ordinals.h"
 #include "german/units.h"
 
@@ -93,7 +94,9 @@ class SentenceReader {
     const bool initial = word.size() <= 2 && IsUpperWord(word) && tokens_.FreeBefore(i - 1);
     const std::size_t next = AfterGaps(behind);
     // "App. 214", "op. 27": a short word before a number is rather an abbreviation than the end.
-    if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 && IsRatherShortened(word)) return 0;
+    if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 &&
+        (IsRatherShortened(word) || IsOftenShortened(word)) && !NounOf(word).whole)
+      return 0;
     if (initial && !tokens_.IsLast(i) && tokens_.Kind(behind) == TokenKind::Blank && tokens_.IsCapital(next))
       return StartsSentences(tokens_.View(next)) && tokens_.View(next).size() > 1 ? WithGaps(behind) : 0;
     return WithGaps(behind);
@@ -105,13 +108,18 @@ class SentenceReader {
     if (const auto found = AbbreviationAt(tokens_, i)) {
       end = found->end;
       ending = found->abbreviation->ending;
-      if (!found->EndsWithPoint()) end = 0;
+      if (!tokens_.Is(end - 1, ".")) {
+        covered_ = end;
+        return 0;
+      }
     } else if (const auto street = StreetAt(tokens_, i)) {
       end = street->end;
       ending = Ending::Starter;
     } else if (const auto cut = CutAdjectiveAt(tokens_, i)) {
       end = cut->end;
       ending = Ending::Noun;
+    } else if (const auto noun = CutNounAt(tokens_, i)) {
+      end = noun->end;
     }
     if (end == 0) return EndBehindRoman(i);
     return EndBehindAbbreviation(end, ending);

@@ -65,6 +65,7 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
     if (IsOneOf(one.sign, {"·", "="}) &&
         (tokens.Before(i) == Tokens::kNone || !(compares || tokens.IsNumber(tokens.Before(i)))))
       return std::nullopt;
+    if (one.sign == "<" && tokens.Is(i + 1, "3") && tokens.IsGap(i + 2)) return Phrase{i + 2, "Herz"};
     if (IsOneOf(one.sign, {"<", ">"})) {
       if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "=", "<", ">"})) return std::nullopt;
       // The sign of a quoted line.
@@ -96,7 +97,8 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
   if (born && i > 0 && tokens.Before(i) != Tokens::kNone && tokens.IsNumber(tokens.Before(i)))
     return std::nullopt;
   std::string words = born ? "geboren" : "gestorben";
-  if (DateShapeAt(tokens, next)) words += " am";
+  if (const auto day = DayWithEnding(tokens, next, "en"))
+    return Phrase{day->end, WithGaps(tokens, i, words) + (tokens.IsGap(i + 1) ? " am " : "am ") + day->words};
   return Phrase{i + 1, WithGaps(tokens, i, words)};
 }
 

@@ -136,6 +136,11 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
                          : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
   if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0)
     return Phrase{end, ClockWords(*clock)};
+  const bool named =
+      IsOneOf(tokens.WordBefore(i), {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass",
+                                     "Rückkehr", "Anpfiff", "um", "Um", "gegen", "Gegen"});
+  if (named && clock->minute && tokens.FreeBehind(clock->end - 1))
+    return Phrase{clock->end, ClockWords(*clock)};
   return std::nullopt;
 }
 
@@ -161,6 +166,21 @@ std::optional<Duration> DurationDigitsAt(const Tokens& tokens, std::size_t i) {
 
 std::string PartWords(std::uint64_t value, std::string_view singular) {
   return CardinalWords(value, "eine") + " " + std::string(singular) + (value == 1 ? "" : "n");
+}
+
+// "1:02,34 min": minutes and seconds with their parts.
+Found RaceTimeAt(const Tokens& tokens, std::size_t i) {
+  const auto minutes = DigitsAt(tokens, i, 2);
+  if (!minutes || !tokens.FreeBefore(i) || !tokens.Is(i + 1, ":") || !SixtiethAt(tokens, i + 2) ||
+      !tokens.Is(i + 3, ","))
+    return std::nullopt;
+  if (!tokens.IsNumber(i + 4, 1, 3) || !tokens.FreeBehind(i + 4)) return std::nullopt;
+  const std::string words = PartWords(*minutes, "Minute") + " " + CardinalWords(*SixtiethAt(tokens, i + 2)) +
+                            " Komma " + DigitWords(tokens.View(i + 4)) + " Sekunden";
+  const auto unit = UnitAt(tokens, tokens.Skip(i + 5));
+  if (!unit || unit->singular != "Minute") return Phrase{i + 5, words};
+  const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
+  return Phrase{last ? unit->end - 1 : unit->end, words};
 }
 
 // "1:45:30 Std.", "2:15 h", "12:30 min".
@@ -271,7 +291,7 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found TimeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
+  for (const auto reading : {&RaceTimeAt, &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   if (auto score = ScoreAt(tokens, i)) return score;

@@ -124,7 +124,7 @@ constexpr std::array kUnits{
     UnitName{"Pck", "Päckchen", "Päckchen", kN, Point::Maybe},
     UnitName{"Päck", "Päckchen", "Päckchen", kN, Point::Always},
     UnitName{"P", "Päckchen", "Päckchen", kN, Point::Always},
-    UnitName{"Pkt", "Päckchen", "Päckchen", kN, Point::Always},
+    UnitName{"Pkt", "Punkt", "Punkte", kM, Point::Always, "Punkten"},
     UnitName{"Pkg", "Packung", "Packungen", kF, Point::Always},
     UnitName{"Pack", "Packung", "Packungen", kF, Point::Always},
     UnitName{"Stk", "Stück", "Stück", kN, Point::Maybe},
@@ -271,6 +271,11 @@ std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
     if (found->second.point == Point::Always && !point) continue;
     Unit unit = FromEntry(found->second, point ? end + 1 : end);
     unit.endsWithPoint = point;
+    // "1 Pkt. Backpulver".
+    if (view == "Pkt" && tokens.IsCapital(tokens.Skip(unit.end)) && tokens.IsBlank(unit.end)) {
+      unit.singular = unit.plural = unit.dativePlural = "Päckchen";
+      unit.gender = kN;
+    }
     unit.doubtfulPoint = point && !IsUpperWord(view);
     return unit;
   }

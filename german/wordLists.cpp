@@ -33,7 +33,7 @@ bool IsDegreeWord(std::string_view word) {
       "nur etwa ca circa zirka rund knapp gut fast genau mindestens höchstens maximal minimal max mind min "
       "je jeweils noch "
       "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
-      "exakt ganz "
+      "exakt ganz spätestens frühestens einschließlich "
       "mehr als zu");
   return words.Has(word);
 }
@@ -44,7 +44,10 @@ bool IsLinkingVerb(std::string_view word) {
       "kommt kam heißt "
       "folgt reicht genügt gilt gelten befindet befinden sei wäre existiert passt gehört entsteht verbleibt "
       "lautet "
-      "entspricht entsprechen");
+      "entspricht entsprechen stand standen saß sitzt lag hängt hing lebt wohnt arbeitet wächst beginnt "
+      "begann endet endete klingelt klingelte "
+      "passierte geschah erschien erscheint dazu gesucht starb stirbt scheint schien spielt mitspielt singt "
+      "tritt trat");
   return words.Has(word);
 }
 
@@ -88,7 +91,9 @@ bool IsOrdinalWord(std::string_view word) {
 
 bool IsNumberedHead(std::string_view noun) {
   static const Words words(
-      "Klasse Vorsitzender Vorsitzende Vorsitzenden Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
+      "Szene Olympiade Jahrestag Aufl Ausg Kl Bd Kap HZ Qu Sem Lj Jh Jhd Jhdt Jahrh Jt Klasse Vorsitzender "
+      "Vorsitzende Vorsitzenden "
+      "Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
       "Preis Rang Liga Bundesliga Kreisliga Regionalliga "
       "Landesliga Advent Weltkrieg Weltkriegs Weltkrieges Auflage Stock Stockwerk Etage Obergeschoss "
       "Untergeschoss OG UG Halbzeit Quartal "

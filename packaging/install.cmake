@@ -2,7 +2,7 @@ if(WIN32)
   # One folder that can lie anywhere.
   install(TARGETS lorelin XMGR lorelin-abkuerzungen RUNTIME DESTINATION .)
   install(FILES packaging/vts.ico LICENSE packaging/windows/THIRD-PARTY.txt DESTINATION .)
-  install(DIRECTORY hypertext packaging/scripts DESTINATION .)
+  install(DIRECTORY hypertext packaging/scripts LICENSES DESTINATION .)
   return()
 endif()
 
@@ -17,3 +17,4 @@ if(TARGET lorelin)
 endif()
 install(FILES packaging/vts.ico DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin)
 install(DIRECTORY hypertext packaging/scripts DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin)
+install(DIRECTORY LICENSES DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lorelin)

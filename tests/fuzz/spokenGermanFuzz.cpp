@@ -1,7 +1,10 @@
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "german/characters.h"
 #include "german/sentences.h"
 #include "german/spokenGerman.h"
 
@@ -15,10 +18,9 @@ void Hold(bool condition) {
 std::vector<std::string_view> Characters(std::string_view text) {
   std::vector<std::string_view> pieces;
   for (std::size_t at = 0; at < text.size();) {
-    std::size_t end = at + 1;
-    while (end < text.size() && lorelin::CountCharacters(text.substr(at, end + 1 - at)) == 1) ++end;
-    pieces.push_back(text.substr(at, end - at));
-    at = end;
+    const std::size_t length = lorelin::CharacterAt(text, at).length;
+    pieces.push_back(text.substr(at, length));
+    at += length;
   }
   return pieces;
 }
