@@ -91,18 +91,19 @@ void ModSpeak::OnExportAvailable(std::function<void(bool)> handler) {
 
 void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, bool filter) {
   if (parts_.startup.loadingInProgress) return;
+  bool started = false;
   try {
     const Counted preparing(preparing_);
-    PrepareAndStart(text, waveFile, filter);
+    started = PrepareAndStart(text, waveFile, filter);
   } catch (...) {
     if (preparing_ == 0) wish_.reset();
     throw;
   }
   if (preparing_ == 0) ServeWishes();
-  if (wait) WaitForEnd();
+  if (wait && started) WaitForEnd();
 }
 
-void ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, bool filter) {
+bool ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, bool filter) {
   const int stops = stops_;
   if (waveFile == kKeepWaveFile) {
     parts_.pump.RunPendingEvents();
@@ -111,7 +112,7 @@ void ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, b
   }
   if (filter) {
     std::optional<std::string> filtered = parts_.extensions.FilterText(text);
-    if (!filtered) return;
+    if (!filtered) return false;
     text = std::move(*filtered);
   }
   if (WithoutBlanks(text).empty()) text = parts_.document.Text();
@@ -125,8 +126,12 @@ void ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, b
   AllowExport(false);
   parts_.pump.RunPendingEvents();
   // Who stopped it meanwhile does not want to hear it.
-  if (stops == stops_) return StartBoth(text);
+  if (stops == stops_) {
+    StartBoth(text);
+    return true;
+  }
   if (!rendering_) AllowExport(true);
+  return false;
 }
 
 void ModSpeak::StartBoth(const std::string& text) {

@@ -117,7 +117,8 @@ class ModSpeak {
   void ApplyVoice(DirectSS& instance);
   void ApplyParameters(DirectSS& instance);
   void CopyParameters();
-  void PrepareAndStart(std::string& text, const std::string& waveFile, bool filter);
+  // False when the user stopped it before it began.
+  [[nodiscard]] bool PrepareAndStart(std::string& text, const std::string& waveFile, bool filter);
   void StartBoth(const std::string& text);
   void WaitForEnd();
   void ShowPauseHintOnce();

@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
   FakeDocumentEditor editor(calls);
   FakeFileDialogs dialogs;
   FakeMessageBoxes boxes;
+  FakeStatusBar statusBar;
   FakeEventPump pump;
   AtomicFileWriter files;
   ModAddin extensions(registry, files, automation, log);
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
                        .fileDialogs = dialogs,
                        .files = files,
                        .messageBoxes = boxes,
+                       .statusBar = statusBar,
                        .pump = pump,
                        .extensions = extensions,
                        .log = log});

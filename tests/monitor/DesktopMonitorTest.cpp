@@ -48,6 +48,7 @@ TEST_F(Monitor, ReadsTheDocumentWhenTheClipboardIsEmptied) {
 }
 
 TEST_F(Monitor, SaysNothingOfTheMarkOfAChangeInTheProgramsOwnTitle) {
+  Set(setting::SpellOut, "0");
   EXPECT_EQ(Bring("brief.txt – Lorelin"), "brief.txt – Lorelin");
   EXPECT_EQ(Bring("• brief.txt – Lorelin"), "-");
   EXPECT_EQ(Bring("• Lorelin"), "Lorelin");

@@ -52,6 +52,7 @@ class Example : public ScriptFixture {
   };
 
   Example() {
+    Set(setting::SpellOut, "0");  // the texts as they are written
     pump.onTurn = [this] { Turn(); };
     messageBoxes.onShow = [this] {
       said.push_back(messageBoxes.boxes.back().title + ": " + messageBoxes.boxes.back().text);
