@@ -42,7 +42,7 @@ TEST_F(LongTextForm, LetsEverythingElseHappenWhileALongTextIsLaidOut) {
 TEST_F(LongTextForm, StaysAtWorkWhenTheWidthOrTheSizeIsAnotherOne) {
   form.Editor().SetText(LongText());
   ASSERT_TRUE(WaitUntil([&] { return Height() > kLines * 8.0; }));
-  form.Editor().Zoom(3);
+  form.Editor().SetZoom(3);
   for (int i = 0; i < 3; ++i) pump.RunPendingEvents();
   const double before = Height();
   EXPECT_TRUE(WaitUntil([&] { return Height() > before * 1.2; }));

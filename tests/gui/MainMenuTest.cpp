@@ -153,7 +153,7 @@ TEST_F(FindForm, NeverCoversWhatItFound) {
   std::string text;
   for (int line = 0; line < 60; ++line) text += "Zeile\n";
   form.Editor().SetText(text + "Nadel\n");
-  FrmFind find(&form, form.Editor());
+  FrmFind find(&form, form.Editor(), form.Browser());
   find.Open(false);
   ASSERT_TRUE(WaitUntil([&] { return find.IsShownOnScreen(); }));
   FindControl<wxTextCtrl>(find, "txtWanted").SetValue("Zeile");
