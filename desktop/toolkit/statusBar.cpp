@@ -22,11 +22,11 @@ class LabelledStatusBar final : public wxStatusBar {
  public:
   explicit LabelledStatusBar(wxFrame& frame)
       : wxStatusBar(&frame, wxID_ANY, wxSTB_DEFAULT_STYLE, "StatusBar1") {
-    SetFieldsCount(kFields);
     for (wxStaticText*& label : labels_) {
       label = new wxStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     }
+    SetFieldsCount(kFields);  // arranges them
     labels_[kMessageField]->SetName("message");
     labels_[kNoticeField]->SetName("notice");
     SetMinHeight(labels_[0]->GetBestSize().y);
