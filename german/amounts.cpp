@@ -12,15 +12,6 @@
 namespace lorelin {
 namespace {
 
-Agreement AgreementOf(Gender gender) {
-  return {gender, false, false, true};
-}
-
-// A point that ends the unit and the sentence stays.
-std::size_t EndOfUnit(const Tokens& tokens, std::size_t end) {
-  return tokens.Is(end - 1, ".") && tokens.IsLast(end - 1) ? end - 1 : end;
-}
-
 // What a number of a measure is, with the tokens it stands in.
 struct Quantity {
   std::string words;         // of a number other than one
@@ -150,7 +141,7 @@ Found MoneyAt(const Tokens& tokens, std::size_t i, std::size_t first) {
           ? QuantityWords(tokens, first, end, *quantity, currency->gender) + " " + std::string(currency->name)
           : MoneyWords(tokens, first, end, *quantity, *currency);
   words += PerWords(tokens, end);
-  return Phrase{EndOfUnit(tokens, end), words};
+  return Phrase{tokens.WithoutLastPoint(end), words};
 }
 
 // Measures.
@@ -215,11 +206,11 @@ Found MeasureAt(const Tokens& tokens, std::size_t i, std::size_t first) {
   if (const auto multiple = MultipleAt(tokens, at)) {
     std::size_t end = multiple->end;
     const std::string rest = MultipliedWords(tokens, end);
-    return Phrase{EndOfUnit(tokens, end), MultipleWords(tokens, first, *quantity, *multiple) + rest};
+    return Phrase{tokens.WithoutLastPoint(end), MultipleWords(tokens, first, *quantity, *multiple) + rest};
   }
   const auto unit = UnitAt(tokens, at);
   if (!unit || !IsRealUnit(tokens, first, *quantity, at, *unit)) return std::nullopt;
-  return Phrase{EndOfUnit(tokens, unit->end),
+  return Phrase{tokens.WithoutLastPoint(unit->end),
                 QuantityWords(tokens, first, unit->end, *quantity, unit->gender) + " " +
                     UnitWords(tokens, first, unit->end, *quantity, *unit)};
 }
@@ -302,7 +293,7 @@ Found CurrencyFirstAt(const Tokens& tokens, std::size_t i) {
   const auto quantity = QuantityAt(tokens, at);
   if (!quantity || quantity->number.whole.empty()) return std::nullopt;
   if (const auto multiple = MultipleAt(tokens, tokens.Skip(quantity->end)))
-    return Phrase{EndOfUnit(tokens, multiple->end),
+    return Phrase{tokens.WithoutLastPoint(multiple->end),
                   MultipleWords(tokens, i, *quantity, *multiple) + " " + std::string(currency->name)};
   if (quantity->number.IsYear() && tokens.IsDashAt(quantity->end)) return std::nullopt;
   const std::size_t end = BehindDashes(tokens, quantity->end);
@@ -455,326 +446,6 @@ Found FractionPhraseAt(const Tokens& tokens, std::size_t i) {
   const bool many = fraction->numerator > 1 && CaseAt(tokens, i, fraction->end) == Case::Dative;
   return Phrase{fraction->end, CardinalWords(fraction->numerator, "ein") + " " +
                                    WithUpperStart(OrdinalWords(fraction->denominator, many ? "eln" : "el"))};
-}
-
-namespace {
-
-// "bei 1 von 100 Patienten": one of them.
-Found OneOfMany(const Tokens& tokens, std::size_t i) {
-  std::size_t noun = Tokens::kNone;
-  for (std::size_t at = i + 2; at < i + 12 && noun == Tokens::kNone; ++at) {
-    if (tokens.IsCapital(at)) noun = at;
-  }
-  if (noun == Tokens::kNone) return std::nullopt;
-  const auto word = tokens.View(noun);
-  Agreement agreement = AgreementOf(
-      HasSuffix(word, {"innen", "ungen", "heiten", "keiten", "ionen", "Frauen", "Personen", "Familien"})
-          ? Gender::Feminine
-          : Gender::Masculine);
-  if (HasSuffix(word, {"Kindern", "Kinder", "Häusern", "Ländern", "Jahren", "Jahre"}))
-    agreement.gender = Gender::Neuter;
-  std::string one = OneBefore(tokens, i, i + 1, agreement);
-  if (one == "ein") one = agreement.gender == Gender::Neuter ? "eines" : "einer";
-  return Phrase{i + 1, one};
-}
-
-// "1 Tasse", "mit 1 großen Zwiebel".
-Found OneNounAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.Is(i, "1") || !tokens.IsBlank(i + 1) || !tokens.FreeBefore(i) || LabelBefore(tokens, i))
-    return std::nullopt;
-  if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "»", "–", "•"}))
-    return std::nullopt;
-  if (tokens.Is(i + 2, "von")) return OneOfMany(tokens, i);
-  const std::size_t noun = NounBehind(tokens, i + 2);
-  if (noun == Tokens::kNone || StartsSentences(tokens.View(noun))) return std::nullopt;
-  Agreement agreement = AgreementAt(tokens, noun);
-  if (agreement.known && agreement.plural) return std::nullopt;
-  // Most words that no lexicon knows are masculine; behind another noun the number is its name.
-  if (!agreement.known && (tokens.Before(i) == Tokens::kNone ||
-                           (tokens.IsCapital(tokens.Before(i)) && !tokens.OpensClause(tokens.Before(i)))))
-    return std::nullopt;
-  if (!agreement.known) agreement = AgreementOf(Gender::Masculine);
-  return Phrase{i + 1, OneBefore(tokens, i, noun + 1, agreement)};
-}
-
-// "Wir waren zu 4."
-Found TogetherAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 2);
-  const std::size_t zu = tokens.WordIndexBefore(i);
-  if (!number || *number < 2 || *number > 12 || zu == Tokens::kNone || !tokens.Is(zu, "zu"))
-    return std::nullopt;
-  const bool alone = IsOneOf(tokens.View(i + 1), {".", ",", "!", "?"}) || tokens.IsGap(i + 1);
-  const std::size_t next = tokens.Skip(i + 1);
-  if (!alone || tokens.IsCapital(next) || tokens.IsNumber(next) || tokens.IsNumber(i + 2))
-    return std::nullopt;
-  if (!IsOneOf(tokens.WordBefore(zu),
-               {"waren", "sind", "wir", "gingen", "gehen", "kamen", "kommen", "spielen", "spielten", "fahren",
-                "fuhren", "leben", "wohnen", "saßen", "sitzen", "reisten", "sie"}))
-    return std::nullopt;
-  return Phrase{i + 1, OrdinalWords(*number, "")};
-}
-
-bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& number) {
-  const std::size_t next = tokens.Skip(number.end);
-  if (next == number.end) return false;
-  if (UnitAt(tokens, next) || CurrencyAt(tokens, next) || MultipleAt(tokens, next)) return true;
-  if (IsDegreeWord(WithLowerStart(tokens.WordBefore(i))) &&
-      !IsOneOf(tokens.WordBefore(i), {"erst", "schon", "noch", "bereits", "zu"}))
-    return true;
-  const std::size_t noun = NounBehind(tokens, next);
-  if (noun == Tokens::kNone) return false;
-  const Noun what = NounOf(tokens.View(noun));
-  const bool many = (what.known || what.guessed) && what.plural && !StartsSentences(tokens.View(noun));
-  return many && !GoesBeforeYears(tokens.WordBefore(i));
-}
-
-Found YearAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || !number->IsYear() || number->value < 1100 || number->value > 1999) return std::nullopt;
-  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i) || tokens.IsDashAt(i + 1) || LabelBefore(tokens, i))
-    return std::nullopt;
-  if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {".", ",", ":", "+", "#"})) &&
-      !tokens.Is(i - 1, "–"))
-    return std::nullopt;
-  if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2)) return std::nullopt;
-  if (i > 0 && tokens.Is(i - 1, "/") && number->value < 1900) return std::nullopt;
-  // Trains, flights and standards.
-  if (IsOneOf(tokens.WordBefore(i), {"LH", "ICE", "IC", "EC", "RE", "RB", "RTX", "GTX", "ISO", "DIN",
-                                     "EN", "IEC", "EW", "AF", "BA", "UA", "KL",  "FR",  "LX",  "OS"}))
-    return std::nullopt;
-  if (CountsSomething(tokens, i, *number)) return std::nullopt;
-  return Phrase{i + 1, YearWords(number->value)};
-}
-
-// "3,14" and "1.250.000": what an engine would read as two numbers.
-Found LongNumberAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || (number->IsWhole() && !number->grouped) || !tokens.FreeBefore(i)) return std::nullopt;
-  if (IsOneOf(tokens.View(number->end), {".", ","}) && tokens.IsNumber(number->end + 1)) return std::nullopt;
-  if (!number->IsWhole() && number->whole.size() > 1 && number->whole.front() == '0') return std::nullopt;
-  if (!tokens.FreeBehind(number->end - 1)) return std::nullopt;
-  return Phrase{number->end, NumberText(*number)};
-}
-
-// "2x täglich", "3×".
-Found TimesAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 3);
-  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
-  const std::size_t at = tokens.Skip(i + 1);
-  const bool times = tokens.Is(at, "x") || tokens.Is(at, "×") || (*number == 1 && tokens.Is(at, "mal"));
-  if (!times || !tokens.FreeBehind(at) || tokens.IsNumber(tokens.Skip(at + 1))) return std::nullopt;
-  return Phrase{at + 1, CardinalWords(*number, "ein") + "mal"};
-}
-
-// "1-2x täglich", "2–3 mal".
-Found TimesSpanAt(const Tokens& tokens, std::size_t i) {
-  const auto first = DigitsAt(tokens, i, 2);
-  if (!first || !tokens.FreeBefore(i) || !tokens.IsDashAt(tokens.Skip(i + 1))) return std::nullopt;
-  auto second = TimesAt(tokens, tokens.Skip(tokens.Skip(i + 1) + 1));
-  if (!second) return std::nullopt;
-  second->words = CardinalWords(*first, "ein") + "- bis " + second->words;
-  second->words =
-      CardinalWords(*first, "ein") + " bis " + second->words.substr(second->words.find("bis ") + 4);
-  return second;
-}
-
-}  // namespace
-
-Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&TogetherAt, &TimesSpanAt, &TimesAt, &OneNounAt, &YearAt, &LongNumberAt}) {
-    if (auto found = reading(tokens, i)) return found;
-  }
-  return std::nullopt;
-}
-
-// "A380", "M8": the number behind letters is said for itself.
-Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
-  const auto value = DigitsAt(tokens, i, 4);
-  if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
-  if (const auto number = NumberAt(tokens, i); number && !number->IsWhole())
-    return Phrase{number->end, NumberText(*number)};
-  return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
-}
-
-namespace {
-
-// "96/min", "50+".
-Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
-  if (tokens.Is(number->end, "+") && tokens.IsGap(number->end + 1))
-    return Phrase{number->end + 1, NumberText(*number) + " plus"};
-  if (!tokens.Is(number->end, "/")) return std::nullopt;
-  // "1/10.000": so many of so many.
-  const auto many = NumberAt(tokens, number->end + 1);
-  if (number->IsOne() && many && many->IsWhole() && many->value >= 100)
-    return Phrase{many->end, "eins zu " + NumberText(*many)};
-  const auto per = PerAt(tokens, number->end);
-  if (!per || tokens.IsNumber(number->end + 1)) return std::nullopt;
-  return Phrase{EndOfUnit(tokens, per->end), NumberText(*number) + per->words};
-}
-
-}  // namespace
-
-Found IntegerAt(const Tokens& tokens, std::size_t i) {
-  if (auto found = NumberWithTailAt(tokens, i)) return found;
-  const auto value = DigitsAt(tokens, i, 12);
-  const auto digits = tokens.View(i);
-  const bool letter = tokens.IsWord(i + 1) && tokens.View(i + 1).size() == 1 && tokens.FreeBehind(i + 1);
-  if (!value || !tokens.FreeBefore(i) || (tokens.IsWord(i + 1) && !letter)) return std::nullopt;
-  if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2) && digits.front() == '0')
-    return std::nullopt;
-  return Phrase{i + 1,
-                digits.size() > 1 && digits.front() == '0' ? DigitWords(digits) : CardinalWords(*value)};
-}
-
-// Words that are glued to a number.
-
-namespace {
-
-// What makes an adjective or adverb of a number: "jährig", "fach".
-bool IsAdjectivePart(std::string_view word, bool dash) {
-  if (IsUpperWord(word))
-    return HasSuffix(word, {"ige", "igen", "iger", "iges", "fache", "fachen", "Fache", "Fachen", "Fachem"});
-  if (dash && word.size() >= 3 && !IsOneOf(word, {"bis", "und", "oder", "mal"})) return true;
-  return word.starts_with("fach") || word.starts_with("mal") ||
-         HasSuffix(word, {"ig", "ige", "igen", "iger", "iges", "igem", "lich", "liche", "lichen", "licher",
-                          "tonner"});
-}
-
-// "einfach", "zweimal"; hundreds lose their "ein" inside a word.
-std::string PartWords(std::uint64_t value) {
-  if (value == 100) return "hundert";
-  if (value == 1000) return "tausend";
-  return CardinalWords(value, "ein");
-}
-
-// "80er", "1980er-Jahre", "2er-Team".
-Found DecadeAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 4);
-  std::size_t er = i + 1;
-  if (tokens.Is(er, "-") || tokens.Is(er, "'") || tokens.Is(er, "’")) ++er;
-  const auto word = tokens.View(er);
-  if (!number || !IsOneOf(word, {"er", "ern", "ers"}) || !tokens.FreeBefore(i)) return std::nullopt;
-  std::string stem = tokens.IsNumber(i, 4, 4) ? YearWords(*number) : CardinalWords(*number, "eins");
-  if (*number == 100 || *number == 1000) stem = PartWords(*number);
-  const bool decade = *number % 10 == 0 && *number >= 20;
-  if (!decade) stem = WithUpperStart(stem);
-  return Phrase{er + 1, stem + std::string(word)};
-}
-
-// "20%ige", "5%-Hürde", "100%ig".
-Found PercentPartAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
-  const std::size_t sign = tokens.Skip(number->end);
-  if (!tokens.Is(sign, "%")) return std::nullopt;
-  std::size_t next = sign + 1;
-  if (tokens.Is(next, "-") && tokens.IsWord(next + 1) && !IsUpperWord(tokens.View(next + 1))) ++next;
-  const auto word = tokens.View(next);
-  if (tokens.IsWord(next) && (word.starts_with("ig")))
-    return Phrase{next + 1,
-                  (number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein") + " ") +
-                      "prozent" + std::string(word)};
-  if (tokens.Is(sign + 1, "-") && tokens.IsCapital(sign + 2))
-    return Phrase{sign + 1, WithUpperStart(NumberText(*number, "ein")) + "-Prozent"};
-  return std::nullopt;
-}
-
-// "3-fach", "3fach", "18-Jährige", "10-tägig"; with a range before it: "2- bis 3-mal".
-Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || !tokens.FreeBefore(i) || (number->grouped && tokens.IsBlank(i + 1))) return std::nullopt;
-  std::size_t part = number->end;
-  const bool dash = tokens.Is(part, "-") || tokens.Is(part, "‑");
-  if (dash) ++part;
-  const auto word = tokens.View(part);
-  if (!tokens.IsWord(part) || !IsAdjectivePart(word, dash || word == "mal") || tokens.Is(part + 1, "-"))
-    return std::nullopt;
-  std::string words = number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein");
-  if (!number->IsWhole()) return Phrase{part + 1, words + "-" + std::string(word)};
-  if (IsUpperWord(word)) words = WithUpperStart(words);
-  return Phrase{part + 1, words + WithLowerStart(word)};
-}
-
-// "6–12-Jährige", "50-60-mal".
-Found PartSpanAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 4);
-  if (!number || !tokens.FreeBefore(i) || !tokens.IsDashAt(i + 1)) return std::nullopt;
-  auto part = AdjectivePartAt(tokens, i + 2);
-  if (!part) return std::nullopt;
-  part->words = CardinalWords(*number) + " bis " + part->words;
-  return part;
-}
-
-// "2- bis 3-mal", "3-, 4- und 5-fach": a number with a dash that waits for its word.
-Found WaitingPartAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 3);
-  if (!number || !tokens.FreeBefore(i) || !tokens.Is(i + 1, "-") || !tokens.IsBlank(i + 2))
-    return std::nullopt;
-  if (!IsOneOf(tokens.View(i + 3), {"bis", "und", "oder"})) return std::nullopt;
-  if (!tokens.IsNumber(i + 5)) return std::nullopt;
-  return Phrase{i + 2, PartWords(*number) + "-"};
-}
-
-// "9/8-Takt".
-Found FractionCompoundAt(const Tokens& tokens, std::size_t i) {
-  const auto over = DigitsAt(tokens, i, 2);
-  const auto under = DigitsAt(tokens, i + 2, 2);
-  if (!over || !under || *under < 2 || !tokens.Is(i + 1, "/") || !tokens.Is(i + 3, "-") ||
-      !tokens.IsCapital(i + 4))
-    return std::nullopt;
-  return Phrase{i + 3, WithUpperStart(PartWords(*over)) + OrdinalWords(*under, "el")};
-}
-
-// "4-Zimmer-Wohnung", "24-Stunden-Dienst", "100-m-Lauf", "0,5-l-Flasche".
-Found CompoundAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || !tokens.FreeBefore(i) || !tokens.Is(number->end, "-") || !tokens.IsWord(number->end + 1))
-    return std::nullopt;
-  if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "/", "."})) return std::nullopt;
-  const std::size_t part = number->end + 1;
-  std::string words =
-      WithUpperStart(number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein"));
-  std::replace(words.begin(), words.end(), ' ', '-');
-  const bool goesOn =
-      tokens.Is(part + 1, "-") || tokens.Is(part + 1, "/") || IsOneOf(tokens.View(part + 1), {"²", "³"});
-  if (const auto unit = UnitAt(tokens, part); unit && !unit->isWord && goesOn && tokens.Is(unit->end, "-")) {
-    std::string name = unit->plural;
-    std::replace(name.begin(), name.end(), ' ', '-');
-    return Phrase{unit->end, words + "-" + name};
-  }
-  if (const auto currency = CurrencyAt(tokens, part); currency && tokens.Is(currency->end, "-"))
-    return Phrase{currency->end, words + "-" + std::string(currency->name)};
-  if (!IsUpperWord(tokens.View(part)) || tokens.View(part).size() < 3 || IsAllCaps(tokens.View(part)))
-    return std::nullopt;
-  return Phrase{number->end, words};
-}
-
-// "20-€-Schein", "90°-Winkel".
-Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
-  const auto number = NumberAt(tokens, i);
-  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
-  std::size_t sign = number->end;
-  if (tokens.Is(sign, "-")) ++sign;
-  std::string words =
-      WithUpperStart(number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein"));
-  if (const auto currency = CurrencyAt(tokens, sign);
-      currency && tokens.Is(currency->end, "-") && tokens.IsWord(currency->end + 1))
-    return Phrase{currency->end, words + "-" + std::string(currency->name)};
-  if (tokens.Is(sign, "°") && tokens.Is(sign + 1, "-") && tokens.IsWord(sign + 2))
-    return Phrase{sign + 1, words + "-Grad"};
-  return std::nullopt;
-}
-
-}  // namespace
-
-Found GluedAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DecadeAt, &PercentPartAt, &PartSpanAt, &AdjectivePartAt, &WaitingPartAt,
-                             &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
-    if (auto found = reading(tokens, i)) return found;
-  }
-  return std::nullopt;
 }
 
 }  // namespace lorelin

@@ -21,16 +21,4 @@ namespace lorelin {
 // "½", "3/4" without a unit.
 [[nodiscard]] Found FractionPhraseAt(const Tokens& tokens, std::size_t i);
 
-// A 1 that takes the form of its noun, years, numbers with groups or decimals, "2x".
-[[nodiscard]] Found PlainNumberAt(const Tokens& tokens, std::size_t i);
-
-// Any other number: "Kapitel 3", "14 Tage", "12b".
-[[nodiscard]] Found IntegerAt(const Tokens& tokens, std::size_t i);
-
-// "A380": a number that touches letters before it.
-[[nodiscard]] Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i);
-
-// "80er", "20%ige", "3-fach", "4-Zimmer-Wohnung".
-[[nodiscard]] Found GluedAt(const Tokens& tokens, std::size_t i);
-
 }  // namespace lorelin

@@ -206,7 +206,8 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     end = ++at;
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
   }
-  if (digits < 5 || !tokens.FreeBehind(end - 1) ||
+  const bool secret = IsOneOf(tokens.View(before), {"PIN", "TAN", "Code"});
+  if (digits < (secret ? 3U : 5U) || !tokens.FreeBehind(end - 1) ||
       (IsOneOf(tokens.View(end), {"/", ",", "-"}) && !tokens.IsGap(end + 1)))
     return std::nullopt;
   return Phrase{end, words};

@@ -74,11 +74,6 @@ std::string MonthYearText(const Tokens& tokens, const DateShape& shape) {
   return words;
 }
 
-// The point of a date of numbers that also ends the sentence is not part of it.
-std::size_t EndWithoutLastPoint(const Tokens& tokens, std::size_t end) {
-  return tokens.Is(end - 1, ".") && tokens.IsLast(end - 1) ? end - 1 : end;
-}
-
 std::optional<DateShape> NamedDateAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   const auto month = MonthAt(tokens, next);
@@ -142,7 +137,7 @@ std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i) {
 namespace {
 
 Phrase DatePhrase(const Tokens& tokens, const DateShape& shape, std::string_view ending) {
-  return {EndWithoutLastPoint(tokens, shape.end),
+  return {tokens.WithoutLastPoint(shape.end),
           DayText(shape.day, ending) + " " + MonthYearText(tokens, shape)};
 }
 
@@ -260,7 +255,7 @@ Found WeekdaysAt(const Tokens& tokens, std::size_t i) {
   Phrase phrase{second->second, std::string(first->first) + between + std::string(second->first)};
   const auto more = WeekdaysAt(tokens, tokens.Skip(at + 1));
   if (more) return Phrase{more->end, std::string(first->first) + between + more->words};
-  phrase.end = EndWithoutLastPoint(tokens, phrase.end);
+  phrase.end = tokens.WithoutLastPoint(phrase.end);
   return phrase;
 }
 
@@ -288,7 +283,7 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") &&
       !tokens.Is(tokens.Skip(next + 1), "Uhr") && !tokens.IsDashAt(next + 1))
     return std::nullopt;
-  return Phrase{EndWithoutLastPoint(tokens, day->second), std::string(day->first)};
+  return Phrase{tokens.WithoutLastPoint(day->second), std::string(day->first)};
 }
 
 // "Okt. 2024", "Dez. '23".
@@ -310,7 +305,7 @@ Found MonthNameAt(const Tokens& tokens, std::size_t i) {
     const auto rest = MonthAt(tokens, second);
     const auto whole = MonthNameAt(tokens, second);
     if (whole) return Phrase{whole->end, words + " bis " + whole->words};
-    return Phrase{EndWithoutLastPoint(tokens, rest->end),
+    return Phrase{tokens.WithoutLastPoint(rest->end),
                   words + " bis " + std::string(kMonths[rest->number - 1])};
   }
   if (written || !tokens.Is(month->end - 1, ".")) return std::nullopt;
@@ -318,7 +313,7 @@ Found MonthNameAt(const Tokens& tokens, std::size_t i) {
   if (!end && !IsOneOf(tokens.WordBefore(i),
                        {"im", "Im", "Anfang", "Mitte", "Ende", "bis", "seit", "ab", "und", "vom", "zum"}))
     return std::nullopt;
-  return Phrase{EndWithoutLastPoint(tokens, month->end), words};
+  return Phrase{tokens.WithoutLastPoint(month->end), words};
 }
 
 }  // namespace
@@ -364,7 +359,7 @@ Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(at + 1);
   const std::string second = name(next);
   if (second.empty()) return std::nullopt;
-  return Phrase{EndWithoutLastPoint(tokens, next + 2), first + between + second};
+  return Phrase{tokens.WithoutLastPoint(next + 2), first + between + second};
 }
 
 }  // namespace

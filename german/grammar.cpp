@@ -268,6 +268,10 @@ Agreement AgreementOf(const Noun& noun) {
   return result;
 }
 
+Agreement AgreementOf(Gender gender) {
+  return {gender, false, false, true};
+}
+
 std::size_t NounBehind(const Tokens& tokens, std::size_t i) {
   for (int step = 0; step < kWordsAhead; ++step) {
     if (tokens.IsCapital(i)) return i;

@@ -20,6 +20,8 @@ struct Agreement {
 };
 
 [[nodiscard]] Agreement AgreementOf(const Noun& noun);
+// One thing of this gender.
+[[nodiscard]] Agreement AgreementOf(Gender gender);
 
 // The noun that the word at the token describes: adjectives in small letters may stand between. kNone when
 // there is none within reach.

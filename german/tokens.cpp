@@ -148,6 +148,10 @@ bool Tokens::IsLast(std::size_t i) const {
   return true;
 }
 
+std::size_t Tokens::WithoutLastPoint(std::size_t end) const {
+  return end > 0 && Is(end - 1, ".") && IsLast(end - 1) ? end - 1 : end;
+}
+
 bool Tokens::OpensClause(std::size_t i) const {
   while (i > 0) {
     --i;

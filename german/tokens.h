@@ -77,6 +77,8 @@ class Tokens {
 
   // Nothing but closing brackets, quotes and gaps follows behind the token.
   [[nodiscard]] bool IsLast(std::size_t i) const;
+  // The token behind something that ends there, without the point that also ends the sentence.
+  [[nodiscard]] std::size_t WithoutLastPoint(std::size_t end) const;
   // The token opens a sentence or a clause: only opening signs stand before.
   [[nodiscard]] bool OpensClause(std::size_t i) const;
   [[nodiscard]] bool OpensLine(std::size_t i) const;

@@ -1,0 +1,187 @@
+#include "german/plainNumbers.h"
+
+#include "german/grammar.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+#include "german/ordinals.h"
+#include "german/units.h"
+#include "german/wordLists.h"
+
+namespace lorelin {
+
+namespace {
+
+// "bei 1 von 100 Patienten": one of them.
+Found OneOfMany(const Tokens& tokens, std::size_t i) {
+  std::size_t noun = Tokens::kNone;
+  for (std::size_t at = i + 2; at < i + 12 && noun == Tokens::kNone; ++at) {
+    if (tokens.IsCapital(at)) noun = at;
+  }
+  if (noun == Tokens::kNone) return std::nullopt;
+  const auto word = tokens.View(noun);
+  Agreement agreement = AgreementOf(
+      HasSuffix(word, {"innen", "ungen", "heiten", "keiten", "ionen", "Frauen", "Personen", "Familien"})
+          ? Gender::Feminine
+          : Gender::Masculine);
+  if (HasSuffix(word, {"Kindern", "Kinder", "Häusern", "Ländern", "Jahren", "Jahre"}))
+    agreement.gender = Gender::Neuter;
+  std::string one = OneBefore(tokens, i, i + 1, agreement);
+  if (one == "ein") one = agreement.gender == Gender::Neuter ? "eines" : "einer";
+  return Phrase{i + 1, one};
+}
+
+// "1 Tasse", "mit 1 großen Zwiebel".
+Found OneNounAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "1") || !tokens.IsBlank(i + 1) || !tokens.FreeBefore(i) || LabelBefore(tokens, i))
+    return std::nullopt;
+  if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "»", "–", "•"}))
+    return std::nullopt;
+  if (tokens.Is(i + 2, "von")) return OneOfMany(tokens, i);
+  const std::size_t noun = NounBehind(tokens, i + 2);
+  if (noun == Tokens::kNone || StartsSentences(tokens.View(noun))) return std::nullopt;
+  Agreement agreement = AgreementAt(tokens, noun);
+  if (agreement.known && agreement.plural) return std::nullopt;
+  // Most words that no lexicon knows are masculine; behind another noun the number is its name.
+  if (!agreement.known && (tokens.Before(i) == Tokens::kNone ||
+                           (tokens.IsCapital(tokens.Before(i)) && !tokens.OpensClause(tokens.Before(i)))))
+    return std::nullopt;
+  if (!agreement.known) agreement = AgreementOf(Gender::Masculine);
+  return Phrase{i + 1, OneBefore(tokens, i, noun + 1, agreement)};
+}
+
+// "Wir waren zu 4."
+Found TogetherAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 2);
+  const std::size_t zu = tokens.WordIndexBefore(i);
+  if (!number || *number < 2 || *number > 12 || zu == Tokens::kNone || !tokens.Is(zu, "zu"))
+    return std::nullopt;
+  const bool alone = IsOneOf(tokens.View(i + 1), {".", ",", "!", "?"}) || tokens.IsGap(i + 1);
+  const std::size_t next = tokens.Skip(i + 1);
+  if (!alone || tokens.IsCapital(next) || tokens.IsNumber(next) || tokens.IsNumber(i + 2))
+    return std::nullopt;
+  if (!IsOneOf(tokens.WordBefore(zu),
+               {"waren", "sind", "wir", "gingen", "gehen", "kamen", "kommen", "spielen", "spielten", "fahren",
+                "fuhren", "leben", "wohnen", "saßen", "sitzen", "reisten", "sie"}))
+    return std::nullopt;
+  return Phrase{i + 1, OrdinalWords(*number, "")};
+}
+
+bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& number) {
+  const std::size_t next = tokens.Skip(number.end);
+  if (next == number.end) return false;
+  if (UnitAt(tokens, next) || CurrencyAt(tokens, next) || MultipleAt(tokens, next)) return true;
+  if (IsDegreeWord(WithLowerStart(tokens.WordBefore(i))) &&
+      !IsOneOf(tokens.WordBefore(i), {"erst", "schon", "noch", "bereits", "zu"}))
+    return true;
+  const std::size_t noun = NounBehind(tokens, next);
+  if (noun == Tokens::kNone) return false;
+  const Noun what = NounOf(tokens.View(noun));
+  const bool many = (what.known || what.guessed) && what.plural && !StartsSentences(tokens.View(noun));
+  return many && !GoesBeforeYears(tokens.WordBefore(i));
+}
+
+Found YearAt(const Tokens& tokens, std::size_t i) {
+  const auto number = NumberAt(tokens, i);
+  if (!number || !number->IsYear() || number->value < 1100 || number->value > 1999) return std::nullopt;
+  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i) || tokens.IsDashAt(i + 1) || LabelBefore(tokens, i))
+    return std::nullopt;
+  if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {".", ",", ":", "+", "#"})) &&
+      !tokens.Is(i - 1, "–"))
+    return std::nullopt;
+  if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2)) return std::nullopt;
+  if (i > 0 && tokens.Is(i - 1, "/") && number->value < 1900) return std::nullopt;
+  // "M-XY 1234".
+  const std::size_t plate = tokens.WordIndexBefore(i);
+  if (plate != Tokens::kNone && plate > 0 && IsAllCaps(tokens.View(plate)) && tokens.IsDashAt(plate - 1))
+    return std::nullopt;
+  // Trains, flights and standards.
+  if (IsOneOf(tokens.WordBefore(i), {"LH", "ICE", "IC", "EC", "RE", "RB", "RTX", "GTX", "ISO", "DIN",
+                                     "EN", "IEC", "EW", "AF", "BA", "UA", "KL",  "FR",  "LX",  "OS"}))
+    return std::nullopt;
+  if (CountsSomething(tokens, i, *number)) return std::nullopt;
+  return Phrase{i + 1, YearWords(number->value)};
+}
+
+// "3,14" and "1.250.000": what an engine would read as two numbers.
+Found LongNumberAt(const Tokens& tokens, std::size_t i) {
+  const auto number = NumberAt(tokens, i);
+  if (!number || (number->IsWhole() && !number->grouped) || !tokens.FreeBefore(i)) return std::nullopt;
+  if (IsOneOf(tokens.View(number->end), {".", ","}) && tokens.IsNumber(number->end + 1)) return std::nullopt;
+  if (!number->IsWhole() && number->whole.size() > 1 && number->whole.front() == '0') return std::nullopt;
+  if (!tokens.FreeBehind(number->end - 1)) return std::nullopt;
+  return Phrase{number->end, NumberText(*number)};
+}
+
+// "2x täglich", "3×".
+Found TimesAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 3);
+  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
+  const std::size_t at = tokens.Skip(i + 1);
+  const bool times = tokens.Is(at, "x") || tokens.Is(at, "×") || (*number == 1 && tokens.Is(at, "mal"));
+  if (!times || !tokens.FreeBehind(at) || tokens.IsNumber(tokens.Skip(at + 1))) return std::nullopt;
+  return Phrase{at + 1, CardinalWords(*number, "ein") + "mal"};
+}
+
+// "1-2x täglich", "2–3 mal".
+Found TimesSpanAt(const Tokens& tokens, std::size_t i) {
+  const auto first = DigitsAt(tokens, i, 2);
+  if (!first || !tokens.FreeBefore(i) || !tokens.IsDashAt(tokens.Skip(i + 1))) return std::nullopt;
+  auto second = TimesAt(tokens, tokens.Skip(tokens.Skip(i + 1) + 1));
+  if (!second) return std::nullopt;
+  second->words = CardinalWords(*first, "ein") + "- bis " + second->words;
+  second->words =
+      CardinalWords(*first, "ein") + " bis " + second->words.substr(second->words.find("bis ") + 4);
+  return second;
+}
+
+}  // namespace
+
+Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
+  for (const auto reading : {&TogetherAt, &TimesSpanAt, &TimesAt, &OneNounAt, &YearAt, &LongNumberAt}) {
+    if (auto found = reading(tokens, i)) return found;
+  }
+  return std::nullopt;
+}
+
+// "A380", "M8": the number behind letters is said for itself.
+Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
+  const auto value = DigitsAt(tokens, i, 4);
+  if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
+  if (const auto number = NumberAt(tokens, i); number && !number->IsWhole())
+    return Phrase{number->end, NumberText(*number)};
+  return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
+}
+
+namespace {
+
+// "96/min", "50+".
+Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
+  const auto number = NumberAt(tokens, i);
+  if (!number || !tokens.FreeBefore(i)) return std::nullopt;
+  if (tokens.Is(number->end, "+") && tokens.IsGap(number->end + 1))
+    return Phrase{number->end + 1, NumberText(*number) + " plus"};
+  if (!tokens.Is(number->end, "/")) return std::nullopt;
+  // "1/10.000": so many of so many.
+  const auto many = NumberAt(tokens, number->end + 1);
+  if (number->IsOne() && many && many->IsWhole() && many->value >= 100)
+    return Phrase{many->end, "eins zu " + NumberText(*many)};
+  const auto per = PerAt(tokens, number->end);
+  if (!per || tokens.IsNumber(number->end + 1)) return std::nullopt;
+  return Phrase{tokens.WithoutLastPoint(per->end), NumberText(*number) + per->words};
+}
+
+}  // namespace
+
+Found IntegerAt(const Tokens& tokens, std::size_t i) {
+  if (auto found = NumberWithTailAt(tokens, i)) return found;
+  const auto value = DigitsAt(tokens, i, 12);
+  const auto digits = tokens.View(i);
+  const bool letter = tokens.IsWord(i + 1) && tokens.View(i + 1).size() == 1 && tokens.FreeBehind(i + 1);
+  if (!value || !tokens.FreeBefore(i) || (tokens.IsWord(i + 1) && !letter)) return std::nullopt;
+  if (IsOneOf(tokens.View(i + 1), {".", ",", ":", "/"}) && tokens.IsNumber(i + 2) && digits.front() == '0')
+    return std::nullopt;
+  return Phrase{i + 1,
+                digits.size() > 1 && digits.front() == '0' ? DigitWords(digits) : CardinalWords(*value)};
+}
+
+}  // namespace lorelin
