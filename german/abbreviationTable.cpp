@@ -503,6 +503,7 @@ constexpr Abbreviation kTable[] = {
     A{"n.", "nach", Capital}, A{"m.", "mit", Capital}, A{"f.", "für", Capital}, A{"i.", "in", Number}, A{"vgl. a.", "vergleiche auch"}, A{"erm.", "ermäßigt"}, A{"Su.", "Suche"}, A{"Blk.", "Balkon"}, A{"Verm.", "Vermiete", Number}, A{"Angeb.", "Angebot"}, A{"Anfr.", "Anfrage"}, A{"anb.", "anbei"}, A{"Skto.", "Skonto"}, A{"Eiw.", "Eiweiß"}, A{"prom.", "promovierte"}, A{"Gen.-Maj.", "Generalmajor"}, A{"ds. Mts.", "dieses Monats", Anything, Noun}, A{"ds. Js.", "dieses Jahres", Anything, Noun}, A{"Gasth.", "Gasthaus"}, A{"Ltd.", "Leitender", Capital}, A{"Zust.", "Zustand"}, A{"vorbeh.", "vorbehalten"}, A{"Rechtsref.", "Rechtsreferendar"}, A{"Bauarb.", "Bauarbeiten"}, A{"Ersatzverk.", "Ersatzverkehr"}, A{"Ihr Z.", "Ihr Zeichen"}, A{"unser Z.", "unser Zeichen"},
     A{"S. o.", "Siehe oben", Anything, Often}, A{"S. u.", "Siehe unten", Anything, Often}, A{"S. a.", "Siehe auch"},
     A{"Sr.", "Schwester", Capital}, A{"Mme.", "Madame"}, A{"Mlle.", "Mademoiselle"},
+    A{"Inh.", "Inhalt", Number}, A{"Gebr.", "Gebrauch", SmallWord}, A{"eingeschr.", "eingeschränkt"}, A{"Kontr.", "Kontrolle"}, A{"haltb.", "haltbar"}, A{"Zub.", "Zubereitung"}, A{"verpfl.", "verpflichtet"}, A{"wohnh.", "wohnhaft"}, A{"nutzb.", "nutzbar"}, A{"trock.", "trocken"}, A{"Anbr.", "Anbruch"}, A{"Pf.", "Pfeffer"},
     // Time.
     A{"Min.", "Minute", DayBefore, Noun}, A{"Std.", "Stunde", DayBefore, Noun},
     A{"Sek.", "Sekunde", DayBefore, Noun},

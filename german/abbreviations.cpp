@@ -263,7 +263,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     // Only where the sentence goes on it is certain that a word was cut.
     const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
     const std::size_t behind = tokens.Skip(i + 2);
-    if (!common && (!point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
+    if (!common && (!tokens.IsCapital(i) || !point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
                     !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))
       continue;
     if (!point && (needed && !(part.written == "str" && tokens.IsNumber(tokens.Skip(i + 1))))) continue;

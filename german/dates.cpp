@@ -309,7 +309,9 @@ Found MonthNameAt(const Tokens& tokens, std::size_t i) {
                   words + " bis " + std::string(kMonths[rest->number - 1])};
   }
   if (written || !tokens.Is(month->end - 1, ".")) return std::nullopt;
-  const bool end = tokens.IsLast(month->end - 1);
+  const std::size_t behind = tokens.Skip(month->end);
+  const bool goesOn = tokens.IsWord(behind) && !tokens.IsCapital(behind);
+  const bool end = goesOn || tokens.IsLast(month->end - 1);
   if (!end && !IsOneOf(tokens.WordBefore(i),
                        {"im", "Im", "Anfang", "Mitte", "Ende", "bis", "seit", "ab", "und", "vom", "zum"}))
     return std::nullopt;

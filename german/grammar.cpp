@@ -102,7 +102,7 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
   std::size_t at = OverPoint(tokens, tokens.Before(i));
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     if (const std::size_t joined = SkipJoinedOrdinal(tokens, at); joined != at) {
-      at = joined;
+      at = OverPoint(tokens, joined);
       continue;
     }
     // "1 gestrichener Löffel".

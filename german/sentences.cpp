@@ -20,6 +20,9 @@ bool IsRatherShortened(std::string_view word) {
   static constexpr std::string_view kVowels = "aeiouyAEIOUY";
   if (word.size() == 1) return true;
   if (word.find_first_of(kVowels) == std::string_view::npos && word.size() <= 5) return !IsAllCaps(word);
+  if (HasSuffix(word, {"dr", "br", "kr", "gr", "pr", "tr", "fr", "chr", "bl", "kl", "pl", "gl", "fl", "tl",
+                       "dl", "zl", "tg", "dg", "zg"}))
+    return true;
   return IsOneOf(word, {"App", "Op", "op", "Kat", "Ang", "Auftr", "Best", "Pos", "Rev", "Vers", "Fig", "Lekt",
                         "Ref", "Reg", "Ser", "Bus", "Ausg", "ungef", "Los"});
 }
@@ -96,6 +99,9 @@ class SentenceReader {
     // "App. 214", "op. 27": a short word before a number is rather an abbreviation than the end.
     if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 &&
         (IsRatherShortened(word) || IsOftenShortened(word)) && !NounOf(word).whole)
+      return 0;
+    if (IsOneOf(tokens_.View(next), {"+", "&", "=", "/", "<", ">", "%", "*", "×"}) &&
+        LinesBetween(behind, next) == 0)
       return 0;
     if (initial && !tokens_.IsLast(i) && tokens_.Kind(behind) == TokenKind::Blank && tokens_.IsCapital(next))
       return StartsSentences(tokens_.View(next)) && tokens_.View(next).size() > 1 ? WithGaps(behind) : 0;

@@ -187,9 +187,12 @@ bool IsLabel(std::string_view word) {
       "Kabinett Bd Heft Ausgabe Folge Staffel Bundestagsdrucksache Drucksache Drs Klasse Randnummer Rn Rdnr "
       "Tz Kunden Postfach Zone Schritt Schlüssel Figur Variante Szene Postleitzahl");
   if (words.Has(word)) return true;
-  return HasSuffix(word, {"straße", "strasse", "str", "weg", "allee", "gasse", "ring", "ufer", "nummer", "nr",
-                          "damm"}) &&
-         word.size() > 4;
+  constexpr std::size_t kShortestName = 3;  // of a street, before its last part
+  for (const std::string_view part :
+       {"straße", "strasse", "str", "weg", "allee", "gasse", "ring", "ufer", "nummer", "nr", "damm"}) {
+    if (word.ends_with(part) && word.size() >= part.size() + kShortestName) return true;
+  }
+  return false;
 }
 
 }  // namespace lorelin
