@@ -63,10 +63,8 @@ std::vector<SpokenRun> JoinRuns(const std::vector<SpokenRun>& first, const std::
       whole.spokenBegin -= run.writtenBegin - first[next].spokenBegin;
       whole.writtenBegin = first[next].writtenBegin;
     }
-    std::size_t behind = 0;
-    if (next < end && first[end - 1].spokenEnd > run.writtenEnd) {
-      behind = first[end - 1].spokenEnd - run.writtenEnd;
-      whole.spokenEnd += behind;
+    if (end > 0 && first[end - 1].spokenEnd > run.writtenEnd) {
+      whole.spokenEnd += first[end - 1].spokenEnd - run.writtenEnd;
       whole.writtenEnd = first[end - 1].writtenEnd;
     }
     next = end;

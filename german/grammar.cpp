@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "german/units.h"
 #include "german/wordLists.h"
 
 namespace lorelin {
@@ -333,12 +334,29 @@ bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
   return HasSuffix(adjective, {"e", "es"});
 }
 
+// "In 1 Becher geben": a verb of the clause tells that something goes there.
+bool MovesSomething(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    const std::string word = WithLowerStart(tokens.View(at));
+    for (const std::string_view stem : {"geben", "gieß", "füll", "leg", "stellen", "stellt", "schütt",
+                                        "tauch", "steck", "umfüll", "einfüll", "eingieß"}) {
+      if (word.starts_with(stem)) return true;
+    }
+  }
+  return false;
+}
+
 Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first) {
   const std::string small = WithLowerStart(tokens.View(preposition));
   const std::string word(WholeWord(small));
   if (word == "vom") return Case::Dative;
-  // "bis zu 1 Liter", "über 1 Meter".
-  if (MeasuresWith(word)) return Case::Accusative;
+  // "auf 1 Liter", "über 1 Meter", "bis auf 1 Schüler"; but "auf 1 Bein".
+  const bool measured = word == "über" || UnitAt(tokens, tokens.Skip(first + 1)) ||
+                        WithLowerStart(tokens.WordBefore(preposition)) == "bis";
+  if (MeasuresWith(word) && measured) return Case::Accusative;
+  if ((word == "in" || word == "auf" || word == "an") && MovesSomething(tokens, first))
+    return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});
   return place && AdjectiveSaysDirection(tokens, first) ? Case::Accusative : *CaseOfPreposition(word);
 }

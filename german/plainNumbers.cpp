@@ -37,9 +37,18 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "»", "–", "•"}))
     return std::nullopt;
   if (tokens.Is(i + 2, "von")) return OneOfMany(tokens, i);
+  // "1 oder 2 Tage".
+  if (IsOneOf(tokens.View(i + 2), {"oder", "bis"}) && tokens.IsNumber(i + 4) && tokens.IsCapital(i + 6))
+    return Phrase{i + 1, "ein"};
   const std::size_t noun = NounBehind(tokens, i + 2);
   if (noun == Tokens::kNone || StartsSentences(tokens.View(noun))) return std::nullopt;
   Agreement agreement = AgreementAt(tokens, noun);
+  // "für 1 Erwachsenen": with this ending it is no nominative.
+  if (IsOneOf(tokens.View(noun), {"Erwachsenen", "Jugendlichen", "Angestellten", "Verletzten", "Toten",
+                                  "Verdächtigen", "Reisenden", "Kranken", "Bekannten", "Verwandten"})) {
+    const std::string one = OneBefore(tokens, i, noun + 1, AgreementOf(Gender::Masculine));
+    return Phrase{i + 1, one == "ein" ? "einen" : one};
+  }
   if (agreement.known && agreement.plural) return std::nullopt;
   // Most words that no lexicon knows are masculine; behind another noun the number is its name.
   if (!agreement.known && (tokens.Before(i) == Tokens::kNone ||

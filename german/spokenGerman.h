@@ -20,8 +20,9 @@ struct SpellingOptions {
 
 // Reads German text as a person would: abbreviations, dates, ordinals, times, sums, units, telephone numbers,
 // Roman numerals and more in words, each in the gender, case and number that its sentence asks for.
-// Everything else stays as it is, byte for byte, whatever bytes they are. What was spelled out once stays the
-// same, unless a word or rule of the user's own changes it again. The time grows with the size.
+// Everything else stays as it is, byte for byte, whatever bytes they are. A sentence that was spelled out
+// once stays the same, unless a word or rule of the user's own changes it again. The time grows with the
+// size.
 class GermanSpeller {
  public:
   explicit GermanSpeller(SpellingOptions options = {});

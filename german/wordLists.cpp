@@ -40,6 +40,8 @@ bool IsDegreeWord(std::string_view word) {
 
 bool IsLinkingVerb(std::string_view word) {
   static const Words words(
+      "kamen kommen lagen saßen fehlten folgten erschienen starben hingen gingen sterben liegen stehen "
+      "sitzen hängen "
       "ist sind war waren wird werden wurde wurden bleibt bleiben blieb fehlt fehlen fehlte liegt steht "
       "kommt kam heißt "
       "folgt reicht genügt gilt gelten befindet befinden sei wäre existiert passt gehört entsteht verbleibt "

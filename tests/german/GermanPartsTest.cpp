@@ -100,6 +100,9 @@ TEST(SpokenTextTest, JoinsTheRunsOfTwoSteps) {
   const std::vector<SpokenRun> first{{1, 5, 1, 2}};
   const std::vector<SpokenRun> second{{2, 6, 2, 5}};
   EXPECT_EQ(JoinRuns(first, second), (std::vector<SpokenRun>{{1, 6, 1, 2}}));
+  // Two replacements in what had been one, the second at its end: "12" to "zwölf" to "Zwölb".
+  EXPECT_EQ(JoinRuns({{0, 5, 0, 2}}, {{0, 1, 0, 1}, {4, 5, 4, 5}}), (std::vector<SpokenRun>{{0, 5, 0, 2}}));
+  EXPECT_EQ(JoinRuns({{0, 5, 0, 2}}, {{0, 2, 0, 1}, {3, 3, 2, 3}}), (std::vector<SpokenRun>{{0, 5, 0, 2}}));
   EXPECT_EQ(JoinRuns({}, second), second);
   EXPECT_EQ(JoinRuns(first, {}), first);
   EXPECT_EQ(JoinRuns(first, {{6, 8, 5, 6}}), (std::vector<SpokenRun>{{1, 5, 1, 2}, {6, 8, 2, 3}}));
