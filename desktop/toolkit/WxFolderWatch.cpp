@@ -1,5 +1,6 @@
 #include "desktop/toolkit/WxFolderWatch.h"
 
+#include <wx/evtloop.h>
 #include <wx/filename.h>
 #include <wx/log.h>
 
@@ -18,13 +19,18 @@ WxFolderWatch::WxFolderWatch(std::string folder, std::function<void()> changed)
     : folder_(std::move(folder)), changed_(std::move(changed)) {
   pause_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { changed_(); });
   Bind(wxEVT_FSWATCHER, [this](wxFileSystemWatcherEvent&) { pause_.StartOnce(kPause); });
-  CallAfter([this] { Begin(); });
+  begin_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Begin(); });
+  begin_.StartOnce(kPause);
 }
 
 WxFolderWatch::~WxFolderWatch() = default;
 
-// The watcher wants a running event loop.
+// The watcher wants a running event loop; what is handled during the start is not in one yet.
 void WxFolderWatch::Begin() {
+  if (wxEventLoopBase::GetActive() == nullptr) {
+    begin_.StartOnce(kPause);
+    return;
+  }
   const wxLogNull quiet;
   const wxFileName folder = wxFileName::DirName(ToWx(folder_));
   if (!folder.DirExists()) return;

@@ -26,6 +26,7 @@ class WxFolderWatch final : public wxEvtHandler {
   std::string folder_;
   std::function<void()> changed_;
   std::unique_ptr<wxFileSystemWatcher> watcher_;
+  wxTimer begin_;
   wxTimer pause_;
 };
 

@@ -20,7 +20,7 @@ std::string Table(std::string_view text) {
 }
 
 TEST(SpellTest, PrintsALineForEachLine) {
-  EXPECT_EQ(Spoken("wiegt 5 kg\n\nz. B. das\n"), "wiegt fünf Kilogramm\n\nZum Beispiel das\n");
+  EXPECT_EQ(Spoken("wiegt 5 kg\n\nz. B. das\n"), "wiegt fünf Kilogramm\n\nzum Beispiel das\n");
   EXPECT_EQ(Spoken("wiegt 5 kg"), "wiegt fünf Kilogramm\n");
   EXPECT_EQ(Spoken(""), "");
 }

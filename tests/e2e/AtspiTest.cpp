@@ -131,6 +131,8 @@ TEST_F(Atspi, TellsNothingOfAProgramThatHasGone) {
 }
 
 TEST(NoAtspi, IsSaidHonestly) {
+  setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
+  unsetenv("AT_SPI_BUS_ADDRESS");
   FakeLog log;
   AtspiForegroundWindow window(log);
   EXPECT_EQ(window.Title(), "");

@@ -35,15 +35,16 @@ TEST_F(MainMenuTest, HasTheseEntries) {
   using Texts = std::vector<std::string>;
   EXPECT_EQ(Captions(MenuAt(0)), (Texts{"Neu", "Öffnen", "Speichern", "Speichern unter", "-", "Exportieren",
                                         "-", "Zuletzt verwendet", "-", "Beenden"}));
-  EXPECT_EQ(Captions(MenuAt(1)),
-            (Texts{"Ausschneiden", "Kopieren", "Einfügen", "Löschen", "-", "Rückgängig", "Wiederherstellen",
-                   "-", "Alles markieren", "Suchen …", "Weitersuchen", "Ersetzen …"}));
+  EXPECT_EQ(Captions(MenuAt(1)), (Texts{"Ausschneiden", "Kopieren", "Einfügen", "Löschen", "-", "Rückgängig",
+                                        "Wiederherstellen", "-", "Alles markieren", "Suchen …",
+                                        "Weitersuchen", "Ersetzen …", "-", "Aussprache ändern …"}));
   EXPECT_EQ(Captions(MenuAt(2)),
             (Texts{"Sprechen", "Stop", "Pause", "-", "Text ab Cursorposition lesen", "Auswahl vorlesen", "-",
                    "Stimme wählen", "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern"}));
   EXPECT_EQ(Captions(MenuAt(3)), (Texts{"Textmodus", "Interaktivmodus", "-", "Schrift größer",
                                         "Schrift kleiner", "Schrift normal"}));
-  EXPECT_EQ(Captions(MenuAt(4)), (Texts{"Einstellungen", "Erweiterungen verwalten"}));
+  EXPECT_EQ(Captions(MenuAt(4)), (Texts{"Einstellungen", "Zahlen und Abkürzungen ausschreiben",
+                                        "Eigene Aussprachen …", "Erweiterungen verwalten"}));
   EXPECT_EQ(Captions(MenuAt(5)), (Texts{"Hilfe", "Weitere Stimmen herunterladen", "Fehler berichten", "-",
                                         "Weitere Informationen", "Aktualisierungen suchen", "Über Lorelin"}));
 }
