@@ -104,7 +104,7 @@ void FrmFind::Search(bool backwards) {
   const bool matchCase = matchCase_->GetValue();
   const bool found = page_.IsShown() ? page_.Find(Wanted(), matchCase, backwards)
                                      : editor_.FindNext(Wanted(), matchCase, backwards);
-  if (found && !page_.IsShown()) UncoverHit();
+  if (found && !page_.IsShown()) CallAfter(&FrmFind::UncoverHit);  // the text has yet to be scrolled
   Tell(found ? " " : "Nicht gefunden.");
 }
 
@@ -124,7 +124,7 @@ void FrmFind::UncoverHit() {
 void FrmFind::Replace() {
   if (page_.IsShown()) return Search(false);
   const bool more = editor_.ReplaceNext(Wanted(), Replacement(), matchCase_->GetValue());
-  if (more) UncoverHit();
+  if (more) CallAfter(&FrmFind::UncoverHit);
   Tell(more ? " " : "Keine weitere Stelle.");
 }
 

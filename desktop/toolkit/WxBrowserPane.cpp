@@ -16,6 +16,7 @@
 #include "desktop/toolkit/browserEngine.h"
 #include "desktop/toolkit/fontScale.h"
 #include "desktop/toolkit/offlineFilter.h"
+#include "desktop/toolkit/pageSearch.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -144,11 +145,7 @@ void WxBrowserPane::Copy() {
 }
 
 bool WxBrowserPane::Find(const std::string& text, bool matchCase, bool backwards) {
-  if (view_ == nullptr || text.empty()) return false;
-  int flags = wxWEBVIEW_FIND_WRAP | wxWEBVIEW_FIND_HIGHLIGHT_RESULT;
-  if (matchCase) flags |= wxWEBVIEW_FIND_MATCH_CASE;
-  if (backwards) flags |= wxWEBVIEW_FIND_BACKWARDS;
-  return view_->Find(ToWx(text), flags) != wxNOT_FOUND;
+  return view_ != nullptr && !text.empty() && FindInPage(*view_, ToWx(text), matchCase, backwards);
 }
 
 void WxBrowserPane::SetZoom(int steps) {

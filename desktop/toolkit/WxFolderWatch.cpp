@@ -20,7 +20,7 @@ WxFolderWatch::WxFolderWatch(std::string folder, std::function<void()> changed)
   pause_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { changed_(); });
   Bind(wxEVT_FSWATCHER, [this](wxFileSystemWatcherEvent&) { pause_.StartOnce(kPause); });
   begin_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Begin(); });
-  begin_.StartOnce(kPause);
+  CallAfter([this] { Begin(); });
 }
 
 WxFolderWatch::~WxFolderWatch() = default;

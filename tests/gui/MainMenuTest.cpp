@@ -137,6 +137,7 @@ TEST_F(MainMenuTest, ZoomsByTheNumberPad) {
   };
   form.Editor().SetText("eins\nzwei");
   ASSERT_TRUE(WaitUntil([&] { return height() > 0; }));
+  window.RunCommand("UsualSize");
   const int before = height();
   gtk_accel_groups_activate(G_OBJECT(form.GetHandle()), GDK_KEY_KP_Add, GDK_CONTROL_MASK);
   EXPECT_TRUE(WaitUntil([&] { return height() > before; }));
@@ -160,8 +161,9 @@ TEST_F(FindForm, NeverCoversWhatItFound) {
   FindControl<wxTextCtrl>(find, "txtWanted").SetValue("Zeile");
   for (int hit = 0; hit < 40; ++hit) {
     PressButton(find, "Weitersuchen");
-    pump.RunPendingEvents();
-    EXPECT_FALSE(find.GetScreenRect().Intersects(form.Editor().SelectionOnScreen())) << hit;
+    EXPECT_TRUE(WaitUntil([&] {
+      return !find.GetScreenRect().Intersects(form.Editor().SelectionOnScreen());
+    })) << hit;
   }
   FindControl<wxTextCtrl>(find, "txtWanted").SetValue("fehlt");
   PressButton(find, "Weitersuchen");

@@ -32,12 +32,12 @@ class MenuKeys : public FormFixture {
     wxUIActionSimulator simulator;
     simulator.Char(plus ? '=' : key->GetKeyCode(), key->GetFlags() | (plus ? wxMOD_SHIFT : 0));
   }
-  void ExpectEveryKeyWith(wxWindow& focused) {
+  void ExpectEveryKeyWith(wxWindow& focused, std::string_view own = "") {
     focused.SetFocus();
     for (int i = 0; i < 20; ++i) pump.RunPendingEvents();
     for (const Menu& menu : MainMenus()) {
       for (const MenuEntry& entry : menu.entries) {
-        if (HasKey(entry)) ExpectKey(entry);
+        if (HasKey(entry) && entry.command != own) ExpectKey(entry);
       }
     }
   }
@@ -59,7 +59,7 @@ TEST_F(MenuKeys, WorkInTheEditor) {
 
 TEST_F(MenuKeys, WorkInAPage) {
   window.InteractiveMode();
-  ExpectEveryKeyWith(form.Browser());
+  ExpectEveryKeyWith(form.Browser(), "SelectAll");  // which the page does by itself
 }
 
 TEST_F(MenuKeys, WorkInTheTaskPane) {

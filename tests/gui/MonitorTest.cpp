@@ -79,6 +79,7 @@ TEST_F(MonitorForm, FetchesATextOnceForEachChange) {
 }
 
 TEST_F(MonitorForm, SpeaksWhatOtherProgramsCopy) {
+  settings.Save(setting::SpellOut, "0");  // the texts as they are written
   settings.Save(setting::ReadClipboardOnChange, "1");
   window.Load();
   const auto first = Copy("Grüße aus\ndem Norden ♥");
