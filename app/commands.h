@@ -19,7 +19,7 @@ struct MenuEntry {
   std::string_view shortcut;  // as in "Ctrl+O"; "" for none
   // The control that has the focus takes the key by itself: the entry only shows it.
   bool keyOfControl = false;
-  std::string_view secondShortcut = "";  // the same key on the number pad
+  std::string_view secondShortcut{};  // the same key on the number pad
 };
 
 struct Menu {

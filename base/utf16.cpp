@@ -7,8 +7,6 @@
 namespace lorelin {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 constexpr char32_t kByteOrderMark = 0xFEFF;
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr std::size_t kUnit = 2;
@@ -45,7 +43,7 @@ void AppendCharacter(std::string& bytes, char32_t character, ByteOrder order) {
 
 std::optional<ByteOrder> Utf16Order(std::string_view bytes) {
   if (bytes.starts_with("\xFE\xFF")) return ByteOrder::BigEndian;
-  if (bytes.starts_with("\xFF\xFE\0\0"sv)) return std::nullopt;
+  if (bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4))) return std::nullopt;
   return bytes.starts_with("\xFF\xFE") ? std::optional(ByteOrder::LittleEndian) : std::nullopt;
 }
 

@@ -10,12 +10,12 @@
 #include <utility>
 
 #include "base/unfinishedName.h"
+#include "engine/waveHeader.h"
 
 namespace lorelin::engine {
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 18;
-constexpr std::uint32_t kHeaderSize = 44;
 
 std::string ReasonFor(int errorNumber) {
   switch (errorNumber) {
@@ -42,10 +42,6 @@ std::string ReasonFor(int errorNumber) {
     default:
       return "Beim Schreiben trat ein Fehler auf.";
   }
-}
-
-void AppendNumber(std::string& bytes, std::uint32_t number, unsigned size) {
-  for (unsigned i = 0; i < size; ++i) bytes.push_back(static_cast<char>(number >> (8 * i)));
 }
 
 }  // namespace
@@ -175,21 +171,7 @@ int WaveFileWriter::SetPermissions() const {
 }
 
 std::string WaveFileWriter::Header() const {
-  constexpr std::uint32_t kBytesPerSample = 2;
-  const auto size = static_cast<std::uint32_t>(dataBytes_);
-  std::string header = "RIFF";
-  AppendNumber(header, size + kHeaderSize - 8, 4);
-  header += "WAVEfmt ";
-  AppendNumber(header, 16, 4);  // size of this chunk
-  AppendNumber(header, 1, 2);   // PCM
-  AppendNumber(header, 1, 2);   // channels
-  AppendNumber(header, sampleRate_, 4);
-  AppendNumber(header, sampleRate_ * kBytesPerSample, 4);
-  AppendNumber(header, kBytesPerSample, 2);
-  AppendNumber(header, 8 * kBytesPerSample, 2);
-  header += "data";
-  AppendNumber(header, size, 4);
-  return header;
+  return WaveHeader(sampleRate_, static_cast<std::uint32_t>(dataBytes_));
 }
 
 }  // namespace lorelin::engine

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <functional>
 #include <map>
 
 #include "base/paths.h"
 #include "base/textEncoding.h"
-#include "engine/WaveFileWriter.h"
+#include "engine/waveHeader.h"
 #include "tests/windows/eventSource.h"
 
 namespace lorelin {
@@ -42,13 +43,14 @@ void FailIfWanted(const std::string& member) {
 }
 
 void WriteTones(const std::string& path, std::size_t characters) {
-  engine::WaveFileWriter file(path, kRate);
+  std::ofstream file(NativePath(path), std::ios::binary);
+  file << engine::WaveHeader(kRate, static_cast<std::uint32_t>(characters * kSamplesPerCharacter * 2));
   std::vector<std::int16_t> tone(kSamplesPerCharacter);
   for (std::size_t i = 0; i < tone.size(); ++i) {
     tone[i] = static_cast<std::int16_t>(8000 * std::sin(static_cast<double>(i) * 0.1254));
   }
-  for (std::size_t i = 0; i < characters; ++i) file.Write(tone);
-  file.Finish();
+  for (std::size_t i = 0; i < characters; ++i)
+    file.write(reinterpret_cast<const char*>(tone.data()), static_cast<std::streamsize>(tone.size() * 2));
 }
 
 // Calls back once, on this thread, while messages are handled.
