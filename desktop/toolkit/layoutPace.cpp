@@ -18,14 +18,43 @@ namespace {
 // and the window would stay black. GTK offers no way to change that but the source itself, which has a name.
 constexpr std::string_view kLayoutSource = "[gtk+] incremental_validate_callback";
 constexpr gint kBehindEverything = G_PRIORITY_LOW;
-constexpr gint64 kShortestPause = 500;  // microseconds
+constexpr gint kDrawnAhead = 3;   // heights of the view; GTK draws some of what may be scrolled to as well
+constexpr gint64 kShare = 15000;  // microseconds
+constexpr gint64 kShortestPause = 500;
+
+GtkWidget* undrawn = nullptr;  // the view that waits for lines; none when it has gone
 
 gboolean LayOutSome(GSource* source, GSourceFunc callback, gpointer data) {
   const gint64 begin = g_get_monotonic_time();
-  const gboolean goesOn = g_idle_funcs.dispatch(source, callback, data);
-  const gint64 end = g_get_monotonic_time();
+  gboolean goesOn = TRUE;
+  gint64 end = begin;
+  // Every time something was laid out, what is seen is drawn anew; a key may wait as long as this.
+  while (goesOn != FALSE && end < begin + kShare) {
+    goesOn = g_idle_funcs.dispatch(source, callback, data);
+    end = g_get_monotonic_time();
+  }
   g_source_set_ready_time(source, end + std::max(kShortestPause, (end - begin) / 4));
+  if (undrawn != nullptr) gtk_widget_queue_draw(undrawn);
   return goesOn;
+}
+
+// Lines that are not laid out have no height: when they begin above the view's lower end, all of them would
+// be taken for visible and be drawn, which takes as long as laying out the whole text.
+gboolean WaitForLines(GtkWidget* widget, cairo_t* context, gpointer) {
+  GtkTextView* const view = GTK_TEXT_VIEW(widget);
+  GtkTextIter end;
+  gtk_text_buffer_get_end_iter(gtk_text_view_get_buffer(view), &end);
+  gint top = 0;
+  gint height = 0;
+  gtk_text_view_get_line_yrange(view, &end, &top, &height);
+  GdkRectangle visible;
+  gtk_text_view_get_visible_rect(view, &visible);
+  const bool waits = height == 0 && top < visible.y + kDrawnAhead * visible.height;
+  g_set_weak_pointer(&undrawn, waits ? widget : nullptr);
+  if (!waits) return FALSE;
+  gtk_render_background(gtk_widget_get_style_context(widget), context, 0, 0,
+                        gtk_widget_get_allocated_width(widget), gtk_widget_get_allocated_height(widget));
+  return TRUE;
 }
 
 // Ready at its time only, not always.
@@ -60,6 +89,7 @@ void LayOutBehindOtherWork(wxTextCtrl& control) {
   GtkWidget* const scrolled = static_cast<GtkWidget*>(control.GetHandle());
   GtkWidget* const view = GTK_IS_BIN(scrolled) ? gtk_bin_get_child(GTK_BIN(scrolled)) : scrolled;
   if (!GTK_IS_TEXT_VIEW(view)) return;
+  g_signal_connect(view, "draw", G_CALLBACK(WaitForLines), nullptr);
   After(view, "size-allocate");
   After(view, "style-updated");
   GtkTextBuffer* const buffer = gtk_text_view_get_buffer(GTK_TEXT_VIEW(view));
