@@ -23,7 +23,7 @@ std::string Text(std::size_t bytes) {
 void ClickToFirstSample(benchmark::State& state) {
   const PlatformServices services = MakePlatformServices(false);
   ConsoleEventPump pump;
-  EngineClient engine({.engineFile = services.paths.engineFile, .audible = true, .notice = {}}, pump,
+  EngineClient engine({.engineFile = services.paths.engineFile, .audible = true, .condition = {}}, pump,
                       *services.clock, *services.log);
   const auto speller = std::make_shared<const GermanSpeller>();
   SpelledSpeech speech(engine, pump,
