@@ -236,9 +236,7 @@ Found WeekdaysAt(const Tokens& tokens, std::size_t i) {
   if (!first) return std::nullopt;
   std::size_t at = tokens.Skip(first->second);
   std::string between;
-  if (tokens.IsDashAt(at)) {
-    between = " bis ";
-  } else if (tokens.Is(at, "bis")) {
+  if (tokens.IsDashAt(at) || tokens.Is(at, "bis")) {
     between = " bis ";
   } else if (tokens.Is(at, "/") || tokens.Is(at, "+") || tokens.Is(at, "&") || tokens.Is(at, "und")) {
     between = " und ";
