@@ -184,7 +184,7 @@ SpokenText GermanSpeller::SpellUntilItStays(const Tokens& tokens, bool withOwnWo
 
 namespace {
 
-void Append(SpokenText& whole, std::size_t& writtenAt, std::size_t& spokenAt, SpokenText part,
+void Append(SpokenText& whole, std::size_t& writtenAt, std::size_t& spokenAt, const SpokenText& part,
             std::size_t characters) {
   for (SpokenRun run : part.runs) {
     run.spokenBegin += spokenAt;

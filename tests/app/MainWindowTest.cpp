@@ -557,7 +557,9 @@ TEST_F(Desk, TakesAnySizeThatIsStored) {
 TEST_F(Desk, EmptiesNoFolderThatATemporaryLinkPointsTo) {
   std::filesystem::create_directory(folder.File("fremd"));
   WriteFile(folder.File("fremd/lied.wav"), "x");
-  std::filesystem::create_directory_symlink(folder.File("fremd"), folder.File("temp"));
+  std::error_code error;
+  std::filesystem::create_directory_symlink(folder.File("fremd"), folder.File("temp"), error);
+  if (error) GTEST_SKIP() << "no links here: " << error.message();
   fileSearch.names = {"lied.wav"};
   window.Load();
   EXPECT_TRUE(std::filesystem::exists(folder.File("fremd/lied.wav")));
