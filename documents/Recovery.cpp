@@ -146,7 +146,7 @@ void Recovery::Snapshot() {
   } catch (const std::exception& error) {
     Failed(error.what());
   }
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the task owns what it was given
 
 void Recovery::TellLeftoversChanged() const {
   if (leftoversChanged_) leftoversChanged_();
