@@ -48,10 +48,14 @@ class ExtensionManager : public testing::Test {
   // Types into the dialog for a new extension each time it is shown, and closes it as told.
   void InAddDialog(const std::vector<std::function<int(wxWindow& name, wxWindow& object)>>& rounds) {
     std::size_t round = 0;
+    const std::size_t before = messageBoxes.boxes.size();
     wxTimer timer;
     timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
       auto* const dialog = dynamic_cast<wxDialog*>(wxWindow::FindWindowByName("frmAddExtension"));
       if (dialog == nullptr || !dialog->IsModal() || round == rounds.size()) return;
+      // A dialog that has been ended may still be modal; the next round begins behind the refusal of this
+      // one.
+      if (messageBoxes.boxes.size() != before + round) return;
       const auto& act = rounds[round++];
       dialog->EndModal(
           act(FindControl<wxWindow>(*dialog, "txtName"), FindControl<wxWindow>(*dialog, "cmbObjectName")));

