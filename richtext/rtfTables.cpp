@@ -19,7 +19,7 @@ int CodePageOfCharset(int charset) {
   return found != kCharsets.end() ? found->second : 0;
 }
 
-std::string WithoutLeadingBlanks(std::string name) {
+std::string WithoutLeadingBlanks(const std::string& name) {
   const auto begin = name.find_first_not_of(' ');
   return begin == std::string::npos ? std::string() : name.substr(begin);
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace lorelin {
@@ -35,7 +36,7 @@ const char* EncodingOf(const std::array<Set, count>& sets, char letter) {
 std::string Converted(std::string bytes, const char* encoding) {
   if (encoding == nullptr || bytes.empty()) return {};
   const iconv_t converter = iconv_open("UTF-8", encoding);
-  if (converter == reinterpret_cast<iconv_t>(-1)) return {};
+  if (reinterpret_cast<std::intptr_t>(converter) == -1) return {};
   std::string text(bytes.size() * 4, '\0');
   char* from = bytes.data();
   std::size_t fromLeft = bytes.size();
