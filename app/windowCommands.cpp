@@ -47,8 +47,10 @@ void AddConditions(CommandTable& commands, ModSpeak& speech, EditorCommands& edi
   // Who paused before a stop has to be able to take the pause back.
   commands.AddCondition("Pause", [=, &speech] { return speaking() || speech.IsPaused(); });
   commands.AddCondition("ReadSelection", [&] { return editing.HasSelection(); });
-  commands.AddCondition("Undo", [&] { return editing.CanUndo(); });
-  commands.AddCondition("Redo", [&] { return editing.CanRedo(); });
+  for (const auto* const command : {"Cut", "Insert", "Delete", "Replace"})
+    commands.AddCondition(command, [&] { return !editing.ShowsPage(); });
+  commands.AddCondition("Undo", [&] { return !editing.ShowsPage() && editing.CanUndo(); });
+  commands.AddCondition("Redo", [&] { return !editing.ShowsPage() && editing.CanRedo(); });
 }
 
 void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpening& opening) {

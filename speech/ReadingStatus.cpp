@@ -72,6 +72,8 @@ void ReadingStatus::NotSaved(const std::string& path, std::string_view reason) {
 
 void ReadingStatus::Say(std::string_view text) {
   said_ = text;
+  // What is said again is told again.
+  if (bar_.Message() == text) bar_.SetMessage("");
   bar_.SetMessage(text);
 }
 

@@ -34,14 +34,19 @@ document.addEventListener('click', function (event) {
 }, true);
 )";
 
-// Where reading begins when the page gets the keyboard: at its heading, or where the link led to.
-constexpr const char* kBeginAtHeading = R"(
+// Where reading begins when the page gets the keyboard: at its contents, which are called as their heading is
+// because a screen reader passes over a heading that gets the focus, or where the link led to.
+constexpr const char* kBeginAtContents = R"(
 (function () {
-  var begin = location.hash ? document.getElementById(location.hash.slice(1)) : document.querySelector('h1');
+  var heading = document.querySelector('h1');
+  var contents = document.querySelector('main');
+  if (heading && contents) contents.setAttribute('aria-label', heading.textContent);
+  var begin = location.hash ? document.getElementById(location.hash.slice(1)) : contents || heading;
   if (!begin) return;
   begin.tabIndex = -1;
   begin.style.outline = 'none';
-  begin.focus({ preventScroll: true });
+  function focus() { begin.focus({ preventScroll: true }); }
+  if (document.hasFocus()) focus(); else window.addEventListener('focus', focus, { once: true });
 })();
 )";
 
@@ -82,9 +87,10 @@ void WxBrowserPane::CreateView() {
   if (offline_) BlockNetwork(*view_, filterFolder_);
   view_->AddScriptMessageHandler(kMessageHandler);
   view_->AddUserScript(kReportClicks);
-  view_->AddUserScript(kBeginAtHeading, wxWEBVIEW_INJECT_AT_DOCUMENT_END);
+  view_->AddUserScript(kBeginAtContents, wxWEBVIEW_INJECT_AT_DOCUMENT_END);
   view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,
               [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); });
+  view_->Bind(wxEVT_WEBVIEW_LOADED, [this](wxWebViewEvent&) { TellThatPageIsUsable(*view_); });
   view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
   view_->Bind(wxEVT_WEBVIEW_NEWWINDOW, &WxBrowserPane::OnNewWindow, this);
   view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);

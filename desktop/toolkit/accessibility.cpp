@@ -57,9 +57,10 @@ void SetAccessibleRole(wxWindow& window, AccessibleRole role) {
                                                                   : ATK_ROLE_NOTIFICATION);
 }
 
-// A notification that appears is read.
+// A notification that appears is read; one in a window that is still to be shown will appear with it.
 void Announce(wxWindow& window) {
   SetAccessibleRole(window, AccessibleRole::Notification);
+  if (!window.IsShownOnScreen()) return;
   AtkObject* const object = gtk_widget_get_accessible(static_cast<GtkWidget*>(window.GetHandle()));
   atk_object_notify_state_change(object, ATK_STATE_SHOWING, TRUE);
 }

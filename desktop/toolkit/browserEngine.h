@@ -10,6 +10,8 @@ namespace lorelin {
 
 // Lets the page itself, not what it lies in, take the focus; once for each view.
 void LetPageTakeFocus(wxWebView& view);
+// Tells screen readers so; again for each page, which may come from a new process.
+void TellThatPageIsUsable(wxWebView& view);
 void FocusPage(wxWebView& view);
 
 }  // namespace lorelin

@@ -41,6 +41,23 @@ TEST_F(Conditions, OfferWhatCanBeTakenBackAndRepeated) {
   EXPECT_TRUE(Possible("Redo"));
 }
 
+TEST_F(Conditions, OfferNoChangeOfATextThatIsOutOfSight) {
+  editing.canUndo = true;
+  editing.canRedo = true;
+  for (const auto* const command : {"Cut", "Insert", "Delete", "Replace", "Undo", "Redo"}) {
+    editing.showsPage = false;
+    EXPECT_TRUE(Possible(command)) << command;
+    editing.showsPage = true;
+    EXPECT_FALSE(Possible(command)) << command;
+  }
+}
+
+TEST_F(Conditions, LeaveWhatServesThePageToo) {
+  editing.showsPage = true;
+  for (const auto* const command : {"Copy", "SelectAll", "Find", "FindAgain"})
+    EXPECT_TRUE(Possible(command)) << command;
+}
+
 TEST_F(Conditions, LeaveEveryOtherCommandAlone) {
   EXPECT_EQ(modules.commands.IsPossible("Speak"), std::nullopt);
   EXPECT_EQ(modules.commands.IsPossible("Nichts"), std::nullopt);

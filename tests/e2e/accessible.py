@@ -146,8 +146,10 @@ page = within(10, lambda: find(main, "document web"))
 check("the page is there", page)
 keys("F1")
 check("F1 shows the help", within(10, lambda: find(main, "document web", "Hilfe zu Lorelin")))
-check("and puts the focus into it", within(10, lambda: any(
-    each.get_state_set().contains(FOCUSED) for each in everything(find(main, "document web")))))
+check("and puts the focus into its contents, which have their heading's name", within(10, lambda: (
+    lambda contents: contents and contents.get_state_set().contains(FOCUSED))(find(main, "landmark", "Hilfe"))))
+check("what joins the page to the window does not look greyed", within(10, lambda: (
+    lambda view: view and view.get_child_at_index(0).get_state_set().contains(SENSITIVE))(find(main, "viewport", "Seite"))))
 
 keys("ctrl+1")
 check("the document has the focus", within(10, lambda: (lambda text: text and text.get_state_set().contains(FOCUSED))(
@@ -164,6 +166,11 @@ check("and shows its icon", box and (find(box, "icon") or find(box, "image")))
 keys("Return")
 check("the box closes", gone("Fehler"))
 check("the focus is in the document again", within(10, lambda: find(main, "text", "Dokument").get_state_set().contains(FOCUSED)))
+
+said.clear()
+keys("F5")
+check("the end of the rendering and that of the reading are told", within(
+    30, lambda: said.count("Der Text wurde vollständig vorgelesen.") == 2))
 
 keys("alt+a")
 menu = within(5, lambda: find(main, "menu", "Aktion"))

@@ -34,6 +34,14 @@ TEST_F(ReadingStatusTest, SaysOnceWhatIsWrongWithBothInstances) {
   EXPECT_EQ(bar.notices["reading"], "Ausgefallen.");
 }
 
+// A status bar tells a screen reader of what changes only.
+TEST_F(ReadingStatusTest, SaysAgainWhatIsTrueAgain) {
+  status.ReadToTheEnd();
+  status.ReadToTheEnd();
+  const std::string sentence(ReadingStatus::kReadToTheEnd);
+  EXPECT_EQ(bar.messages, (std::vector<std::string>{sentence, "", sentence}));
+}
+
 TEST_F(ReadingStatusTest, KeepsTheHintOfAScriptWhileItRuns) {
   status.ScriptRuns("Wecker.vts");
   status.Reads();
