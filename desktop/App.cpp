@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/RemoteSession.h"
 #include "app/WindowModules.h"
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
@@ -20,10 +21,13 @@
 #include "desktop/toolkit/WxMessageBoxes.h"
 #include "desktop/toolkit/WxProgressWindow.h"
 #include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/mediaKeys.h"
+#include "desktop/toolkit/primarySelection.h"
 #include "desktop/toolkit/termination.h"
 #include "desktop/toolkit/toolkit.h"
 #include "documents/GuardedDocument.h"
 #include "documents/Recovery.h"
+#include "documents/windowTitle.h"
 #include "ports/Platform.h"
 #include "speech/SpeechModules.h"
 #include "speech/temporaryFiles.h"
@@ -120,7 +124,12 @@ class App::Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  bool Start(const std::string& commandLine) {
+  // `readsSelection`: what is selected in the program in front is read, by the instance that runs or by this
+  // one.
+  bool Start(const std::string& commandLine, bool readsSelection) {
+    if (readsSelection && services_.remote->AskRunning(RemoteRequest::ReadSelection)) return false;
+    // The own window comes to the front later.
+    const std::string selected = readsSelection ? remote_.Selection() : "";
     const MainParts parts{
         .singleInstance = *services_.singleInstance,
         .messageBoxes = messageBoxes_,
@@ -141,7 +150,11 @@ class App::Program {
               modules_.window.Load();
             },
         .textmode = [this] { modules_.window.Textmode(); }};
-    return Main(parts, commandLine) == StartResult::Started;
+    if (Main(parts, commandLine) != StartResult::Started) return false;
+    remote_.Begin();
+    OnMediaKeys(*form_, [this](RemoteRequest request) { remote_.Carry(request); });
+    if (readsSelection) remote_.ReadAloud(selected);
+    return true;
   }
 
   [[nodiscard]] bool Ending() const { return ending_; }
@@ -162,6 +175,11 @@ class App::Program {
 
   void ShowScriptHelp() {
     modules_.modes.ShowPage("taskscripts.htm");
+    form_->Raise();
+  }
+
+  void Raise() {
+    form_->Iconize(false);
     form_->Raise();
   }
 
@@ -240,6 +258,19 @@ class App::Program {
       spoken_, messageBoxes_,
       [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }};
   WindowModules modules_;
+  RemoteSession remote_{
+      {.remote = *services_.remote,
+       .commands = modules_.commands,
+       .speech = spoken_.speech,
+       .clock = *services_.clock,
+       .clipboard = clipboard_,
+       .selectedText = *services_.selectedText,
+       .statusBar = *form_,
+       .ownSelection = [this] { return form_->IsActive() ? document_.SelectedText() : ""; },
+       .primarySelection = &PrimarySelection,
+       .title = [this] { return std::string(WithoutChangeMark(modules_.documents.Title())); },
+       .raise = [this] { Raise(); },
+       .quit = [this] { modules_.window.CloseRequested(); }}};
   ModFileReg fileTypes_;
   WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),
                               [this] { modules_.tasks.FollowFolder(); }};
@@ -257,13 +288,15 @@ bool App::Initialize(int& argc, wxChar** argv) {
   return wxApp::Initialize(argc, argv);
 }
 
-// The base class would take a document's name for an option of the toolkit.
+// The base class would take a document's name for an option of the toolkit. The option that is none of the
+// command line's is taken out of it.
 bool App::OnInit() {
   SetExitOnFrameDelete(false);
   program_ = std::make_unique<Program>();
+  const bool readsSelection = std::erase(arguments_, "--auswahl") > 0;
   std::vector<char*> pointers;
   for (std::string& argument : arguments_) pointers.push_back(argument.data());
-  if (!program_->Start(CommandLineText(pointers))) program_.reset();
+  if (!program_->Start(CommandLineText(pointers), readsSelection)) program_.reset();
   return true;
 }
 

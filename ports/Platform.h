@@ -18,6 +18,8 @@
 #include "ports/ProgramLauncher.h"
 #include "ports/ProgramPaths.h"
 #include "ports/Registry.h"
+#include "ports/RemoteControl.h"
+#include "ports/SelectedText.h"
 #include "ports/Shell.h"
 #include "ports/SingleInstance.h"
 #include "ports/SystemPorts.h"
@@ -40,6 +42,8 @@ struct PlatformServices {
   std::unique_ptr<ForegroundWindow> foreground;
   std::unique_ptr<FileAssociation> fileAssociation;
   std::unique_ptr<SingleInstance> singleInstance;
+  std::unique_ptr<RemoteControl> remote;
+  std::unique_ptr<SelectedText> selectedText;
   std::unique_ptr<Registry> registry;
   std::string registryNotice;  // German; "" when the settings are as they should be
   bool settingsLost = false;   // the notice has to be confirmed by a person

@@ -39,6 +39,7 @@ void ReadingStatus::Become(State state) {
   state_ = state;
   if (state != State::Silent) Forget();
   ShowStanding();
+  if (changed_) changed_();
 }
 
 void ReadingStatus::Renders(bool rendering) {

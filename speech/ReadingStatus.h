@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ports/StatusBar.h"
 
@@ -40,6 +42,8 @@ class ReadingStatus {
   // What was said here last is no longer of interest; what others said stays.
   void Forget();
 
+  // Called when reading begins, is held, goes on or ends.
+  void OnChange(std::function<void()> handler) { changed_ = std::move(handler); }
   [[nodiscard]] bool IsReading() const { return state_ == State::Reading; }
   [[nodiscard]] bool IsPaused() const { return state_ == State::Paused; }
 
@@ -58,6 +62,7 @@ class ReadingStatus {
   std::array<std::string, 2> conditions_;
   std::string said_;
   std::string shown_;
+  std::function<void()> changed_;
 };
 
 }  // namespace lorelin

@@ -3,19 +3,15 @@
 #include <memory>
 #include <utility>
 
-#include "platform/linux/sessionBus.h"
+#include "platform/linux/accessibilityBus.h"
+#include "platform/linux/gioPointers.h"
 
 namespace lorelin {
 namespace {
 
 constexpr int kTimeout = 200;       // milliseconds
-constexpr int kJoinTimeout = 2000;  // the bus may have to be started
+constexpr int kJoinTimeout = 2000;  // the registry may have to be started
 constexpr const char* kEvent = "window:activate";
-
-struct VariantDeleter {
-  void operator()(GVariant* variant) const { g_variant_unref(variant); }
-};
-using Variant = std::unique_ptr<GVariant, VariantDeleter>;
 
 Variant Call(GDBusConnection* bus, const char* name, const char* path, const char* interface,
              const char* method, GVariant* arguments, int timeout) {
@@ -37,19 +33,7 @@ bool AtspiForegroundWindow::Connected() {
 }
 
 void AtspiForegroundWindow::Join() {
-  if (!HasSessionBus()) return;
-  GDBusConnection* const session = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
-  if (session == nullptr) return;
-  g_dbus_connection_set_exit_on_close(session, FALSE);
-  const Variant address =
-      Call(session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", nullptr, kJoinTimeout);
-  g_object_unref(session);
-  if (!address) return;
-  const gchar* text = nullptr;
-  g_variant_get(address.get(), "(&s)", &text);
-  const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                       G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-  bus_ = g_dbus_connection_new_for_address_sync(text, flags, nullptr, nullptr, nullptr);
+  bus_ = JoinAccessibilityBus();
   if (bus_ == nullptr) return;
   subscription_ = g_dbus_connection_signal_subscribe(
       bus_, nullptr, "org.a11y.atspi.Event.Window", "Activate", nullptr, nullptr, G_DBUS_SIGNAL_FLAGS_NONE,

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "platform/linux/gioPointers.h"
 #include "platform/linux/sessionBus.h"
 
 namespace lorelin {
@@ -17,11 +18,6 @@ constexpr int kTimeout = 10'000;  // milliseconds
 constexpr auto kTurn = std::chrono::milliseconds(10);
 constexpr std::size_t kLongestText = std::size_t{16} << 20;  // bytes of an answer
 constexpr std::size_t kLongestArgument = std::size_t{64} << 20;
-
-struct VariantDeleter {
-  void operator()(GVariant* variant) const { g_variant_unref(variant); }
-};
-using Variant = std::unique_ptr<GVariant, VariantDeleter>;
 
 struct CancellableDeleter {
   void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }

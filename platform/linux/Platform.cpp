@@ -9,10 +9,12 @@
 #include "platform/common/LogFile.h"
 #include "platform/common/SystemClock.h"
 #include "platform/linux/AtspiForegroundWindow.h"
+#include "platform/linux/AtspiSelectedText.h"
 #include "platform/linux/CurlDownloader.h"
 #include "platform/linux/DBusAutomation.h"
 #include "platform/linux/EngineClient.h"
 #include "platform/linux/FlockSingleInstance.h"
+#include "platform/linux/MprisRemoteControl.h"
 #include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
 #include "platform/linux/XcbForegroundWindow.h"
@@ -46,6 +48,8 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.fileAssociation = std::make_unique<XdgFileAssociation>(
       services.paths.desktopFolder, *services.fileWriter, *services.launcher, *services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
+  services.remote = std::make_unique<MprisRemoteControl>(*services.log);
+  services.selectedText = std::make_unique<AtspiSelectedText>();
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);
   services.registryNotice = std::move(opened.notice);

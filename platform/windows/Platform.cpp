@@ -18,6 +18,7 @@
 #include "platform/windows/ExplorerShell.h"
 #include "platform/windows/MissingSpeech.h"
 #include "platform/windows/MutexSingleInstance.h"
+#include "platform/windows/NoRemoteControl.h"
 #include "platform/windows/SapiVoice.h"
 #include "platform/windows/ShellFileAssociation.h"
 #include "platform/windows/UrlmonDownloader.h"
@@ -43,6 +44,8 @@ PlatformServices MakePlatformServices(bool verbose) {
   auto registry = std::make_unique<AdvapiRegistry>(*services.log);
   services.fileAssociation = std::make_unique<ShellFileAssociation>(*registry);
   services.registry = std::move(registry);
+  services.remote = std::make_unique<NoRemoteControl>();
+  services.selectedText = std::make_unique<NoSelectedText>();
   services.singleInstance = std::make_unique<MutexSingleInstance>("Lorelin" + services.paths.lockFile);
   return services;
 }

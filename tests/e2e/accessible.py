@@ -157,6 +157,10 @@ check("the document has the focus", within(10, lambda: (lambda text: text and te
 type_text("Guten Tag.")
 check("the number of characters follows", within(10, lambda: find(bar, "label", "10 Zeichen.")))
 check_names("the window with the text", main)
+keys("ctrl+a")
+check("other programs can ask what is selected in it", within(10, lambda: subprocess.run(
+    [sys.argv[1] + "/selectionDriver"], capture_output=True, text=True, check=False).stdout == "Guten Tag.\n"))
+keys("ctrl+End")
 
 keys("ctrl+e")
 box = window("Fehler", "alert")

@@ -1,0 +1,97 @@
+#include "app/RemoteSession.h"
+
+#include <array>
+
+namespace lorelin {
+namespace {
+
+bool IsBlank(const std::string& text) {
+  return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+Playback PlaybackOf(const ReadingStatus& status) {
+  if (status.IsPaused()) return Playback::Paused;
+  return status.IsReading() ? Playback::Playing : Playback::Stopped;
+}
+
+}  // namespace
+
+void RemoteSession::Begin() {
+  parts_.remote.OnRequest([this](RemoteRequest request) { Carry(request); });
+  parts_.speech.Status().OnChange([this] { Tell(); });
+  Tell();
+}
+
+RemoteSession::~RemoteSession() {
+  parts_.speech.Status().OnChange({});
+  parts_.remote.OnRequest({});
+}
+
+void RemoteSession::Carry(RemoteRequest request) {
+  switch (request) {
+    case RemoteRequest::Play:
+      return Play();
+    case RemoteRequest::Pause:
+      return Pause();
+    case RemoteRequest::PlayPause:
+      return Sounds() ? Pause() : Play();
+    case RemoteRequest::Stop:
+      parts_.commands.Run("Stop");
+      return;
+    case RemoteRequest::Next:
+      parts_.commands.Run("NextSentence");
+      return;
+    case RemoteRequest::Previous:
+      parts_.commands.Run("PreviousSentence");
+      return;
+    case RemoteRequest::Raise:
+      return parts_.raise();
+    case RemoteRequest::Quit:
+      return parts_.quit();
+    case RemoteRequest::ReadSelection:
+      return ReadAloud(Selection());
+  }
+}
+
+bool RemoteSession::Sounds() const {
+  return PlaybackOf(parts_.speech.Status()) == Playback::Playing;
+}
+
+void RemoteSession::Play() {
+  if (Sounds()) return;
+  parts_.commands.Run(parts_.speech.Held() ? "Pause" : "SpeakDocument");
+}
+
+void RemoteSession::Pause() {
+  if (Sounds()) parts_.commands.Run("Pause");
+}
+
+std::string RemoteSession::Selection() const {
+  const std::array<std::function<std::string()>, 4> sources{
+      parts_.ownSelection, [this] { return parts_.selectedText.Text(); }, parts_.primarySelection,
+      [this] { return parts_.clipboard.Text(); }};
+  for (const auto& source : sources) {
+    if (std::string text = source(); !IsBlank(text)) return text;
+  }
+  return {};
+}
+
+void RemoteSession::ReadAloud(std::string text) {
+  if (IsBlank(text)) return parts_.statusBar.SetMessage("Es ist nirgends Text markiert.");
+  parts_.speech.Speak(text, false, "-1", true);
+}
+
+void RemoteSession::Tell() {
+  const Playback now = PlaybackOf(parts_.speech.Status());
+  const auto moment = parts_.clock.Steady();
+  if (playback_ == Playback::Playing) heard_ += moment - since_;
+  // Reading that begins while it goes on reads another text.
+  if (playback_ == Playback::Stopped || playback_ == now) heard_ = {};
+  since_ = moment;
+  playback_ = now;
+  parts_.remote.Tell({.playback = now,
+                      .title = parts_.title(),
+                      .position = std::chrono::duration_cast<std::chrono::microseconds>(heard_)});
+}
+
+}  // namespace lorelin

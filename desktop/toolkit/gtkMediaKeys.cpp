@@ -1,0 +1,12 @@
+#ifdef __WXGTK__
+
+#include "desktop/toolkit/mediaKeys.h"
+
+namespace lorelin {
+
+// The desktop hands them to whatever is a player on the session bus.
+void OnMediaKeys(wxFrame&, std::function<void(RemoteRequest)>) {}
+
+}  // namespace lorelin
+
+#endif

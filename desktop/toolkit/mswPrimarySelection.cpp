@@ -1,0 +1,13 @@
+#ifdef __WXMSW__
+
+#include "desktop/toolkit/primarySelection.h"
+
+namespace lorelin {
+
+std::string PrimarySelection() {
+  return {};
+}
+
+}  // namespace lorelin
+
+#endif

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ports/RemoteControl.h"
+#include "ports/SelectedText.h"
+
+namespace lorelin {
+
+// Windows has no bus between programs; the media keys come to the window.
+class NoRemoteControl final : public RemoteControl {
+ public:
+  void OnRequest(std::function<void(RemoteRequest)>) override {}
+  void Tell(const RemoteState&) override {}
+  bool AskRunning(RemoteRequest) override { return false; }
+};
+
+class NoSelectedText final : public SelectedText {
+ public:
+  std::string Text() override { return {}; }
+};
+
+}  // namespace lorelin
