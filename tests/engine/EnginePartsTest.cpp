@@ -363,6 +363,20 @@ TEST(Protocol, BringsTheRestOfATextAcross) {
   EXPECT_FALSE(ReadMore("abc"));
 }
 
+TEST(Protocol, BringsAWordAcross) {
+  FrameReader reader;
+  reader.Feed(FrameWord({7, 70000, 70005}));
+  const auto message = reader.Next();
+  ASSERT_TRUE(message.has_value());
+  EXPECT_EQ(message->kind, Kind::Word);
+  const auto word = ReadWord(message->fields);
+  ASSERT_TRUE(word.has_value());
+  EXPECT_EQ(word->id, 7U);
+  EXPECT_EQ(word->begin, 70000U);
+  EXPECT_EQ(word->end, 70005U);
+  EXPECT_FALSE(ReadWord("short").has_value());
+}
+
 TEST(Protocol, PutsFramesTogetherFromSingleBytes) {
   const std::string stream = FrameNumber(Kind::Ping, 5) + FrameEnded({6, "Grund"});
   FrameReader reader;
