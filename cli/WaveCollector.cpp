@@ -1,19 +1,12 @@
 #include "cli/WaveCollector.h"
 
 #include <array>
-#include <cstring>
 #include <fstream>
 
 #include "base/paths.h"
+#include "engine/waveHeader.h"
 
 namespace lorelin::cli {
-namespace {
-
-constexpr std::size_t kHeaderSize = 44;  // of the files that the engine writes
-constexpr std::size_t kSampleRateAt = 24;
-
-}  // namespace
-
 void WaveCollector::SetWaveFile(const std::string& path) {
   rendered_ = path;
   engine_.SetWaveFile(path);
@@ -32,11 +25,14 @@ void WaveCollector::OnEndOfText(std::function<void(const EndOfText&)> handler) {
 
 void WaveCollector::Append(const std::string& path) {
   std::ifstream source(NativePath(path), std::ios::binary);
-  std::array<char, kHeaderSize> header{};
+  std::array<char, engine::kWaveHeaderSize> header{};
   if (!source.read(header.data(), header.size())) return;
-  std::uint32_t sampleRate = 0;
-  std::memcpy(&sampleRate, header.data() + kSampleRateAt, sizeof sampleRate);
-  if (!file_) file_ = std::make_unique<engine::WaveFileWriter>(PathText(NativePath(path_)), sampleRate);
+  const auto sampleRate = engine::SampleRateOf({header.data(), header.size()});
+  if (!sampleRate) {
+    problem_ = "Die Sprachausgabe hat keine WAV-Datei geschrieben.";
+    return;
+  }
+  if (!file_) file_ = std::make_unique<engine::WaveFileWriter>(PathText(NativePath(path_)), *sampleRate);
   std::array<std::int16_t, 32768> samples{};
   while (true) {
     source.read(reinterpret_cast<char*>(samples.data()), sizeof samples);

@@ -54,6 +54,9 @@ class WaveCollector final : public DirectSS {
   std::int32_t MaxVolume() override { return engine_.MaxVolume(); }
   void SetWaveFile(const std::string& path) override;
   void OnEndOfText(std::function<void(const EndOfText&)> handler) override;
+  void OnWordHeard(std::function<void(const HeardWord&)> handler) override {
+    engine_.OnWordHeard(std::move(handler));
+  }
 
  private:
   void Append(const std::string& path);

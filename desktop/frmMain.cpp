@@ -6,10 +6,10 @@
 #include <wx/toolbar.h>
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "app/WindowModules.h"
+#include "app/windowPlacement.h"
 #include "desktop/frmFind.h"
 #include "desktop/toolkit/DropTarget.h"
 #include "desktop/toolkit/fontScale.h"
@@ -276,22 +276,24 @@ void FrmMain::SetZoom(int steps) {
 
 std::string FrmMain::Placement() {
   const wxRect place = GetRect();
-  return std::to_string(place.x) + " " + std::to_string(place.y) + " " + std::to_string(place.width) + " " +
-         std::to_string(place.height) + " " + (IsMaximized() ? "1" : "0") + " " +
-         std::to_string(splitter_->GetSashPosition());
+  return PlacementText({.x = place.x,
+                        .y = place.y,
+                        .width = place.width,
+                        .height = place.height,
+                        .maximized = IsMaximized(),
+                        .sash = splitter_->GetSashPosition()});
 }
 
 // A place on a screen that has gone, or too small to be found, is not taken.
 void FrmMain::Place(std::string_view placement) {
-  std::istringstream numbers{std::string(placement)};
-  wxRect place;
-  int maximized = 0;
-  int sash = 0;
-  if (!(numbers >> place.x >> place.y >> place.width >> place.height >> maximized >> sash)) return;
+  const auto kept = ParsePlacement(placement);
+  if (!kept) return;
+  const wxRect place(kept->x, kept->y, kept->width, kept->height);
   const bool seen = wxDisplay::GetFromPoint(place.GetTopLeft() + wxPoint(place.width / 2, 10)) != wxNOT_FOUND;
   if (seen && place.width >= GetMinWidth() && place.height >= GetMinHeight()) SetSize(place);
-  if (maximized == 1) Maximize();
-  if (sash >= splitter_->GetMinimumPaneSize() && sash < place.width) splitter_->SetSashPosition(sash);
+  if (kept->maximized) Maximize();
+  if (kept->sash >= splitter_->GetMinimumPaneSize() && kept->sash < place.width)
+    splitter_->SetSashPosition(kept->sash);
 }
 
 void FrmMain::ShowWindow() {

@@ -12,6 +12,8 @@ using std::chrono::steady_clock;
 constexpr int kBufferFrames = 512;
 // Buffers that a driver keeps on its own side; the sound has left when so many silent ones followed.
 constexpr int kDriverBuffers = 3;
+// What the device takes is heard when it takes the next but one.
+constexpr std::uint64_t kUntilHeard = 2 * kBufferFrames;
 constexpr milliseconds kStalled{5000};
 constexpr milliseconds kIdle{2000};
 
@@ -130,7 +132,53 @@ bool AudioOutput::Write(std::span<const std::int16_t> samples) {
 bool AudioOutput::Drain() {
   Guard guard(mutex_);
   if (device_ == 0 && count_ == 0) return !discarded_;
-  return WaitFor(guard, [this] { return count_ == 0 && silentBuffers_ > kDriverBuffers; });
+  // A word that has no sample of its own comes with the last one.
+  const std::uint64_t end = samplesTaken_ + count_;
+  for (auto& [sample, word] : words_) sample = std::min(sample, std::max<std::uint64_t>(end, 1) - 1);
+  return WaitFor(guard, [this] {
+    return count_ == 0 && silentBuffers_ > kDriverBuffers && underWay_.empty() && !telling_;
+  });
+}
+
+void AudioOutput::Mark(std::uint64_t sample, const HeardWord& word) {
+  const Guard guard(mutex_);
+  if (!discarded_) words_.emplace_back(sample, word);
+}
+
+std::optional<HeardWord> AudioOutput::NextWord() {
+  Guard guard(mutex_);
+  telling_ = false;
+  changed_.notify_all();
+  changed_.wait(guard, [this] {
+    return wordsEnded_ || (!underWay_.empty() && underWay_.front().first + kUntilHeard <= deviceClock_);
+  });
+  if (wordsEnded_) return std::nullopt;
+  telling_ = true;
+  const HeardWord word = underWay_.front().second;
+  underWay_.pop_front();
+  return word;
+}
+
+void AudioOutput::EndWords() {
+  const Guard guard(mutex_);
+  wordsEnded_ = true;
+  changed_.notify_all();
+}
+
+void AudioOutput::SendWords(std::size_t taken, std::size_t wanted) {
+  while (!words_.empty() && words_.front().first < samplesTaken_ + taken) {
+    const std::uint64_t sample = std::max(words_.front().first, samplesTaken_);
+    underWay_.emplace_back(deviceClock_ + (sample - samplesTaken_), words_.front().second);
+    words_.pop_front();
+  }
+  samplesTaken_ += taken;
+  deviceClock_ += wanted;
+}
+
+void AudioOutput::ForgetWords() {
+  words_.clear();
+  underWay_.clear();
+  samplesTaken_ = 0;
 }
 
 milliseconds AudioOutput::CloseIdle() {
@@ -154,6 +202,7 @@ void AudioOutput::Discard() {
   discarded_ = true;
   paused_ = false;
   first_ = count_ = 0;
+  ForgetWords();
   changed_.notify_all();
 }
 
@@ -161,6 +210,7 @@ void AudioOutput::Restart() {
   const Guard guard(mutex_);
   discarded_ = false;
   first_ = count_ = 0;
+  ForgetWords();
 }
 
 void AudioOutput::Take(std::int16_t* samples, std::size_t wanted) {
@@ -170,6 +220,7 @@ void AudioOutput::Take(std::int16_t* samples, std::size_t wanted) {
   std::fill(samples + taken, samples + wanted, std::int16_t{0});
   first_ = (first_ + taken) % ring_.size();
   count_ -= taken;
+  SendWords(taken, wanted);
   lastTaken_ = steady_clock::now();
   if (taken > 0) lastSound_ = lastTaken_;
   if (count_ == 0 && !paused_ && silentBuffers_ <= kDriverBuffers) ++silentBuffers_;

@@ -5,10 +5,15 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <span>
+#include <utility>
 #include <vector>
+
+#include "engine/protocol.h"
 
 namespace lorelin::engine {
 
@@ -32,6 +37,13 @@ class AudioOutput {
   bool Write(std::span<const std::int16_t> samples);
   // Waits until the last sample was played. False after Discard.
   bool Drain();
+  // The word begins with this sample of those that are written since Restart; before the sample is written
+  // and in order. Somebody has to ask for the words.
+  void Mark(std::uint64_t sample, const HeardWord& word);
+  // Waits for the next word to be heard: when its first sample leaves the device, whatever pauses come in
+  // between. None after EndWords. One thread of its own.
+  [[nodiscard]] std::optional<HeardWord> NextWord();
+  void EndWords();
   // Closes the device when nothing was played for a while. Returns when to ask again, zero when it is closed.
   std::chrono::milliseconds CloseIdle();
 
@@ -55,6 +67,9 @@ class AudioOutput {
   // closed.
   void TendDevice(Guard& guard);
   void Take(std::int16_t* samples, std::size_t count);
+  // The words among the samples that are taken next are on their way.
+  void SendWords(std::size_t taken, std::size_t wanted);
+  void ForgetWords();
   static void Callback(void* self, Uint8* bytes, int size);
 
   const int sampleRate_;
@@ -64,6 +79,12 @@ class AudioOutput {
   std::vector<std::int16_t> ring_;
   std::size_t first_ = 0;
   std::size_t count_ = 0;
+  std::deque<std::pair<std::uint64_t, HeardWord>> words_;     // by the samples since Restart
+  std::deque<std::pair<std::uint64_t, HeardWord>> underWay_;  // by the samples that the device took ever
+  std::uint64_t samplesTaken_ = 0;                            // since Restart
+  std::uint64_t deviceClock_ = 0;                             // samples and silence that the device took
+  bool telling_ = false;                                      // somebody has a word and has not come back
+  bool wordsEnded_ = false;
   int silentBuffers_ = 0;  // device buffers filled since the queue ran empty
   bool paused_ = false;
   bool discarded_ = false;

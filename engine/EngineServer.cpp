@@ -10,6 +10,7 @@
 #include <memory>
 #include <utility>
 
+#include "base/textEncoding.h"
 #include "engine/WaveFileWriter.h"
 #include "engine/speakableText.h"
 
@@ -32,13 +33,18 @@ std::int64_t NowMilliseconds() {
 
 class EngineServer::DeviceSink final : public SampleSink {
  public:
-  explicit DeviceSink(AudioOutput& audio) : audio_(audio) {}
+  DeviceSink(AudioOutput& audio, std::uint32_t id) : audio_(audio), id_(id) {}
   bool Write(std::span<const std::int16_t> samples) override { return audio_.Write(samples); }
+  void Mark(const WordMark& mark) override {
+    audio_.Mark(mark.sample,
+                {id_, static_cast<std::uint32_t>(mark.begin), static_cast<std::uint32_t>(mark.end)});
+  }
   bool Finish() override { return audio_.Drain(); }
   [[nodiscard]] std::string Problem() const override { return {}; }
 
  private:
   AudioOutput& audio_;
+  const std::uint32_t id_;
 };
 
 EngineServer::EngineServer(int socket, bool warmUpAudio)
@@ -54,6 +60,7 @@ EngineServer::~EngineServer() {
 int EngineServer::Run() {
   if (!Send(FrameHello(synthesizer_.Describe()))) return 0;
   worker_ = std::thread([this] { Work(); });
+  teller_ = std::thread([this] { TellWords(); });
   FrameReader reader;
   std::array<char, 65536> bytes{};
   bool open = true;
@@ -85,6 +92,12 @@ void EngineServer::End() {
   if (!changed_.wait_for(guard, kLastWords, [this] { return workEnded_; })) _exit(kStuckExitCode);
   guard.unlock();
   worker_.join();
+  audio_.EndWords();
+  teller_.join();
+}
+
+void EngineServer::TellWords() {
+  while (const auto word = audio_.NextWord()) Send(FrameWord(*word));
 }
 
 // A library that never comes back cannot be stopped from inside; the program starts a new engine.
@@ -203,7 +216,7 @@ void EngineServer::Work() {
 void EngineServer::Perform(const Utterance& utterance) {
   std::unique_ptr<SampleSink> sink;
   if (utterance.waveFile.empty()) {
-    sink = std::make_unique<DeviceSink>(audio_);
+    sink = std::make_unique<DeviceSink>(audio_, utterance.id);
   } else {
     sink = std::make_unique<WaveFileWriter>(utterance.waveFile,
                                             static_cast<std::uint32_t>(synthesizer_.SampleRate()));
@@ -226,20 +239,34 @@ std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink) {
 }
 
 bool EngineServer::SynthesizeParts(const Utterance& utterance, SampleSink& sink) {
-  bool started = false;
+  Progress progress{.id = utterance.id};
   synthesizer_.Apply(utterance);
   std::optional<std::string> text = utterance.text.empty() ? NextPart() : utterance.text;
   for (; text && !text->empty(); text = NextPart()) {
-    inLibrarySince_ = NowMilliseconds();
-    const bool spoken = synthesizer_.Speak(SpeakableText(*text), [&](std::span<const std::int16_t> samples) {
-      const bool taken = Pass(sink, samples, started ? 0 : utterance.id);
-      started = true;
-      return taken;
-    });
-    inLibrarySince_ = 0;
-    if (!spoken) return false;
+    if (!SynthesizePart(*text, sink, progress)) return false;
   }
   return text.has_value();
+}
+
+bool EngineServer::SynthesizePart(std::string_view part, SampleSink& sink, Progress& progress) {
+  const std::string speakable = SpeakableText(part);
+  const DroppedCharacters dropped(part);
+  const Progress before = progress;
+  inLibrarySince_ = NowMilliseconds();
+  const bool spoken = synthesizer_.Speak(
+      speakable,
+      [&](std::span<const std::int16_t> samples) {
+        const bool first = progress.samples == 0;
+        progress.samples += samples.size();
+        return Pass(sink, samples, first ? progress.id : 0);
+      },
+      [&](const WordMark& mark) {
+        sink.Mark({before.samples + mark.sample, before.characters + dropped.Given(mark.begin),
+                   before.characters + dropped.Given(mark.end - 1) + 1});
+      });
+  inLibrarySince_ = 0;
+  progress.characters += dropped.Given(CharacterCount(speakable));
+  return spoken;
 }
 
 // The part that follows, once it is there; an empty one behind the last, none when the text was discarded.

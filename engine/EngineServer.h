@@ -33,13 +33,22 @@ class EngineServer {
  private:
   class DeviceSink;
 
+  // How much of an utterance went to the sink.
+  struct Progress {
+    std::uint32_t id = 0;
+    std::uint64_t samples = 0;
+    std::size_t characters = 0;
+  };
+
   void Work();
   std::optional<Utterance> NextUtterance();
   void Perform(const Utterance& utterance);
   std::string Render(const Utterance& utterance, SampleSink& sink);
   bool SynthesizeParts(const Utterance& utterance, SampleSink& sink);
   std::optional<std::string> NextPart();
+  bool SynthesizePart(std::string_view part, SampleSink& sink, Progress& progress);
   bool Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id);
+  void TellWords();
   bool Handle(const Message& message);
   void StartSpeaking(Utterance utterance);
   void TakePart(TextPart part);
@@ -69,6 +78,7 @@ class EngineServer {
   // When the library was last entered or called back; zero while it does not run.
   std::atomic<std::int64_t> inLibrarySince_{0};
   std::thread worker_;
+  std::thread teller_;  // of the words that are heard
 };
 
 }  // namespace lorelin::engine

@@ -2,9 +2,11 @@
 
 #include <espeak-ng/speak_lib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 
+#include "base/textEncoding.h"
 #include "engine/speakableText.h"
 
 namespace lorelin::engine {
@@ -17,11 +19,34 @@ constexpr Range kVolume{0, 100};
 
 constexpr int kBufferMilliseconds = 60;
 
+// A piece of a text on its way through the library.
+struct Piece {
+  const Synthesizer::Samples& samples;
+  WordMarker::Take words;
+  WordMarker marker;
+  int sampleRate = 0;
+  std::uint64_t taken = 0;
+  bool wanted = true;
+};
+
+void TakeWords(Piece& piece, const espeak_EVENT* event) {
+  for (; event->type != espeakEVENT_LIST_TERMINATED; ++event) {
+    // Places are counted from 1; 0 is none.
+    if (event->type != espeakEVENT_WORD || event->text_position < 1) continue;
+    const std::int64_t sample = std::int64_t{event->audio_position} * piece.sampleRate / 1000;
+    piece.marker.Event(static_cast<std::size_t>(event->text_position) - 1,
+                       std::max<std::uint64_t>(piece.taken, static_cast<std::uint64_t>(sample)), piece.words);
+  }
+}
+
 int OnSamples(short* samples, int count, espeak_EVENT* events) {
   if (samples == nullptr || count <= 0 || events == nullptr) return 0;
-  const auto* const take = static_cast<const Synthesizer::Samples*>(events->user_data);
-  if (take == nullptr) return 0;
-  return (*take)({samples, static_cast<std::size_t>(count)}) ? 0 : 1;
+  auto* const piece = static_cast<Piece*>(events->user_data);
+  if (piece == nullptr) return 0;
+  TakeWords(*piece, events);
+  piece->taken += static_cast<std::uint64_t>(count);
+  piece->wanted = piece->wanted && piece->samples({samples, static_cast<std::size_t>(count)});
+  return piece->wanted ? 0 : 1;
 }
 
 std::string Text(const char* text) {
@@ -88,18 +113,24 @@ void Synthesizer::Apply(const Utterance& utterance) {
   espeak_SetParameter(espeakVOLUME, utterance.volumeLeft, 0);
 }
 
-bool Synthesizer::Speak(std::string_view text, const Samples& samples) {
-  bool wanted = true;
-  const Samples take = [&](std::span<const std::int16_t> block) { return wanted = wanted && samples(block); };
-  while (!text.empty() && wanted) {
-    const std::size_t size = NextPiece(text);
-    const std::string piece(text.substr(0, size));
-    text.remove_prefix(size);
-    const auto result = espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0,
-                                     espeakCHARS_UTF8 | espeakENDPAUSE, nullptr, const_cast<Samples*>(&take));
-    if (result != EE_OK) return false;
+bool Synthesizer::Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words) {
+  std::uint64_t samplesBefore = 0;
+  std::size_t charactersBefore = 0;
+  while (!text.empty()) {
+    const std::string part(text.substr(0, NextPiece(text)));
+    const WordMarker::Take take = [&](const WordMark& mark) {
+      words({samplesBefore + mark.sample, charactersBefore + mark.begin, charactersBefore + mark.end});
+    };
+    Piece piece{samples, take, WordMarker(part), sampleRate_};
+    const auto result = espeak_Synth(part.c_str(), part.size() + 1, 0, POS_CHARACTER, 0,
+                                     espeakCHARS_UTF8 | espeakENDPAUSE, nullptr, &piece);
+    if (result != EE_OK || !piece.wanted) return false;
+    piece.marker.End(piece.taken, take);
+    samplesBefore += piece.taken;
+    charactersBefore += CharacterCount(part);
+    text.remove_prefix(part.size());
   }
-  return wanted;
+  return true;
 }
 
 }  // namespace lorelin::engine

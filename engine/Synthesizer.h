@@ -9,6 +9,7 @@
 
 #include "engine/protocol.h"
 #include "engine/voiceCatalog.h"
+#include "engine/wordMarks.h"
 
 namespace lorelin::engine {
 
@@ -28,8 +29,9 @@ class Synthesizer {
   [[nodiscard]] Capabilities Describe() const;
   // Voice and parameters of the texts that follow.
   void Apply(const Utterance& utterance);
-  // Synthesizes the text piece by piece; false when `samples` ended it or the library failed.
-  bool Speak(std::string_view text, const Samples& samples);
+  // Synthesizes the text piece by piece; false when `samples` ended it or the library failed. `words` gets
+  // every word before the sample it begins with, places and samples counted from the text's beginning.
+  bool Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words);
 
  private:
   int sampleRate_ = 0;

@@ -60,7 +60,7 @@ class FieldReader {
 };
 
 bool IsKnown(std::uint8_t kind) {
-  return (kind >= 1 && kind <= 5) || (kind >= 16 && kind <= 21);
+  return (kind >= 1 && kind <= 6) || (kind >= 16 && kind <= 21);
 }
 
 Range ReadRange(FieldReader& reader) {
@@ -111,6 +111,10 @@ std::string FrameMore(const TextPart& part) {
 
 std::string FrameEnded(const Ended& ended) {
   return Frame(Kind::Ended, FieldWriter().Number(ended.id).Text(ended.reason).Take());
+}
+
+std::string FrameWord(const HeardWord& word) {
+  return Frame(Kind::Word, FieldWriter().Number(word.id).Number(word.begin).Number(word.end).Take());
 }
 
 std::optional<std::uint32_t> ReadNumber(std::string_view fields) {
@@ -171,6 +175,16 @@ std::optional<Ended> ReadEnded(std::string_view fields) {
   ended.reason = reader.Text();
   if (!reader.Complete()) return std::nullopt;
   return ended;
+}
+
+std::optional<HeardWord> ReadWord(std::string_view fields) {
+  FieldReader reader(fields);
+  HeardWord word;
+  word.id = reader.Number();
+  word.begin = reader.Number();
+  word.end = reader.Number();
+  if (!reader.Complete()) return std::nullopt;
+  return word;
 }
 
 std::optional<Message> FrameReader::Next() {

@@ -14,7 +14,7 @@ namespace lorelin::engine {
 // another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
 // filled by its fields.
 
-inline constexpr std::uint32_t kProtocolVersion = 2;
+inline constexpr std::uint32_t kProtocolVersion = 3;
 inline constexpr std::uint32_t kMaxFrame = 256U << 20;
 inline constexpr std::size_t kKindAt = 4;  // of a frame
 
@@ -25,6 +25,7 @@ enum class Kind : std::uint8_t {
   Ended = 3,    // utterance, outcome, reason
   Pong = 4,     // number of the ping
   Notice = 5,   // NoticeCode
+  Word = 6,     // HeardWord
   // to the engine
   Speak = 16,  // Utterance
   Pause = 17,
@@ -81,6 +82,13 @@ struct Ended {
   std::string reason;  // German sentence; "" when the whole text was processed
 };
 
+// The word of an utterance that the device has come to; its place in the whole text, in characters.
+struct HeardWord {
+  std::uint32_t id = 0;
+  std::uint32_t begin = 0;
+  std::uint32_t end = 0;
+};
+
 struct Message {
   Kind kind = Kind::Ping;
   std::string fields;
@@ -92,6 +100,7 @@ struct Message {
 [[nodiscard]] std::string FrameSpeak(const Utterance& utterance);
 [[nodiscard]] std::string FrameMore(const TextPart& part);
 [[nodiscard]] std::string FrameEnded(const Ended& ended);
+[[nodiscard]] std::string FrameWord(const HeardWord& word);
 
 // The fields of a message; absent when they are not exactly what the kind has (for Hello: of this version).
 [[nodiscard]] std::optional<std::uint32_t> ReadNumber(std::string_view fields);
@@ -99,6 +108,7 @@ struct Message {
 [[nodiscard]] std::optional<Utterance> ReadSpeak(std::string_view fields);
 [[nodiscard]] std::optional<TextPart> ReadMore(std::string_view fields);
 [[nodiscard]] std::optional<Ended> ReadEnded(std::string_view fields);
+[[nodiscard]] std::optional<HeardWord> ReadWord(std::string_view fields);
 
 // Puts frames together from the bytes of a stream.
 class FrameReader {

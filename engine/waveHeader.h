@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace lorelin::engine {
 
@@ -9,5 +12,11 @@ namespace lorelin::engine {
 // 1991) with one channel of 16 bits: 44 bytes, behind which the samples stand. `dataBytes` is the samples'
 // size, 2^32 - 37 at most.
 [[nodiscard]] std::string WaveHeader(std::uint32_t sampleRate, std::uint32_t dataBytes);
+
+inline constexpr std::size_t kWaveHeaderSize = 44;
+
+// Of such a header, which the bytes begin with; nothing when they begin with anything else. What it says of
+// the size is not asked for: a file may have been cut.
+[[nodiscard]] std::optional<std::uint32_t> SampleRateOf(std::string_view bytes);
 
 }  // namespace lorelin::engine

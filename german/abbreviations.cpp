@@ -77,6 +77,7 @@ std::size_t NumberBehind(const Tokens& tokens, std::size_t end) {
 bool StandsBehindNumber(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
+  if (tokens.Is(before, "€")) return true;
   return tokens.IsNumber(before) || (tokens.IsWord(before) && tokens.View(before).size() == 1 && before > 0 &&
                                      tokens.IsNumber(before - 1));
 }
@@ -155,6 +156,9 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return HasSuffix(tokens.View(next),
                        {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander",
                         "ardamom", "aprika", "urkuma", "nuss", "affee", "ohn"});
+    case Around::Finding:
+      return tokens.IsCapital(next) && NounOf(tokens.View(next)).singular &&
+             (tokens.Is(next + 1, ",") || tokens.IsLast(next) || tokens.IsLast(next + 1));
     case Around::DayBefore:
       return StandsBehindOrdinal(tokens, i);
   }
@@ -180,6 +184,9 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   if (word.empty() || word.size() > 16 || tokens.IsNumber(i)) return std::nullopt;
   // A dash or a point that touches belongs to another word: "Bezugs-Nr.", "www.inkl.de".
   if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&")))
+    return std::nullopt;
+  // The second letter of one that is none: "3 p.m."
+  if (i >= 2 && word.size() == 1 && tokens.Is(i - 1, ".") && tokens.View(i - 2).size() == 1)
     return std::nullopt;
   if (auto found = Search(tokens, i, word, false)) return found;
   if (!tokens.IsCapital(i) || !tokens.OpensClause(i)) return std::nullopt;

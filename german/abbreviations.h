@@ -30,6 +30,7 @@ enum class Around : std::uint8_t {
   RulerBefore,     // a name stands before that others have borne
   Described,       // a noun follows, adjectives between them or not
   Spice,           // something that is ground follows
+  Finding,         // a noun and the end of a clause follow
   DayBefore        // an ordinal stands before: "19. Jh."
 };
 

@@ -403,6 +403,16 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
 
 namespace {
 
+// "RR 120/80 mmHg", "Blutdruck: 140/90".
+bool MeasuresBloodPressure(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i, 2, 3) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 3)) return false;
+  std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {":", "von"})) before = tokens.Before(before);
+  const bool named =
+      before != Tokens::kNone && IsOneOf(tokens.View(before), {"RR", "Blutdruck", "Blutdruckwert"});
+  return named || tokens.Is(tokens.Skip(i + 3), "mmHg");
+}
+
 bool MayBeFraction(const Tokens& tokens, std::size_t i, const Fraction& fraction) {
   if (IsFractionSign(tokens.View(i))) return true;
   if (!tokens.FreeBefore(i) || !tokens.FreeBehind(fraction.end - 1) || tokens.Is(fraction.end, "/"))
@@ -435,6 +445,7 @@ Found FractionOfNoun(const Tokens& tokens, std::size_t i, const Fraction& fracti
 }  // namespace
 
 Found FractionPhraseAt(const Tokens& tokens, std::size_t i) {
+  if (MeasuresBloodPressure(tokens, i)) return Phrase{i + 2, CardinalWords(*DigitsAt(tokens, i, 3)) + " zu "};
   if (const auto mixed = FractionQuantityAt(tokens, i);
       mixed && !mixed->singular && tokens.FreeBehind(mixed->end - 1)) {
     return Phrase{mixed->end, mixed->words};

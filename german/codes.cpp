@@ -146,8 +146,11 @@ Found EmergencyAt(const Tokens& tokens, std::size_t i) {
   const bool colon =
       i >= 2 && tokens.Is(tokens.Before(i), ":") &&
       IsOneOf(tokens.WordBefore(tokens.Before(i)), {"Notruf", "Feuerwehr", "Polizei", "Rettungsdienst"});
-  if (!colon && !IsOneOf(before, {"Notruf", "Notrufnummer", "Rufnummer", "Nummer", "Feuerwehr", "Polizei",
-                                  "Euronotruf", "Behördennummer", "wählen", "Rettungsdienst"}))
+  const bool dialled =
+      before == "Sie" && IsOneOf(tokens.WordBefore(tokens.WordIndexBefore(i)), {"wählen", "Wählen"});
+  if (!colon && !dialled &&
+      !IsOneOf(before, {"Notruf", "Notrufnummer", "Rufnummer", "Nummer", "Feuerwehr", "Polizei", "Euronotruf",
+                        "Behördennummer", "wählen", "Rettungsdienst"}))
     return std::nullopt;
   return Phrase{i + 1, DigitWords(tokens.View(i))};
 }
@@ -269,7 +272,9 @@ Found VersionAt(const Tokens& tokens, std::size_t i) {
     words +=
         " Punkt " + (part.front() == '0' ? DigitWords(part) : CardinalWords(*DigitsAt(tokens, end + 1, 9)));
   }
-  if (points == 0 || (tokens.Is(end, ".") && tokens.IsNumber(end + 1)) || !tokens.FreeBehind(end - 1))
+  const bool letters = tokens.IsWord(end) && tokens.View(end).size() <= 3;  // "802.11ac"
+  if (points == 0 || (tokens.Is(end, ".") && tokens.IsNumber(end + 1)) ||
+      (!tokens.FreeBehind(end - 1) && !letters))
     return std::nullopt;
   return Phrase{end, words};
 }

@@ -347,6 +347,8 @@ Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
   if (tokens.View(i).size() != 2) return std::nullopt;
   const std::string first = name(i);
   if (first.empty()) return std::nullopt;
+  if (IsOneOf(tokens.WordBefore(i), {"außer", "nur", "immer", "jeweils"}))
+    return Phrase{tokens.WithoutLastPoint(i + 2), first};
   std::size_t at = tokens.Skip(i + 2);
   std::string between = " und ";
   if (tokens.IsDashAt(at) || tokens.Is(at, "bis")) {

@@ -82,10 +82,19 @@ std::string_view WholeWord(std::string_view word) {
     std::string_view written;
     std::string_view spoken;
   };
-  constexpr Short kShort[] = {{"v", "vom"},    {"f", "für"},        {"m", "mit"},
-                              {"n", "nach"},   {"b", "bei"},        {"zw", "zwischen"},
-                              {"lt", "laut"},  {"gem", "gemäß"},    {"innerh", "innerhalb"},
-                              {"wg", "wegen"}, {"ggü", "gegenüber"}};
+  constexpr Short kShort[] = {{"v", "vom"},
+                              {"f", "für"},
+                              {"m", "mit"},
+                              {"n", "nach"},
+                              {"b", "bei"},
+                              {"z", "zum"},
+                              {"d", "den"},
+                              {"zw", "zwischen"},
+                              {"lt", "laut"},
+                              {"gem", "gemäß"},
+                              {"innerh", "innerhalb"},
+                              {"wg", "wegen"},
+                              {"ggü", "gegenüber"}};
   for (const Short& one : kShort) {
     if (one.written == word) return one.spoken;
   }
@@ -230,6 +239,9 @@ bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind)
   if (!tokens.OpensClause(first)) return false;
   std::string_view last;
   for (std::size_t i = behind; i < tokens.Count() && i < behind + 40; ++i) {
+    // "500 g Mehl, 1 Würfel Hefe und 1 Ei verkneten": the verb stands behind the whole list.
+    const bool list = tokens.Is(i, ",") && (tokens.IsNumber(i + 2) || tokens.IsCapital(i + 2));
+    if (list) continue;
     if (tokens.IsWord(i)) {
       last = tokens.View(i);
       if (IsLinkingVerb(last)) return false;
@@ -241,9 +253,9 @@ bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind)
 }
 
 bool IsExtent(std::string_view word) {
-  return IsOneOf(word, {"lang",   "hoch",     "breit", "tief",    "dick",   "schwer", "groß",
-                        "weit",   "entfernt", "alt",   "später",  "früher", "zuvor",  "danach",
-                        "länger", "höher",    "mehr",  "weniger", "lange",  "vorher"});
+  return IsOneOf(word, {"lang",     "hoch",    "breit",  "tief",   "dick",  "schwer", "groß",   "weit",
+                        "entfernt", "alt",     "später", "früher", "zuvor", "danach", "länger", "höher",
+                        "mehr",     "weniger", "lange",  "vorher", "vorn",  "vorne",  "zurück", "hinten"});
 }
 
 }  // namespace
@@ -311,6 +323,20 @@ std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i
   return std::nullopt;
 }
 
+// "In 1 Becher geben": a verb of the clause tells that something goes there.
+bool MovesSomething(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 32;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    const std::string word = WithLowerStart(tokens.View(at));
+    for (const std::string_view stem :
+         {"geben", "gieß", "füll", "leg", "stellen", "stellt", "schütt", "tauch", "steck", "umfüll",
+          "einfüll", "eingieß", "überweis", "überw"}) {
+      if (word.starts_with(stem)) return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
@@ -320,6 +346,7 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   if (governor.kind == Kind::Definite) return BehindDer(EndingOfDeterminer(governor.word), governor, noun);
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
+  if (IsOneOf(governor.word, {"auf", "in", "an"}) && MovesSomething(tokens, i)) asked = Case::Accusative;
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
   if (!governor.byPreposition && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;
   return StrongEnding(asked, noun);
@@ -334,15 +361,12 @@ bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
   return HasSuffix(adjective, {"e", "es"});
 }
 
-// "In 1 Becher geben": a verb of the clause tells that something goes there.
-bool MovesSomething(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 16;  // tokens
-  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
-    const std::string word = WithLowerStart(tokens.View(at));
-    for (const std::string_view stem : {"geben", "gieß", "füll", "leg", "stellen", "stellt", "schütt",
-                                        "tauch", "steck", "umfüll", "einfüll", "eingieß"}) {
-      if (word.starts_with(stem)) return true;
-    }
+// "Auf 1 Arzt kommen 500 Einwohner".
+bool FallsTo(const Tokens& tokens, std::size_t first) {
+  constexpr std::size_t kNear = 10;  // tokens
+  for (std::size_t at = first; at < first + kNear; ++at) {
+    if (IsOneOf(tokens.View(at), {"kommen", "kommt", "kamen", "kam", "entfallen", "entfällt", "entfielen"}))
+      return true;
   }
   return false;
 }
@@ -354,7 +378,7 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   // "auf 1 Liter", "über 1 Meter", "bis auf 1 Schüler"; but "auf 1 Bein".
   const bool measured = word == "über" || UnitAt(tokens, tokens.Skip(first + 1)) ||
                         WithLowerStart(tokens.WordBefore(preposition)) == "bis";
-  if (MeasuresWith(word) && measured) return Case::Accusative;
+  if (MeasuresWith(word) && (measured || (word == "auf" && FallsTo(tokens, first)))) return Case::Accusative;
   if ((word == "in" || word == "auf" || word == "an") && MovesSomething(tokens, first))
     return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});

@@ -74,9 +74,11 @@ unsigned LookUp(std::string_view word) {
 
 // The longest last part that is a noun: "geschoss" of "Obergeschoss".
 unsigned LookUpLastPart(std::string_view word) {
+  // The shortest first parts are few: "Anschrift".
+  const int least = HasPrefix(word, {"An", "Ab", "Um", "Zu", "Un", "Ur", "Be", "Er"}) ? 2 : 3;
   std::size_t at = CharacterAt(word, 0).length;
   for (int letters = 1; at < word.size(); ++letters) {
-    if (letters >= 3 && word.size() - at >= kShortestPart && IsLetter(CharacterAt(word, at).code)) {
+    if (letters >= least && word.size() - at >= kShortestPart && IsLetter(CharacterAt(word, at).code)) {
       if (const unsigned form = LookUp(WithUpperStart(word.substr(at)))) return form;
     }
     at += CharacterAt(word, at).length;
@@ -84,11 +86,18 @@ unsigned LookUpLastPart(std::string_view word) {
   return 0;
 }
 
+// "Grades": the genitive with a vowel stands in no table where the one without does.
+unsigned LookUpLongGenitive(std::string_view word) {
+  if (!word.ends_with("es") || word.size() < 6) return 0;
+  const unsigned form = LookUp(word.substr(0, word.size() - 2)) & (kMasculine | kNeuter);
+  return form == 0 ? 0 : form | kGenitive;
+}
+
 // What the ending tells of a word that no lexicon knows.
 unsigned GuessByEnding(std::string_view word) {
   if (HasSuffix(word, {"ungen", "heiten", "keiten", "schaften", "ionen", "täten"})) return kPlural;
-  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion", "tät", "erei", "enz", "anz", "ik", "ur", "ie",
-                       "in"}))
+  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion",  "tät", "erei", "enz",  "anz",  "ik",
+                       "ur",  "ie",   "in",   "ette",   "itis", "ade", "age",  "elle", "ille", "ose"}))
     return kFeminine;
   if (HasSuffix(word, {"chen", "lein"})) return kNeuter | kPlural;
   if (HasSuffix(word, {"ment", "um", "tum"})) return kNeuter;
@@ -128,6 +137,7 @@ bool IsNounFrom(std::string_view word, std::size_t latest) {
 Noun NounOf(std::string_view word) {
   if (word.empty() || word.size() > kLongestWord) return {};
   unsigned form = LookUp(word);
+  if (form == 0) form = LookUpLongGenitive(word);
   const bool whole = form != 0;
   if (form == 0) form = LookUpLastPart(word);
   Noun noun = FromForm(form);

@@ -1,5 +1,7 @@
 #include "german/ordinals.h"
 
+#include "german/abbreviations.h"
+#include "german/cutWords.h"
 #include "german/dates.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
@@ -77,10 +79,16 @@ bool BecomesOne(const Tokens& tokens, std::size_t i) {
          VerbOfRank(tokens, i) != Tokens::kNone;
 }
 
+bool MeansWoman(std::string_view word) {
+  return IsOneOf(WithLowerStart(word), {"sie", "frau", "die", "schwester", "mannschaft"});
+}
+
 // "Dritter", "Dritte", "drittes" of the children.
 std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
-  const bool woman = IsOneOf(WithLowerStart(tokens.WordBefore(VerbOfRank(tokens, i))),
-                             {"sie", "frau", "die", "schwester", "mannschaft"});
+  const std::size_t verb = VerbOfRank(tokens, i);
+  const bool woman =
+      MeansWoman(tokens.WordBefore(verb)) || (tokens.WordIndexBefore(verb) != Tokens::kNone &&
+                                              MeansWoman(tokens.WordBefore(tokens.WordIndexBefore(verb))));
   const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});
   return WithUpperStart(OrdinalWords(value, child ? "es" : (woman ? "e" : "er")));
 }
@@ -213,15 +221,40 @@ std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
   return NounBehind(tokens, next);
 }
 
+namespace {
+
+// "Temperatur" for "Temp." and "Gebühr" for "Geb.".
+std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
+  if (!tokens.Is(noun + 1, ".")) return std::string(tokens.View(noun));
+  if (const auto found = AbbreviationAt(tokens, noun); found && IsUpperWord(found->abbreviation->spoken))
+    return std::string(found->abbreviation->spoken);
+  if (const auto cut = CutWordAt(tokens, noun)) return cut->words;
+  return std::string(tokens.View(noun));
+}
+
+// "der Deutsche", "jeder Befragte": adjectives that became nouns.
+bool IsAdjectivalNoun(std::string_view word) {
+  return HasSuffix(word, {"Deutsche", "wachsene", "liche", "fragte", "stellte", "schäftigte", "letzte",
+                          "sicherte", "rechtigte", "eisende", "ierende", "lose", "kranke", "wandte", "kannte",
+                          "ordnete", "dächtige", "ständige"});
+}
+
+bool IsManDeterminer(std::string_view word) {
+  return IsOneOf(word, {"der", "Der", "jeder", "Jeder", "dieser", "Dieser", "jener", "mancher", "den", "dem",
+                        "jeden", "jedem"});
+}
+
+}  // namespace
+
 Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (noun == Tokens::kNone) return {};
   const auto word = tokens.View(noun);
-  Agreement agreement = AgreementOf(NounOf(word));
+  Agreement agreement = AgreementOf(NounOf(WholeNounAt(tokens, noun)));
   if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
   if (IsOneOf(word,
               {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Abt", "Mannsch", "BL"}))
     return {Gender::Feminine, false, false, true};
-  if (IsOneOf(word, {"Bd", "Abs", "Jg", "Jahrg", "Tg", "Art"}))
+  if (IsOneOf(word, {"Bd", "Abs", "Jg", "Jahrg", "Tg", "Art", "Vors"}))
     return {Gender::Masculine, false, false, true};
   if (IsOneOf(word, {"Kap", "Qu", "Sem", "Lj", "Obergesch"})) return {Gender::Neuter, false, false, true};
   if (word == "Jh" || word == "Jhd" || word == "Jhdt" || word == "Jt")
@@ -234,6 +267,7 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
       tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);
   if (word.ends_with("zende") && !IsOneOf(article, {"der", "Der", "dem", "den"}))
     agreement.gender = Gender::Feminine;
+  if (IsAdjectivalNoun(word) && IsManDeterminer(article)) return {Gender::Masculine, false, false, true};
   if (word.ends_with("zender")) return {Gender::Masculine, false, false, true};
   return agreement;
 }
@@ -407,6 +441,14 @@ std::size_t FirstOfName(const Tokens& tokens, std::size_t name) {
   return name;
 }
 
+// "Er besiegte Napoleon III."
+bool OvercomesRuler(std::string_view verb) {
+  return IsOneOf(verb, {"besiegte",  "besiegten", "stürzte", "stürzten",    "krönte",       "krönten",
+                        "heiratete", "traf",      "empfing", "besuchte",    "unterstützte", "bekämpfte",
+                        "ermordete", "wählte",    "wählten", "kannte",      "vertrieb",     "schlug",
+                        "schlugen",  "beriet",    "malte",   "porträtierte"});
+}
+
 Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
   if (IsGenitiveName(tokens.View(name))) return Case::Genitive;
   const std::size_t first = FirstOfName(tokens, name);
@@ -414,7 +456,7 @@ Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
   const auto before = tokens.WordBefore(first);
   if (IsOneOf(before, {"des", "der"})) return Case::Genitive;
   if (IsOneOf(before, {"dem", "zum", "vom", "beim", "am", "im", "zur"})) return Case::Dative;
-  if (before == "den" || before == "über") return Case::Accusative;
+  if (before == "den" || before == "über" || OvercomesRuler(before)) return Case::Accusative;
   if (const auto asked = CaseOfPreposition(before)) return *asked;
   if (before != "und" && before != "oder") return Case::Nominative;
   // "unter Leo X. und Karl V.": the preposition before the first name holds for both.
@@ -466,8 +508,22 @@ Found RomanSpan(const Tokens& tokens, std::size_t i, std::uint64_t value) {
 
 }  // namespace
 
+namespace {
+
+// "die I. und II. Mannschaft": the token of the last of them, where this one is joined with others.
+std::size_t LastJoinedRoman(const Tokens& tokens, std::size_t i) {
+  const std::size_t joint = tokens.Skip(i + 2);
+  const std::size_t second = tokens.Skip(joint + 1);
+  const bool joined = IsOneOf(tokens.View(joint), {"und", "oder", "bis"}) && tokens.Is(i + 1, ".") &&
+                      RomanNumberAt(tokens, second) != 0 && tokens.Is(second + 1, ".");
+  return joined ? second : i;
+}
+
+}  // namespace
+
 bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
+  if (const std::size_t last = LastJoinedRoman(tokens, i); last != i) return IsRomanOrdinalAt(tokens, last);
   const std::size_t next = tokens.Skip(i + 2);
   if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
   if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) &&
@@ -481,11 +537,17 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (value == 0) return std::nullopt;
   const bool point = tokens.Is(i + 1, ".");
   const std::size_t next = tokens.Skip(i + 2);
+  if (const std::size_t last = LastJoinedRoman(tokens, i);
+      last != i && IsRomanOrdinalAt(tokens, last) && RulerBefore(tokens, i) == Tokens::kNone)
+    return Phrase{
+        i + 2, OrdinalWords(value, EndingAt(tokens, i,
+                                            AgreementAt(tokens, NounBehind(tokens, tokens.Skip(last + 2)))))};
   if (point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
     return Phrase{i + 2,
                   OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   std::size_t before = tokens.Before(i);
-  if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", "-"}) && before > 0)
+    --before;  // "Typ-I-Fehler"
   if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
     return RomanSpan(tokens, i, value);
   const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);

@@ -30,6 +30,15 @@ Found OneOfMany(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, one};
 }
 
+// "bring 1 flasche wasser mit": nouns as they are written in chats.
+Found OneSmallNounAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsWord(i + 2) || IsDegreeWord(tokens.View(i + 2))) return std::nullopt;
+  if (tokens.Before(i) != Tokens::kNone && tokens.IsCapital(tokens.Before(i))) return std::nullopt;
+  const Noun noun = NounOf(WithUpperStart(tokens.View(i + 2)));
+  if (!noun.whole || !noun.singular) return std::nullopt;
+  return Phrase{i + 1, OneBefore(tokens, i, i + 3, AgreementOf(noun))};
+}
+
 // "1 Tasse", "mit 1 großen Zwiebel".
 Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "1") || !tokens.IsBlank(i + 1) || !tokens.FreeBefore(i) || LabelBefore(tokens, i))
@@ -41,7 +50,8 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(i + 2), {"oder", "bis"}) && tokens.IsNumber(i + 4) && tokens.IsCapital(i + 6))
     return Phrase{i + 1, "ein"};
   const std::size_t noun = NounBehind(tokens, i + 2);
-  if (noun == Tokens::kNone || StartsSentences(tokens.View(noun))) return std::nullopt;
+  if (noun == Tokens::kNone) return OneSmallNounAt(tokens, i);
+  if (StartsSentences(tokens.View(noun))) return std::nullopt;
   Agreement agreement = AgreementAt(tokens, noun);
   // "für 1 Erwachsenen": with this ending it is no nominative.
   if (IsOneOf(tokens.View(noun), {"Erwachsenen", "Jugendlichen", "Angestellten", "Verletzten", "Toten",
@@ -68,9 +78,9 @@ Found TogetherAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 1);
   if (!alone || tokens.IsCapital(next) || tokens.IsNumber(next) || tokens.IsNumber(i + 2))
     return std::nullopt;
-  if (!IsOneOf(tokens.WordBefore(zu),
-               {"waren", "sind", "wir", "gingen", "gehen", "kamen", "kommen", "spielen", "spielten", "fahren",
-                "fuhren", "leben", "wohnen", "saßen", "sitzen", "reisten", "sie"}))
+  if (!IsOneOf(tokens.WordBefore(zu), {"waren",   "sind",     "wir",    "gingen", "gehen", "kamen",  "kommen",
+                                       "spielen", "spielten", "fahren", "fuhren", "leben", "wohnen", "saßen",
+                                       "sitzen",  "reisten",  "sie",    "ihr",    "uns",   "euch"}))
     return std::nullopt;
   return Phrase{i + 1, OrdinalWords(*number, "")};
 }
@@ -127,6 +137,9 @@ Found TimesAt(const Tokens& tokens, std::size_t i) {
   if (!number || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t at = tokens.Skip(i + 1);
   const bool times = tokens.Is(at, "x") || tokens.Is(at, "×") || (*number == 1 && tokens.Is(at, "mal"));
+  // "4x100-m-Staffel".
+  if (times && at == i + 1 && tokens.IsNumber(at + 1) && tokens.Is(at + 2, "-") && tokens.IsWord(at + 3))
+    return Phrase{at + 1, CardinalWords(*number, "ein") + "mal "};
   if (!times || !tokens.FreeBehind(at) || tokens.IsNumber(tokens.Skip(at + 1))) return std::nullopt;
   return Phrase{at + 1, CardinalWords(*number, "ein") + "mal"};
 }
@@ -156,6 +169,8 @@ Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
 Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
+  if (tokens.View(i - 1).size() == 1 && tokens.Is(i + 1, ".") && tokens.IsNumber(i + 2, 1, 3))  // "v1.2"
+    return Phrase{i + 2, CardinalWords(*value) + " Punkt "};
   if (const auto number = NumberAt(tokens, i); number && !number->IsWhole())
     return Phrase{number->end, NumberText(*number)};
   return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
@@ -170,6 +185,9 @@ Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(number->end, "+") && tokens.IsGap(number->end + 1))
     return Phrase{number->end + 1, NumberText(*number) + " plus"};
   if (!tokens.Is(number->end, "/")) return std::nullopt;
+  if (number->IsWhole() && tokens.IsNumber(i, 1, 2) && number->end == i + 1 &&
+      tokens.Is(i + 2, tokens.View(i)) && tokens.FreeBehind(i + 2) && !LabelBefore(tokens, i))
+    return Phrase{i + 3, NumberText(*number) + " von " + NumberText(*number)};  // "10/10"
   // "1/10.000": so many of so many.
   const auto many = NumberAt(tokens, number->end + 1);
   if (number->IsOne() && many && many->IsWhole() && many->value >= 100)

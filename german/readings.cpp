@@ -4,6 +4,8 @@
 #include "german/addresses.h"
 #include "german/amounts.h"
 #include "german/codes.h"
+#include "german/cutNouns.h"
+#include "german/cutWords.h"
 #include "german/dates.h"
 #include "german/gluedWords.h"
 #include "german/grammar.h"
@@ -41,11 +43,10 @@ std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::
 }
 
 // "sog." with the ending of its case; an adverb where no noun follows.
-std::string BentAdjective(const Tokens& tokens, std::size_t i, const FoundAbbreviation& found) {
-  std::string words(found.abbreviation->spoken);
+std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, const std::string& words) {
   if (words == "Vorsitzend")
     return words + std::string(EndingAt(tokens, i, {Gender::Masculine, false, false, true}));
-  const std::size_t noun = NounBehind(tokens, tokens.Skip(found.end));
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
   Agreement agreement = AgreementAt(tokens, noun);
   // Most words that no lexicon knows are masculine, and those with an "s" are many.
@@ -83,7 +84,9 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   // At its end "u. a." is no more than what has been told.
   if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
   if (written == "u. a." && JoinsPlural(tokens, i, found->end)) words = "und andere";
-  if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, *found);
+  if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
+  if (found->abbreviation->bending == Bending::None && !PluralOf(words).empty())
+    words = BentNoun(tokens, i, words, PluralOf(words));
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
   if (words.starts_with("Diplom") && words.size() > 8) words = ForWoman(tokens, i, found->end, words);
   if (found->capital) words = WithUpperStart(words);
@@ -110,6 +113,16 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
   const auto per = PerAt(tokens, i);
   if (!per) return std::nullopt;
   return Phrase{per->end, per->words};
+}
+
+// "Anspr.", "gleichz.": what was cut, bent as it stands in the sentence.
+Found CutWordPhraseAt(const Tokens& tokens, std::size_t i) {
+  const auto cut = CutWordAt(tokens, i);
+  if (!cut) return std::nullopt;
+  const std::size_t end = tokens.IsLast(i + 1) ? i + 1 : i + 2;
+  if (cut->kind == CutKind::Noun) return Phrase{end, BentNoun(tokens, i, cut->words, cut->plural)};
+  if (cut->kind == CutKind::Fixed) return Phrase{end, cut->words};
+  return Phrase{end, BentAdjective(tokens, i, i + 2, cut->words)};
 }
 
 Found CutNounPhraseAt(const Tokens& tokens, std::size_t i) {
@@ -148,6 +161,52 @@ Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
   return Phrase{per->end, name + per->words};
 }
 
+// "Bericht d. Vorstands": what belongs to the noun before.
+bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.WordIndexBefore(i);
+  return before != Tokens::kNone && tokens.IsCapital(before);
+}
+
+std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& noun) {
+  const bool feminine = noun.plural || noun.gender == Gender::Feminine;
+  if (noun.genitive && !noun.plural) return "des";
+  if (BelongsToNounBefore(tokens, i)) return feminine ? "der" : "des";
+  const auto ending = EndingAt(tokens, i, noun);
+  if (ending == "e") return "die";
+  return ending == "es" ? "das" : "d" + std::string(ending);
+}
+
+// "solange d. Vorrat reicht", "Wahl d. 2. Vors.": the article that the noun and its case ask for.
+Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "d") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
+  const std::size_t next = tokens.Skip(i + 2);
+  if (DateShapeAt(tokens, next)) return Phrase{i + 2, "dem"};
+  const bool ordinal = tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".");
+  const std::size_t noun = ordinal ? tokens.Skip(next + 2) : next;
+  const Agreement agreement = AgreementAt(tokens, noun);
+  if (!tokens.IsCapital(noun) || !agreement.known) return std::nullopt;
+  return Phrase{i + 2, ArticleWord(tokens, i, agreement)};
+}
+
+// "i. Gemeindesaal".
+Found InPhraseAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t noun = tokens.Skip(i + 2);
+  if (!tokens.Is(i, "i") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) || noun == i + 2 ||
+      tokens.View(noun).size() < 3)
+    return std::nullopt;
+  const Agreement agreement = AgreementAt(tokens, noun);
+  if (!tokens.IsCapital(noun) || !agreement.known || agreement.plural) return std::nullopt;
+  return Phrase{i + 2, agreement.gender == Gender::Feminine ? "in der" : "im"};
+}
+
+// "3,5 m x 4 m": between two measures.
+Found TimesBetweenMeasuresAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "x") || i < 2 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1)) return std::nullopt;
+  const bool measure = tokens.IsNumber(i - 2) || UnitAt(tokens, i - 2);
+  if (!measure || !tokens.IsNumber(i + 2)) return std::nullopt;
+  return Phrase{i + 1, "mal"};
+}
+
 using Reading = Found (*)(const Tokens&, std::size_t);
 
 template <std::size_t N>
@@ -164,10 +223,14 @@ constexpr Reading kOfWords[] = {&AddressAt,
                                 &RomanAt,
                                 &AbbreviationPhraseAt,
                                 &StreetPhraseAt,
+                                &CutWordPhraseAt,
                                 &CutAdjectivePhraseAt,
                                 &CutNounPhraseAt,
                                 &CurrencyFirstAt,
-                                &LoneUnitAt};
+                                &LoneUnitAt,
+                                &TimesBetweenMeasuresAt,
+                                &ArticlePhraseAt,
+                                &InPhraseAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
                                   &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};

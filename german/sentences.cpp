@@ -1,11 +1,13 @@
 #include "german/sentences.h"
 
 #include "german/abbreviations.h"
+#include "german/cutWords.h"
 #include "german/dates.h"
 #include "german/grammar.h"
 #include "german/nouns.h"
 #include "german/ordinals.h"
 #include "german/units.h"
+#include "german/wordLists.h"
 
 namespace lorelin {
 namespace {
@@ -96,6 +98,7 @@ class SentenceReader {
     const auto word = tokens_.View(i - 1);
     const bool initial = word.size() <= 2 && IsUpperWord(word) && tokens_.FreeBefore(i - 1);
     const std::size_t next = AfterGaps(behind);
+    if (IsLoneSmallLetter(i - 1) && tokens_.IsCapital(next) && LinesBetween(behind, next) == 0) return 0;
     // "App. 214", "op. 27": a short word before a number is rather an abbreviation than the end.
     if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 &&
         (IsRatherShortened(word) || IsOftenShortened(word)) && !NounOf(word).whole)
@@ -103,9 +106,18 @@ class SentenceReader {
     if (IsOneOf(tokens_.View(next), {"+", "&", "=", "/", "<", ">", "%", "*", "×"}) &&
         LinesBetween(behind, next) == 0)
       return 0;
+    if (initial && tokens_.Is(next, "(")) return 0;  // "Müller, H. (2019)"
     if (initial && !tokens_.IsLast(i) && tokens_.Kind(behind) == TokenKind::Blank && tokens_.IsCapital(next))
       return StartsSentences(tokens_.View(next)) && tokens_.View(next).size() > 1 ? WithGaps(behind) : 0;
     return WithGaps(behind);
+  }
+
+  // "d. Vorrat", but not "Klasse 5 b."
+  [[nodiscard]] bool IsLoneSmallLetter(std::size_t i) const {
+    const auto word = tokens_.View(i);
+    if (word.size() != 1 || IsUpperWord(word) || !tokens_.FreeBefore(i)) return false;
+    const std::size_t before = tokens_.Before(i);
+    return before != Tokens::kNone && tokens_.IsWord(before) && !IsLabel(tokens_.View(before));
   }
 
   std::size_t EndBehindWord(std::size_t i) {
@@ -124,6 +136,9 @@ class SentenceReader {
     } else if (const auto cut = CutAdjectiveAt(tokens_, i)) {
       end = cut->end;
       ending = Ending::Noun;
+    } else if (CutWordAt(tokens_, i)) {
+      end = i + 2;
+      ending = Ending::Starter;
     } else if (const auto noun = CutNounAt(tokens_, i)) {
       end = noun->end;
     }
@@ -169,12 +184,18 @@ class SentenceReader {
         covered_ = date->end;
         return 0;
       }
-      return EndBehindAbbreviation(date->end, Ending::Noun);
+      return EndBehindAbbreviation(date->end, SubjectFollows(date->end) ? Ending::Often : Ending::Noun);
     }
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
     if (!unit || !unit->endsWithPoint) return 0;
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
+  }
+
+  // "… bis zum 31.12. Ausnahmen sind möglich."
+  bool SubjectFollows(std::size_t end) {
+    const std::size_t next = AfterGaps(end);
+    return tokens_.IsCapital(next) && tokens_.IsBlank(next + 1) && IsLinkingVerb(tokens_.View(next + 2));
   }
 
   std::optional<Unit> UnitOrMultiple(std::size_t i) {

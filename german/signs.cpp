@@ -13,7 +13,9 @@ Found ParagraphAt(const Tokens& tokens, std::size_t i) {
   std::size_t end = i + 1;
   const bool many = tokens.Is(end, "§");
   if (many) ++end;
-  std::string words = many ? "Paragrafen" : "Paragraf";
+  const bool bent = IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+                            {"des", "dem", "den", "vom", "zum", "im", "beim", "eines"});
+  std::string words = many || bent ? "Paragrafen" : "Paragraf";
   if (!tokens.IsGap(end)) words += ' ';
   return Phrase{end, words};
 }
@@ -76,6 +78,37 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
+bool HasEquation(const Tokens& tokens) {
+  for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
+    if (tokens.Is(i, "=")) return true;
+  }
+  return false;
+}
+
+// "10 + 5 - 3 = 7", "650 € + Nebenkosten": between two things that do not touch it.
+Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
+  if (i < 2 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1) || tokens.OpensLine(i)) return std::nullopt;
+  const bool number = tokens.IsNumber(i + 2);
+  if (tokens.Is(i, "+") && (number || tokens.IsWord(i + 2))) return Phrase{i + 1, "plus"};
+  if (!tokens.IsDashAt(i) || !number || !tokens.IsNumber(i - 2) || !HasEquation(tokens)) return std::nullopt;
+  return Phrase{i + 1, "minus"};
+}
+
+// "Gleis 3a–c", "Seite A–D": from one letter to a later one.
+Found LetterSpanAt(const Tokens& tokens, std::size_t i) {
+  if (i == 0 || !tokens.IsDashAt(i)) return std::nullopt;
+  const auto first = tokens.View(i - 1);
+  const auto last = tokens.View(i + 1);
+  if (first.size() != 1 || last.size() != 1 || !tokens.IsWord(i - 1) || !tokens.IsWord(i + 1))
+    return std::nullopt;
+  const bool counted = i >= 2 && tokens.IsNumber(i - 2);
+  const bool alone = i < 2 || tokens.IsGap(i - 2) || tokens.Is(i - 2, "(");
+  const bool rising = first.front() < last.front() && IsUpperWord(first) == IsUpperWord(last);
+  const bool span = counted || (alone && (tokens.Is(i, "–") || (first == "A" && last == "Z")));
+  if (!rising || !span || !tokens.FreeBehind(i + 1) || tokens.Is(i + 2, "-")) return std::nullopt;
+  return Phrase{i + 1, " bis "};
+}
+
 // "Müller & Sohn", "C&A" stays.
 Found AmpersandAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "&") || i == 0 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1)) return std::nullopt;
@@ -105,7 +138,8 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&ParagraphAt, &LifeSignAt, &MathSignAt, &AmpersandAt}) {
+  for (const auto reading :
+       {&ParagraphAt, &LifeSignAt, &MathSignAt, &PlusMinusAt, &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

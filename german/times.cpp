@@ -59,13 +59,13 @@ std::string FirstClockWords(const Clock& clock) {
 }
 
 bool GoesBeforeTimes(std::string_view word) {
-  return IsOneOf(
-      WithLowerStart(word),
-      {"um",       "ab",       "gegen",      "von",      "bis",        "vor",      "nach",   "seit",
-       "zwischen", "beginn",   "start",      "einlass",  "ende",       "täglich",  "und",    "montag",
-       "dienstag", "mittwoch", "donnerstag", "freitag",  "samstag",    "sonntag",  "mo",     "di",
-       "mi",       "do",       "fr",         "sa",       "so",         "heute",    "morgen", "uhr",
-       "morgens",  "abends",   "punkt",      "geöffnet", "spätestens", "feiertags"});
+  return IsOneOf(WithLowerStart(word),
+                 {"um",       "ab",         "gegen",     "von",      "bis",        "vor",     "nach",
+                  "seit",     "zwischen",   "beginn",    "start",    "einlass",    "ende",    "täglich",
+                  "und",      "montag",     "dienstag",  "mittwoch", "donnerstag", "freitag", "samstag",
+                  "sonntag",  "mo",         "di",        "mi",       "do",         "fr",      "sa",
+                  "so",       "heute",      "morgen",    "uhr",      "morgens",    "abends",  "punkt",
+                  "geöffnet", "spätestens", "feiertags", "sonst",    "lieber",     "oder"});
 }
 
 bool IsWeekday(const Tokens& tokens, std::size_t i) {

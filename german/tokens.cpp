@@ -58,6 +58,11 @@ bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> word
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+bool HasPrefix(std::string_view word, std::initializer_list<std::string_view> beginnings) {
+  return std::any_of(beginnings.begin(), beginnings.end(),
+                     [&](auto beginning) { return word.starts_with(beginning); });
+}
+
 bool HasSuffix(std::string_view word, std::initializer_list<std::string_view> endings) {
   return std::any_of(endings.begin(), endings.end(), [&](auto ending) { return word.ends_with(ending); });
 }
@@ -116,6 +121,7 @@ bool Tokens::IsGap(std::size_t i) const {
 }
 
 bool Tokens::FreeBefore(std::size_t i) const {
+  if (i >= 2 && Is(i - 1, "x") && IsNumber(i - 2)) return true;  // "4x100"
   return i == 0 || (!IsWord(i - 1) && !IsNumber(i - 1));
 }
 

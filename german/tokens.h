@@ -34,6 +34,7 @@ struct Token {
 // The word with its first letter small or large.
 [[nodiscard]] std::string WithLowerStart(std::string_view word);
 [[nodiscard]] std::string WithUpperStart(std::string_view word);
+[[nodiscard]] bool HasPrefix(std::string_view word, std::initializer_list<std::string_view> beginnings);
 [[nodiscard]] bool HasSuffix(std::string_view word, std::initializer_list<std::string_view> endings);
 
 // The tokens of a sentence, with the text that they lie in. Asking before the first or behind the last gives

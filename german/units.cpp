@@ -6,6 +6,7 @@
 namespace lorelin {
 namespace {
 
+constexpr std::size_t kNearQuotation = 60;  // tokens
 constexpr auto kM = Gender::Masculine;
 constexpr auto kF = Gender::Feminine;
 constexpr auto kN = Gender::Neuter;
@@ -424,8 +425,26 @@ std::optional<Unit> MultipleAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
+namespace {
+
+// 20" is a measure where no quotation is open.
+std::optional<Unit> InchAt(const Tokens& tokens, std::size_t i) {
+  if (i == 0 || !IsOneOf(tokens.View(i), {"\"", "″"}) || !tokens.IsNumber(i - 1) || tokens.IsWord(i + 1))
+    return std::nullopt;
+  for (std::size_t at = i > kNearQuotation ? i - kNearQuotation : 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at), {"\"", "„"})) return std::nullopt;
+  }
+  Unit unit;
+  unit.singular = unit.plural = unit.dativePlural = "Zoll";
+  unit.end = i + 1;
+  return unit;
+}
+
+}  // namespace
+
 std::optional<Unit> UnitAt(const Tokens& tokens, std::size_t i) {
   auto unit = SimpleUnitAt(tokens, i);
+  if (!unit) unit = InchAt(tokens, i);
   if (!unit) {
     for (const WordForms& one : kWordUnits) {
       if (one.singular == "Uhr" || (!tokens.Is(i, one.singular) && !tokens.Is(i, one.plural))) continue;

@@ -34,7 +34,7 @@ bool IsDegreeWord(std::string_view word) {
       "je jeweils noch "
       "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
       "exakt ganz spätestens frühestens einschließlich "
-      "mehr als zu");
+      "mehr als zu vorauss voraussichtlich evtl eventuell wohl vermutlich ggf gegebenenfalls");
   return words.Has(word);
 }
 
@@ -48,7 +48,7 @@ bool IsLinkingVerb(std::string_view word) {
       "lautet "
       "entspricht entsprechen stand standen saß sitzt lag hängt hing lebt wohnt arbeitet wächst beginnt "
       "begann endet endete klingelt klingelte "
-      "passierte geschah erschien erscheint dazu gesucht starb stirbt scheint schien spielt mitspielt singt "
+      "passierte geschah erschien erscheint gesucht starb stirbt scheint schien spielt mitspielt singt "
       "tritt trat");
   return words.Has(word);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -11,6 +12,14 @@ namespace lorelin {
 struct EndOfText {
   bool complete = true;
   std::string reason;
+};
+
+// A word of the text that was given, in characters: code points, and bytes that belong to none.
+struct HeardWord {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+
+  bool operator==(const HeardWord&) const = default;
 };
 
 // Port: one instance of the speech engine, with the operations of the DirectSS control; the number behind
@@ -72,6 +81,10 @@ class DirectSS {
   // `handler` runs on the user-interface thread, while events are handled, once the whole text was processed
   // or could not be; never for a discarded one. One handler; an empty one ends the notification.
   virtual void OnEndOfText(std::function<void(const EndOfText&)> handler) = 0;
+  // `handler` runs like that of OnEndOfText when a word begins to be heard, in the order of the text; a text
+  // in parts is one. Nothing is told of a text that is rendered into a file or was discarded, and nothing at
+  // all by an engine that does not know. One handler; an empty one ends the notification.
+  virtual void OnWordHeard(std::function<void(const HeardWord&)> handler) = 0;
 };
 
 }  // namespace lorelin

@@ -62,9 +62,10 @@ bool ClsRegistryAccess::CreateKey(std::string_view path) {
   return place && registry_.CreateKey(place->hive, place->path);
 }
 
+// Behind the name of a root, separators alone name the root.
 bool ClsRegistryAccess::KillKey(std::string_view path) {
   const auto place = PlaceOf(path);
-  return place && !place->path.empty() && KillTree(*place);
+  return place && place->path.find_first_not_of('\\') != std::string::npos && KillTree(*place);
 }
 
 bool ClsRegistryAccess::KillTree(const Place& place) {

@@ -40,6 +40,9 @@ class SilentVoice final : public DirectSS {
   std::int32_t MaxVolume() override { return leader_.MaxVolume(); }
   void SetWaveFile(const std::string&) override {}
   void OnEndOfText(std::function<void(const EndOfText&)> handler) override;
+  void OnWordHeard(std::function<void(const HeardWord&)> handler) override {
+    leader_.OnWordHeard(std::move(handler));
+  }
 
  private:
   DirectSS& leader_;

@@ -48,6 +48,15 @@ void SpelledSpeech::ResetAudio() {
   engine_.ResetAudio();
 }
 
+void SpelledSpeech::OnWordHeard(std::function<void(const HeardWord&)> handler) {
+  if (!handler) return engine_.OnWordHeard({});
+  engine_.OnWordHeard([this, handler = std::move(handler)](const HeardWord& word) {
+    if (!current_) return handler(word);
+    const CharacterRange written = WrittenRange(current_->Runs(), {word.begin, word.end});
+    handler({written.begin, written.end});
+  });
+}
+
 void SpelledSpeech::Stop() {
   feeding_.reset();
 }

@@ -58,6 +58,8 @@ class SpelledSpeech final : public DirectSS {
   void OnEndOfText(std::function<void(const EndOfText&)> handler) override {
     engine_.OnEndOfText(std::move(handler));
   }
+  // Words are told as they were given to be spelled out.
+  void OnWordHeard(std::function<void(const HeardWord&)> handler) override;
 
  private:
   struct Feeding;  // a text of which parts are still to be handed over

@@ -6,44 +6,12 @@
 
 #include "base/paths.h"
 #include "base/text.h"
-#include "base/textEncoding.h"
+#include "base/wildcards.h"
 
 namespace lorelin {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A byte of a name that is no UTF-8 counts as one character.
-std::size_t CharacterLength(std::string_view text) {
-  return std::max<std::size_t>(Utf8Length(text), 1);
-}
-
-// Whatever the language of the process: fnmatch would refuse some names there.
-bool Matches(std::string_view pattern, std::string_view name) {
-  std::string_view afterStar;
-  std::string_view retry;
-  bool starred = false;
-  while (!name.empty()) {
-    if (pattern.starts_with('*')) {
-      starred = true;
-      afterStar = pattern = pattern.substr(1);
-      retry = name;
-    } else if (pattern.starts_with('?')) {
-      pattern.remove_prefix(1);
-      name.remove_prefix(CharacterLength(name));
-    } else if (!pattern.empty() && pattern[0] == name[0]) {
-      pattern.remove_prefix(1);
-      name.remove_prefix(1);
-    } else if (starred) {
-      retry.remove_prefix(CharacterLength(retry));
-      name = retry;
-      pattern = afterStar;
-    } else {
-      return false;
-    }
-  }
-  return pattern.find_first_not_of('*') == std::string_view::npos;
-}
 
 bool IsFile(const fs::directory_entry& entry) {
   std::error_code error;
@@ -64,7 +32,7 @@ std::vector<std::string> DirectorySearch::FilesMatching(const std::string& patte
   for (fs::directory_iterator entry(NativePath(folder), error), end; !error && entry != end;
        entry.increment(error)) {
     std::string name = PathText(entry->path().filename());
-    if (Matches(names, fold_(name)) && IsFile(*entry)) found.push_back(std::move(name));
+    if (MatchesWildcards(names, fold_(name)) && IsFile(*entry)) found.push_back(std::move(name));
   }
   std::sort(found.begin(), found.end(), ListedBefore);
   return found;

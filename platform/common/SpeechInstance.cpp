@@ -37,6 +37,18 @@ void SpeechInstance::OnEndOfText(std::function<void(const EndOfText&)> handler) 
   listener_->endOfText = std::move(handler);
 }
 
+void SpeechInstance::TellWord(const std::weak_ptr<Listener>& listener, std::uint32_t id,
+                              const HeardWord& word) {
+  const auto alive = listener.lock();
+  if (!alive || alive->current != id) return;
+  const auto handler = alive->wordHeard;
+  if (handler) handler(word);
+}
+
+void SpeechInstance::OnWordHeard(std::function<void(const HeardWord&)> handler) {
+  listener_->wordHeard = std::move(handler);
+}
+
 const engine::Voice* SpeechInstance::VoiceWith(std::int32_t number) {
   const auto& voices = Abilities().voices;
   if (number < 1 || static_cast<std::size_t>(number) > voices.size()) return nullptr;

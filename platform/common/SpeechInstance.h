@@ -35,11 +35,13 @@ class SpeechInstance : public DirectSS {
   std::int32_t MaxVolume() final;
   void SetWaveFile(const std::string& path) final;
   void OnEndOfText(std::function<void(const EndOfText&)> handler) final;
+  void OnWordHeard(std::function<void(const HeardWord&)> handler) final;
 
  protected:
   // What posted calls find, if the object still lives.
   struct Listener {
     std::function<void(const EndOfText&)> endOfText;
+    std::function<void(const HeardWord&)> wordHeard;
     std::uint32_t current = 0;  // the text whose end may be told
   };
 
@@ -60,6 +62,8 @@ class SpeechInstance : public DirectSS {
   // For a task posted to the user-interface thread: tells the end of text `id`, once, if it is still the
   // current one.
   static void TellEnd(const std::weak_ptr<Listener>& listener, std::uint32_t id, const std::string& reason);
+  // The same for a word of the text.
+  static void TellWord(const std::weak_ptr<Listener>& listener, std::uint32_t id, const HeardWord& word);
 
   [[nodiscard]] std::weak_ptr<Listener> ListenerForTasks() const { return listener_; }
 

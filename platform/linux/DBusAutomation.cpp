@@ -1,13 +1,13 @@
 #include "platform/linux/DBusAutomation.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <future>
 #include <string>
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "platform/linux/dbusAnswer.h"
 #include "platform/linux/gioPointers.h"
 #include "platform/linux/sessionBus.h"
 
@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kTimeout = 10'000;  // milliseconds
 constexpr auto kTurn = std::chrono::milliseconds(10);
-constexpr std::size_t kLongestText = std::size_t{16} << 20;  // bytes of an answer
 constexpr std::size_t kLongestArgument = std::size_t{64} << 20;
 
 struct CancellableDeleter {
@@ -52,39 +51,6 @@ Answer Call(GDBusConnection* bus, const std::string& name, const std::string& pa
   return answer;
 }
 
-// The bus name of a method that is not there, in any of its three ways.
-bool IsMissing(const std::string& errorName) {
-  return errorName == "org.freedesktop.DBus.Error.UnknownMethod" ||
-         errorName == "org.freedesktop.DBus.Error.UnknownInterface" ||
-         errorName == "org.freedesktop.DBus.Error.UnknownObject";
-}
-
-// What a person reads. The words of an extension are left as they are.
-std::string Reason(const Answer& answer) {
-  struct Known {
-    std::string_view part;  // of the error's name
-    const char* text;
-  };
-  static constexpr std::array kKnown{
-      Known{"ServiceUnknown", "Unter diesem Namen ist kein Programm angemeldet."},
-      Known{"NameHasNoOwner", "Unter diesem Namen ist kein Programm angemeldet."},
-      Known{"Spawn.", "Das Programm der Erweiterung lässt sich nicht starten."},
-      Known{"NoReply", "Die Erweiterung antwortet nicht."},
-      Known{"Timeout", "Die Erweiterung antwortet nicht."},
-      Known{"TimedOut", "Die Erweiterung antwortet nicht."},
-      Known{"AccessDenied", "Der Sitzungsbus (D-Bus) erlaubt den Aufruf nicht."},
-      Known{"Disconnected", "Die Verbindung zum Sitzungsbus (D-Bus) ist abgebrochen."},
-      Known{"LimitsExceeded", "Der Text ist zu lang für den Sitzungsbus (D-Bus)."}};
-  if (answer.errorName.empty()) return "Die Erweiterung antwortet nicht.";
-  for (const auto& [part, text] : kKnown) {
-    if (answer.errorName.starts_with("org.freedesktop.DBus.") &&
-        answer.errorName.find(part) != std::string::npos) {
-      return text;
-    }
-  }
-  return "Die Erweiterung meldet: " + answer.message;
-}
-
 class DBusObject final : public AutomationObject {
  public:
   DBusObject(GDBusConnection* bus, std::string name, std::function<Answer(CallFunction)> wait)
@@ -106,30 +72,13 @@ class DBusObject final : public AutomationObject {
     const Answer answer = wait_([this, name = std::string(method), arguments](GCancellable* givenUp) {
       return Call(bus_, name_, path_, name_, name, arguments, givenUp);
     });
-    if (IsMissing(answer.errorName)) throw RuntimeError(ErrorNumber::NoSuchMethod);
-    if (!answer.message.empty()) throw RuntimeError(ErrorNumber::AutomationFailed, Reason(answer));
+    if (IsMissingMethod(answer.errorName)) throw RuntimeError(ErrorNumber::NoSuchMethod);
+    if (!answer.message.empty())
+      throw RuntimeError(ErrorNumber::AutomationFailed, ReasonOfFailure(answer.errorName, answer.message));
     return FirstText(answer.value.get());
   }
 
  private:
-  // The bus carries nothing but UTF-8, and no text beyond a NUL.
-  static GVariant* TextArgument(std::string_view text) {
-    gchar* const valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-    GVariant* const arguments = g_variant_new("(s)", valid);
-    g_free(valid);
-    return arguments;
-  }
-
-  static std::optional<std::string> FirstText(GVariant* value) {
-    if (g_variant_n_children(value) == 0) return std::nullopt;
-    const Variant first(g_variant_get_child_value(value, 0));
-    if (!g_variant_is_of_type(first.get(), G_VARIANT_TYPE_STRING)) return std::nullopt;
-    gsize size = 0;
-    const gchar* const text = g_variant_get_string(first.get(), &size);
-    if (size > kLongestText) throw RuntimeError(ErrorNumber::AutomationFailed, "Die Antwort ist zu lang.");
-    return std::string(text, size);
-  }
-
   GDBusConnection* bus_;
   std::string name_;
   std::string path_;
@@ -189,7 +138,7 @@ std::unique_ptr<AutomationObject> DBusAutomation::CreateObject(std::string_view 
                                   ask("GetNameOwner", g_variant_new("(s)", name.c_str())).message.empty());
   if (!runs) {
     log_.Write(name + ": " + started.message);
-    throw RuntimeError(ErrorNumber::CannotCreateObject, Reason(started));
+    throw RuntimeError(ErrorNumber::CannotCreateObject, ReasonOfFailure(started.errorName, started.message));
   }
   return std::make_unique<DBusObject>(bus, name, wait);
 }

@@ -14,6 +14,12 @@ EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock
                                      [listener, &pump](std::uint32_t id, const std::string& reason) {
                                        pump.Post([listener, id, reason] { TellEnd(listener, id, reason); });
                                      },
+                                 .heard =
+                                     [listener, &pump](const engine::HeardWord& word) {
+                                       pump.Post([listener, word] {
+                                         TellWord(listener, word.id, {word.begin, word.end});
+                                       });
+                                     },
                                  .condition =
                                      [condition, &pump](const std::string& text) {
                                        pump.Post([condition, text] {

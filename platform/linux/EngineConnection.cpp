@@ -350,12 +350,23 @@ bool EngineConnection::Handle(const engine::Message& message, Guard& guard) {
     case engine::Kind::Ended:
       HandleEnded(message, guard);
       return true;
+    case engine::Kind::Word:
+      return HandleWord(message, guard);
     case engine::Kind::Notice:
       HandleNotice(number, guard);
       return true;
     default:
       return false;
   }
+}
+
+bool EngineConnection::HandleWord(const engine::Message& message, Guard& guard) {
+  const auto word = engine::ReadWord(message.fields);
+  if (!word || word->id != current_) return word.has_value();
+  guard.unlock();
+  handlers_.heard(*word);
+  guard.lock();
+  return true;
 }
 
 // Callers hold references to the first capabilities; they do not change from one start to the next.

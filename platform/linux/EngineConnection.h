@@ -28,6 +28,7 @@ class EngineConnection {
   struct Handlers {
     // Called on the connection's thread.
     std::function<void(std::uint32_t utterance, const std::string& reason)> ended;
+    std::function<void(const engine::HeardWord&)> heard;
     // What is wrong with the instance, and "" when nothing is any more.
     std::function<void(const std::string&)> condition;
   };
@@ -82,6 +83,7 @@ class EngineConnection {
   bool Handle(const engine::Message& message, Guard& guard);
   void TellEnd(std::uint32_t utterance, const std::string& reason, Guard& guard);
   void HandleEnded(const engine::Message& message, Guard& guard);
+  bool HandleWord(const engine::Message& message, Guard& guard);
   bool HandleHello(const engine::Message& message, Guard& guard);
   void HandleNotice(std::uint32_t code, Guard& guard);
   void SetCondition(std::string_view text, Guard& guard);

@@ -121,10 +121,11 @@ bool AdvapiRegistry::KeyExists(RegistryHive hive, std::string_view path) {
 }
 
 bool AdvapiRegistry::DeleteKey(RegistryHive hive, std::string_view path) {
-  if (path.empty()) return false;
+  const std::wstring clean = KeyPath(path);
+  if (clean.empty()) return false;
   const auto subkeys = SubkeyNames(hive, path);
   if (!subkeys || !subkeys->empty()) return false;
-  const LSTATUS error = RegDeleteKeyW(RootOf(hive), KeyPath(path).c_str());
+  const LSTATUS error = RegDeleteKeyW(RootOf(hive), clean.c_str());
   return error == ERROR_SUCCESS || Fail("DeleteKey", path, error);
 }
 

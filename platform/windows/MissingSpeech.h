@@ -48,6 +48,7 @@ class MissingSpeech final : public DirectSS {
   std::int32_t MaxVolume() override { return 0; }
   void SetWaveFile(const std::string&) override {}
   void OnEndOfText(std::function<void(const EndOfText&)> handler) override;
+  void OnWordHeard(std::function<void(const HeardWord&)>) override {}
 
  private:
   EventPump& pump_;

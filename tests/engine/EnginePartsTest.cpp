@@ -14,6 +14,7 @@
 #include "engine/protocol.h"
 #include "engine/speakableText.h"
 #include "engine/voiceCatalog.h"
+#include "engine/waveHeader.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin::engine {
@@ -44,6 +45,22 @@ TEST(WaveFile, HasTheHeaderOfItsSamples) {
   EXPECT_EQ(bytes.substr(36, 4), "data");
   EXPECT_EQ(NumberAt(bytes, 40), 6U);
   EXPECT_EQ(bytes.substr(44), std::string("\x01\x00\xFE\xFF\x34\x12", 6));
+}
+
+TEST(WaveHeader, TellsItsSampleRate) {
+  EXPECT_EQ(SampleRateOf(WaveHeader(22050, 6)), 22050U);
+  EXPECT_EQ(SampleRateOf(WaveHeader(16000, 0) + "samples"), 16000U);
+}
+
+TEST(WaveHeader, IsNothingElse) {
+  const std::string header = WaveHeader(22050, 6);
+  EXPECT_EQ(SampleRateOf(""), std::nullopt);
+  EXPECT_EQ(SampleRateOf(header.substr(0, 43)), std::nullopt);
+  EXPECT_EQ(SampleRateOf("Die Sprachausgabe schreibt hier etwas anderes hin"), std::nullopt);
+  EXPECT_EQ(SampleRateOf(WaveHeader(0, 6)), std::nullopt);
+  std::string stereo = header;
+  stereo[22] = 2;
+  EXPECT_EQ(SampleRateOf(stereo), std::nullopt);
 }
 
 TEST(WaveFile, IsNotThereBeforeItIsWhole) {
@@ -344,6 +361,20 @@ TEST(Protocol, BringsTheRestOfATextAcross) {
   EXPECT_FALSE(part->last);
   EXPECT_EQ(part->text, "Rest");
   EXPECT_FALSE(ReadMore("abc"));
+}
+
+TEST(Protocol, BringsAWordAcross) {
+  FrameReader reader;
+  reader.Feed(FrameWord({7, 70000, 70005}));
+  const auto message = reader.Next();
+  ASSERT_TRUE(message.has_value());
+  EXPECT_EQ(message->kind, Kind::Word);
+  const auto word = ReadWord(message->fields);
+  ASSERT_TRUE(word.has_value());
+  EXPECT_EQ(word->id, 7U);
+  EXPECT_EQ(word->begin, 70000U);
+  EXPECT_EQ(word->end, 70005U);
+  EXPECT_FALSE(ReadWord("short").has_value());
 }
 
 TEST(Protocol, PutsFramesTogetherFromSingleBytes) {

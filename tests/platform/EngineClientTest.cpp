@@ -41,6 +41,58 @@ std::unique_ptr<EngineUnderTest> MakePlaying() {
 INSTANTIATE_TEST_SUITE_P(Rendering, DirectSSContract, testing::Values(&MakeRendering));
 INSTANTIATE_TEST_SUITE_P(Playing, DirectSSContract, testing::Values(&MakePlaying));
 
+// Played in real time for nobody; the words that are heard meanwhile.
+class HeardWords : public testing::Test {
+ protected:
+  HeardWords() {
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+    real.engine.OnWordHeard([this](const HeardWord& word) { words.push_back(word); });
+    real.engine.SetSpeed(real.engine.MaxSpeed());
+  }
+
+  RealEngine real{true};
+  std::vector<HeardWord> words;
+};
+
+TEST_F(HeardWords, AreToldBeforeTheEndInTheOrderOfTheText) {
+  real.engine.Speak("\x01„Grüße“ aus Köln.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_EQ(words, (std::vector<HeardWord>{{2, 7}, {9, 12}, {13, 17}}));
+}
+
+TEST_F(HeardWords, OfATextInPartsHaveTheirPlaceInTheWhole) {
+  real.engine.SpeakBeginning("Ganz schön. ");
+  real.engine.ContinueText("Ja, ", false);
+  real.engine.ContinueText("ja.", true);
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_EQ(words, (std::vector<HeardWord>{{0, 4}, {5, 10}, {12, 14}, {16, 18}}));
+}
+
+TEST_F(HeardWords, AreNotToldOfATextThatWasDiscarded) {
+  real.engine.Speak("Eins zwei drei vier fünf sechs sieben acht neun zehn.");
+  ASSERT_TRUE(real.WaitUntil([this] { return !words.empty(); }));
+  real.engine.ResetAudio();
+  words.clear();
+  real.engine.Speak("Elf zwölf.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_EQ(words, (std::vector<HeardWord>{{0, 3}, {4, 9}}));
+}
+
+TEST_F(HeardWords, AreNotToldOfATextInAFile) {
+  real.engine.SetWaveFile(real.folder.File("a.wav"));
+  real.engine.Speak("Elf zwölf.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_TRUE(words.empty());
+}
+
+TEST_F(HeardWords, GoOnAfterAPause) {
+  real.engine.Speak("Eins zwei drei.");
+  real.engine.PauseAudio();
+  real.engine.ResumeAudio();
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_EQ(words.size(), 3U);
+}
+
 std::string Repeated(std::string_view text, int times) {
   std::string repeated;
   for (int i = 0; i < times; ++i) repeated += text;

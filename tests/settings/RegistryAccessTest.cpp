@@ -101,6 +101,14 @@ TEST_F(RegistryAccess, KillsAKeyWithAllBelowIt) {
   EXPECT_FALSE(access.KillKey("HKCU\\A"));
 }
 
+TEST_F(RegistryAccess, KillsNothingBelowARootWhateverSeparatorsStandBehindIt) {
+  access.WriteString("HKCU\\A\\y", "n", "x");
+  for (const auto* const path : {"HKCU", "HKCU\\", "HKCU\\\\", "HKCU\\\\\\"}) {
+    EXPECT_FALSE(access.KillKey(path)) << path;
+    EXPECT_TRUE(access.KeyExists("HKCU\\A\\y")) << path;
+  }
+}
+
 TEST_F(RegistryAccess, ReadsAndWritesEveryKind) {
   access.WriteString("HKCU\\A", "s", "Größe");
   access.WriteDWORD("HKCU\\A", "d", 0xFFFFFFFF);

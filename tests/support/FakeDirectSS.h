@@ -53,7 +53,12 @@ class FakeDirectSS final : public DirectSS {
   std::int32_t MaxVolume() override { return volumeRange.highest; }
   void SetWaveFile(const std::string& path) override;
   void OnEndOfText(std::function<void(const EndOfText&)> handler) override { handler_ = std::move(handler); }
+  void OnWordHeard(std::function<void(const HeardWord&)> handler) override { heard_ = std::move(handler); }
 
+  // The word begins to be heard.
+  void Hear(const HeardWord& word) {
+    if (speaking_ && heard_) heard_(word);
+  }
   // The text ends, completely or not, and the notification is given.
   void Finish(const EndOfText& end = {});
   // All parts that have come; `AwaitsMore` until the last one has.
@@ -76,6 +81,7 @@ class FakeDirectSS final : public DirectSS {
   std::string name_;
   CallLog& log_;
   std::function<void(const EndOfText&)> handler_;
+  std::function<void(const HeardWord&)> heard_;
   std::string text_;
   std::string waveFile_;
   bool speaking_ = false;

@@ -27,6 +27,7 @@ bool FakeRegistry::KeyExists(RegistryHive hive, std::string_view path) {
 }
 
 bool FakeRegistry::DeleteKey(RegistryHive hive, std::string_view path) {
+  while (path.ends_with('\\')) path.remove_suffix(1);
   const Key* const key = Find(hive, path);
   if (key == nullptr || path.empty() || !key->subkeys.empty()) return false;
   const auto end = path.rfind('\\');

@@ -74,6 +74,13 @@ TEST_P(RegistryContract, TakesSuperfluousSeparatorsForNone) {
   EXPECT_EQ(registry->SubkeyNames(kHive, "a"), Names{"b"});
 }
 
+TEST_P(RegistryContract, DeletesAKeyWhoseNameHasSuperfluousSeparators) {
+  Write("a\\b", "x", "1");
+  EXPECT_TRUE(registry->DeleteKey(kHive, "\\a\\\\b\\\\"));
+  EXPECT_FALSE(registry->KeyExists(kHive, "a\\b"));
+  EXPECT_FALSE(registry->DeleteKey(kHive, "\\"));
+}
+
 TEST_P(RegistryContract, SeparatesTheHives) {
   Write("K", "x", "1");
   EXPECT_FALSE(registry->KeyExists(RegistryHive::LocalMachine, "K"));

@@ -1,0 +1,82 @@
+#include "german/cutNouns.h"
+
+#include "german/grammar.h"
+#include "german/nouns.h"
+
+namespace lorelin {
+namespace {
+
+// "12", but not "1" and no ordinal.
+bool CountsMany(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  return before != Tokens::kNone && tokens.IsNumber(before) && !tokens.Is(before, "1") &&
+         !LabelBefore(tokens, before);
+}
+
+bool IsMany(std::string_view word) {
+  return IsOneOf(word,
+                 {"alle",     "allen",  "aller",   "viele",   "vielen", "vieler", "mehrere",   "mehreren",
+                  "mehrerer", "einige", "einigen", "einiger", "beide",  "beiden", "sämtliche", "sämtlichen",
+                  "zwei",     "drei",   "vier",    "fünf",    "wenige", "wenigen"});
+}
+
+// "Unsere Tel. lautet": the verb behind the point is one of a single thing.
+bool SingleVerbFollows(const Tokens& tokens, std::size_t i) {
+  const std::size_t next = tokens.Skip(i + 2);
+  return tokens.IsWord(next) && !tokens.IsCapital(next) &&
+         (tokens.View(next).ends_with('t') || tokens.Is(next, "wird"));
+}
+
+// "Die Temp. schwanken".
+bool PluralVerbFollows(const Tokens& tokens, std::size_t i) {
+  const auto next = tokens.View(tokens.Skip(i + 2));
+  return !IsUpperWord(next) && (next.ends_with("en") || next == "sind") && !CaseOfPreposition(next) &&
+         !IsDeterminer(next);
+}
+
+// "die", "ihre" before what is not feminine, "den" before what is not masculine.
+bool DeterminesMany(std::string_view word, Gender gender) {
+  if (IsMany(word)) return true;
+  if (word == "den") return gender != Gender::Masculine;
+  return gender != Gender::Feminine &&
+         IsOneOf(word, {"die", "diese", "keine", "meine", "deine", "seine", "ihre", "unsere", "eure"});
+}
+
+bool IsDativePlural(const Tokens& tokens, std::size_t i) {
+  const std::string word = WithLowerStart(tokens.WordBefore(i));
+  if (word == "den" || (IsMany(word) && word.ends_with("en"))) return true;
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone || !tokens.IsNumber(before)) return false;
+  return CaseOfPreposition(tokens.WordBefore(before)) == Case::Dative;
+}
+
+std::string Genitive(std::string_view noun) {
+  const std::string word(noun);
+  if (word.ends_with('e')) return word + "n";
+  if (HasSuffix(word, {"ent", "ant", "ist", "at"})) return word + "en";
+  return word + (HasSuffix(word, {"s", "z", "ß", "x"}) ? "es" : "s");
+}
+
+bool IsGenitive(std::string_view before) {
+  return IsOneOf(before,
+                 {"des", "eines", "dieses", "jedes", "ihres", "seines", "unseres", "meines", "Ihres"});
+}
+
+}  // namespace
+
+std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singular,
+                     std::string_view plural) {
+  const Noun noun = NounOf(singular);
+  const std::string before = WithLowerStart(tokens.WordBefore(i));
+  if (tokens.IsNumber(tokens.Skip(i + 2))) return std::string(singular);  // "535 Abs. 2"
+  if (CountsMany(tokens, i) ||
+      (noun.known && DeterminesMany(before, noun.gender) && !SingleVerbFollows(tokens, i)) ||
+      IsMany(before) || (before == "die" && PluralVerbFollows(tokens, i))) {
+    const bool bends = IsDativePlural(tokens, i) && !plural.ends_with('n') && !plural.ends_with('s');
+    return std::string(plural) + (bends ? "n" : "");
+  }
+  const bool genitive = IsGenitive(before) && noun.gender != Gender::Feminine;
+  return genitive ? Genitive(singular) : std::string(singular);
+}
+
+}  // namespace lorelin

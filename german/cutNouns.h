@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "german/tokens.h"
+
+namespace lorelin {
+
+// A shortened noun in the number and case in which it stands at the token: "Mitgliedern" for "Mitgl." of "mit
+// 5 Mitgl.", "Vertrags" for "Vertr." of "des Vertr.".
+[[nodiscard]] std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singular,
+                                   std::string_view plural);
+
+}  // namespace lorelin
