@@ -63,8 +63,11 @@ class App::Program {
                  .pump = pump_,
                  .programFolder = services_.paths.programFolder,
                  .settingsFolder = services_.paths.settingsFolder}),
-        voiceDialogs_(spoken_.speech, spoken_.settings,
-                      [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }),
+        voiceDialogs_(
+            spoken_.speech, spoken_.settings,
+            [this] {
+              return spoken_.Spelled(MakeSpeechInstance(services_, pump_, true, [](const auto&) {}));
+            }),
         helpDialogs_(
             {.settings = modSettings_,
              .messageBoxes = messageBoxes_,

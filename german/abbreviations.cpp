@@ -156,6 +156,19 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return HasSuffix(tokens.View(next),
                        {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander",
                         "ardamom", "aprika", "urkuma", "nuss", "affee", "ohn"});
+    case Around::Determined:
+      return IsDeterminer(tokens.WordBefore(i));
+    case Around::Year:
+      return tokens.IsNumber(next, 4, 4);
+    case Around::Spoon:
+      return HasSuffix(tokens.View(next), {"EL", "TL", "löffel", "Löffel", "Msp", "Messerspitze"});
+    case Around::Lacking:
+      return HasSuffix(
+          WithLowerStart(tokens.View(next)),
+          {"gewähr",     "abzug",   "anspruch",  "mwSt",          "frühstück", "balkon",   "anmeldung",
+           "termin",     "befund",  "zucker",    "salz",          "rezept",    "aufpreis", "gebühr",
+           "gebühren",   "versand", "haftung",   "vorkenntnisse", "deckel",    "garantie", "alkohol",
+           "begründung", "möbel",   "provision", "datum"});
     case Around::Finding:
       return tokens.IsCapital(next) && NounOf(tokens.View(next)).singular &&
              (tokens.Is(next + 1, ",") || tokens.IsLast(next) || tokens.IsLast(next + 1));

@@ -30,6 +30,10 @@ enum class Around : std::uint8_t {
   RulerBefore,     // a name stands before that others have borne
   Described,       // a noun follows, adjectives between them or not
   Spice,           // something that is ground follows
+  Determined,      // an article or its like stands before
+  Year,            // a number of four digits follows
+  Spoon,           // a spoon follows
+  Lacking,         // what may be left out follows
   Finding,         // a noun and the end of a clause follow
   DayBefore        // an ordinal stands before: "19. Jh."
 };

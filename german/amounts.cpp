@@ -193,7 +193,8 @@ bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantit
     return !quantity.number.IsWhole() || (HasElectricContext(tokens) && !LabelBefore(tokens, first));
   const auto sign = tokens.View(unitAt);
   const bool letter = sign.size() == 1 && tokens.IsWord(unitAt);
-  if (letter && LabelBefore(tokens, first)) return false;
+  const bool side = sign == "m" && IsOneOf(tokens.WordBefore(first), {"H", "B", "T", "L"});  // "B 2 m"
+  if (letter && LabelBefore(tokens, first) && !side) return false;
   // "24 h", "5 m" beside a dash belong to a longer word: "100-m-Lauf" is read elsewhere.
   if (unit.singular.starts_with("Grad") && sign == "°" && tokens.IsNumber(unit.end)) return false;
   return !(tokens.IsDashAt(unit.end) && tokens.IsWord(unit.end + 1));
@@ -267,7 +268,8 @@ Found MeasureSpanAt(const Tokens& tokens, std::size_t i) {
       second = QuantityAt(tokens, at);
     }
   }
-  if (!second || !IsRisingOrProduct(*first, *second, between->words)) return std::nullopt;
+  const bool longDash = tokens.Is(first->end, "–") && between->end == first->end + 1;  // "68–66 Mio. Jahre"
+  if (!second || (!longDash && !IsRisingOrProduct(*first, *second, between->words))) return std::nullopt;
   auto sum = SumAt(tokens, at, i);
   if (!sum) {
     const auto unit = UnitAt(tokens, tokens.Skip(second->end));
@@ -407,7 +409,11 @@ namespace {
 bool MeasuresBloodPressure(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 2, 3) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 3)) return false;
   std::size_t before = tokens.Before(i);
-  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {":", "von"})) before = tokens.Before(before);
+  for (int step = 0; step < 2 && before != Tokens::kNone; ++step) {
+    if (!IsOneOf(tokens.View(before), {":", "von", "bei", "auf", "liegt", "lag", "betrug", "ist", "war"}))
+      break;
+    before = tokens.Before(before);
+  }
   const bool named =
       before != Tokens::kNone && IsOneOf(tokens.View(before), {"RR", "Blutdruck", "Blutdruckwert"});
   return named || tokens.Is(tokens.Skip(i + 3), "mmHg");

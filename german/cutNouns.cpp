@@ -9,7 +9,7 @@ namespace {
 // "12", but not "1" and no ordinal.
 bool CountsMany(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
-  return before != Tokens::kNone && tokens.IsNumber(before) && !tokens.Is(before, "1") &&
+  return before != Tokens::kNone && tokens.IsNumber(before, 1, 3) && !tokens.Is(before, "1") &&
          !LabelBefore(tokens, before);
 }
 

@@ -80,9 +80,12 @@ std::string_view CutNouns() {
       "Produkt/Produkte "
       "Programm/Programme Projekt/Projekte Prospekt Provision Qualität Rabatt/Rabatte Raum/Räume "
       "Reihe/Reihen "
-      "Reparatur/Reparaturen Reservierung Restaurant Richtlinie/Richtlinien Richtung/Richtungen Rückgabe "
-      "Rücksendung Rückseite Sachverständiger/Sachverständige Sammlung/Sammlungen Schaden/Schäden Schlüssel "
-      "Schwierigkeit Seite/Seiten Senioren Serie/Serien Sicherheit Sonderpreis Sonntag Sprechstunde Standort "
+      "Reparatur/Reparaturen Reservierung Restaurant Richtlinie/Richtlinien Richtung/Richtungen "
+      "Rückfrage/Rückfragen Rückgabe Bezugnahme Mitnahme Fahrradmitnahme Unterzeichner Klammer/Klammern "
+      "Batterie/Batterien Bevölkerung Umgebung Erdgeschoss "
+      "Rückseite Rücksendung Sachverständiger/Sachverständige Sammlung/Sammlungen Schaden/Schäden Schlüssel "
+      " Schwester/Schwestern  Seite/Seiten Senioren Serie/Serien Sicherheit Sonderpreis Sonntag Sprechstunde "
+      "Standort "
       "Station/Stationen Stellplatz/Stellplätze Stockwerk Straße Stunde/Stunden Tabelle/Tabellen "
       "Tarif/Tarife "
       "Teilnahme Teilnehmer Terrasse Therapie Tiefgarage Transport Treffpunkt Treppe Übergabe "
@@ -215,7 +218,7 @@ std::string_view CutFixedWords() {
          "vormittags nachmittags abends morgens werktags sonntags feiertags "
          "respektive vergleiche herausgegeben übersetzt unterzeichnet gezeichnet genehmigt abgelehnt bezahlt "
          "überwiesen erhalten eingegangen verschoben verlegt ausverkauft reserviert verkaufe vermiete "
-         "verstorben berichtigt bestätigt";
+         "sofort gekündigt bearbeitet verschickt versendet verstorben berichtigt bestätigt";
 }
 
 }  // namespace lorelin

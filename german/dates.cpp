@@ -221,6 +221,18 @@ Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
 }
 
+// "TÜV bis 05/26".
+Found MonthOfShortYearAt(const Tokens& tokens, std::size_t i) {
+  const auto month = MonthNumberAt(tokens, i);
+  if (!month || !tokens.IsNumber(i, 2, 2) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 2) ||
+      !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || tokens.Is(i + 3, "/"))
+    return std::nullopt;
+  if (!IsOneOf(tokens.WordBefore(i),
+               {"TÜV", "HU", "EZ", "bis", "seit", "ab", "Stand", "Seit", "Ab", "gültig"}))
+    return std::nullopt;
+  return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
+}
+
 std::optional<std::pair<std::string_view, std::size_t>> WeekdayAt(const Tokens& tokens, std::size_t i) {
   if (tokens.View(i).size() != 2) return std::nullopt;
   for (const Weekday& day : kWeekdays) {
@@ -273,9 +285,15 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
       ((point || (listed && tokens.Is(next, "geschlossen"))) &&
        IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
                                    "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"}));
-  const bool am = opening || IsOneOf(tokens.WordBefore(i),
-                                     {"am", "Am", "jeden", "Jeden", "nächsten", "bis", "diesen", "kommenden",
-                                      "jeweils", "letzten", "vom", "Vom", "zum", "auf", "ab", "Ab", "für"});
+  const std::size_t before = tokens.Before(i);
+  const bool shortened = before != Tokens::kNone && tokens.Is(before, ".") && before > 0;
+  const bool am = opening ||
+                  (shortened && IsOneOf(tokens.View(before - 1), {"einschl", "inkl", "spätest"})) ||
+                  IsOneOf(tokens.WordBefore(i),
+                          {"am",        "Am",        "jeden",   "Jeden",   "nächsten", "bis",
+                           "diesen",    "kommenden", "jeweils", "letzten", "vom",      "Vom",
+                           "zum",       "auf",       "ab",      "Ab",      "für",      "einschließlich",
+                           "inklusive", "außer",     "nur"});
   const bool so = tokens.Is(i, "So") || tokens.Is(i, "Do") || tokens.Is(i, "Fr");
   if (!(number && (point || !so || next > day->second)) && !am) return std::nullopt;
   if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") &&
@@ -325,7 +343,7 @@ Found DayWithEnding(const Tokens& tokens, std::size_t i, std::string_view ending
 }
 
 Found DateAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &MonthOfYearAt}) {
+  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &MonthOfYearAt, &MonthOfShortYearAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   const auto shape = DateShapeAt(tokens, i);

@@ -118,7 +118,7 @@ Found CompoundAt(const Tokens& tokens, std::size_t i) {
       WithUpperStart(number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein"));
   std::replace(words.begin(), words.end(), ' ', '-');
   const bool goesOn =
-      tokens.Is(part + 1, "-") || tokens.Is(part + 1, "/") || IsOneOf(tokens.View(part + 1), {"²", "³"});
+      tokens.Is(part + 1, "-") || tokens.Is(part + 1, "/") || IsOneOf(tokens.View(part + 1), {"²", "³", "."});
   if (const auto unit = UnitAt(tokens, part); unit && !unit->isWord && goesOn && tokens.Is(unit->end, "-")) {
     std::string name = unit->plural;
     std::replace(name.begin(), name.end(), ' ', '-');

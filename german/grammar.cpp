@@ -89,6 +89,11 @@ std::string_view WholeWord(std::string_view word) {
                               {"b", "bei"},
                               {"z", "zum"},
                               {"d", "den"},
+                              {"zzgl", "zuzüglich"},
+                              {"inkl", "inklusive"},
+                              {"exkl", "exklusive"},
+                              {"einschl", "einschließlich"},
+                              {"abzgl", "abzüglich"},
                               {"zw", "zwischen"},
                               {"lt", "laut"},
                               {"gem", "gemäß"},
@@ -178,9 +183,10 @@ std::string_view EndingOfDeterminer(std::string_view word) {
 constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um",
                                                         "bis", "pro",   "per",   "à",    "via"};
 constexpr std::string_view kDativePrepositions[] = {
-    "aus",       "bei",    "mit",      "nach",  "seit",  "von",  "zu",           "ab",       "außer",
-    "gegenüber", "binnen", "gemäß",    "samt",  "nebst", "in",   "an",           "auf",      "vor",
-    "hinter",    "neben",  "zwischen", "unter", "über",  "laut", "entsprechend", "zuzüglich"};
+    "aus",          "bei",       "mit",       "nach",      "seit",           "von",      "zu",   "ab",
+    "außer",        "gegenüber", "binnen",    "gemäß",     "samt",           "nebst",    "in",   "an",
+    "auf",          "vor",       "hinter",    "neben",     "zwischen",       "unter",    "über", "laut",
+    "entsprechend", "zuzüglich", "inklusive", "exklusive", "einschließlich", "abzüglich"};
 constexpr std::string_view kGenitivePrepositions[] = {
     "wegen",  "während", "trotz",    "innerhalb", "außerhalb",  "statt",   "anstatt",      "mittels",
     "anhand", "zwecks",  "oberhalb", "unterhalb", "anlässlich", "infolge", "hinsichtlich", "bezüglich"};
@@ -203,6 +209,9 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
 
 // A small word of no closed class: a verb, an adverb, an adjective.
 bool MayBeVerb(std::string_view word) {
+  if (IsOneOf(word, {"muss", "müssen", "soll", "sollen", "kann", "können", "darf", "dürfen", "will", "wollen",
+                     "möchte", "möchten", "sollte", "sollten", "musste", "mussten", "konnte", "konnten"}))
+    return true;
   return !IsUpperWord(word) && word.size() > 2 && !StartsSentences(WithUpperStart(word)) &&
          !IsDegreeWord(word) && KindOfDeterminer(word) == Kind::None && !CaseOfPreposition(word);
 }
@@ -286,6 +295,7 @@ Agreement AgreementOf(Gender gender) {
 }
 
 std::size_t NounBehind(const Tokens& tokens, std::size_t i) {
+  if (IsOneOf(tokens.View(i), {"„", "»", "\"", "‚"})) ++i;  // "der sog. „Blitzer“"
   for (int step = 0; step < kWordsAhead; ++step) {
     if (tokens.IsCapital(i)) return i;
     const auto word = tokens.View(i);
@@ -385,12 +395,20 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   return place && AdjectiveSaysDirection(tokens, first) ? Case::Accusative : *CaseOfPreposition(word);
 }
 
+// "In einer Pfanne Öl erhitzen, 1 Zwiebel …": the infinitive, which is no adjective of a noun behind it.
+bool EndsClause(const Tokens& tokens, std::size_t at) {
+  const auto word = tokens.View(at);
+  return tokens.IsWord(at) && !IsUpperWord(word) && word.size() > 4 &&
+         HasSuffix(word, {"en", "ern", "eln"}) && tokens.Is(at + 1, ",");
+}
+
 // "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
 std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   std::size_t at = tokens.Before(first);
   if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus"}))
     return std::nullopt;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
+    if (EndsClause(tokens, at)) return std::nullopt;
     const std::size_t before = tokens.Before(at);
     const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
     if (counted && before != Tokens::kNone && tokens.IsWord(before)) {

@@ -225,7 +225,7 @@ namespace {
 
 // "Temperatur" for "Temp." and "Gebühr" for "Geb.".
 std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
-  if (!tokens.Is(noun + 1, ".")) return std::string(tokens.View(noun));
+  if (!tokens.Is(noun + 1, ".") && !IsAllCaps(tokens.View(noun))) return std::string(tokens.View(noun));
   if (const auto found = AbbreviationAt(tokens, noun); found && IsUpperWord(found->abbreviation->spoken))
     return std::string(found->abbreviation->spoken);
   if (const auto cut = CutWordAt(tokens, noun)) return cut->words;

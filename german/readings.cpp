@@ -74,6 +74,31 @@ bool JoinsPlural(const Tokens& tokens, std::size_t i, std::size_t end) {
   return noun.known && noun.plural && !noun.singular;
 }
 
+// "Karl Weber u. a., Berlin".
+bool EndsNames(const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t before = tokens.WordIndexBefore(i);
+  const bool name = before != Tokens::kNone && tokens.IsCapital(before) && !NounOf(tokens.View(before)).known;
+  return name && IsOneOf(tokens.View(end), {",", ")", "("});
+}
+
+bool IsManOrThing(const Tokens& tokens, std::size_t noun) {
+  const Noun what = NounOf(tokens.View(noun));
+  return what.whole && what.singular && what.gender != Gender::Feminine;
+}
+
+// "Gruß a. d. Urlaub", but "Halle a. d. Saale".
+std::string OutOfOrAt(const Tokens& tokens, std::size_t end) {
+  return IsManOrThing(tokens, tokens.Skip(end)) ? "aus dem" : "an der";
+}
+
+// "v. Mieter", but "Otto v. Stein" and "v. Herrn Roth".
+std::string VonOrVom(const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t before = tokens.WordIndexBefore(i);
+  const bool name = before != Tokens::kNone && tokens.IsCapital(before) && !tokens.OpensClause(before);
+  const bool person = IsOneOf(tokens.View(tokens.Skip(end)), {"Herrn", "Herr", "Frau", "Dr", "Prof"});
+  return !name && !person && IsManOrThing(tokens, tokens.Skip(end)) ? "vom" : "von";
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
@@ -83,7 +108,11 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
     words = WithNameOf(tokens, i, std::string_view(words).substr(4, words.size() - 5));
   // At its end "u. a." is no more than what has been told.
   if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
-  if (written == "u. a." && JoinsPlural(tokens, i, found->end)) words = "und andere";
+  if (written == "u. a." && (JoinsPlural(tokens, i, found->end) || EndsNames(tokens, i, found->end)))
+    words = "und andere";
+  if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
+  if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
+  if (written == "v." && words == "von") words = VonOrVom(tokens, i, found->end);
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
   if (found->abbreviation->bending == Bending::None && !PluralOf(words).empty())
     words = BentNoun(tokens, i, words, PluralOf(words));
@@ -182,9 +211,9 @@ Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   if (DateShapeAt(tokens, next)) return Phrase{i + 2, "dem"};
   const bool ordinal = tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".");
-  const std::size_t noun = ordinal ? tokens.Skip(next + 2) : next;
+  const std::size_t noun = NounBehind(tokens, ordinal ? tokens.Skip(next + 2) : next);
   const Agreement agreement = AgreementAt(tokens, noun);
-  if (!tokens.IsCapital(noun) || !agreement.known) return std::nullopt;
+  if (noun == Tokens::kNone || !agreement.known) return std::nullopt;
   return Phrase{i + 2, ArticleWord(tokens, i, agreement)};
 }
 

@@ -89,6 +89,19 @@ std::size_t HourSignAt(const Tokens& tokens, std::size_t i, bool meansClock) {
   return 0;
 }
 
+// "um 1/2 8".
+Found HalfHourAt(const Tokens& tokens, std::size_t i) {
+  const auto hour = DigitsAt(tokens, i + 4, 2);
+  if (!tokens.Is(i, "1") || !tokens.Is(i + 1, "/") || !tokens.Is(i + 2, "2") || !tokens.IsBlank(i + 3) ||
+      !hour)
+    return std::nullopt;
+  if (*hour < 1 || *hour > 12 ||
+      !IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"um", "gegen", "ab", "bis", "nach", "vor"}))
+    return std::nullopt;
+  const std::size_t end = HourSignAt(tokens, i + 5, false);
+  return Phrase{end == 0 ? i + 5 : end, "halb " + CardinalWords(*hour)};
+}
+
 // "19h30".
 Found FrenchTimeAt(const Tokens& tokens, std::size_t i) {
   const auto hour = DigitsAt(tokens, i, 2);
@@ -115,7 +128,8 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   const bool later = second->hour > first->hour ||
                      (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
   const bool glued = tokens.Is(second->end, "h");
-  const bool clocks = GoesWithClock(tokens, i) || first->minute ||
+  const bool hours = tokens.WordBefore(i) == "von" && dash && later && second->hour >= 10;  // "von 9–17 h"
+  const bool clocks = GoesWithClock(tokens, i) || first->minute || hours ||
                       (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
   if (const std::size_t end = HourSignAt(tokens, second->end, clocks); end != 0) {
     const std::string begin = hourNamed ? ClockWords(*first) : FirstClockWords(*first);
@@ -137,8 +151,9 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0)
     return Phrase{end, ClockWords(*clock)};
   const bool named =
-      IsOneOf(tokens.WordBefore(i), {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass",
-                                     "Rückkehr", "Anpfiff", "um", "Um", "gegen", "Gegen"});
+      IsOneOf(tokens.WordBefore(i),
+              {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass", "Rückkehr", "Anpfiff",
+               "Weiterfahrt", "Umstieg", "Abflug", "Landung", "Gottesdienst", "um", "Um", "gegen", "Gegen"});
   if (named && clock->minute && tokens.FreeBehind(clock->end - 1))
     return Phrase{clock->end, ClockWords(*clock)};
   return std::nullopt;
@@ -291,7 +306,7 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found TimeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&RaceTimeAt, &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
+  for (const auto reading : {&HalfHourAt, &RaceTimeAt, &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   if (auto score = ScoreAt(tokens, i)) return score;

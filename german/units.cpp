@@ -427,6 +427,11 @@ std::optional<Unit> MultipleAt(const Tokens& tokens, std::size_t i) {
 
 namespace {
 
+// "63° 37′": what stands behind degrees.
+bool StandsBehindDegrees(const Tokens& tokens, std::size_t i) {
+  return i >= 3 && tokens.Is(tokens.IsBlank(i - 2) ? i - 3 : i - 2, "°");
+}
+
 // 20" is a measure where no quotation is open.
 std::optional<Unit> InchAt(const Tokens& tokens, std::size_t i) {
   if (i == 0 || !IsOneOf(tokens.View(i), {"\"", "″"}) || !tokens.IsNumber(i - 1) || tokens.IsWord(i + 1))
@@ -440,10 +445,21 @@ std::optional<Unit> InchAt(const Tokens& tokens, std::size_t i) {
   return unit;
 }
 
+std::optional<Unit> ArcMinuteAt(const Tokens& tokens, std::size_t i) {
+  if (!IsOneOf(tokens.View(i), {"′", "'"}) || !StandsBehindDegrees(tokens, i)) return std::nullopt;
+  Unit unit;
+  unit.singular = "Minute";
+  unit.plural = unit.dativePlural = "Minuten";
+  unit.gender = kF;
+  unit.end = i + 1;
+  return unit;
+}
+
 }  // namespace
 
 std::optional<Unit> UnitAt(const Tokens& tokens, std::size_t i) {
   auto unit = SimpleUnitAt(tokens, i);
+  if (!unit) unit = ArcMinuteAt(tokens, i);
   if (!unit) unit = InchAt(tokens, i);
   if (!unit) {
     for (const WordForms& one : kWordUnits) {

@@ -93,7 +93,8 @@ bool IsOrdinalWord(std::string_view word) {
 
 bool IsNumberedHead(std::string_view noun) {
   static const Words words(
-      "Szene Olympiade Jahrestag Aufl Ausg Kl Bd Kap HZ Qu Sem Lj Jh Jhd Jhdt Jahrh Jt Klasse Vorsitzender "
+      "Min Std Sek Szene Olympiade Jahrestag Aufl Ausg Kl Bd Kap HZ Qu Sem Lj Jh Jhd Jhdt Jahrh Jt Klasse "
+      "Vorsitzender "
       "Vorsitzende Vorsitzenden "
       "Vorstand Bürgermeister Bürgermeisterin Platz Platzes "
       "Preis Rang Liga Bundesliga Kreisliga Regionalliga "

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "base/StartupState.h"
@@ -28,7 +29,8 @@ struct SpeechModules {
   };
 
   explicit SpeechModules(const Edges& edges)
-      : settings(edges.system.registry),
+      : pump(edges.pump),
+        settings(edges.system.registry),
         extensions(edges.system.registry, edges.system.files, edges.system.automation, edges.system.log),
         pronunciations(settings, edges.system.files, edges.system.log, edges.settingsFolder),
         voice(edges.voice, edges.pump, [this](std::string_view text) { return pronunciations.Spell(text); }),
@@ -48,6 +50,13 @@ struct SpeechModules {
                 .startup = startup,
                 .programFolder = edges.programFolder}) {}
 
+  // The instance, reading as the others do.
+  [[nodiscard]] std::unique_ptr<DirectSS> Spelled(std::unique_ptr<DirectSS> instance) {
+    return std::make_unique<SpelledSpeech>(
+        std::move(instance), pump, [this](std::string_view text) { return pronunciations.Spell(text); });
+  }
+
+  EventPump& pump;
   StartupState startup;
   SettingsStore settings;
   ModAddin extensions;

@@ -24,6 +24,11 @@ class SpelledSpeech final : public DirectSS {
   // Owns neither the engine nor the pump, which must outlive it.
   SpelledSpeech(DirectSS& engine, EventPump& pump, Spelling spelling)
       : engine_(engine), pump_(pump), spelling_(std::move(spelling)) {}
+  // Owns the engine.
+  SpelledSpeech(std::unique_ptr<DirectSS> engine, EventPump& pump, Spelling spelling)
+      : SpelledSpeech(*engine, pump, std::move(spelling)) {
+    owned_ = std::move(engine);
+  }
 
   // The text that was spoken last and what became of it; null when it went as it was.
   [[nodiscard]] std::shared_ptr<const SpelledText> Current() const { return current_; }
@@ -69,6 +74,7 @@ class SpelledSpeech final : public DirectSS {
   void PostNext();
   void HandOver(const std::shared_ptr<Feeding>& feeding);
 
+  std::unique_ptr<DirectSS> owned_;
   DirectSS& engine_;
   EventPump& pump_;
   Spelling spelling_;

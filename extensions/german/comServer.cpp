@@ -1,8 +1,11 @@
 // The extension "Abkürzungen" for Windows: filters every text before it is spoken. A COM server of its own,
 // which COM starts when Lorelin first asks for it; it ends some minutes after the last of its objects.
 //   lorelin-abkuerzungen --install | --uninstall    registers it for the user, or takes that back
+//   lorelin-abkuerzungen --home FOLDER              the user's own words lie there, as with Lorelin under
+//                                                   LORELIN_HOME
 #include <windows.h>
 // the other needs windows.h before it
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include <string>
@@ -23,7 +26,28 @@ constexpr const char* kClassText = "{6B1C2F5E-93D7-4A0B-8E55-2D71C40AE913}";
 constexpr UINT kLook = 30'000;        // milliseconds
 constexpr ULONGLONG kIdle = 300'000;  // milliseconds
 
+// The folder that holds everything of Lorelin: what was named when the class was registered, else by the same
+// variable that Lorelin itself looks at; empty when there is none.
+std::filesystem::path& Home() {
+  static std::filesystem::path home = [] {
+    const wchar_t* const name = _wgetenv(L"LORELIN_HOME");
+    std::error_code error;
+    return name != nullptr && *name != L'\0' ? std::filesystem::absolute(name, error).lexically_normal()
+                                             : std::filesystem::path();
+  }();
+  return home;
+}
+
+std::filesystem::path SecondArgument() {
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  const std::filesystem::path second = words != nullptr && count > 2 ? words[2] : L"";
+  LocalFree(words);
+  return second;
+}
+
 std::filesystem::path WordListFile() {
+  if (!Home().empty()) return Home() / "abkuerzungen.txt";
   PWSTR name = nullptr;
   SHGetKnownFolderPath(FOLDERID_RoamingAppData, 0, nullptr, &name);
   const std::filesystem::path folder =
@@ -69,12 +93,14 @@ bool Install() {
     return registry.WriteValue(lorelin::RegistryHive::ClassesRoot, key, "",
                                {lorelin::RegistryType::String, text});
   };
-  const std::string program = lorelin::PathText(lorelin::ExecutableFile());
+  // COM starts it with none of the variables that are set here.
+  const std::string home = Home().empty() ? "" : " --home \"" + lorelin::PathText(Home()) + '"';
+  const std::string command = '"' + lorelin::PathText(lorelin::ExecutableFile()) + '"' + home;
   const std::string name = lorelin::AbbreviationFilter::kName;
   const std::string classKey = std::string("CLSID\\") + kClassText;
   return write(name, "Lorelin Abkürzungen") && write(name + "\\CLSID", kClassText) &&
          write(classKey, "Lorelin Abkürzungen") && write(classKey + "\\ProgID", name) &&
-         write(classKey + "\\LocalServer32", '"' + program + '"');
+         write(classKey + "\\LocalServer32", command);
 }
 
 bool Uninstall() {
@@ -118,5 +144,6 @@ int main(int argc, char** argv) {
   const std::string_view wish = argc > 1 ? argv[1] : "";
   if (wish == "--install") return Install() ? EXIT_SUCCESS : EXIT_FAILURE;
   if (wish == "--uninstall") return Uninstall() ? EXIT_SUCCESS : EXIT_FAILURE;
+  if (wish == "--home" && argc > 2) Home() = SecondArgument();
   return Serve();
 }

@@ -1,5 +1,7 @@
 // The extension "Abkürzungen": filters every text before it is spoken. A program of its own on the session
 // bus, started by the bus when Lorelin first asks for it; it ends after some minutes without a call.
+//   lorelin-abkuerzungen --install     tells the bus how to start it
+//   lorelin-abkuerzungen --home FOLDER the user's own words lie there, as with Lorelin under LORELIN_HOME
 #include <gio/gio.h>
 
 #include <atomic>
@@ -25,13 +27,25 @@ std::string BaseFolder(const char* variable, const char* belowHome) {
   return value != nullptr && *value == '/' ? std::string(value) : std::string(g_get_home_dir()) + belowHome;
 }
 
-fs::path WordListFile() {
-  return fs::path(BaseFolder("XDG_CONFIG_HOME", "/.config")) / "lorelin" / "abkuerzungen.txt";
+// The folder that holds everything of Lorelin, by the same variable that Lorelin itself looks at; empty when
+// there is none.
+fs::path NamedFolder() {
+  const char* const name = std::getenv("LORELIN_HOME");
+  std::error_code error;
+  return name != nullptr && *name != '\0' ? fs::absolute(name, error).lexically_normal() : fs::path();
+}
+
+fs::path WordListFile(const fs::path& home) {
+  const fs::path folder =
+      home.empty() ? fs::path(BaseFolder("XDG_CONFIG_HOME", "/.config")) / "lorelin" : home;
+  return folder / "abkuerzungen.txt";
 }
 
 struct Service {
+  explicit Service(const fs::path& home) : filter(WordListFile(home)) {}
+
   GMainLoop* loop = nullptr;
-  lorelin::AbbreviationFilter filter{WordListFile()};
+  lorelin::AbbreviationFilter filter;
   std::atomic<gint64> lastCall = 0;
 };
 
@@ -75,18 +89,30 @@ gboolean EndWhenIdle(gpointer data) {
   return G_SOURCE_CONTINUE;
 }
 
-// Tells the bus how to start the program.
-int Install() {
+// A service file's word between quotation marks.
+std::string Quoted(const fs::path& path) {
+  std::string quoted = "\"";
+  for (const char c : path.string()) {
+    if (c == '"' || c == '\\' || c == '$' || c == '`') quoted += '\\';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+// Tells the bus how to start the program. The bus knows none of the variables that are set here, so that the
+// folder of a moved Lorelin goes along.
+int Install(const fs::path& home) {
   std::error_code error;
   const fs::path program = fs::read_symlink("/proc/self/exe", error);
   const fs::path folder = fs::path(BaseFolder("XDG_DATA_HOME", "/.local/share")) / "dbus-1" / "services";
   fs::create_directories(folder, error);
   std::ofstream file(folder / (std::string(kName) + ".service"));
-  file << "[D-BUS Service]\nName=" << kName << "\nExec=\"" << program.string() << "\"\n";
+  file << "[D-BUS Service]\nName=" << kName << "\nExec=" << Quoted(program)
+       << (home.empty() ? "" : " --home " + Quoted(home)) << "\n";
   return file.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-int Serve() {
+int Serve(const fs::path& home) {
   GError* error = nullptr;
   GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
   if (bus == nullptr) {
@@ -94,7 +120,7 @@ int Serve() {
     g_error_free(error);
     return EXIT_FAILURE;
   }
-  Service service;
+  Service service(home);
   service.loop = g_main_loop_new(nullptr, FALSE);
   service.lastCall = g_get_monotonic_time();
   g_dbus_connection_add_filter(bus, &Filter, &service, nullptr);
@@ -114,5 +140,7 @@ int Serve() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return argc > 1 && std::string(argv[1]) == "--install" ? Install() : Serve();
+  const std::string wish = argc > 1 ? argv[1] : "";
+  if (wish == "--install") return Install(NamedFolder());
+  return Serve(wish == "--home" && argc > 2 ? fs::path(argv[2]) : NamedFolder());
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 
 #include "base/RuntimeError.h"
@@ -129,6 +130,15 @@ TEST_F(Extensions, SpellOutAbbreviations) {
   std::filesystem::create_directories(folder.File("lorelin"));
   WriteFile(folder.File("lorelin/abkuerzungen.txt"), "VBG = Berufsgenossenschaft\n");
   EXPECT_EQ(extensions->FilterText("die VBG"), "die Berufsgenossenschaft+one");
+}
+
+TEST_F(Extensions, OfAMovedLorelinFindItsOwnWords) {
+  const std::string command = "LORELIN_HOME='" + folder.File("moved") + "' XDG_DATA_HOME='" +
+                              folder.File("data") + "' '" LORELIN_BIN_DIR "/lorelin-abkuerzungen' --install";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  EXPECT_NE(ReadFile(folder.File("data/dbus-1/services/org.lorelin.Abkuerzungen.service"))
+                .find(" --home \"" + folder.File("moved") + "\"\n"),
+            std::string::npos);
 }
 
 TEST_F(Extensions, AreGivenUpAtOnceWhenNobodyWantsToWait) {

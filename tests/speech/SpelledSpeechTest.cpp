@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "speech/VoiceSample.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {
@@ -20,6 +21,14 @@ TEST_F(SpelledSpeechTest, BothInstancesGetTheSpokenForm) {
   speech.Speak(text, false, "-1", false);
   EXPECT_EQ(voice.SpokenText(), " Er kommt am dritten Mai um vierzehn Uhr dreißig. ");
   EXPECT_EQ(voice2.SpokenText(), voice.SpokenText());
+}
+
+TEST_F(SpelledSpeechTest, ASampleIsReadLikeEverythingElse) {
+  auto made = std::make_unique<FakeDirectSS>("sample", calls);
+  FakeDirectSS& instance = *made;
+  VoiceSample sample(speech, [&] { return spoken.Spelled(std::move(made)); });
+  sample.Play("am 3. Mai", setting::Volume, "50");
+  EXPECT_EQ(instance.SpokenText(), "am dritten Mai");
 }
 
 TEST_F(SpelledSpeechTest, TheTextOfTheCallerStaysAsItIsWritten) {
