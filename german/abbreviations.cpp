@@ -273,7 +273,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
       {"ausg", "ausgabe"},       {"kap", "kapitel"},      {"zt", "zeit"},         {"Nr", "Nummer"},
       {"gen", "genossenschaft"}, {"allg", "allgemein"},   {"bez", "bezirk"},      {"kr", "kreis"},
       {"mstr", "meister"},       {"prüf", "prüfung"},     {"ltg", "leitung"},     {"pfl", "pflicht"},
-      {"schr", "schrift"}};
+      {"schr", "schrift"},       {"gew", "gewicht"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
   for (const Part& part : kParts) {

@@ -88,6 +88,13 @@ std::optional<DateShape> NamedDateAt(const Tokens& tokens, std::size_t i) {
   return shape;
 }
 
+// "am 14. 3. in den Kinos": the sentence goes on behind the month.
+bool IsDayOfMonth(const Tokens& tokens, std::size_t i, std::size_t behind) {
+  const std::size_t next = tokens.Skip(behind);
+  return IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"am", "vom", "zum", "ab", "bis", "dem", "den"}) &&
+         (tokens.Is(next, ",") || (tokens.IsWord(next) && !tokens.IsCapital(next)));
+}
+
 std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   const auto month = MonthNumberAt(tokens, next);
@@ -100,7 +107,8 @@ std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   if (IsYearAt(tokens, year, year == next + 2)) {
     shape.year = year;
     shape.end = year + 1;
-  } else if (tokens.IsNumber(next + 2) || (next > i + 2 && !tokens.IsLast(next + 1))) {
+  } else if (tokens.IsNumber(next + 2) ||
+             (next > i + 2 && !tokens.IsLast(next + 1) && !IsDayOfMonth(tokens, i, next + 2))) {
     return std::nullopt;  // a version, or two ordinals
   }
   return shape;

@@ -87,6 +87,17 @@ Found PartSpanAt(const Tokens& tokens, std::size_t i) {
   return part;
 }
 
+// "3-4-Zimmer-Wohnung".
+Found CompoundSpanAt(const Tokens& tokens, std::size_t i) {
+  const auto first = DigitsAt(tokens, i, 3);
+  const auto second = DigitsAt(tokens, i + 2, 3);
+  if (!first || !second || *first >= *second || !tokens.FreeBefore(i) || !tokens.IsDashAt(i + 1))
+    return std::nullopt;
+  if (!tokens.Is(i + 3, "-") || !tokens.IsCapital(i + 4) || (i > 0 && tokens.IsDashAt(i - 1)))
+    return std::nullopt;
+  return Phrase{i + 2, CardinalWords(*first) + " bis "};
+}
+
 // "2- bis 3-mal", "3-, 4- und 5-fach": a number with a dash that waits for its word.
 Found WaitingPartAt(const Tokens& tokens, std::size_t i) {
   const auto number = DigitsAt(tokens, i, 3);
@@ -142,6 +153,8 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
   if (const auto currency = CurrencyAt(tokens, sign);
       currency && tokens.Is(currency->end, "-") && tokens.IsWord(currency->end + 1))
     return Phrase{currency->end, words + "-" + std::string(currency->name)};
+  if (IsOneOf(tokens.View(sign), {"\"", "″"}) && tokens.Is(sign + 1, "-") && tokens.IsCapital(sign + 2))
+    return Phrase{sign + 1, words + "-Zoll"};  // 15,6"-Display
   if (tokens.Is(sign, "°") && tokens.Is(sign + 1, "-") && tokens.IsWord(sign + 2))
     return Phrase{sign + 1, words + "-Grad"};
   return std::nullopt;
@@ -150,8 +163,8 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found GluedAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DecadeAt, &PercentPartAt, &PartSpanAt, &AdjectivePartAt, &WaitingPartAt,
-                             &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
+  for (const auto reading : {&DecadeAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &AdjectivePartAt,
+                             &WaitingPartAt, &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

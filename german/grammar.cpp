@@ -110,7 +110,7 @@ std::string_view WholeWord(std::string_view word) {
 std::size_t OverPoint(const Tokens& tokens, std::size_t at) {
   if (at == Tokens::kNone || at == 0 || !tokens.Is(at, ".") || !tokens.IsWord(at - 1)) return at;
   const auto word = tokens.View(at - 1);
-  return WholeWord(word) != word || IsDegreeWord(word) ? at - 1 : at;
+  return WholeWord(word) != word || IsDegreeWord(word) || word == "u" || word == "o" ? at - 1 : at;
 }
 
 Governor GovernorOf(const Tokens& tokens, std::size_t i) {

@@ -86,9 +86,9 @@ bool MeansWoman(std::string_view word) {
 // "Dritter", "Dritte", "drittes" of the children.
 std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   const std::size_t verb = VerbOfRank(tokens, i);
-  const bool woman =
-      MeansWoman(tokens.WordBefore(verb)) || (tokens.WordIndexBefore(verb) != Tokens::kNone &&
-                                              MeansWoman(tokens.WordBefore(tokens.WordIndexBefore(verb))));
+  const bool woman = MeansWoman(tokens.WordBefore(verb)) || tokens.Is(0, "Sie") ||
+                     (tokens.WordIndexBefore(verb) != Tokens::kNone &&
+                      MeansWoman(tokens.WordBefore(tokens.WordIndexBefore(verb))));
   const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});
   return WithUpperStart(OrdinalWords(value, child ? "es" : (woman ? "e" : "er")));
 }
@@ -272,7 +272,20 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   return agreement;
 }
 
+namespace {
+
+// "in der 90.+3 Minute".
+Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
+  const auto minute = DigitsAt(tokens, i, 3);
+  const auto more = DigitsAt(tokens, i + 3, 2);
+  if (!minute || !more || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "+")) return std::nullopt;
+  return Phrase{i + 4, CardinalWords(*minute) + " plus " + CardinalWords(*more)};
+}
+
+}  // namespace
+
 Found OrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (auto minute = MinuteOfInjuryTimeAt(tokens, i)) return minute;
   if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, ".") || tokens.IsNumber(i + 2)) return std::nullopt;
   const PointMeaning meaning = JudgePoint(tokens, i);
   if (meaning == PointMeaning::Sentence || meaning == PointMeaning::List) return std::nullopt;

@@ -29,6 +29,12 @@ bool IsRatherShortened(std::string_view word) {
                         "Ref", "Reg", "Ser", "Bus", "Ausg", "ungef", "Los"});
 }
 
+// "1 Pck. Sahnesteif": what is in it follows, whatever it is.
+bool IsPackage(const Unit& unit) {
+  return IsOneOf(unit.singular, {"Päckchen", "Packung", "Esslöffel", "Teelöffel", "Messerspitze", "Prise",
+                                 "Bund", "Flasche", "Dose", "Glas", "Tasse", "Beutel", "Scheibe"});
+}
+
 // Reads the tokens of one sentence; keeps some more than it has looked at.
 class SentenceReader {
  public:
@@ -116,7 +122,8 @@ class SentenceReader {
   [[nodiscard]] bool IsLoneSmallLetter(std::size_t i) const {
     const auto word = tokens_.View(i);
     if (word.size() != 1 || IsUpperWord(word) || !tokens_.FreeBefore(i)) return false;
-    const std::size_t before = tokens_.Before(i);
+    std::size_t before = tokens_.Before(i);
+    if (before != Tokens::kNone && before > 0 && tokens_.Is(before, ".")) --before;  // "f. d. Fest"
     return before != Tokens::kNone && tokens_.IsWord(before) && !IsLabel(tokens_.View(before));
   }
 
@@ -189,6 +196,7 @@ class SentenceReader {
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
     if (!unit || !unit->endsWithPoint) return 0;
+    if (IsPackage(*unit)) return EndBehindAbbreviation(unit->end, Ending::Starter);
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
   }
 

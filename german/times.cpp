@@ -140,6 +140,19 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   return Phrase{second->end, ClockWords(*first) + between + ClockWords(*second)};
 }
 
+// "8.03, 9.03 und 10.03 Uhr": the hours are named behind the last of them.
+bool EndsInHours(const Tokens& tokens, std::size_t i) {
+  for (int step = 0; step < 8; ++step) {
+    const auto clock = ClockAt(tokens, i, true);
+    if (!clock || !clock->minute) return false;
+    if (HourSignAt(tokens, clock->end, false) != 0) return true;
+    const std::size_t next = tokens.Skip(clock->end);
+    if (!IsOneOf(tokens.View(next), {",", "und", "oder", "sowie", "/"})) return false;
+    i = tokens.Skip(next + 1);
+  }
+  return false;
+}
+
 // The list "8, 10 und 12 Uhr" stays numbers; one time is read.
 Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, true);
@@ -150,6 +163,7 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
                          : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
   if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0)
     return Phrase{end, ClockWords(*clock)};
+  if (clock->minute && EndsInHours(tokens, i)) return Phrase{clock->end, ClockWords(*clock)};
   const bool named =
       IsOneOf(tokens.WordBefore(i),
               {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass", "Rückkehr", "Anpfiff",
@@ -226,18 +240,19 @@ Found DurationAt(const Tokens& tokens, std::size_t i) {
 
 bool IsSportsWord(std::string_view word) {
   return HasSuffix(WithLowerStart(word),
-                   {"gewann",    "gewannen",   "gewinnt",       "gewonnen",      "siegte",      "siegten",
-                    "siegt",     "verlor",     "verloren",      "verliert",      "unterlag",    "unterlagen",
-                    "endete",    "endstand",   "halbzeitstand", "stand",         "spielstand",  "ergebnis",
-                    "sieg",      "niederlage", "unentschieden", "satz",          "sätze",       "sätzen",
-                    "führte",    "führten",    "führt",         "führung",       "tor",         "tore",
-                    "spiel",     "halbzeit",   "spieltag",      "spielte",       "spielten",    "schlug",
-                    "schlugen",  "besiegte",   "besiegten",     "bezwang",       "traf",        "trennten",
-                    "trennte",   "remis",      "ausgleich",     "handball",      "basketball",  "fußball",
-                    "tennis",    "drittel",    "viertel",       "matchball",     "tiebreak",    "treffer",
-                    "anschluss", "rückstand",  "heimsieg",      "auswärtssieg",  "pause",       "bundesliga",
-                    "pokal",     "finale",     "halbfinale",    "viertelfinale", "partie",      "gewinnen",
-                    "hinspiel",  "rückspiel",  "setzte",        "punkte",        "verlängerung"});
+                   {"gewann",      "gewannen",   "gewinnt",       "gewonnen",      "siegte",     "siegten",
+                    "siegt",       "verlor",     "verloren",      "verliert",      "unterlag",   "unterlagen",
+                    "endete",      "endstand",   "halbzeitstand", "stand",         "spielstand", "ergebnis",
+                    "sieg",        "niederlage", "unentschieden", "satz",          "sätze",      "sätzen",
+                    "führte",      "führten",    "führt",         "führung",       "tor",        "tore",
+                    "spiel",       "halbzeit",   "spieltag",      "spielte",       "spielten",   "schlug",
+                    "schlugen",    "besiegte",   "besiegten",     "bezwang",       "traf",       "trennten",
+                    "trennte",     "remis",      "ausgleich",     "handball",      "basketball", "fußball",
+                    "tennis",      "drittel",    "viertel",       "matchball",     "tiebreak",   "treffer",
+                    "anschluss",   "rückstand",  "heimsieg",      "auswärtssieg",  "pause",      "bundesliga",
+                    "pokal",       "finale",     "halbfinale",    "viertelfinale", "partie",     "gewinnen",
+                    "ergebnisse",  "resultate",  "hinspiel",      "rückspiel",     "setzte",     "punkte",
+                    "verlängerung"});
 }
 
 bool IsRatioWord(std::string_view word) {

@@ -67,6 +67,7 @@ constexpr std::array kUnits{
     UnitName{"sek", "Sekunde", "Sekunden", kF, Point::Maybe},
     UnitName{"sec", "Sekunde", "Sekunden", kF, Point::Maybe},
     UnitName{"s", "Sekunde", "Sekunden", kF},
+    UnitName{"s²", "Quadratsekunde", "Quadratsekunden", kF},
     UnitName{"ms", "Millisekunde", "Millisekunden", kF},
     UnitName{"µs", "Mikrosekunde", "Mikrosekunden", kF},
     UnitName{"ns", "Nanosekunde", "Nanosekunden", kF},
