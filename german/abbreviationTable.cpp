@@ -132,7 +132,7 @@ constexpr Abbreviation kTable[] = {
     A{"bayer.", "bayerisch", Anything, Never, Adjective}, A{"ev.", "evangelisch", Capital, Never, Adjective},
     A{"kath.", "katholisch", Capital, Never, Adjective}, A{"jüd.", "jüdisch", Capital, Never, Adjective},
     A{"max.", "maximal"}, A{"Max.", "Maximal", Number}, A{"mind.", "mindestens"}, A{"min.", "mindestens", Number},
-    A{"Min.", "Mindestens", Number}, A{"durchschn.", "durchschnittlich", Anything, Never, Adjective}, A{"Ø", "durchschnittlich", Number},
+    A{"Min.", "Mindestens", Number}, A{"durchschn.", "durchschnittlich", Anything, Never, Adjective}, A{"Ø", "Durchmesser", Length}, A{"Ø", "durchschnittlich", Number},
     A{"z. Vfg.", "zur Verfügung"},
     A{"ff.", "folgende", Anything, Noun}, A{"f.", "folgende", NumberBefore, Noun}, A{"f.", "für", SmallWord},
     A{"ff", "folgende", NumberBefore}, A{"lfd.", "laufend", Anything, Never, Adjective},

@@ -160,6 +160,12 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return IsDeterminer(tokens.WordBefore(i));
     case Around::Year:
       return tokens.IsNumber(next, 4, 4);
+    case Around::Length: {
+      std::size_t unit = next;
+      while (tokens.IsNumber(unit) || tokens.Is(unit, ",")) ++unit;
+      return unit > next &&
+             IsOneOf(tokens.View(tokens.Skip(unit)), {"cm", "mm", "m", "dm", "Zentimeter", "Meter"});
+    }
     case Around::Spoon:
       return HasSuffix(tokens.View(next), {"EL", "TL", "löffel", "Löffel", "Msp", "Messerspitze"});
     case Around::Lacking:

@@ -32,6 +32,7 @@ enum class Around : std::uint8_t {
   Spice,           // something that is ground follows
   Determined,      // an article or its like stands before
   Year,            // a number of four digits follows
+  Length,          // a number of centimetres or the like follows
   Spoon,           // a spoon follows
   Lacking,         // what may be left out follows
   Finding,         // a noun and the end of a clause follow

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "german/grammar.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
+#include "german/ordinals.h"
 #include "german/units.h"
 
 namespace lorelin {
@@ -75,6 +77,16 @@ Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
   if (!number->IsWhole()) return Phrase{part + 1, words + "-" + std::string(word)};
   if (IsUpperWord(word)) words = WithUpperStart(words);
   return Phrase{part + 1, words + WithLowerStart(word)};
+}
+
+// "1-jähr. Kind".
+Found CutAgeAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 3);
+  const std::size_t part = tokens.Is(i + 1, "-") ? i + 2 : i + 1;
+  if (!number || !tokens.FreeBefore(i) || !tokens.Is(part, "jähr") || !tokens.Is(part + 1, "."))
+    return std::nullopt;
+  const Agreement noun = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(part + 2)));
+  return Phrase{part + 2, PartWords(*number) + "jährig" + std::string(EndingAt(tokens, i, noun))};
 }
 
 // "6–12-Jährige", "50-60-mal".
@@ -163,8 +175,9 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found GluedAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DecadeAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &AdjectivePartAt,
-                             &WaitingPartAt, &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
+  for (const auto reading :
+       {&DecadeAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &CutAgeAt, &AdjectivePartAt, &WaitingPartAt,
+        &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -82,7 +82,8 @@ Found TogetherAt(const Tokens& tokens, std::size_t i) {
                                        "spielen", "spielten", "fahren", "fuhren", "leben", "wohnen", "saßen",
                                        "sitzen",  "reisten",  "sie",    "ihr",    "uns",   "euch"}))
     return std::nullopt;
-  return Phrase{i + 1, OrdinalWords(*number, "")};
+  const bool goesOn = tokens.Is(i + 1, ".") && tokens.IsWord(tokens.Skip(i + 2));  // "zu 3. und"
+  return Phrase{goesOn ? i + 2 : i + 1, OrdinalWords(*number, "")};
 }
 
 bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& number) {

@@ -94,6 +94,15 @@ Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, "minus"};
 }
 
+// "A++", "Disney+": behind a name.
+Found PlusBehindNameAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "+") || i == 0 || !(tokens.IsWord(i - 1) || tokens.Is(i - 1, "+"))) return std::nullopt;
+  if (!tokens.Is(i + 1, "+") && !tokens.IsGap(i + 1) &&
+      !IsOneOf(tokens.View(i + 1), {".", ",", ")", "-", "!", "?"}))
+    return std::nullopt;
+  return Phrase{i + 1, " plus"};
+}
+
 // "Gleis 3a–c", "Seite A–D": from one letter to a later one.
 Found LetterSpanAt(const Tokens& tokens, std::size_t i) {
   if (i == 0 || !tokens.IsDashAt(i)) return std::nullopt;
@@ -138,8 +147,8 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading :
-       {&ParagraphAt, &LifeSignAt, &MathSignAt, &PlusMinusAt, &LetterSpanAt, &AmpersandAt}) {
+  for (const auto reading : {&ParagraphAt, &LifeSignAt, &MathSignAt, &PlusMinusAt, &PlusBehindNameAt,
+                             &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -55,7 +55,8 @@ bool IsLinkingVerb(std::string_view word) {
 
 bool TakesObject(std::string_view word) {
   static const Words words(
-      "gibt gab habe hat haben hatte hatten hast habt nehmen nimmt nahm nehme nimm kostet kosten kostete "
+      "hätte hätten möchte möchten bräuchte bräuchten wünsche wünschen gibt gab habe hat haben hatte hatten "
+      "hast habt nehmen nimmt nahm nehme nimm kostet kosten kostete "
       "dauert dauerte beträgt "
       "betrug kauft kaufte kaufen braucht brauchte brauchen benötigt benötigen enthält enthielt enthalten "
       "bekommt bekam "
