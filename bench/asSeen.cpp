@@ -1,7 +1,8 @@
 // What a person sees of a program that opens a text, measured from outside: when its window is there, when
 // the text is painted, how long a key takes until it is seen, and what it costs. Needs a screen with a window
 // manager.
-//   asSeen TITLE PROGRAM ARGUMENT...
+//   asSeen [--start] TITLE PROGRAM ARGUMENT...
+// With --start only when there is a window and when something is painted in it.
 // The window is the one whose title contains TITLE; the text has to begin at the top of it.
 #include <X11/Xlib.h>
 // the other needs it before
@@ -22,6 +23,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -154,6 +156,14 @@ double Used(pid_t process) {
   return (user + system) * 1000 / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
+long Megabytes(pid_t process) {
+  std::ifstream status("/proc/" + std::to_string(process) + "/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmHWM:")) return std::stol(line.substr(6)) / 1024;
+  }
+  return 0;
+}
+
 double KeyTime(const ScreenView& screen, Window window) {
   const Pixels before = screen.Look(window, 8);
   const Moment begin = Now();
@@ -183,33 +193,46 @@ pid_t Start(char** arguments) {
   _exit(127);
 }
 
+void TellStart(const ScreenView& screen, Window window, const char* title, pid_t process, Moment begin) {
+  const double shown = Since(begin);
+  const bool painted = Until([&] { return ShowsText(screen.Look(window, 20)); });
+  std::printf("%s: window after %.0f ms, painted after %.0f ms (%.0f ms of processor time)%s\n", title, shown,
+              Since(begin), Used(process), painted ? "" : ": not painted");
+}
+
+bool TellKeys(const ScreenView& screen, Window window, const char* title, pid_t process, Moment begin) {
+  if (!Until([&] { return ShowsText(screen.Look(window, 20)); })) return false;
+  const double painted = Since(begin);
+  const double cost = Used(process);
+  double worst = 0;
+  for (int i = 0; i < 10; ++i) {
+    worst = std::max(worst, KeyTime(screen, window));
+    std::this_thread::sleep_for(std::chrono::milliseconds(i < 5 ? 30 : 250));
+  }
+  const double rest = RestAfter(process, begin);
+  std::printf(
+      "%s: painted after %.0f ms (%.0f ms of processor time), slowest of 10 keys %.0f ms, at rest after "
+      "%.0f ms (%.0f ms), %ld MB of memory at most\n",
+      title, painted, cost, worst, rest, Used(process), Megabytes(process));
+  return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 3) return 2;
+  const bool onlyStart = argc > 1 && std::string_view(argv[1]) == "--start";
+  if (onlyStart) ++argv;
+  if (argc < (onlyStart ? 4 : 3)) return 2;
+  const char* const title = argv[1];
   const ScreenView screen;
   const Moment begin = Now();
   const pid_t process = Start(argv + 2);
   std::optional<Window> window;
-  const bool there = Until([&] { return (window = screen.Find(argv[1])).has_value(); }) &&
-                     Until([&] { return ShowsText(screen.Look(*window, 20)); });
-  if (there) {
-    const double painted = Since(begin);
-    const double cost = Used(process);
-    double worst = 0;
-    for (int i = 0; i < 10; ++i) {
-      worst = std::max(worst, KeyTime(screen, *window));
-      std::this_thread::sleep_for(std::chrono::milliseconds(i < 5 ? 30 : 250));
-    }
-    const double rest = RestAfter(process, begin);
-    std::printf(
-        "%s: painted after %.0f ms (%.0f ms of processor time), slowest of 10 keys %.0f ms, at rest after "
-        "%.0f ms (%.0f ms)\n",
-        argv[1], painted, cost, worst, rest, Used(process));
-  } else {
-    std::printf("%s: not seen\n", argv[1]);
-  }
+  bool seen = Until([&] { return (window = screen.Find(title)).has_value(); });
+  if (seen && onlyStart) TellStart(screen, *window, title, process, begin);
+  if (seen && !onlyStart) seen = TellKeys(screen, *window, title, process, begin);
+  if (!seen) std::printf("%s: not seen\n", title);
   kill(process, SIGKILL);
   waitpid(process, nullptr, 0);
-  return there ? 0 : 1;
+  return seen ? 0 : 1;
 }

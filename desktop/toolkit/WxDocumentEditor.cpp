@@ -9,6 +9,7 @@
 #include "desktop/toolkit/innerMargins.h"
 #include "desktop/toolkit/layoutPace.h"
 #include "desktop/toolkit/text.h"
+#include "documents/longParagraphs.h"
 #include "documents/richTextFile.h"
 
 namespace lorelin {
@@ -59,6 +60,11 @@ class TextPlaces {
 
 constexpr float kReadingSize = 1.2F;  // of the system's
 
+wxString Written(wxString text) {
+  text.Replace(wxUniChar(kPieceEnd), " ");
+  return text;
+}
+
 }  // namespace
 
 WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
@@ -68,6 +74,7 @@ WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
   SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
   LayOutBehindOtherWork(*this);
+  buffer_.ShowLongParagraphsInPieces();
 }
 
 std::string WxDocumentEditor::Text() {
@@ -99,7 +106,7 @@ bool WxDocumentEditor::FindNext(const std::string& text, bool matchCase, bool ba
   long from = 0;
   long to = 0;
   GetSelection(&from, &to);
-  const TextPlaces places(GetValue(), ToWx(text), matchCase);
+  const TextPlaces places(Written(GetValue()), ToWx(text), matchCase);
   const auto place = backwards ? places.Before(from) : places.From(to);
   if (!place) return false;
   SetSelection(*place, *place + places.Length());
@@ -108,31 +115,26 @@ bool WxDocumentEditor::FindNext(const std::string& text, bool matchCase, bool ba
 }
 
 bool WxDocumentEditor::ReplaceNext(const std::string& text, const std::string& replacement, bool matchCase) {
-  const TextPlaces places(GetStringSelection(), ToWx(text), matchCase);
+  const TextPlaces places(Written(GetStringSelection()), ToWx(text), matchCase);
   if (places.IsWhole()) ReplaceSelection(replacement);
   return FindNext(text, matchCase, false);
 }
 
 int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::string& replacement,
                                        bool matchCase) {
-  const TextPlaces places(GetValue(), ToWx(text), matchCase);
+  const TextPlaces places(Written(GetValue()), ToWx(text), matchCase);
   const std::vector<long> all = places.All();
   if (all.empty()) return 0;
-  ReplacePlaces(all, places.Length(), ToWx(WithoutNul(replacement)));
+  ReplacePlaces(all, places.Length(), WithoutNul(replacement));
   return static_cast<int>(all.size());
 }
 
-// From the end, so that the other places stay where they are; told once, since whoever is told counts and
-// paints.
+// Told once, since whoever is told counts and paints.
 void WxDocumentEditor::ReplacePlaces(const std::vector<long>& places, long length,
-                                     const wxString& replacement) {
+                                     std::string_view replacement) {
   {
     const EventsSuppressor quiet(this);
-    buffer_.BeginChange();
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
-      Replace(*place, *place + length, replacement);
-    }
-    buffer_.EndChange();
+    buffer_.ReplacePlaces(places, length, replacement);
   }
   SendTextUpdatedEvent();
 }
@@ -162,7 +164,7 @@ std::size_t WxDocumentEditor::SelectionStart() {
 }
 
 std::string WxDocumentEditor::SelectedText() {
-  return FromWx(GetStringSelection());
+  return FromWx(Written(GetStringSelection()));
 }
 
 void WxDocumentEditor::ReplaceSelection(std::string_view text) {

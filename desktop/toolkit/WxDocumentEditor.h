@@ -42,7 +42,7 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
 
  private:
-  void ReplacePlaces(const std::vector<long>& places, long length, const wxString& replacement);
+  void ReplacePlaces(const std::vector<long>& places, long length, std::string_view replacement);
 
   RichTextBuffer buffer_;
   int zoomSteps_ = 0;

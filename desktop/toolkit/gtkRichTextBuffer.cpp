@@ -4,14 +4,18 @@
 
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <map>
 #include <tuple>
 #include <utility>
 #include <vector>
 
 #include "base/textEncoding.h"
+#include "desktop/toolkit/colours.h"
+#include "desktop/toolkit/gtkCopies.h"
 #include "desktop/toolkit/loading.h"
 #include "documents/UndoHistory.h"
+#include "documents/longParagraphs.h"
 #include "documents/richTextFile.h"
 #include "richtext/RichText.h"
 #include "richtext/rtf.h"
@@ -21,9 +25,9 @@ namespace {
 
 constexpr double kPixelsPerTwip = 96.0 / 1440.0;
 constexpr double kSmallScript = 0.7;
-constexpr int kScriptRise = 4;             // points
-constexpr double kReadableContrast = 3.0;  // of luminances, after WCAG 2.1
-constexpr std::size_t kPiece = 2 << 20;    // bytes that are put into the text at once
+constexpr int kScriptRise = 4;           // points
+constexpr std::size_t kPiece = 2 << 20;  // bytes that are put into the text at once
+constexpr long kLongestSpan = 16 << 20;  // characters that are replaced at once, and can be taken back
 constexpr const char* kFormatKey = "lorelin-format";
 constexpr const char* kParagraphKey = "lorelin-paragraph";
 
@@ -46,17 +50,6 @@ GdkRGBA RgbaOf(Colour colour) {
           .green = (colour >> 8 & 0xFF) / 255.0,
           .blue = (colour & 0xFF) / 255.0,
           .alpha = 1.0};
-}
-
-wxColour WxColourOf(Colour colour) {
-  return {static_cast<unsigned char>(colour >> 16), static_cast<unsigned char>(colour >> 8),
-          static_cast<unsigned char>(colour)};
-}
-
-double Contrast(const wxColour& a, const wxColour& b) {
-  const double first = a.GetLuminance() + 0.05;
-  const double second = b.GetLuminance() + 0.05;
-  return first > second ? first / second : second / first;
 }
 
 auto KeyOf(const CharacterFormat& f) {
@@ -87,7 +80,7 @@ class RichTextBuffer::Implementation {
     g_object_ref(buffer_);
     Connect("insert-text",
             G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* where, gchar* text, gint size, gpointer self) {
-              static_cast<Implementation*>(self)->Inserting(*where, {text, static_cast<std::size_t>(size)});
+              static_cast<Implementation*>(self)->Inserting(where, {text, static_cast<std::size_t>(size)});
             }));
     Connect("delete-range",
             G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* from, GtkTextIter* to, gpointer self) {
@@ -117,6 +110,7 @@ class RichTextBuffer::Implementation {
       const gint old = gtk_text_buffer_get_char_count(buffer_);
       Append(text.text, old, loading);
       Delete(0, old);
+      if (HoldsPieces(buffer_)) SetHoldsPieces(buffer_, !IsShownAsItIs(text.text));
       fonts_ = text.fonts;
       ForgetTags();
       ApplyRuns(text);
@@ -144,7 +138,12 @@ class RichTextBuffer::Implementation {
     gchar* const bytes = gtk_text_buffer_get_text(buffer_, &from, &to, TRUE);
     std::string text(bytes);
     g_free(bytes);
-    return text;
+    return HoldsPieces(buffer_) ? AsWritten(std::move(text)) : text;
+  }
+
+  void ShowLongParagraphsInPieces() {
+    pieces_ = true;
+    CopyAsWritten(view_);
   }
 
   void Carry(const std::vector<TextEdit>& edits) {
@@ -160,11 +159,29 @@ class RichTextBuffer::Implementation {
       const Quiet quiet(control_);
       gtk_text_buffer_begin_user_action(buffer_);
       Delete(0, gtk_text_buffer_get_char_count(buffer_));
+      SetHoldsPieces(buffer_, false);
       if (!text.empty()) InsertAtEnd(AsUtf8(text));
       gtk_text_buffer_end_user_action(buffer_);
       GoToStart();
     }
     Tell();
+  }
+
+  // Without the toolkit's way, which moves the caret for every place.
+  void ReplacePlaces(const std::vector<long>& places, long length, std::string_view replacement) {
+    const std::string valid = AsUtf8(replacement);
+    const long span = places.back() + length - places.front();
+    const bool plain = tags_.empty() && paragraphTags_.empty();
+    gtk_text_buffer_begin_user_action(buffer_);
+    if (plain && span <= kLongestSpan) {
+      ReplaceSpan(places, length, valid);
+    } else {
+      // From the end, so that the other places stay where they are.
+      for (auto place = places.rbegin(); place != places.rend(); ++place) {
+        Put(static_cast<gint>(*place), static_cast<gint>(*place + length), valid);
+      }
+    }
+    gtk_text_buffer_end_user_action(buffer_);
   }
 
   void SetZoom(double factor) {
@@ -209,15 +226,36 @@ class RichTextBuffer::Implementation {
     handlers_.push_back(g_signal_connect(buffer_, signal, callback, this));
   }
 
-  void Inserting(const GtkTextIter& where, std::string text) {
+  void Inserting(GtkTextIter* where, std::string_view text) {
+    if (pieces_ && !insertingPieces_ && !IsShownAsItIs(text)) return InsertPieces(where, text);
     if (!applying_)
-      history_.Inserted(static_cast<std::size_t>(gtk_text_iter_get_offset(&where)), std::move(text));
+      history_.Inserted(static_cast<std::size_t>(gtk_text_iter_get_offset(where)), Written(text));
+  }
+
+  // In the place of what was about to be inserted; `where` stands behind it then.
+  void InsertPieces(GtkTextIter* where, std::string_view text) {
+    g_signal_stop_emission_by_name(buffer_, "insert-text");
+    const Applying inserting(insertingPieces_);
+    const std::string shown = Shown(text);
+    gtk_text_buffer_insert(buffer_, where, shown.data(), static_cast<gint>(shown.size()));
+  }
+
+  // What is moved within the text comes with its marks.
+  std::string Shown(std::string_view text) {
+    const bool foreign = !HoldsPieces(buffer_) || text.find("\r\n") != std::string_view::npos;
+    std::string shown = foreign ? AsShown(text) : AsShown(AsWritten(std::string(text)));
+    if (shown.find(kPieceEnd) != std::string::npos) SetHoldsPieces(buffer_, true);
+    return shown;
+  }
+
+  [[nodiscard]] std::string Written(std::string_view text) const {
+    return HoldsPieces(buffer_) ? AsWritten(std::string(text)) : std::string(text);
   }
 
   void Deleting(const GtkTextIter& from, const GtkTextIter& to) {
     if (applying_) return;
     gchar* const text = gtk_text_iter_get_text(&from, &to);
-    history_.Removed(static_cast<std::size_t>(gtk_text_iter_get_offset(&from)), text);
+    history_.Removed(static_cast<std::size_t>(gtk_text_iter_get_offset(&from)), Written(text));
     g_free(text);
   }
 
@@ -259,15 +297,51 @@ class RichTextBuffer::Implementation {
     }
   }
 
+  // Thousands of changes would take seconds; where no format could be lost, everything from the first place
+  // to the last is one.
+  void ReplaceSpan(const std::vector<long>& places, long length, const std::string& replacement) {
+    const auto begin = static_cast<gint>(places.front());
+    const auto end = static_cast<gint>(places.back() + length);
+    const std::string text = Between(begin, end);
+    std::string_view rest = text;
+    std::string changed;
+    long at = begin;
+    for (const long place : places) {
+      const std::string_view behind = FromCharacter(rest, static_cast<std::size_t>(place - at));
+      changed.append(rest.substr(0, rest.size() - behind.size())).append(replacement);
+      rest = FromCharacter(behind, static_cast<std::size_t>(length));
+      at = place + length;
+    }
+    Put(begin, end, changed);
+    GoTo(begin);
+  }
+
+  [[nodiscard]] std::string Between(gint from, gint to) const {
+    const GtkTextIter first = IterAt(static_cast<std::size_t>(from));
+    const GtkTextIter last = IterAt(static_cast<std::size_t>(to));
+    gchar* const bytes = gtk_text_iter_get_text(&first, &last);
+    const std::string text = Written(bytes);
+    g_free(bytes);
+    return text;
+  }
+
+  void Put(gint from, gint to, std::string_view text) {
+    Delete(from, to);
+    GtkTextIter place = IterAt(static_cast<std::size_t>(from));
+    gtk_text_buffer_insert(buffer_, &place, text.data(), static_cast<gint>(text.size()));
+  }
+
   void Delete(gint from, gint to) {
     GtkTextIter first = IterAt(static_cast<std::size_t>(from));
     GtkTextIter last = IterAt(static_cast<std::size_t>(to));
     gtk_text_buffer_delete(buffer_, &first, &last);
   }
 
-  void GoToStart() {
-    const GtkTextIter start = IterAt(0);
-    gtk_text_buffer_place_cursor(buffer_, &start);
+  void GoToStart() { GoTo(0); }
+
+  void GoTo(gint offset) {
+    const GtkTextIter place = IterAt(static_cast<std::size_t>(offset));
+    gtk_text_buffer_place_cursor(buffer_, &place);
     gtk_text_view_scroll_to_mark(view_, gtk_text_buffer_get_insert(buffer_), 0, TRUE, 0, 0);
   }
 
@@ -303,7 +377,7 @@ class RichTextBuffer::Implementation {
   void ApplyParagraphs(const RichText& text) {
     gint line = 0;
     for (const ParagraphRun& run : text.paragraphs) {
-      const auto end = static_cast<gint>(static_cast<std::size_t>(line) + run.paragraphs);
+      const gint end = LineBehind(line, run.paragraphs);
       if (!(run.format == ParagraphFormat{})) {
         GtkTextIter from;
         GtkTextIter to;
@@ -314,6 +388,22 @@ class RichTextBuffer::Implementation {
       }
       line = end;
     }
+  }
+
+  // The buffer's lines are paragraphs or pieces of them.
+  [[nodiscard]] gint LineBehind(gint line, std::size_t paragraphs) const {
+    if (!HoldsPieces(buffer_)) return line + static_cast<gint>(paragraphs);
+    for (const gint lines = gtk_text_buffer_get_line_count(buffer_); paragraphs > 0 && line < lines; ++line) {
+      if (!GoesOn(line)) --paragraphs;
+    }
+    return line;
+  }
+
+  [[nodiscard]] bool GoesOn(gint line) const {
+    GtkTextIter end;
+    gtk_text_buffer_get_iter_at_line(buffer_, &end, line);
+    if (gtk_text_iter_ends_line(&end) == FALSE) gtk_text_iter_forward_to_line_end(&end);
+    return gtk_text_iter_get_char(&end) == static_cast<gunichar>(kPieceEnd);
   }
 
   GtkTextTag* TagFor(const CharacterFormat& format) {
@@ -421,8 +511,12 @@ class RichTextBuffer::Implementation {
 
   void ReadParagraphs(RichText& content) const {
     const gint lines = gtk_text_buffer_get_line_count(buffer_);
-    if (paragraphTags_.empty()) return content.paragraphs.push_back({static_cast<std::size_t>(lines), {}});
-    for (gint line = 0; line < lines; ++line) {
+    if (paragraphTags_.empty()) {
+      const auto all =
+          1 + static_cast<std::size_t>(std::count(content.text.begin(), content.text.end(), '\n'));
+      return content.paragraphs.push_back({HoldsPieces(buffer_) ? all : static_cast<std::size_t>(lines), {}});
+    }
+    for (gint line = 0; line < lines; line = LineBehind(line, 1)) {
       GtkTextIter iter;
       gtk_text_buffer_get_iter_at_line(buffer_, &iter, line);
       const auto format = FormatAt<ParagraphFormat>(iter, kParagraphKey);
@@ -439,6 +533,8 @@ class RichTextBuffer::Implementation {
   std::vector<gulong> handlers_;
   UndoHistory history_;
   bool applying_ = false;
+  bool pieces_ = false;  // long paragraphs are shown in pieces
+  bool insertingPieces_ = false;
   double zoom_ = 1.0;
   std::vector<std::string> fonts_{std::string()};
   std::map<CharacterFormat, GtkTextTag*, ByKey> tags_;
@@ -455,6 +551,9 @@ void RichTextBuffer::ShowFile(const std::string& path) {
 }
 std::function<std::string()> RichTextBuffer::Rtf() const {
   return [content = implementation_->Content()] { return WriteRtf(content); };
+}
+void RichTextBuffer::ShowLongParagraphsInPieces() {
+  implementation_->ShowLongParagraphsInPieces();
 }
 std::string RichTextBuffer::Text() const {
   return implementation_->Text();
@@ -474,11 +573,9 @@ void RichTextBuffer::Undo() {
 void RichTextBuffer::Redo() {
   implementation_->Carry(implementation_->History().Redo());
 }
-void RichTextBuffer::BeginChange() {
-  gtk_text_buffer_begin_user_action(implementation_->Buffer());
-}
-void RichTextBuffer::EndChange() {
-  gtk_text_buffer_end_user_action(implementation_->Buffer());
+void RichTextBuffer::ReplacePlaces(const std::vector<long>& places, long length,
+                                   std::string_view replacement) {
+  implementation_->ReplacePlaces(places, length, replacement);
 }
 void RichTextBuffer::SetZoom(double factor) {
   implementation_->SetZoom(factor);

@@ -81,8 +81,13 @@ class RichTextBuffer::Implementation {
   }
 
   // RichEdit knows no groups of changes: the last one is taken back until the text is what it was before.
-  void BeginChange() { before_ = control_.GetValue(); }
-  void EndChange() { after_ = control_.GetValue(); }
+  void ReplacePlaces(const std::vector<long>& places, long length, const wxString& replacement) {
+    before_ = control_.GetValue();
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+      control_.Replace(*place, *place + length, replacement);
+    }
+    after_ = control_.GetValue();
+  }
   void Undo() { RepeatUntil(before_, after_, EM_UNDO); }
   void Redo() { RepeatUntil(after_, before_, EM_REDO); }
 
@@ -161,6 +166,8 @@ void RichTextBuffer::ShowFile(const std::string& path) {
 std::function<std::string()> RichTextBuffer::Rtf() const {
   return [rtf = implementation_->Rtf()] { return rtf; };
 }
+// RichEdit lays out line by line.
+void RichTextBuffer::ShowLongParagraphsInPieces() {}
 std::string RichTextBuffer::Text() const {
   return FromWx(implementation_->Control().GetValue());
 }
@@ -179,11 +186,9 @@ void RichTextBuffer::Undo() {
 void RichTextBuffer::Redo() {
   implementation_->Redo();
 }
-void RichTextBuffer::BeginChange() {
-  implementation_->BeginChange();
-}
-void RichTextBuffer::EndChange() {
-  implementation_->EndChange();
+void RichTextBuffer::ReplacePlaces(const std::vector<long>& places, long length,
+                                   std::string_view replacement) {
+  implementation_->ReplacePlaces(places, length, ToWx(replacement));
 }
 void RichTextBuffer::SetZoom(double factor) {
   implementation_->Send(EM_SETZOOM, static_cast<WPARAM>(std::lround(factor * kZoomDenominator)),

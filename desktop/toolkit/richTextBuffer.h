@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lorelin {
 
@@ -20,6 +21,10 @@ class RichTextBuffer {
   RichTextBuffer(const RichTextBuffer&) = delete;
   RichTextBuffer& operator=(const RichTextBuffer&) = delete;
 
+  // Lets the control show paragraphs that it could not lay out at once in pieces (see AsShown), where it
+  // needs that; texts of its own functions are to go through AsWritten then. Once, before there is a text.
+  void ShowLongParagraphsInPieces();
+
   // Replaces text and formats by what is in the file, RTF or plain text; nothing before it can be taken back.
   // Throws RuntimeError when the file cannot be read, and changes nothing then.
   void ShowFile(const std::string& path);
@@ -29,13 +34,14 @@ class RichTextBuffer {
   // Replaces all text, without formats; this can be taken back.
   void ReplaceText(std::string_view text);
 
+  // Puts the replacement in the place of so many characters at each of these positions of the control, which
+  // ascend; this can be taken back at once. Nobody is told.
+  void ReplacePlaces(const std::vector<long>& places, long length, std::string_view replacement);
+
   void Undo();
   void Redo();
   [[nodiscard]] bool CanUndo() const;
   [[nodiscard]] bool CanRedo() const;
-  // Changes between the two belong together.
-  void BeginChange();
-  void EndChange();
 
   // Sizes are shown this many times as large.
   void SetZoom(double factor);

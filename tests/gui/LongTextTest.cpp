@@ -1,9 +1,12 @@
 #include <gtk/gtk.h>
 #include <wx/progdlg.h>
 
+#include <string>
 #include <thread>
+#include <utility>
 
 #include "base/RuntimeError.h"
+#include "base/textEncoding.h"
 #include "richtext/rtf.h"
 #include "tests/gui/FormFixture.h"
 
@@ -97,6 +100,91 @@ TEST_F(LongTextForm, KeepsTheTextOfAVeryLongFile) {
   WriteFile(folder.File("lang.txt"), text);
   form.Editor().LoadFile(folder.File("lang.txt"));
   EXPECT_EQ(form.Editor().Text(), text);
+}
+
+// The toolkit lays out a whole paragraph at once, and beyond some length draws nonsense.
+class LongParagraphForm : public LongTextForm {
+ protected:
+  GtkTextBuffer* Buffer() {
+    return gtk_text_view_get_buffer(GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(form.Editor().GetHandle()))));
+  }
+  static std::string Paragraph() {
+    std::string text;
+    while (text.size() < 1'000'000) text += "Größe und Übung „macht“ den Meister. ";
+    return text + "Ende.";
+  }
+  static std::string Fetched(GdkAtom which) {
+    std::string text;
+    bool answered = false;
+    std::pair<std::string*, bool*> result(&text, &answered);
+    gtk_clipboard_request_text(
+        gtk_clipboard_get(which),
+        [](GtkClipboard*, const gchar* found, gpointer data) {
+          const auto& [target, done] = *static_cast<std::pair<std::string*, bool*>*>(data);
+          if (found != nullptr) *target = found;
+          *done = true;
+        },
+        &result);
+    while (!answered) gtk_main_iteration_do(TRUE);
+    return text;
+  }
+};
+
+TEST_F(LongParagraphForm, ShowsAVeryLongParagraphInManyLines) {
+  form.Editor().SetText(Paragraph());
+  EXPECT_GT(gtk_text_buffer_get_line_count(Buffer()), 100);
+  EXPECT_TRUE(WaitUntil([&] { return Height() > 20000; }));
+}
+
+TEST_F(LongParagraphForm, ChangesNothingInAVeryLongParagraph) {
+  form.Editor().SetText(Paragraph());
+  EXPECT_EQ(form.Editor().Text(), Paragraph());
+  EXPECT_EQ(form.Editor().CharacterCount(), CharacterCount(Paragraph()));
+  EXPECT_EQ(ReadRtf(form.Editor().RichText()).text, Paragraph());
+  form.Editor().SelectAll();
+  EXPECT_EQ(form.Editor().SelectedText(), Paragraph());
+}
+
+TEST_F(LongParagraphForm, CopiesAVeryLongParagraphAsItIs) {
+  form.Editor().SetText(Paragraph());
+  form.Editor().SelectAll();
+  form.Editor().Copy();
+  EXPECT_EQ(Fetched(GDK_SELECTION_CLIPBOARD), Paragraph());
+  EXPECT_EQ(Fetched(GDK_SELECTION_PRIMARY), Paragraph());
+  form.Editor().Cut();
+  EXPECT_EQ(form.Editor().Text(), "");
+  form.Editor().Undo();
+  EXPECT_EQ(form.Editor().Text(), Paragraph());
+  EXPECT_GT(gtk_text_buffer_get_line_count(Buffer()), 100);
+}
+
+TEST_F(LongParagraphForm, FindsAndReplacesAcrossThePiecesOfAParagraph) {
+  form.Editor().SetText(Paragraph());
+  const std::string text = Paragraph();
+  std::size_t expected = 0;
+  for (std::size_t at = text.find(". Größe"); at != std::string::npos; at = text.find(". Größe", at + 1))
+    ++expected;
+  EXPECT_EQ(form.Editor().ReplaceAllPlaces(". Größe", "! Größe", true), static_cast<int>(expected));
+  EXPECT_EQ(form.Editor().Text().find(". Größe"), std::string::npos);
+  form.Editor().Undo();
+  EXPECT_EQ(form.Editor().Text(), Paragraph());
+}
+
+TEST_F(LongParagraphForm, KeepsTheFormatsOfParagraphsThatAreShownInPieces) {
+  std::string rtf = R"({\rtf1\ansi\pard\qc Mitte\par\pard\ql )";
+  for (int i = 0; i < 20000; ++i) rtf += "Wort ";
+  rtf += R"(\par\pard\qr Rechts\par})";
+  WriteFile(folder.File("lang.rtf"), rtf);
+  form.Editor().LoadFile(folder.File("lang.rtf"));
+  const RichText content = ReadRtf(form.Editor().RichText());
+  EXPECT_EQ(content.text, ReadRtf(rtf).text);
+  EXPECT_EQ(content.paragraphs, ReadRtf(rtf).paragraphs);
+}
+
+TEST_F(LongParagraphForm, TakesForeignLineEndsForLineEnds) {
+  form.Editor().SetText("");
+  form.Editor().WriteText("eins\r\nzwei");
+  EXPECT_EQ(form.Editor().Text(), "eins\nzwei");
 }
 
 // As a click on "Cancel" in the window that shows how far the loading is.
