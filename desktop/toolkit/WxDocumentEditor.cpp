@@ -9,7 +9,6 @@
 #include "desktop/toolkit/innerMargins.h"
 #include "desktop/toolkit/layoutPace.h"
 #include "desktop/toolkit/text.h"
-#include "documents/longParagraphs.h"
 #include "documents/richTextFile.h"
 
 namespace lorelin {
@@ -60,11 +59,6 @@ class TextPlaces {
 
 constexpr float kReadingSize = 1.2F;  // of the system's
 
-wxString Written(wxString text) {
-  text.Replace(wxUniChar(kPieceEnd), " ");
-  return text;
-}
-
 }  // namespace
 
 WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
@@ -106,7 +100,7 @@ bool WxDocumentEditor::FindNext(const std::string& text, bool matchCase, bool ba
   long from = 0;
   long to = 0;
   GetSelection(&from, &to);
-  const TextPlaces places(Written(GetValue()), ToWx(text), matchCase);
+  const TextPlaces places(ToWx(buffer_.Text()), ToWx(text), matchCase);
   const auto place = backwards ? places.Before(from) : places.From(to);
   if (!place) return false;
   SetSelection(*place, *place + places.Length());
@@ -115,14 +109,14 @@ bool WxDocumentEditor::FindNext(const std::string& text, bool matchCase, bool ba
 }
 
 bool WxDocumentEditor::ReplaceNext(const std::string& text, const std::string& replacement, bool matchCase) {
-  const TextPlaces places(Written(GetStringSelection()), ToWx(text), matchCase);
+  const TextPlaces places(ToWx(buffer_.SelectedText()), ToWx(text), matchCase);
   if (places.IsWhole()) ReplaceSelection(replacement);
   return FindNext(text, matchCase, false);
 }
 
 int WxDocumentEditor::ReplaceAllPlaces(const std::string& text, const std::string& replacement,
                                        bool matchCase) {
-  const TextPlaces places(Written(GetValue()), ToWx(text), matchCase);
+  const TextPlaces places(ToWx(buffer_.Text()), ToWx(text), matchCase);
   const std::vector<long> all = places.All();
   if (all.empty()) return 0;
   ReplacePlaces(all, places.Length(), WithoutNul(replacement));
@@ -164,7 +158,7 @@ std::size_t WxDocumentEditor::SelectionStart() {
 }
 
 std::string WxDocumentEditor::SelectedText() {
-  return FromWx(Written(GetStringSelection()));
+  return buffer_.SelectedText();
 }
 
 void WxDocumentEditor::ReplaceSelection(std::string_view text) {

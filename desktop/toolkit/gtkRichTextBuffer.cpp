@@ -12,7 +12,7 @@
 
 #include "base/textEncoding.h"
 #include "desktop/toolkit/colours.h"
-#include "desktop/toolkit/gtkCopies.h"
+#include "desktop/toolkit/gtkPieces.h"
 #include "desktop/toolkit/loading.h"
 #include "documents/UndoHistory.h"
 #include "documents/longParagraphs.h"
@@ -110,7 +110,7 @@ class RichTextBuffer::Implementation {
       const gint old = gtk_text_buffer_get_char_count(buffer_);
       Append(text.text, old, loading);
       Delete(0, old);
-      if (HoldsPieces(buffer_)) SetHoldsPieces(buffer_, !IsShownAsItIs(text.text));
+      if (IsShownAsItIs(text.text)) ForgetPieces(buffer_);
       fonts_ = text.fonts;
       ForgetTags();
       ApplyRuns(text);
@@ -135,10 +135,7 @@ class RichTextBuffer::Implementation {
     GtkTextIter from;
     GtkTextIter to;
     gtk_text_buffer_get_bounds(buffer_, &from, &to);
-    gchar* const bytes = gtk_text_buffer_get_text(buffer_, &from, &to, TRUE);
-    std::string text(bytes);
-    g_free(bytes);
-    return HoldsPieces(buffer_) ? AsWritten(std::move(text)) : text;
+    return WrittenText(from, to);
   }
 
   void ShowLongParagraphsInPieces() {
@@ -159,7 +156,7 @@ class RichTextBuffer::Implementation {
       const Quiet quiet(control_);
       gtk_text_buffer_begin_user_action(buffer_);
       Delete(0, gtk_text_buffer_get_char_count(buffer_));
-      SetHoldsPieces(buffer_, false);
+      ForgetPieces(buffer_);
       if (!text.empty()) InsertAtEnd(AsUtf8(text));
       gtk_text_buffer_end_user_action(buffer_);
       GoToStart();
@@ -227,36 +224,29 @@ class RichTextBuffer::Implementation {
   }
 
   void Inserting(GtkTextIter* where, std::string_view text) {
-    if (pieces_ && !insertingPieces_ && !IsShownAsItIs(text)) return InsertPieces(where, text);
-    if (!applying_)
-      history_.Inserted(static_cast<std::size_t>(gtk_text_iter_get_offset(where)), Written(text));
-  }
-
-  // In the place of what was about to be inserted; `where` stands behind it then.
-  void InsertPieces(GtkTextIter* where, std::string_view text) {
+    if (insertingPieces_) return;
+    const auto offset = static_cast<std::size_t>(gtk_text_iter_get_offset(where));
+    if (!pieces_ || IsShownAsItIs(text)) {
+      if (!applying_) history_.Inserted(offset, std::string(text));
+      return;
+    }
+    // In the place of what was about to be inserted.
     g_signal_stop_emission_by_name(buffer_, "insert-text");
     const Applying inserting(insertingPieces_);
-    const std::string shown = Shown(text);
-    gtk_text_buffer_insert(buffer_, where, shown.data(), static_cast<gint>(shown.size()));
+    const std::string written = Written(text);
+    if (!applying_) history_.Inserted(offset, written);
+    InsertPieces(buffer_, where, AsShown(written));
   }
 
   // What is moved within the text comes with its marks.
-  std::string Shown(std::string_view text) {
-    const bool foreign = !HoldsPieces(buffer_) || text.find("\r\n") != std::string_view::npos;
-    std::string shown = foreign ? AsShown(text) : AsShown(AsWritten(std::string(text)));
-    if (shown.find(kPieceEnd) != std::string::npos) SetHoldsPieces(buffer_, true);
-    return shown;
-  }
-
   [[nodiscard]] std::string Written(std::string_view text) const {
-    return HoldsPieces(buffer_) ? AsWritten(std::string(text)) : std::string(text);
+    const bool foreign = !HoldsPieces(buffer_) || text.find("\r\n") != std::string_view::npos;
+    return foreign ? WithPlainLineEnds(text) : WithBlanks(std::string(text));
   }
 
   void Deleting(const GtkTextIter& from, const GtkTextIter& to) {
     if (applying_) return;
-    gchar* const text = gtk_text_iter_get_text(&from, &to);
-    history_.Removed(static_cast<std::size_t>(gtk_text_iter_get_offset(&from)), Written(text));
-    g_free(text);
+    history_.Removed(static_cast<std::size_t>(gtk_text_iter_get_offset(&from)), WrittenText(from, to));
   }
 
   [[nodiscard]] GtkTextIter IterAt(std::size_t offset) const {
@@ -302,7 +292,8 @@ class RichTextBuffer::Implementation {
   void ReplaceSpan(const std::vector<long>& places, long length, const std::string& replacement) {
     const auto begin = static_cast<gint>(places.front());
     const auto end = static_cast<gint>(places.back() + length);
-    const std::string text = Between(begin, end);
+    const std::string text =
+        WrittenText(IterAt(static_cast<std::size_t>(begin)), IterAt(static_cast<std::size_t>(end)));
     std::string_view rest = text;
     std::string changed;
     long at = begin;
@@ -314,15 +305,6 @@ class RichTextBuffer::Implementation {
     }
     Put(begin, end, changed);
     GoTo(begin);
-  }
-
-  [[nodiscard]] std::string Between(gint from, gint to) const {
-    const GtkTextIter first = IterAt(static_cast<std::size_t>(from));
-    const GtkTextIter last = IterAt(static_cast<std::size_t>(to));
-    gchar* const bytes = gtk_text_iter_get_text(&first, &last);
-    const std::string text = Written(bytes);
-    g_free(bytes);
-    return text;
   }
 
   void Put(gint from, gint to, std::string_view text) {
@@ -554,6 +536,9 @@ std::function<std::string()> RichTextBuffer::Rtf() const {
 }
 void RichTextBuffer::ShowLongParagraphsInPieces() {
   implementation_->ShowLongParagraphsInPieces();
+}
+std::string RichTextBuffer::SelectedText() const {
+  return lorelin::SelectedText(implementation_->Buffer());
 }
 std::string RichTextBuffer::Text() const {
   return implementation_->Text();

@@ -168,6 +168,9 @@ std::function<std::string()> RichTextBuffer::Rtf() const {
 }
 // RichEdit lays out line by line.
 void RichTextBuffer::ShowLongParagraphsInPieces() {}
+std::string RichTextBuffer::SelectedText() const {
+  return FromWx(implementation_->Control().GetStringSelection());
+}
 std::string RichTextBuffer::Text() const {
   return FromWx(implementation_->Control().GetValue());
 }

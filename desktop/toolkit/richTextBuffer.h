@@ -31,6 +31,7 @@ class RichTextBuffer {
   // Text and formats as they are now, as RTF; what is returned may be called on another thread, once.
   [[nodiscard]] std::function<std::string()> Rtf() const;
   [[nodiscard]] std::string Text() const;
+  [[nodiscard]] std::string SelectedText() const;
   // Replaces all text, without formats; this can be taken back.
   void ReplaceText(std::string_view text);
 

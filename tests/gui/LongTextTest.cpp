@@ -181,6 +181,22 @@ TEST_F(LongParagraphForm, KeepsTheFormatsOfParagraphsThatAreShownInPieces) {
   EXPECT_EQ(content.paragraphs, ReadRtf(rtf).paragraphs);
 }
 
+TEST_F(LongParagraphForm, ChangesNothingInAParagraphWithoutBlanks) {
+  std::string text;
+  while (text.size() < 200'000) text += "abcü";
+  form.Editor().SetText(text);
+  EXPECT_GT(gtk_text_buffer_get_line_count(Buffer()), 20);
+  EXPECT_EQ(form.Editor().Text(), text);
+  EXPECT_EQ(form.Editor().CharacterCount(), CharacterCount(text));
+  EXPECT_EQ(ReadRtf(form.Editor().RichText()).text, text);
+  form.Editor().SelectAll();
+  form.Editor().Copy();
+  EXPECT_EQ(Fetched(GDK_SELECTION_CLIPBOARD), text);
+  form.Editor().Cut();
+  form.Editor().Undo();
+  EXPECT_EQ(form.Editor().Text(), text);
+}
+
 TEST_F(LongParagraphForm, TakesForeignLineEndsForLineEnds) {
   form.Editor().SetText("");
   form.Editor().WriteText("eins\r\nzwei");

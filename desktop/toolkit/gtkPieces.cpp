@@ -1,24 +1,50 @@
 #ifdef __WXGTK__
 
-#include "desktop/toolkit/gtkCopies.h"
+#include "desktop/toolkit/gtkPieces.h"
 
 #include <string>
-
-#include "documents/longParagraphs.h"
 
 namespace lorelin {
 namespace {
 
 constexpr const char* kPiecesKey = "lorelin-pieces";
 
-std::string SelectedText(GtkTextBuffer* buffer) {
-  GtkTextIter from;
-  GtkTextIter to;
-  if (gtk_text_buffer_get_selection_bounds(buffer, &from, &to) == FALSE) return {};
-  gchar* const bytes = gtk_text_iter_get_visible_text(&from, &to);
-  std::string text(bytes);
-  g_free(bytes);
-  return text;
+constexpr const char* kHiddenKey = "lorelin-hidden";
+
+void SetHoldsPieces(GtkTextBuffer* buffer, bool holds) {
+  g_object_set_data(G_OBJECT(buffer), kPiecesKey, GINT_TO_POINTER(holds ? 1 : 0));
+}
+
+bool StandsAtMark(const GtkTextIter& iter) {
+  return gtk_text_iter_get_char(&iter) == static_cast<gunichar>(kPieceEnd);
+}
+
+// One tag for each character that a mark hides.
+GtkTextTag* HidingTag(GtkTextBuffer* buffer, const std::string& character) {
+  const std::string name = kHiddenKey + character;
+  GtkTextTag* tag = gtk_text_tag_table_lookup(gtk_text_buffer_get_tag_table(buffer), name.c_str());
+  if (tag != nullptr) return tag;
+  tag = gtk_text_buffer_create_tag(buffer, name.c_str(), nullptr);
+  g_object_set_data_full(G_OBJECT(tag), kHiddenKey, g_strdup(character.c_str()), &g_free);
+  return tag;
+}
+
+std::string HiddenAt(const GtkTextIter& iter) {
+  std::string character = " ";
+  GSList* const tags = gtk_text_iter_get_tags(&iter);
+  for (const GSList* entry = tags; entry != nullptr; entry = entry->next) {
+    const void* const hidden = g_object_get_data(G_OBJECT(entry->data), kHiddenKey);
+    if (hidden != nullptr) character = static_cast<const char*>(hidden);
+  }
+  g_slist_free(tags);
+  return character;
+}
+
+// The next mark from there on, which ends a line.
+void GoToMark(GtkTextIter& iter) {
+  do {
+    if (gtk_text_iter_ends_line(&iter) == FALSE) gtk_text_iter_forward_to_line_end(&iter);
+  } while (!StandsAtMark(iter) && gtk_text_iter_forward_line(&iter) != FALSE);
 }
 
 // Within one line there is none; the selection of a few lines is looked through at once.
@@ -30,7 +56,7 @@ bool HoldsMarks(GtkTextBuffer* buffer) {
   const gint last = gtk_text_iter_get_line(&to);
   while (gtk_text_iter_get_line(&from) < last) {
     if (gtk_text_iter_ends_line(&from) == FALSE) gtk_text_iter_forward_to_line_end(&from);
-    if (gtk_text_iter_get_char(&from) == static_cast<gunichar>(kPieceEnd)) return true;
+    if (StandsAtMark(from)) return true;
     if (gtk_text_iter_forward_line(&from) == FALSE) return false;
   }
   return false;
@@ -39,7 +65,7 @@ bool HoldsMarks(GtkTextBuffer* buffer) {
 bool Copied(GtkTextView* view) {
   GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
   if (!HoldsMarks(buffer)) return false;
-  const std::string text = AsWritten(SelectedText(buffer));
+  const std::string text = SelectedText(buffer);
   gtk_clipboard_set_text(gtk_widget_get_clipboard(GTK_WIDGET(view), GDK_SELECTION_CLIPBOARD), text.data(),
                          static_cast<gint>(text.size()));
   return true;
@@ -58,14 +84,14 @@ void Cut(GtkTextView* view, gpointer) {
 void Drag(GtkWidget* view, GdkDragContext*, GtkSelectionData* data, guint, guint, gpointer) {
   GtkTextBuffer* const buffer = gtk_text_view_get_buffer(GTK_TEXT_VIEW(view));
   if (!HoldsMarks(buffer)) return;
-  const std::string text = AsWritten(SelectedText(buffer));
+  const std::string text = SelectedText(buffer);
   // Other forms than text are not given.
   (void)gtk_selection_data_set_text(data, text.data(), static_cast<gint>(text.size()));
   g_signal_stop_emission_by_name(view, "drag-data-get");
 }
 
 void GiveSelection(GtkClipboard*, GtkSelectionData* data, guint, gpointer buffer) {
-  const std::string text = AsWritten(SelectedText(GTK_TEXT_BUFFER(buffer)));
+  const std::string text = SelectedText(GTK_TEXT_BUFFER(buffer));
   (void)gtk_selection_data_set_text(data, text.data(), static_cast<gint>(text.size()));
 }
 
@@ -86,12 +112,49 @@ void OfferSelection(GtkTextBuffer* buffer, GtkTextIter*, GtkTextMark* mark, gpoi
 
 }  // namespace
 
-void SetHoldsPieces(GtkTextBuffer* buffer, bool holds) {
-  g_object_set_data(G_OBJECT(buffer), kPiecesKey, GINT_TO_POINTER(holds ? 1 : 0));
+void ForgetPieces(GtkTextBuffer* buffer) {
+  SetHoldsPieces(buffer, false);
 }
 
 bool HoldsPieces(GtkTextBuffer* buffer) {
   return g_object_get_data(G_OBJECT(buffer), kPiecesKey) != nullptr;
+}
+
+void InsertPieces(GtkTextBuffer* buffer, GtkTextIter* where, const ShownText& text) {
+  const gint begin = gtk_text_iter_get_offset(where);
+  if (text.text.find(kPieceEnd) != std::string::npos) SetHoldsPieces(buffer, true);
+  gtk_text_buffer_insert(buffer, where, text.text.data(), static_cast<gint>(text.text.size()));
+  for (const HiddenCharacter& hidden : text.hidden) {
+    GtkTextIter mark;
+    gtk_text_buffer_get_iter_at_offset(buffer, &mark, begin + static_cast<gint>(hidden.position));
+    GtkTextIter behind = mark;
+    gtk_text_iter_forward_char(&behind);
+    gtk_text_buffer_apply_tag(buffer, HidingTag(buffer, hidden.character), &mark, &behind);
+  }
+}
+
+std::string WrittenText(const GtkTextIter& from, const GtkTextIter& to) {
+  gchar* const bytes = gtk_text_iter_get_text(&from, &to);
+  const std::string shown(bytes);
+  g_free(bytes);
+  if (!HoldsPieces(gtk_text_iter_get_buffer(&from))) return shown;
+  std::string written;
+  GtkTextIter mark = from;
+  std::size_t begin = 0;
+  for (std::size_t at = shown.find(kPieceEnd); at != std::string::npos; at = shown.find(kPieceEnd, begin)) {
+    GoToMark(mark);
+    written.append(shown, begin, at - begin).append(HiddenAt(mark));
+    gtk_text_iter_forward_char(&mark);
+    begin = at + 1;
+  }
+  return written.append(shown, begin);
+}
+
+std::string SelectedText(GtkTextBuffer* buffer) {
+  GtkTextIter from;
+  GtkTextIter to;
+  if (gtk_text_buffer_get_selection_bounds(buffer, &from, &to) == FALSE) return {};
+  return WrittenText(from, to);
 }
 
 void CopyAsWritten(GtkTextView* view) {
