@@ -12,6 +12,8 @@
 
 #include <chrono>
 #include <thread>
+#elif defined(__WXMSW__)
+#include <wx/msw/wrapwin.h>
 #endif
 
 namespace lorelin {
@@ -84,14 +86,20 @@ std::string WxClipboard::Text() {
 
 #else
 
-WxClipboard::WxClipboard() = default;
+WxClipboard::WxClipboard() : request_(std::make_shared<Request>()) {}
 WxClipboard::~WxClipboard() = default;
 
+// A text, which may be large, is fetched once for each change. The number is 0 where it may not be asked for.
 std::string WxClipboard::Text() {
+  const DWORD now = GetClipboardSequenceNumber();
+  if (now != 0 && now == request_->asOf) return request_->text;
   wxClipboardLocker lock;
+  if (!lock) return {};
   wxTextDataObject data;
-  if (!lock || !wxTheClipboard->IsSupported(wxDF_UNICODETEXT) || !wxTheClipboard->GetData(data)) return {};
-  return WithPlainLineEnds(FromWx(data.GetText()));
+  const bool holdsText = wxTheClipboard->IsSupported(wxDF_UNICODETEXT) && wxTheClipboard->GetData(data);
+  request_->text = holdsText ? WithPlainLineEnds(FromWx(data.GetText())) : std::string();
+  request_->asOf = now;
+  return request_->text;
 }
 
 #endif
