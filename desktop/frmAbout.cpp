@@ -8,9 +8,9 @@
 #include <algorithm>
 
 #include "base/version.h"
-#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/plainText.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -33,15 +33,14 @@ FrmAbout::FrmAbout(wxWindow* parent, const std::string& pictureFile)
   auto* const line = new wxBoxSizer(wxHORIZONTAL);
   line->Add(new wxStaticBitmap(this, wxID_ANY, Icon("lorelin", 64)), wxSizerFlags().Border(wxRIGHT, gap));
   auto* const texts = new wxBoxSizer(wxVERTICAL);
-  auto* const name = new PlainText(this, wxID_ANY, "Lorelin");
+  auto* const name = NewPlainText(this, "Lorelin");
   name->SetFont(name->GetFont().Bold().Scaled(1.6F));
   texts->Add(name);
-  texts->Add(new PlainText(this, wxID_ANY, ToWx(VersionLabel(kVersionMajor, kVersionMinor)),
-                           wxDefaultPosition, wxDefaultSize, 0, "lblVersion"),
+  texts->Add(NewPlainText(this, ToWx(VersionLabel(kVersionMajor, kVersionMinor)), 0, "lblVersion"),
              wxSizerFlags().Border(wxTOP, gap / 4));
-  texts->Add(new PlainText(this, wxID_ANY,
-                           ToWx("Liest Texte vor.\nFreie Software unter der GPL, Version 3 oder später.")),
-             wxSizerFlags().Border(wxTOP, gap / 2));
+  texts->Add(
+      NewPlainText(this, ToWx("Liest Texte vor.\nFreie Software unter der GPL, Version 3 oder später.")),
+      wxSizerFlags().Border(wxTOP, gap / 2));
   line->Add(texts, wxSizerFlags(1));
   sizer->Add(line, wxSizerFlags().Expand().Border(wxALL, gap));
   auto* const ok = new wxButton(this, wxID_OK, ToWx("&Schließen"));

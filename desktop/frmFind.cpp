@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/plainText.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/toolkit/textField.h"
 
@@ -46,8 +46,7 @@ void FrmFind::BuildFields() {
   GetSizer()->Add(grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
   matchCase_ = new wxCheckBox(this, wxID_ANY, ToWx("&Groß- und Kleinschreibung beachten"));
   GetSizer()->Add(matchCase_, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, gap));
-  result_ =
-      new PlainText(this, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE, "lblResult");
+  result_ = NewPlainText(this, " ", wxST_NO_AUTORESIZE, "lblResult");
   GetSizer()->Add(result_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
 }
 

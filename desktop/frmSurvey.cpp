@@ -3,8 +3,8 @@
 #include <wx/button.h>
 #include <wx/sizer.h>
 
-#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/icons.h"
+#include "desktop/toolkit/plainText.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -25,7 +25,7 @@ FrmSurvey::FrmSurvey(wxWindow* parent)
         "Umfrage ist "
         "völlig anonym und selbstverständlich freiwillig.",
         "Als Dankeschön erhalten Sie von uns einen 5 Euro Gutschein für unsere Programme!"}) {
-    auto* const label = new PlainText(this, wxID_ANY, ToWx(text));
+    auto* const label = NewPlainText(this, ToWx(text));
     label->Wrap(kTextWidth * GetCharWidth());
     sizer->Add(label, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, gap));
   }

@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/plainText.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/toolkit/textField.h"
 
@@ -45,7 +45,7 @@ FrmTask::FrmTask(wxWindow* parent, MessageBoxes& messageBoxes, std::function<voi
 void FrmTask::BuildControls() {
   const int gap = FromDIP(8);
   auto* const sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(new PlainText(this, wxID_ANY, ToWx("Hier können Sie Ihrem Taskscript Befehle hinzufügen.")),
+  sizer->Add(NewPlainText(this, ToWx("Hier können Sie Ihrem Taskscript Befehle hinzufügen.")),
              wxSizerFlags().Border(wxALL, 2 * gap));
   auto* const fields = new wxFlexGridSizer(2, gap, gap);
   fields->AddGrowableCol(1);

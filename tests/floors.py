@@ -1,5 +1,9 @@
 #!/usr/bin/env python3
-"""Fails on an #include that points to the same floor or upward. The floors are the picture in README.md."""
+"""Fails on an #include that points to the same floor or upward, and where a source asks which system it is made for.
+
+The floors are the picture in README.md. What differs between the systems lies in a source for each of them, of which
+CMake picks one: platform/linux/ and platform/windows/, desktop/toolkit/gtk*.cpp and msw*.cpp.
+"""
 import pathlib
 import re
 import sys
@@ -9,6 +13,8 @@ picture = re.findall(r"^ +(\d+)  ((?:[a-z]+/ +)+)", (top / "README.md").read_tex
 floors = {folder.rstrip("/"): int(number) for number, folders in picture for folder in folders.split()}
 wrong = [f"{folder}/ is on a floor, but there is no such folder" for folder in floors if not (top / folder).is_dir()]
 sources = [p for p in top.glob("*/**/*") if p.suffix in (".h", ".cpp") and not p.relative_to(top).parts[0].startswith("build")]
+asksForSystem = re.compile(r"^\s*#\s*(?:el)?if.*\b(__WX\w+__|_WIN32|WIN32|__linux__|__unix__|__APPLE__|_MSC_VER)\b", re.M)
+mayAsk = {"desktop/toolkit/layoutPace.cpp"}  # has only one side
 checked = 0
 for source in sources:
     own = source.relative_to(top).parts[0]
@@ -17,7 +23,10 @@ for source in sources:
     if own not in floors:
         wrong.append(f"{source.relative_to(top)}: {own}/ is on no floor")
         continue
-    for included in re.findall(r'^#include "([^/"]+)/', source.read_text(encoding="utf-8"), re.M):
+    text = source.read_text(encoding="utf-8")
+    if (found := asksForSystem.search(text)) and source.relative_to(top).as_posix() not in mayAsk:
+        wrong.append(f"{source.relative_to(top)} asks for {found[1]}")
+    for included in re.findall(r'^#include "([^/"]+)/', text, re.M):
         checked += 1
         if included != own and floors.get(included, 99) >= floors[own]:
             wrong.append(f"{source.relative_to(top)} includes {included}/, which is not below {own}/")

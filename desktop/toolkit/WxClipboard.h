@@ -21,7 +21,12 @@ class WxClipboard final : public Clipboard {
   void SetText(std::string_view text) override;
 
  private:
-  struct Request;
+  // A question for the text of the clipboard.
+  struct Request {
+    bool answered = true;
+    std::uint64_t asOf = 0;  // the change whose text it is
+    std::string text;
+  };
 
   std::uint64_t changes_ = 1;         // of the clipboard, as far as the system tells
   unsigned long handler_ = 0;         // of what it tells

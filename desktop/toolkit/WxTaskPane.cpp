@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/toolkit/FlatButton.h"
-#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/flatButton.h"
+#include "desktop/toolkit/plainText.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -35,9 +35,9 @@ void WxTaskPane::AddGroup(std::string_view group) {
     EmptyGroup(*found->second.items);
     return;
   }
-  auto* const heading = new PlainText(this, wxID_ANY, ToWx(group));
+  auto* const heading = NewPlainText(this, ToWx(group));
   heading->SetFont(heading->GetFont().Bold());
-  const int margin = FromDIP(kMargin) + FlatButton::TextMargin(*this);  // in line with the items' texts
+  const int margin = FromDIP(kMargin) + FlatButtonMargin(*this);  // in line with the items' texts
   GetSizer()->Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, margin));
   auto* const items = new wxBoxSizer(wxVERTICAL);
   GetSizer()->Add(items, wxSizerFlags().Expand().Border(wxALL, FromDIP(kMargin)));
@@ -67,7 +67,7 @@ void WxTaskPane::AddItem(std::string_view group, std::int32_t number, std::strin
   if (found == groups_.end()) return;
   found->second.heading->Show();
   if (IsSeparator(caption)) return AddSeparator(*found->second.items);
-  auto* const item = new FlatButton(this, ToWx(caption));
+  auto* const item = NewFlatButton(this, ToWx(caption));
   // The handler may run for hours and build the group anew: it is not called from inside the item.
   item->Bind(wxEVT_BUTTON, [this, number, request](wxCommandEvent&) {
     CallAfter([this, number, request] {

@@ -7,14 +7,12 @@
 
 namespace lorelin {
 
+// The size of the font that this system's windows usually have.
+[[nodiscard]] double UsualPoints();
+
 // How many times larger than usual the user's font is; sizes that hold text grow with it. At least 1.
 [[nodiscard]] inline double FontScale(const wxWindow& window) {
-#ifdef __WXMSW__
-  constexpr double kUsualPoints = 9;
-#else
-  constexpr double kUsualPoints = 10;
-#endif
-  return std::max(1.0, window.GetFont().GetFractionalPointSize() / kUsualPoints);
+  return std::max(1.0, window.GetFont().GetFractionalPointSize() / UsualPoints());
 }
 
 // The size in pixels that has room for as much text as this one has at the usual font, but not more than the

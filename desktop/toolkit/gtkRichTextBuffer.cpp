@@ -1,7 +1,5 @@
 #include "desktop/toolkit/richTextBuffer.h"
 
-#ifdef __WXGTK__
-
 #include <gtk/gtk.h>
 
 #include <algorithm>
@@ -573,5 +571,3 @@ std::size_t RichTextBuffer::CharactersBefore(long position) const {
 }
 
 }  // namespace lorelin
-
-#endif

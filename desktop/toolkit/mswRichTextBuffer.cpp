@@ -1,7 +1,5 @@
 #include "desktop/toolkit/richTextBuffer.h"
 
-#ifdef __WXMSW__
-
 #include <wx/font.h>
 #include <wx/msw/wrapwin.h>
 // the other needs it before
@@ -206,5 +204,3 @@ std::size_t RichTextBuffer::CharactersBefore(long position) const {
 }
 
 }  // namespace lorelin
-
-#endif

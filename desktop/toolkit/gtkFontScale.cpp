@@ -1,0 +1,9 @@
+#include "desktop/toolkit/fontScale.h"
+
+namespace lorelin {
+
+double UsualPoints() {
+  return 10;
+}
+
+}  // namespace lorelin
