@@ -1,5 +1,3 @@
-#ifdef __WXGTK__
-
 #include "desktop/toolkit/mediaKeys.h"
 
 namespace lorelin {
@@ -8,5 +6,3 @@ namespace lorelin {
 void OnMediaKeys(wxFrame&, std::function<void(RemoteRequest)>) {}
 
 }  // namespace lorelin
-
-#endif

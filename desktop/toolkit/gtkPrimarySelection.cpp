@@ -1,5 +1,3 @@
-#ifdef __WXGTK__
-
 #include <gtk/gtk.h>
 #include <wx/evtloop.h>
 
@@ -47,5 +45,3 @@ std::string PrimarySelection() {
 }
 
 }  // namespace lorelin
-
-#endif

@@ -1,5 +1,3 @@
-#ifdef __WXMSW__
-
 #include <wx/msw/wrapwin.h>
 
 #include <array>
@@ -34,5 +32,3 @@ void OnMediaKeys(wxFrame& frame, std::function<void(RemoteRequest)> handler) {
 }
 
 }  // namespace lorelin
-
-#endif

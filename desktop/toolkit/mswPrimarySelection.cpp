@@ -1,5 +1,3 @@
-#ifdef __WXMSW__
-
 #include "desktop/toolkit/primarySelection.h"
 
 namespace lorelin {
@@ -9,5 +7,3 @@ std::string PrimarySelection() {
 }
 
 }  // namespace lorelin
-
-#endif

@@ -1,19 +1,14 @@
 #include "platform/linux/dbusAnswer.h"
 
 #include <array>
-#include <memory>
 
 #include "base/RuntimeError.h"
+#include "platform/linux/gioPointers.h"
 
 namespace lorelin {
 namespace {
 
 constexpr std::size_t kLongestText = std::size_t{16} << 20;  // bytes of an answer
-
-struct VariantDeleter {
-  void operator()(GVariant* variant) const { g_variant_unref(variant); }
-};
-using Variant = std::unique_ptr<GVariant, VariantDeleter>;
 
 }  // namespace
 
