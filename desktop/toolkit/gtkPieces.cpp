@@ -1,5 +1,3 @@
-#ifdef __WXGTK__
-
 #include "desktop/toolkit/gtkPieces.h"
 
 #include <string>
@@ -166,5 +164,3 @@ void CopyAsWritten(GtkTextView* view) {
 }
 
 }  // namespace lorelin
-
-#endif
