@@ -93,6 +93,7 @@ WindowModules::WindowModules(Edges given)
                .recovery = edges.recovery,
                .modes = modes}),
       textSize(edges.editing, edges.spoken.settings),
+      along(edges.spoken.speech, edges.marks, edges.spoken.settings),
       taskItems({.taskPane = edges.taskPane,
                  .messageBoxes = edges.messageBoxes,
                  .scripts = tasks,
@@ -140,6 +141,17 @@ WindowModules::~WindowModules() {
   edges.browser.OnNavigate({});
 }
 
+ReadingEdges WindowModules::Reading() {
+  return {.along = along,
+          .speech = edges.spoken.speech,
+          .document = edges.document,
+          .marks = edges.marks,
+          .editing = edges.editing,
+          .view = edges.view,
+          .statusBar = edges.statusBar,
+          .settings = edges.spoken.settings};
+}
+
 void WindowModules::FillCommands() {
   commands.Add("Textmode", [this] { window.Textmode(); });
   commands.Add("InteractiveMode", [this] {
@@ -153,6 +165,7 @@ void WindowModules::FillCommands() {
   AddPronunciationCommands(commands, edges.spoken.pronunciations, edges.pronunciationDialogs, edges.document,
                            edges.view);
   AddTextSizeCommands(commands, textSize);
+  AddReadingCommands(commands, Reading());
   AddConditions(commands, edges.spoken.speech, edges.editing);
   AddHelpCommands(commands, modes, edges.helpDialogs, launches);
 }

@@ -12,6 +12,7 @@
 #include "app/WatchTimers.h"
 #include "app/browserLinks.h"
 #include "app/commands.h"
+#include "app/readingCommands.h"
 #include "documents/Documents.h"
 #include "documents/GuardedDocument.h"
 #include "documents/RecentFiles.h"
@@ -28,6 +29,7 @@
 #include "ports/VoiceDialogs.h"
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
+#include "speech/ReadingAlong.h"
 #include "speech/SpeechModules.h"
 #include "speech/modExport.h"
 
@@ -44,6 +46,7 @@ struct WindowModules {
     Recovery& recovery;
     MainView& view;
     EditorCommands& editing;
+    ReadingMarks& marks;
     BrowserPane& browser;
     TaskPane& taskPane;
     StatusBar& statusBar;
@@ -66,6 +69,8 @@ struct WindowModules {
   WindowModules(const WindowModules&) = delete;
   WindowModules& operator=(const WindowModules&) = delete;
 
+  [[nodiscard]] ReadingEdges Reading();
+
   Edges edges;
   RecentFiles recent;
   Documents documents;
@@ -79,6 +84,7 @@ struct WindowModules {
   FileOpening opening;
   UnsavedTexts unsaved;
   TextSize textSize;
+  ReadingAlong along;
   TaskItems taskItems;
   WatchTimers timers;
   CommandTable commands;

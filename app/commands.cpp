@@ -46,13 +46,33 @@ constexpr std::array kEditMenu{
     kPronounce,
 };
 
+constexpr MenuEntry kReadFromHere{"mnuReadFromHere", "Ab &hier vorlesen", "ReadFromHere", "Ctrl+F7"};
+
+constexpr MenuEntry WhileReading(std::string_view name, std::string_view caption, std::string_view command,
+                                 std::string_view shortcut) {
+  return {name, caption, command, shortcut, false, "", "&Beim Vorlesen"};
+}
+
+constexpr MenuEntry Following(std::string_view name, std::string_view caption, std::string_view command) {
+  return {name, caption, command, "", false, "", "&Mitlesen", true};
+}
+
 constexpr std::array kActionMenu{
     MenuEntry{"mnuSpeak", "&Sprechen", "Speak", "F5"},
     MenuEntry{"mnuStop", "Sto&p", "Stop", "F8"},
     MenuEntry{"mnuPause", "P&ause", "Pause", "F6"},
     kSeparator,
     kReadFromCur,
+    kReadFromHere,
     kReadSelection,
+    WhileReading("mnuSentenceBack", "Einen Satz &zurück", "SentenceBack", "Alt+Left"),
+    WhileReading("mnuSentenceOn", "Einen Satz &weiter", "SentenceOn", "Alt+Right"),
+    WhileReading("mnuRepeatSentence", "Satz wieder&holen", "RepeatSentence", "F9"),
+    WhileReading("mnuParagraphBack", "Einen &Absatz zurück", "ParagraphBack", "Alt+Up"),
+    WhileReading("mnuParagraphOn", "Einen A&bsatz weiter", "ParagraphOn", "Alt+Down"),
+    WhileReading("mnuFaster", "S&chneller", "Faster", "Alt+PageUp"),
+    WhileReading("mnuSlower", "&Langsamer", "Slower", "Alt+PageDown"),
+    WhileReading("mnuReturnToVoice", "Zur Lese&stelle", "ReturnToVoice", "Alt+Home"),
     kSeparator,
     MenuEntry{"mnuVoice", "Stimme &wählen", "ChooseVoice", "Ctrl+Shift+T"},
     MenuEntry{"mnuVolume", "&Lautstärke ändern", "ChangeVolume", "Ctrl+Shift+L"},
@@ -63,6 +83,11 @@ constexpr std::array kActionMenu{
 constexpr std::array kViewMenu{
     MenuEntry{"mnuTextmode", "Textmodus", "Textmode", "Ctrl+1"},
     MenuEntry{"mnuInternet", "Interaktivmodus", "InteractiveMode", "Ctrl+2"},
+    kSeparator,
+    Following("mnuFollowBoth", "Wort &und Satz", "FollowWordAndSentence"),
+    Following("mnuFollowWord", "&Wort", "FollowWord"),
+    Following("mnuFollowSentence", "&Satz", "FollowSentence"),
+    Following("mnuFollowOff", "&aus", "FollowNothing"),
     kSeparator,
     MenuEntry{"mnuLarger", "Schrift &größer", "Larger", "Ctrl++", false, "Ctrl+KP_Add"},
     MenuEntry{"mnuSmaller", "Schrift &kleiner", "Smaller", "Ctrl+-", false, "Ctrl+KP_Subtract"},
@@ -93,8 +118,8 @@ constexpr std::array kMainMenus{
 };
 
 constexpr std::array kEditorMenu{
-    kReadSelection, kReadFromCur, kPronounce, kSeparator, kCut,
-    kCopy,          kInsert,      kDelete,    kSeparator, kSelectAll,
+    kReadSelection, kReadFromHere, kReadFromCur, kPronounce, kSeparator, kCut,
+    kCopy,          kInsert,       kDelete,      kSeparator, kSelectAll,
 };
 
 constexpr ToolbarButton kGap{"", "", "", ""};

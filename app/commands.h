@@ -20,6 +20,8 @@ struct MenuEntry {
   // The control that has the focus takes the key by itself: the entry only shows it.
   bool keyOfControl = false;
   std::string_view secondShortcut{};  // the same key on the number pad
+  std::string_view submenu{};         // the caption of the menu within the menu that holds it; "" for none
+  bool radio = false;                 // one of several of which one is on
 };
 
 struct Menu {

@@ -74,6 +74,7 @@ std::vector<Step> LoadSequence(WindowModules& m) {
           {"speak", [&] { SpeakStartupDocument(spoken); }},
           {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
           {"text size", [&] { m.textSize.Restore(); }},
+          {"following", [&] { ShowFollowMode(m.Reading()); }},
           {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},
           {"show", [&] { edges.view.ShowWindow(); }},
           {"loaded", [&] { spoken.startup.loadingInProgress = false; }}};

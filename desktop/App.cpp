@@ -81,6 +81,7 @@ class App::Program {
                   .recovery = recovery_,
                   .view = *form_,
                   .editing = *form_,
+                  .marks = form_->Editor().Marks(),
                   .browser = form_->Browser(),
                   .taskPane = form_->Tasks(),
                   .statusBar = *form_,

@@ -17,6 +17,7 @@ wxString Label(const MenuEntry& entry) {
 // The two modes show which of them is on, a switch whether it is.
 wxItemKind KindOf(const MenuEntry& entry) {
   if (entry.name == "mnuSpellOut") return wxITEM_CHECK;
+  if (entry.radio) return wxITEM_RADIO;
   return entry.name == "mnuTextmode" || entry.name == "mnuInternet" ? wxITEM_RADIO : wxITEM_NORMAL;
 }
 
@@ -26,7 +27,16 @@ MainMenu::MainMenu(wxFrame& frame, Commands commands) : frame_(frame), commands_
   auto* const bar = new wxMenuBar;
   for (const Menu& menu : MainMenus()) {
     auto* const entries = new wxMenu;
-    for (const MenuEntry& entry : menu.entries) AddEntry(*entries, entry);
+    wxMenu* within = nullptr;
+    std::string_view caption;
+    for (const MenuEntry& entry : menu.entries) {
+      if (!entry.submenu.empty() && entry.submenu != caption) {
+        within = new wxMenu;
+        entries->AppendSubMenu(within, ToWx(entry.submenu));
+      }
+      caption = entry.submenu;
+      AddEntry(caption.empty() ? *entries : *within, entry);
+    }
     bar->Append(entries, ToWx(menu.caption));
   }
   frame_.SetMenuBar(bar);

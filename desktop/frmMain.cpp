@@ -130,9 +130,21 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   AcceptFiles(*GetToolBar());
   AcceptFiles(*GetStatusBar());
   rtfText_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) { ShowEditorMenu(event); });
+  rtfText_->Bind(wxEVT_LEFT_DOWN, &FrmMain::OnEditorClick, this);
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
     if (modules_ != nullptr) modules_->window.EditorChanged(rtfText_->CharacterCount());
   });
+}
+
+void FrmMain::PointAt(const wxPoint& place) {
+  long position = 0;
+  if (rtfText_->HitTest(place, &position) != wxTE_HT_UNKNOWN) rtfText_->SetInsertionPoint(position);
+}
+
+void FrmMain::OnEditorClick(wxMouseEvent& event) {
+  if (!event.ControlDown() || modules_ == nullptr) return event.Skip();
+  PointAt(event.GetPosition());
+  modules_->window.RunCommand("ReadFromHere");
 }
 
 // By the keyboard it opens at the caret.
@@ -143,6 +155,7 @@ void FrmMain::ShowEditorMenu(const wxContextMenuEvent& event) {
     if (place.y < 0 || place.y > rtfText_->GetClientSize().y) place = wxPoint(0, 0);
     place.y += rtfText_->GetCharHeight();
   }
+  if (event.GetPosition() != wxDefaultPosition && !rtfText_->HasSelection()) PointAt(place);
   const std::unique_ptr<wxMenu> menu = menu_.ForEditor();
   rtfText_->PopupMenu(menu.get(), place);
 }

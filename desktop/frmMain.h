@@ -75,6 +75,8 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   void BuildPanes(const std::string& filterFolder, Log& log);
   void AcceptFiles(wxWindow& window);
   void ShowEditorMenu(const wxContextMenuEvent& event);
+  void PointAt(const wxPoint& place);
+  void OnEditorClick(wxMouseEvent& event);
   void OnCharHook(wxKeyEvent& event);
   void OnActivate(wxActivateEvent& event);
   void OnClose(wxCloseEvent& event);

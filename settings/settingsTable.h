@@ -68,6 +68,9 @@ inline constexpr SettingKey Placement{"Window", "Placement", SettingForm::Text, 
                                       "where the main window stood, in the toolkit's form"};
 inline constexpr SettingKey TextSize{"Window", "TextSize", SettingForm::Number, "0",
                                      "how many steps larger texts are shown than usual"};
+inline constexpr SettingKey FollowMode{"Window", "FollowMode", SettingForm::Text, "",
+                                       "what is marked in the text while it is read: Word, Sentence or Off; "
+                                       "else both word and sentence"};
 
 // Every setting, in the order above.
 inline constexpr std::array All{
@@ -99,6 +102,7 @@ inline constexpr std::array All{
     &LaunchMailProgram,
     &Placement,
     &TextSize,
+    &FollowMode,
 };
 
 }  // namespace setting

@@ -8,6 +8,7 @@
 
 #include "german/SpokenText.h"
 #include "german/spokenGerman.h"
+#include "speech/writtenRange.h"
 
 namespace lorelin {
 
@@ -42,15 +43,5 @@ class SpelledText {
   std::vector<std::string> parts_;
   std::vector<SpokenRun> runs_;
 };
-
-struct CharacterRange {
-  std::size_t begin = 0;
-  std::size_t end = 0;
-
-  bool operator==(const CharacterRange&) const = default;
-};
-
-// What is written where this is spoken. A part of a run stands for the whole of it; both in characters.
-[[nodiscard]] CharacterRange WrittenRange(const std::vector<SpokenRun>& runs, CharacterRange spoken);
 
 }  // namespace lorelin

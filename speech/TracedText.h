@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "german/SpokenText.h"
-#include "speech/SpelledText.h"
+#include "speech/writtenRange.h"
 
 namespace lorelin {
 

@@ -28,6 +28,14 @@ std::int32_t Checked(std::int64_t number) {
   return static_cast<std::int32_t>(number);
 }
 
+struct Placeholder {
+  std::string_view name;
+  int LocalTime::*field;
+};
+constexpr std::array kPlaceholders{
+    Placeholder{"$Zeit[s]", &LocalTime::second}, Placeholder{"$Zeit[m]", &LocalTime::minute},
+    Placeholder{"$Zeit[h]", &LocalTime::hour}, Placeholder{"$Zeit[w]", &LocalTime::weekday}};
+
 // A count that is one higher as long as this lives, whatever ends it.
 class Counted {
  public:
@@ -63,25 +71,15 @@ std::int32_t MapPercent(std::int32_t percent, std::int32_t lowest, std::int32_t 
   return RoundToLong(lowest + product / 100.0);
 }
 
-std::string ReplaceTimePlaceholders(std::string text, Clock& clock) {
-  struct Placeholder {
-    std::string_view name;
-    int LocalTime::*field;
-  };
-  static constexpr std::array kPlaceholders{
-      Placeholder{"$Zeit[s]", &LocalTime::second}, Placeholder{"$Zeit[m]", &LocalTime::minute},
-      Placeholder{"$Zeit[h]", &LocalTime::hour}, Placeholder{"$Zeit[w]", &LocalTime::weekday}};
-  for (const auto& [name, field] : kPlaceholders) ReplaceAll(text, name, std::to_string(clock.Now().*field));
-  return text;
-}
-
 ModSpeak::ModSpeak(Parts parts) : parts_(std::move(parts)), status_(parts_.statusBar) {
   parts_.voice.OnEndOfText([this](const EndOfText& end) { VoiceEnded(end); });
+  parts_.voice.OnWordHeard([this](const HeardWord& word) { TellWord(word); });
   parts_.voice2.OnEndOfText([this](const EndOfText& end) { Voice2Ended(end); });
 }
 
 ModSpeak::~ModSpeak() {
   parts_.voice.OnEndOfText({});
+  parts_.voice.OnWordHeard({});
   parts_.voice2.OnEndOfText({});
 }
 
@@ -90,11 +88,16 @@ void ModSpeak::OnExportAvailable(std::function<void(bool)> handler) {
 }
 
 void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, bool filter) {
+  SpeakFrom(text, std::nullopt, wait, waveFile, filter);
+}
+
+void ModSpeak::SpeakFrom(std::string& text, Source source, bool wait, const std::string& waveFile,
+                         bool filter) {
   if (parts_.startup.loadingInProgress) return;
   bool started = false;
   try {
     const Counted preparing(preparing_);
-    started = PrepareAndStart(text, waveFile, filter);
+    started = PrepareAndStart(text, source, waveFile, filter);
   } catch (...) {
     if (preparing_ == 0) wish_.reset();
     throw;
@@ -103,20 +106,22 @@ void ModSpeak::Speak(std::string& text, bool wait, const std::string& waveFile, 
   if (wait && started) WaitForEnd();
 }
 
-bool ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, bool filter) {
+bool ModSpeak::PrepareAndStart(std::string& text, Source source, const std::string& waveFile, bool filter) {
   const int stops = stops_;
   if (waveFile == kKeepWaveFile) {
     parts_.pump.RunPendingEvents();
   } else {
     SetWaveFile(waveFile);
   }
-  if (filter) {
-    std::optional<std::string> filtered = parts_.extensions.FilterText(text);
-    if (!filtered) return false;
-    text = std::move(*filtered);
+  TracedText traced(text, source);
+  std::string written = source ? text : std::string();
+  if (filter && !Filter(traced)) return false;
+  if (WithoutBlanks(traced.Text()).empty()) {
+    written = parts_.document.Text();
+    traced = TracedText(written, 0);
   }
-  if (WithoutBlanks(text).empty()) text = parts_.document.Text();
-  text = Decorate(text);
+  Decorate(traced);
+  text = traced.Text();
   ResetBoth();
   parts_.pump.RunPendingEvents();
   ApplyVoice(parts_.voice);
@@ -127,21 +132,31 @@ bool ModSpeak::PrepareAndStart(std::string& text, const std::string& waveFile, b
   parts_.pump.RunPendingEvents();
   // Who stopped it meanwhile does not want to hear it.
   if (stops == stops_) {
-    StartBoth(text);
+    StartBoth(std::move(traced), std::move(written));
     return true;
   }
   if (!rendering_) AllowExport(true);
   return false;
 }
 
-void ModSpeak::StartBoth(const std::string& text) {
+bool ModSpeak::Filter(TracedText& text) {
+  std::optional<std::string> filtered = parts_.extensions.FilterText(text.Text());
+  if (filtered) text.Rewritten(std::move(*filtered));
+  return filtered.has_value();
+}
+
+void ModSpeak::StartBoth(TracedText text, std::string source) {
   problem_.clear();
+  traced_ = std::move(text);
+  source_ = std::move(source);
+  heardFrom_ = 0;
   renderedTo_ = namedFile_;
   renderedWhole_ = heard_ = held_ = paused_ = false;
   try {
-    parts_.voice.Speak(text);
+    parts_.voice.Speak(traced_->Text());
     status_.Reads();
-    parts_.voice2.Speak(text);
+    if (events_.begins) events_.begins();
+    parts_.voice2.Speak(traced_->Text());
   } catch (...) {
     SetRendering(false);
     throw;
@@ -166,14 +181,39 @@ void ModSpeak::Release() {
   if (std::exchange(held_, false) && status_.IsReading()) parts_.voice.ResumeAudio();
 }
 
-std::string ModSpeak::Decorate(const std::string& text) const {
-  const std::string decorated =
-      parts_.settings.Get(setting::Prefix) + " " + text + " " + parts_.settings.Get(setting::Suffix);
-  return ReplaceTimePlaceholders(decorated, parts_.clock);
+void ModSpeak::Decorate(TracedText& text) const {
+  text.Surround(parts_.settings.Get(setting::Prefix) + " ", " " + parts_.settings.Get(setting::Suffix));
+  for (const auto& [name, field] : kPlaceholders) {
+    text.Replace(name, std::to_string(parts_.clock.Now().*field));
+  }
+}
+
+bool ModSpeak::HearFrom(std::size_t character) {
+  if (CurrentText() == nullptr || !parts_.voice.Speaking()) return false;
+  const bool paused = status_.IsPaused();
+  parts_.voice.ResetAudio();
+  ApplyVoice(parts_.voice);
+  ApplyParameters(parts_.voice);
+  heardFrom_ = character;
+  parts_.voice.Speak(FromCharacter(traced_->Text(), character));
+  if (paused || held_) parts_.voice.PauseAudio();
+  return true;
+}
+
+void ModSpeak::TellWord(const HeardWord& word) {
+  if (events_.word) events_.word({heardFrom_ + word.begin, heardFrom_ + word.end});
+}
+
+void ModSpeak::EndReading() {
+  if (!traced_) return;
+  traced_.reset();
+  source_.clear();
+  if (events_.ends) events_.ends();
 }
 
 void ModSpeak::ResetBoth() {
   held_ = paused_ = false;
+  EndReading();
   parts_.voice.ResetAudio();
   // One that has ended already will be told as such.
   const bool rendering = rendering_ && parts_.voice2.Speaking();
@@ -214,6 +254,7 @@ void ModSpeak::VoiceEnded(const EndOfText& end) {
   heard_ = true;
   held_ = false;
   status_.Rests();
+  EndReading();
   if (!end.complete) {
     problem_ = end.reason;
     status_.Failed(end.reason);
@@ -296,6 +337,7 @@ void ModSpeak::Stop() {
 }
 
 void ModSpeak::StopHearing() {
+  EndReading();
   parts_.voice.ResetAudio();
   status_.Rests();
 }
@@ -333,7 +375,7 @@ void ModSpeak::ServeWishes() {
 void ModSpeak::Perform(Wish wish, bool wait) {
   if (wish == Wish::Cursor) return PerformCursor();
   std::string text = wish == Wish::Toolbar ? parts_.document.Text() : std::string();
-  Speak(text, wait && wish == Wish::Menu, "", true);
+  SpeakFrom(text, 0, wait && wish == Wish::Menu, "", true);
 }
 
 void ModSpeak::PerformCursor() {
@@ -347,13 +389,15 @@ void ModSpeak::PerformCursor() {
     }
   };
   std::string text;
+  Source source;
   attempt([&] {
     // The caret counts from 0, the index from 1: the character left of the caret is read too.
     const std::size_t index = parts_.document.SelectionStart();
     if (index == 0) throw RuntimeError(ErrorNumber::InvalidCall);
     text = FromCharacter(parts_.document.Text(), index - 1);
+    source = index - 1;
   });
-  attempt([&] { Speak(text, false, "", false); });
+  attempt([&] { SpeakFrom(text, source, false, "", false); });
   if (failed) {
     parts_.messageBoxes.Show("Bitte platzieren Sie den Cursor im Dokument.", "Fehler",
                              MessageIcon::Exclamation, MessageButtons::Ok);
@@ -362,7 +406,13 @@ void ModSpeak::PerformCursor() {
 
 void ModSpeak::ReadSelection() {
   std::string text = parts_.document.SelectedText();
-  if (!WithoutBlanks(text).empty()) Speak(text, false, "", true);
+  const std::size_t begin = parts_.document.SelectionStart();
+  if (!WithoutBlanks(text).empty()) SpeakFrom(text, begin, false, "", true);
+}
+
+void ModSpeak::ReadFrom(std::size_t character) {
+  std::string text(FromCharacter(parts_.document.Text(), character));
+  if (!WithoutBlanks(text).empty()) SpeakFrom(text, character, false, "", true);
 }
 
 void ModSpeak::SetWaveFile(const std::string& path) {

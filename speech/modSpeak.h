@@ -19,6 +19,7 @@
 #include "ports/StatusBar.h"
 #include "settings/SettingsStore.h"
 #include "speech/ReadingStatus.h"
+#include "speech/TracedText.h"
 
 namespace lorelin {
 
@@ -44,10 +45,27 @@ class ModSpeak {
     std::string programFolder;  // without trailing separator
   };
 
+  // What becomes of the text that is heard. `begins` and `ends` come in pairs, but for a text that is
+  // followed by another; words are told in places of CurrentText.
+  struct ReadingEvents {
+    std::function<void()> begins;
+    std::function<void(const HeardWord&)> word;
+    std::function<void()> ends;
+  };
+
   explicit ModSpeak(Parts parts);
   ~ModSpeak();
   ModSpeak(const ModSpeak&) = delete;
   ModSpeak& operator=(const ModSpeak&) = delete;
+
+  void OnReading(ReadingEvents events) { events_ = std::move(events); }
+  // The text that is heard, or null.
+  [[nodiscard]] const TracedText* CurrentText() const { return heard_ || !traced_ ? nullptr : &*traced_; }
+  // What of the document it was made of.
+  [[nodiscard]] std::string_view CurrentSource() const { return source_; }
+  // Lets the current text be heard from this character of it on, with the voice's settings as they are now. A
+  // pause stays one, and the rendering goes on as it was. False when nothing is heard any more.
+  bool HearFrom(std::size_t character);
 
   // Called with false when a text begins to be rendered and with true when its rendering has ended, by
   // whatever cause.
@@ -86,6 +104,8 @@ class ModSpeak {
   void SpeakMenu();
   void SpeakToolbar();
   void ReadFromCursor();
+  // Reads the document from this character on, as ReadFromCursor does from the caret.
+  void ReadFrom(std::size_t character);
   // Reads the document's selected text as the toolbar does the whole; without a selection it does nothing.
   void ReadSelection();
 
@@ -112,14 +132,22 @@ class ModSpeak {
  private:
   enum class Wish { Menu, Toolbar, Cursor };
 
-  [[nodiscard]] std::string Decorate(const std::string& text) const;
+  using Source = std::optional<std::size_t>;  // where a text begins in the document
+
+  void SpeakFrom(std::string& text, Source source, bool wait, const std::string& waveFile, bool filter);
+  void Decorate(TracedText& text) const;
+  void TellWord(const HeardWord& word);
+  void EndReading();
   void ResetBoth();
   void ApplyVoice(DirectSS& instance);
   void ApplyParameters(DirectSS& instance);
   void CopyParameters();
   // False when the user stopped it before it began.
-  [[nodiscard]] bool PrepareAndStart(std::string& text, const std::string& waveFile, bool filter);
-  void StartBoth(const std::string& text);
+  [[nodiscard]] bool PrepareAndStart(std::string& text, Source source, const std::string& waveFile,
+                                     bool filter);
+  // The filter's answer takes the text's place; false when the user gave that up.
+  [[nodiscard]] bool Filter(TracedText& text);
+  void StartBoth(TracedText text, std::string source);
   void WaitForEnd();
   void ShowPauseHintOnce();
   void Serve(Wish wish);
@@ -138,6 +166,10 @@ class ModSpeak {
   Parts parts_;
   ReadingStatus status_;
   std::function<void(bool)> exportAvailable_;
+  ReadingEvents events_;
+  std::optional<TracedText> traced_;
+  std::string source_;
+  std::size_t heardFrom_ = 0;  // where in the text the voice began
   std::int32_t speechPaused_ = 0;
   bool paused_ = false;  // other than the switch above, a new text lets go
   std::int32_t tempWavNumber_ = 0;
@@ -160,8 +192,5 @@ class ModSpeak {
 // lowest + (highest - lowest) * percent / 100: whole 32-bit arithmetic up to the product (RuntimeError 6 on
 // overflow), then rounded to the nearest whole number, halves to even.
 [[nodiscard]] std::int32_t MapPercent(std::int32_t percent, std::int32_t lowest, std::int32_t highest);
-
-// The text with "$Zeit[s]", "$Zeit[m]", "$Zeit[h]" and "$Zeit[w]" replaced by numbers without leading zeros.
-[[nodiscard]] std::string ReplaceTimePlaceholders(std::string text, Clock& clock);
 
 }  // namespace lorelin

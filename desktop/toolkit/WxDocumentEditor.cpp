@@ -64,7 +64,8 @@ constexpr float kReadingSize = 1.2F;  // of the system's
 WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
     : wxTextCtrl(parent, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                  wxTE_MULTILINE | wxTE_RICH2 | wxTE_NOHIDESEL, wxDefaultValidator, "rtfText"),
-      buffer_(*this, GetFont().Scaled(kReadingSize)) {
+      buffer_(*this, GetFont().Scaled(kReadingSize)),
+      marks_(MakeReadingMarks(*this)) {
   SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
   LayOutBehindOtherWork(*this);

@@ -2,8 +2,10 @@
 
 #include <wx/textctrl.h>
 
+#include <memory>
 #include <vector>
 
+#include "desktop/toolkit/readingMarks.h"
 #include "desktop/toolkit/richTextBuffer.h"
 #include "ports/DocumentEditor.h"
 
@@ -39,12 +41,15 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   // So many steps larger than usual.
   void SetZoom(int steps);
 
+  [[nodiscard]] ReadingMarks& Marks() { return *marks_; }
+
   [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
 
  private:
   void ReplacePlaces(const std::vector<long>& places, long length, std::string_view replacement);
 
   RichTextBuffer buffer_;
+  std::unique_ptr<ReadingMarks> marks_;
   int zoomSteps_ = 0;
 };
 

@@ -135,6 +135,7 @@ class FormFixture : public testing::Test, protected FakeSystem {
                          .recovery = recovery,
                          .view = form,
                          .editing = form,
+                         .marks = form.Editor().Marks(),
                          .browser = form.Browser(),
                          .taskPane = form.Tasks(),
                          .statusBar = form,

@@ -5,6 +5,7 @@
 #include "app/WindowModules.h"
 #include "documents/GuardedDocument.h"
 #include "tests/support/FakePronunciationDialogs.h"
+#include "tests/support/FakeReadingMarks.h"
 #include "tests/support/SpeechFixture.h"
 
 namespace lorelin {
@@ -27,6 +28,7 @@ class ScriptFixture : public SpeechFixture {
   FakeHelpDialogs helpDialogs;
   FakePronunciationDialogs pronunciationDialogs;
   FakeEditorCommands editing;
+  FakeReadingMarks marks;
   FakeFileSearch recoveryFiles;
   int snapshotsScheduled = 0;
   int editorsOpened = 0;
@@ -47,6 +49,7 @@ class ScriptFixture : public SpeechFixture {
                          .recovery = recovery,
                          .view = view,
                          .editing = editing,
+                         .marks = marks,
                          .browser = browser,
                          .taskPane = taskPane,
                          .statusBar = statusBar,
