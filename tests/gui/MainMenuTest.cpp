@@ -39,10 +39,11 @@ TEST_F(MainMenuTest, HasTheseEntries) {
                                         "Wiederherstellen", "-", "Alles markieren", "Suchen …",
                                         "Weitersuchen", "Ersetzen …", "-", "Aussprache ändern …"}));
   EXPECT_EQ(Captions(MenuAt(2)),
-            (Texts{"Sprechen", "Stop", "Pause", "-", "Text ab Cursorposition lesen", "Auswahl vorlesen", "-",
-                   "Stimme wählen", "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern"}));
-  EXPECT_EQ(Captions(MenuAt(3)), (Texts{"Textmodus", "Interaktivmodus", "-", "Schrift größer",
-                                        "Schrift kleiner", "Schrift normal"}));
+            (Texts{"Sprechen", "Stop", "Pause", "-", "Text ab Cursorposition lesen", "Ab hier vorlesen",
+                   "Auswahl vorlesen", "Beim Vorlesen", "-", "Stimme wählen", "Lautstärke ändern",
+                   "Geschwindigkeit ändern", "Helligkeit ändern"}));
+  EXPECT_EQ(Captions(MenuAt(3)), (Texts{"Textmodus", "Interaktivmodus", "-", "Mitlesen", "-",
+                                        "Schrift größer", "Schrift kleiner", "Schrift normal"}));
   EXPECT_EQ(Captions(MenuAt(4)), (Texts{"Einstellungen", "Zahlen und Abkürzungen ausschreiben",
                                         "Eigene Aussprachen …", "Erweiterungen verwalten"}));
   EXPECT_EQ(Captions(MenuAt(5)), (Texts{"Hilfe", "Weitere Stimmen herunterladen", "Fehler berichten", "-",
