@@ -1,7 +1,5 @@
 #include "desktop/toolkit/readingMarks.h"
 
-#ifdef __WXGTK__
-
 #include <gtk/gtk.h>
 
 #include <utility>
@@ -262,5 +260,3 @@ std::unique_ptr<ReadingMarks> MakeReadingMarks(wxTextCtrl& control) {
 }
 
 }  // namespace lorelin
-
-#endif

@@ -1,7 +1,5 @@
 #include "desktop/toolkit/readingMarks.h"
 
-#ifdef __WXMSW__
-
 namespace lorelin {
 namespace {
 
@@ -29,5 +27,3 @@ std::unique_ptr<ReadingMarks> MakeReadingMarks(wxTextCtrl& control) {
 }
 
 }  // namespace lorelin
-
-#endif
