@@ -39,10 +39,10 @@ void RemoteSession::Carry(RemoteRequest request) {
       parts_.commands.Run("Stop");
       return;
     case RemoteRequest::Next:
-      parts_.commands.Run("NextSentence");
+      parts_.commands.Run("SentenceOn");
       return;
     case RemoteRequest::Previous:
-      parts_.commands.Run("PreviousSentence");
+      parts_.commands.Run("SentenceBack");
       return;
     case RemoteRequest::Raise:
       return parts_.raise();

@@ -66,6 +66,17 @@ TEST_F(Remote, PlaysHoldsGoesOnAndStops) {
   EXPECT_EQ(Told(), Playback::Stopped);
 }
 
+TEST_F(Remote, GoesASentenceOnAndBack) {
+  for (const auto* const command : {"SentenceOn", "SentenceBack"}) {
+    EXPECT_TRUE(modules.commands.Has(command));
+    modules.commands.Add(command, [this, command] { calls.Add(command); });
+  }
+  remote.ask(RemoteRequest::Next);
+  remote.ask(RemoteRequest::Previous);
+  EXPECT_TRUE(calls.Has("SentenceOn"));
+  EXPECT_TRUE(calls.Has("SentenceBack"));
+}
+
 TEST_F(Remote, CountsTheTimeThatIsHeardAndNoPause) {
   remote.ask(RemoteRequest::Play);
   clock.steady += std::chrono::seconds(3);
