@@ -133,14 +133,19 @@ TEST_F(ReadingMarksTest, AreChosenInTheMenu) {
   EXPECT_EQ(Word() + "/" + Sentence(), "/");
 }
 
+// Words that are spoken as they are written.
+std::string NameOfLine(int line) {
+  return {'Z', 'e', 'i', 'l', 'e', static_cast<char>('a' + line / 20), static_cast<char>('a' + line % 20)};
+}
+
 TEST_F(ReadingMarksTest, ScrollTheLineIntoTheMiddle) {
   std::string text;
-  for (int i = 0; i < 200; ++i) text += "Zeile" + std::to_string(i) + " steht hier.\n";
+  for (int i = 0; i < 200; ++i) text += NameOfLine(i) + " steht hier.\n";
   Read(text);
   form.Show();
   ASSERT_TRUE(WaitUntil([this] { return form.IsActive(); }));
   for (const int line : {10, 40, 41, 120}) {
-    const std::string word = "Zeile" + std::to_string(line);
+    const std::string word = NameOfLine(line);
     const auto at = static_cast<long>(text.find(word));
     const auto inMiddle = [&] {
       voice.Hear({static_cast<std::size_t>(at) + 1, static_cast<std::size_t>(at) + 1 + word.size()});
