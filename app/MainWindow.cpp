@@ -15,12 +15,16 @@ constexpr int kF4Key = 115;
 }  // namespace
 
 void MainWindow::Load() {
+  LoadFor(false);
+}
+
+void MainWindow::LoadFor(bool text) {
   if (std::exchange(loaded_, true)) return;
-  RunSteps(parts_.log, "Laden", parts_.loadSequence());
+  RunSteps(parts_.log, "Laden", parts_.loadSequence(text));
 }
 
 void MainWindow::Textmode() {
-  Load();
+  LoadFor(true);
   parts_.modes.Textmode();
 }
 

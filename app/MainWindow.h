@@ -38,7 +38,8 @@ class MainWindow {
     Recovery& recovery;
     Interpreter& interpreter;
     std::string programFolder;
-    std::function<std::vector<Step>()> loadSequence;
+    // `textFollows`: the text mode is what the window is loaded for.
+    std::function<std::vector<Step>(bool textFollows)> loadSequence;
     std::function<std::vector<Step>(bool forced)> closeSequence;
     std::function<bool()> mayClose;  // asks what the user still has to decide
   };
@@ -68,6 +69,7 @@ class MainWindow {
   void Unloaded();
 
  private:
+  void LoadFor(bool text);
   [[nodiscard]] bool MayClose();
 
   Parts parts_;

@@ -117,7 +117,7 @@ WindowModules::WindowModules(Edges given)
               .recovery = edges.recovery,
               .interpreter = interpreter,
               .programFolder = edges.programFolder,
-              .loadSequence = [this] { return LoadSequence(*this); },
+              .loadSequence = [this](bool textFollows) { return LoadSequence(*this, textFollows); },
               .closeSequence = [this](bool forced) { return CloseSequence(*this, forced); },
               .mayClose = edges.mayClose}),
       links({.view = edges.view,

@@ -48,36 +48,38 @@ void WriteLastSnapshot(Recovery& recovery) {
 
 }  // namespace
 
-std::vector<Step> LoadSequence(WindowModules& m) {
+std::vector<Step> LoadSequence(WindowModules& m, bool textFollows) {
   const WindowModules::Edges& edges = m.edges;
   SpeechModules& spoken = edges.spoken;
-  return {{"path", [&] { spoken.settings.Save(setting::Path, edges.programFolder); }},
-          {"version", [&] { SaveVersion(spoken.settings); }},
-          {"offline", [&] { edges.browser.SetOffline(); }},
-          {"loading", [&] { spoken.startup.loadingInProgress = true; }},
-          {"extensions", [&] { spoken.extensions.Startup(); }},
-          {"toolbar", [&] { edges.view.StretchToolbar(); }},
-          {"title timer", [&] { m.timers.Start(WatchTimer::WindowTitle); }},
-          {"clipboard timer", [&] { m.timers.Start(WatchTimer::Clipboard); }},
-          {"mode", [&] { m.modes.ChooseInitial(!spoken.startup.startupFilePath.empty()); }},
-          {"default extension", [&] { m.documents.SetDefaultExtension(".txt"); }},
-          {"temporary folder", [&] { spoken.speech.ClearTempFolder(); }},
-          {"folders", [&] { CreateScriptDir(edges); }},
-          {"wave file", [&] { spoken.speech.SetWaveFile(""); }},
-          {"task pane", [&] { m.taskItems.AddBuiltIn(); }},
-          {"last document", [&] { m.opening.OpenLast(); }},
-          {"scripts", [&] { m.tasks.AddUserdefinedScripts(); }},
-          {"export link", [&] { m.taskItems.AddExportLink(); }},
-          {"recent files", [&] { edges.view.SetRecentFiles(m.recent.Paths()); }},
-          {"recovery", [&] { m.unsaved.Start(); }},
-          {"document", [&] { m.opening.OpenAtStart(); }},
-          {"speak", [&] { SpeakStartupDocument(spoken); }},
-          {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
-          {"text size", [&] { m.textSize.Restore(); }},
-          {"following", [&] { ShowFollowMode(m.Reading()); }},
-          {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},
-          {"show", [&] { edges.view.ShowWindow(); }},
-          {"loaded", [&] { spoken.startup.loadingInProgress = false; }}};
+  return {
+      {"path", [&] { spoken.settings.Save(setting::Path, edges.programFolder); }},
+      {"version", [&] { SaveVersion(spoken.settings); }},
+      {"offline", [&] { edges.browser.SetOffline(); }},
+      {"loading", [&] { spoken.startup.loadingInProgress = true; }},
+      {"extensions", [&] { spoken.extensions.Startup(); }},
+      {"toolbar", [&] { edges.view.StretchToolbar(); }},
+      {"title timer", [&] { m.timers.Start(WatchTimer::WindowTitle); }},
+      {"clipboard timer", [&] { m.timers.Start(WatchTimer::Clipboard); }},
+      {"mode",
+       [&, textFollows] { m.modes.ChooseInitial(textFollows || !spoken.startup.startupFilePath.empty()); }},
+      {"default extension", [&] { m.documents.SetDefaultExtension(".txt"); }},
+      {"temporary folder", [&] { spoken.speech.ClearTempFolder(); }},
+      {"folders", [&] { CreateScriptDir(edges); }},
+      {"wave file", [&] { spoken.speech.SetWaveFile(""); }},
+      {"task pane", [&] { m.taskItems.AddBuiltIn(); }},
+      {"last document", [&] { m.opening.OpenLast(); }},
+      {"scripts", [&] { m.tasks.AddUserdefinedScripts(); }},
+      {"export link", [&] { m.taskItems.AddExportLink(); }},
+      {"recent files", [&] { edges.view.SetRecentFiles(m.recent.Paths()); }},
+      {"recovery", [&] { m.unsaved.Start(); }},
+      {"document", [&] { m.opening.OpenAtStart(); }},
+      {"speak", [&] { SpeakStartupDocument(spoken); }},
+      {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
+      {"text size", [&] { m.textSize.Restore(); }},
+      {"following", [&] { ShowFollowMode(m.Reading()); }},
+      {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},
+      {"show", [&] { edges.view.ShowWindow(); }},
+      {"loaded", [&] { spoken.startup.loadingInProgress = false; }}};
 }
 
 std::vector<Step> CloseSequence(WindowModules& m, bool forced) {

@@ -8,8 +8,9 @@ namespace lorelin {
 
 struct WindowModules;
 
-// What happens in which order when the main window is loaded and when it closes.
-[[nodiscard]] std::vector<Step> LoadSequence(WindowModules& modules);
+// What happens in which order when the main window is loaded and when it closes. `textFollows`: the text mode
+// comes next, whatever the window would begin with.
+[[nodiscard]] std::vector<Step> LoadSequence(WindowModules& modules, bool textFollows);
 // `forced`: the system ends the session, nobody can be asked.
 [[nodiscard]] std::vector<Step> CloseSequence(WindowModules& modules, bool forced);
 

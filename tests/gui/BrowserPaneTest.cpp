@@ -62,6 +62,14 @@ TEST_F(Pane, MakesNoViewForAPageThatIsNotSeen) {
   EXPECT_FALSE(form.Browser().GetChildren().empty());
 }
 
+TEST_F(Pane, MakesNoViewForAStartInTextMode) {
+  window.Textmode();
+  EXPECT_TRUE(form.Editor().IsShown());
+  EXPECT_TRUE(form.Browser().GetChildren().empty());
+  window.InteractiveMode();
+  EXPECT_FALSE(form.Browser().GetChildren().empty());
+}
+
 TEST_F(Pane, HandsOverLinksAsTheyStandInThePage) {
   messageBoxes.answers = {MessageAnswer::Ok};
   ShowLinks({"lo:Nichts", "lo:Go()", "lo:Go", "lo:Open(x)", "lo:Speak(x)", "speak:Guten%20Morgen",
