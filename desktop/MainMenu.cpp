@@ -27,15 +27,15 @@ MainMenu::MainMenu(wxFrame& frame, Commands commands) : frame_(frame), commands_
   auto* const bar = new wxMenuBar;
   for (const Menu& menu : MainMenus()) {
     auto* const entries = new wxMenu;
-    wxMenu* within = nullptr;
+    wxMenu* within = entries;
     std::string_view caption;
     for (const MenuEntry& entry : menu.entries) {
-      if (!entry.submenu.empty() && entry.submenu != caption) {
-        within = new wxMenu;
-        entries->AppendSubMenu(within, ToWx(entry.submenu));
+      if (entry.submenu != caption) {
+        caption = entry.submenu;
+        within = caption.empty() ? entries : new wxMenu;
+        if (within != entries) entries->AppendSubMenu(within, ToWx(caption));
       }
-      caption = entry.submenu;
-      AddEntry(caption.empty() ? *entries : *within, entry);
+      AddEntry(*within, entry);
     }
     bar->Append(entries, ToWx(menu.caption));
   }

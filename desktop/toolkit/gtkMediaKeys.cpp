@@ -3,6 +3,6 @@
 namespace lorelin {
 
 // The desktop hands them to whatever is a player on the session bus.
-void OnMediaKeys(wxFrame&, std::function<void(RemoteRequest)>) {}
+void OnMediaKeys(wxFrame&, const std::function<void(RemoteRequest)>&) {}
 
 }  // namespace lorelin

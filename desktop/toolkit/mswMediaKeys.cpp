@@ -22,7 +22,7 @@ constexpr std::array kMediaKeys{
 
 }  // namespace
 
-void OnMediaKeys(wxFrame& frame, std::function<void(RemoteRequest)> handler) {
+void OnMediaKeys(wxFrame& frame, const std::function<void(RemoteRequest)>& handler) {
   for (const MediaKey& key : kMediaKeys) {
     if (RegisterHotKey(static_cast<HWND>(frame.GetHandle()), key.id, 0, static_cast<UINT>(key.code)) == 0)
       continue;
