@@ -13,7 +13,7 @@ constexpr int kBufferFrames = 512;
 // Buffers that a driver keeps on its own side; the sound has left when so many silent ones followed.
 constexpr int kDriverBuffers = 3;
 // What the device takes is heard when it takes the next but one.
-constexpr std::uint64_t kUntilHeard = 2 * kBufferFrames;
+constexpr std::uint64_t kUntilHeard = std::uint64_t{2} * kBufferFrames;
 constexpr milliseconds kStalled{5000};
 constexpr milliseconds kIdle{2000};
 
