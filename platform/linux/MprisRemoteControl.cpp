@@ -119,7 +119,7 @@ struct MprisCalls {
                        GError**, gpointer self) {
     return static_cast<MprisRemoteControl*>(self)->Property(name);
   }
-  // Speed and volume are set in the program; the specification lets a player ignore it.
+  // Speed and volume are set in the program; MPRIS lets a player ignore it.
   static gboolean Set(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant*,
                       GError**, gpointer) {
     return TRUE;

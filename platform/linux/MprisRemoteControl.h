@@ -12,7 +12,7 @@ namespace lorelin {
 
 // The program on the session bus: as a media player (MPRIS D-Bus Interface Specification 2.2), and under a
 // name of its own for what no player does. Without a bus it does nothing. A name that another process has is
-// left to it; the media player then gets one with the number of this process, as the specification asks for.
+// left to it; the media player then gets one with the number of this process, as MPRIS asks for.
 class MprisRemoteControl final : public RemoteControl {
  public:
   // Does not own the log.
