@@ -3,9 +3,8 @@
 
 #include "base/text.h"
 #include "scripts/scriptLanguage.h"
-#include "speech/modSpeak.h"
+#include "speech/TracedText.h"
 #include "tests/fuzz/input.h"
-#include "tests/support/FakePorts.h"
 
 using lorelin::fuzz::Hold;
 
@@ -66,12 +65,21 @@ std::string Expected(std::string text, lorelin::fuzz::Input input) {
   return text;
 }
 
+// As the text is spoken; what is put in keeps the trace to where it came from.
 void CheckTimes(const std::string& text) {
-  lorelin::FakeClock clock;
-  const std::string spoken = lorelin::ReplaceTimePlaceholders(text, clock);
-  Hold(spoken ==
-       Replaced(Replaced(Replaced(Replaced(text, "$Zeit[s]", "7"), "$Zeit[m]", "5"), "$Zeit[h]", "9"),
-                "$Zeit[w]", "7"));
+  lorelin::TracedText spoken(text, 0);
+  std::string expected = text;
+  for (const auto& [name, value] : {std::pair{"$Zeit[s]", "7"}, std::pair{"$Zeit[m]", "5"}}) {
+    spoken.Replace(name, value);
+    expected = Replaced(expected, name, value);
+  }
+  Hold(spoken.Text() == expected);
+  const std::size_t written = lorelin::CountCharacters(text);
+  const std::size_t heard = lorelin::CountCharacters(expected);
+  for (std::size_t at = 0; at < heard; ++at) {
+    const auto source = spoken.Source({at, at + 1});
+    Hold(source && source->begin <= source->end && source->end <= written);
+  }
 }
 
 }  // namespace
