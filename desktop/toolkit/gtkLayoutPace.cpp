@@ -1,16 +1,11 @@
 #include "desktop/toolkit/layoutPace.h"
 
-#ifdef __WXGTK__
 #include <gtk/gtk.h>
 
 #include <algorithm>
 #include <string_view>
-#endif
 
 namespace lorelin {
-
-#ifdef __WXGTK__
-
 namespace {
 
 // The view goes on with the layout from an idle source that stands before the toolkit's own idle work and is
@@ -96,11 +91,5 @@ void LayOutBehindOtherWork(wxTextCtrl& control) {
   After(buffer, "changed");
   After(buffer, "apply-tag");
 }
-
-#else
-
-void LayOutBehindOtherWork(wxTextCtrl&) {}
-
-#endif
 
 }  // namespace lorelin
