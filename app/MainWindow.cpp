@@ -38,13 +38,19 @@ void MainWindow::ExitLo() {
 }
 
 void MainWindow::RunCommand(std::string_view command) {
-  try {
+  Run(command, [&] {
     if (!parts_.commands.Run(command)) parts_.log.Write("Unbekannter Befehl: " + std::string(command));
+  });
+}
+
+void MainWindow::Run(std::string_view name, const std::function<void()>& effect) {
+  try {
+    effect();
   } catch (const RuntimeError& error) {
     parts_.messageBoxes.Show(std::string(error.what()) + " (" + std::to_string(error.Number()) + ")",
                              "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
   } catch (const std::exception& error) {
-    parts_.log.Write(std::string(command) + ": " + error.what());
+    parts_.log.Write(std::string(name) + ": " + error.what());
     parts_.messageBoxes.Show(error.what(), "Fehler", MessageIcon::Exclamation, MessageButtons::Ok);
   }
 }

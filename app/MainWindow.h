@@ -58,6 +58,8 @@ class MainWindow {
 
   // Events of the form. Run-time errors of a command end in a message box.
   void RunCommand(std::string_view command);
+  // The same for what is no command; the log calls it by this name.
+  void Run(std::string_view name, const std::function<void()>& effect);
   void ToolbarClicked(std::string_view key);
   // Sees every key before the controls do; the code is the system's virtual key code. True when the key is
   // used up.

@@ -36,18 +36,18 @@ void RemoteSession::Carry(RemoteRequest request) {
     case RemoteRequest::PlayPause:
       return Sounds() ? Pause() : Play();
     case RemoteRequest::Stop:
-      parts_.commands.Run("Stop");
+      parts_.window.RunCommand("Stop");
       return;
     case RemoteRequest::Next:
-      parts_.commands.Run("SentenceOn");
+      parts_.window.RunCommand("SentenceOn");
       return;
     case RemoteRequest::Previous:
-      parts_.commands.Run("SentenceBack");
+      parts_.window.RunCommand("SentenceBack");
       return;
     case RemoteRequest::Raise:
       return parts_.raise();
     case RemoteRequest::Quit:
-      return parts_.quit();
+      return parts_.window.CloseRequested();
     case RemoteRequest::ReadSelection:
       return ReadAloud(Selection());
   }
@@ -59,11 +59,11 @@ bool RemoteSession::Sounds() const {
 
 void RemoteSession::Play() {
   if (Sounds()) return;
-  parts_.commands.Run(parts_.speech.Held() ? "Pause" : "SpeakDocument");
+  parts_.window.RunCommand(parts_.speech.Held() ? "Pause" : "SpeakDocument");
 }
 
 void RemoteSession::Pause() {
-  if (Sounds()) parts_.commands.Run("Pause");
+  if (Sounds()) parts_.window.RunCommand("Pause");
 }
 
 std::string RemoteSession::Selection() const {
@@ -78,7 +78,7 @@ std::string RemoteSession::Selection() const {
 
 void RemoteSession::ReadAloud(std::string text) {
   if (IsBlank(text)) return parts_.statusBar.SetMessage("Es ist nirgends Text markiert.");
-  parts_.speech.Speak(text, false, "-1", true);
+  parts_.window.Run("Auswahl", [&] { parts_.speech.Speak(text, false, "-1", true); });
 }
 
 void RemoteSession::Tell() {

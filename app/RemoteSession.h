@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "app/commands.h"
+#include "app/MainWindow.h"
 #include "ports/Clipboard.h"
 #include "ports/Clock.h"
 #include "ports/RemoteControl.h"
@@ -22,7 +22,7 @@ class RemoteSession {
   // What it works with; it owns none of it.
   struct Parts {
     RemoteControl& remote;
-    CommandTable& commands;
+    MainWindow& window;
     ModSpeak& speech;
     Clock& clock;
     Clipboard& clipboard;
@@ -32,7 +32,6 @@ class RemoteSession {
     std::function<std::string()> primarySelection;  // what was selected last, where the system keeps that
     std::function<std::string()> title;             // of the text that is read
     std::function<void()> raise;                    // brings the window to the front
-    std::function<void()> quit;                     // as closing the window does
   };
 
   explicit RemoteSession(Parts parts) : parts_(std::move(parts)) {}

@@ -31,7 +31,6 @@ void AddSpeechCommands(CommandTable& commands, ModSpeak& speech, ModExport& expo
   commands.Add("SpeakDocument", [&] { speech.SpeakToolbar(); });
   commands.Add("ReadFromCursor", [&] { speech.ReadFromCursor(); });
   commands.Add("ReadSelection", [&] { speech.ReadSelection(); });
-  commands.Add("Stop", [&] { speech.Stop(); });
   commands.Add("Pause", [&] { speech.PauseSpeech(); });
   commands.Add("ExportDoc", [&] { exporter.ExportDoc(); });
   commands.Add("ChooseVoice", [&] { dialogs.ChooseVoice(); });

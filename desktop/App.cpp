@@ -264,7 +264,7 @@ class App::Program {
   WindowModules modules_;
   RemoteSession remote_{
       {.remote = *services_.remote,
-       .commands = modules_.commands,
+       .window = modules_.window,
        .speech = spoken_.speech,
        .clock = *services_.clock,
        .clipboard = clipboard_,
@@ -273,8 +273,7 @@ class App::Program {
        .ownSelection = [this] { return form_->IsActive() ? document_.SelectedText() : ""; },
        .primarySelection = &PrimarySelection,
        .title = [this] { return std::string(WithoutChangeMark(modules_.documents.Title())); },
-       .raise = [this] { Raise(); },
-       .quit = [this] { modules_.window.CloseRequested(); }}};
+       .raise = [this] { Raise(); }}};
   ModFileReg fileTypes_;
   WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),
                               [this] { modules_.tasks.FollowFolder(); }};

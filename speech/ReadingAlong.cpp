@@ -32,7 +32,7 @@ ReadingAlong::ReadingAlong(ModSpeak& speech, ReadingMarks& marks, SettingsStore&
       marks_(marks),
       settings_(settings),
       mode_(FollowModeOf(settings.Get(setting::FollowMode))) {
-  speech_.OnReading({.begins = [this] { Begin(); },
+  speech_.OnReading({.begins = [this](std::string source) { Begin(std::move(source)); },
                      .word = [this](const HeardWord& word) { Heard(word); },
                      .ends = [this] { End(); }});
   marks_.OnEdited([this](std::size_t place, std::size_t removed, std::size_t inserted) {
@@ -53,12 +53,12 @@ void ReadingAlong::SetMode(FollowMode mode) {
   Show();
 }
 
-void ReadingAlong::Begin() {
+void ReadingAlong::Begin(std::string source) {
   End();
   const TracedText* const text = speech_.CurrentText();
   if (text == nullptr || !text->HasSource()) return;
   begin_ = text->SourceBegin();
-  sentences_.emplace(std::string(speech_.CurrentSource()));
+  sentences_.emplace(std::move(source));
 }
 
 void ReadingAlong::End() {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "ports/ReadingMarks.h"
@@ -45,7 +46,7 @@ class ReadingAlong {
   void Return() { marks_.Return(); }
 
  private:
-  void Begin();
+  void Begin(std::string source);
   void End();
   void Heard(const HeardWord& word);
   void Show();

@@ -148,14 +148,13 @@ bool ModSpeak::Filter(TracedText& text) {
 void ModSpeak::StartBoth(TracedText text, std::string source) {
   problem_.clear();
   traced_ = std::move(text);
-  source_ = std::move(source);
   heardFrom_ = 0;
   renderedTo_ = namedFile_;
   renderedWhole_ = heard_ = held_ = paused_ = false;
   try {
     parts_.voice.Speak(traced_->Text());
     status_.Reads();
-    if (events_.begins) events_.begins();
+    if (events_.begins) events_.begins(std::move(source));
     parts_.voice2.Speak(traced_->Text());
   } catch (...) {
     SetRendering(false);
@@ -207,7 +206,6 @@ void ModSpeak::TellWord(const HeardWord& word) {
 void ModSpeak::EndReading() {
   if (!traced_) return;
   traced_.reset();
-  source_.clear();
   if (events_.ends) events_.ends();
 }
 

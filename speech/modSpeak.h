@@ -48,7 +48,7 @@ class ModSpeak {
   // What becomes of the text that is heard. `begins` and `ends` come in pairs, but for a text that is
   // followed by another; words are told in places of CurrentText.
   struct ReadingEvents {
-    std::function<void()> begins;
+    std::function<void(std::string source)> begins;  // with what of the document the text was made of
     std::function<void(const HeardWord&)> word;
     std::function<void()> ends;
   };
@@ -61,8 +61,6 @@ class ModSpeak {
   void OnReading(ReadingEvents events) { events_ = std::move(events); }
   // The text that is heard, or null.
   [[nodiscard]] const TracedText* CurrentText() const { return heard_ || !traced_ ? nullptr : &*traced_; }
-  // What of the document it was made of.
-  [[nodiscard]] std::string_view CurrentSource() const { return source_; }
   // Lets the current text be heard from this character of it on, with the voice's settings as they are now. A
   // pause stays one, and the rendering goes on as it was. False when nothing is heard any more.
   bool HearFrom(std::size_t character);
@@ -168,7 +166,6 @@ class ModSpeak {
   std::function<void(bool)> exportAvailable_;
   ReadingEvents events_;
   std::optional<TracedText> traced_;
-  std::string source_;
   std::size_t heardFrom_ = 0;  // where in the text the voice began
   std::int32_t speechPaused_ = 0;
   bool paused_ = false;  // other than the switch above, a new text lets go

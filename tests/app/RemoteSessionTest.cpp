@@ -19,9 +19,8 @@ class Remote : public ScriptFixture {
   std::string own;
   std::string primary;
   int raised = 0;
-  int ended = 0;
   RemoteSession session{{.remote = remote,
-                         .commands = modules.commands,
+                         .window = modules.window,
                          .speech = spoken.speech,
                          .clock = clock,
                          .clipboard = clipboard,
@@ -30,8 +29,7 @@ class Remote : public ScriptFixture {
                          .ownSelection = [this] { return own; },
                          .primarySelection = [this] { return primary; },
                          .title = [] { return std::string("Brief - Lorelin"); },
-                         .raise = [this] { ++raised; },
-                         .quit = [this] { ++ended; }}};
+                         .raise = [this] { ++raised; }}};
 };
 
 TEST_F(Remote, TellsHowTheReadingGoes) {
@@ -115,7 +113,17 @@ TEST_F(Remote, BringsTheWindowToTheFrontAndEndsTheProgram) {
   remote.ask(RemoteRequest::Raise);
   EXPECT_EQ(raised, 1);
   remote.ask(RemoteRequest::Quit);
-  EXPECT_EQ(ended, 1);
+  EXPECT_TRUE(calls.Has("view.end"));
+}
+
+// A settings store may hold anything.
+TEST_F(Remote, TellsWhatIsWrongInsteadOfFailing) {
+  spoken.settings.Save(setting::Speed, "schnell");
+  primary = "Text";
+  remote.ask(RemoteRequest::Play);
+  remote.ask(RemoteRequest::ReadSelection);
+  ASSERT_EQ(messageBoxes.boxes.size(), 2U);
+  EXPECT_EQ(messageBoxes.boxes.back().title, "Fehler");
 }
 
 }  // namespace
