@@ -10,4 +10,7 @@ namespace lorelin {
 // meant.
 [[nodiscard]] std::span<const Abbreviation> AbbreviationTable();
 
+// Those that are adjectives where a noun follows; looked up behind the others.
+[[nodiscard]] std::span<const Abbreviation> AdjectiveTable();
+
 }  // namespace lorelin

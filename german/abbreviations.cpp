@@ -8,6 +8,7 @@
 #include "german/abbreviationTable.h"
 #include "german/dates.h"
 #include "german/grammar.h"
+#include "german/numberWords.h"
 
 namespace lorelin {
 namespace {
@@ -19,9 +20,11 @@ using Index = std::unordered_map<std::string_view, std::vector<const Abbreviatio
 const Index& ByFirstToken() {
   static const Index index = [] {
     Index made;
-    for (const Abbreviation& one : AbbreviationTable()) {
-      const Token first = TokenAt(one.written, 0);
-      made[one.written.substr(0, first.end)].push_back(&one);
+    for (const auto table : {AbbreviationTable(), AdjectiveTable()}) {
+      for (const Abbreviation& one : table) {
+        const Token first = TokenAt(one.written, 0);
+        made[one.written.substr(0, first.end)].push_back(&one);
+      }
     }
     for (auto& [first, list] : made) {
       std::stable_sort(list.begin(), list.end(), [](auto* a, auto* b) {
@@ -32,6 +35,10 @@ const Index& ByFirstToken() {
     return made;
   }();
   return index;
+}
+
+bool IsWeekdayOrMonth(std::string_view word) {
+  return IsMonth(word) || HasSuffix(word, {"tag", "woch", "abend", "Abend", "morgen", "Morgen", "Sonnabend"});
 }
 
 // The token behind the abbreviation, its blanks there or not; 0 when it is not the one. The first token fits
@@ -106,6 +113,30 @@ bool StandsInReference(const Tokens& tokens, std::size_t i) {
                  {"§", "Abs", "Absatz", "Art", "Artikel", "Paragraf", "Paragraph", "Nr", "Nummer", "§§"});
 }
 
+// "Wind SW 4", "aus NW", "im SO des Landes".
+bool IsAboutWind(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  if (IsOneOf(tokens.WordBefore(i), {"aus", "nach", "Richtung", "im"}) && tokens.View(i).size() > 1)
+    return true;
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (HasPrefix(tokens.View(at), {"Wind", "Böen", "Sturm"}) ||
+        HasSuffix(tokens.View(at), {"wind", "winde"}))
+      return tokens.View(i).size() > 1 || at + 2 == i;
+  }
+  return false;
+}
+
+// "die max. Dosis", "bei evtl. Schäden", "Max. Höhe": what belongs to a noun and no adverb.
+bool StandsAsAttribute(const Tokens& tokens, std::size_t i, std::size_t next) {
+  if (!tokens.IsBlank(next - 1) || StartsSentences(tokens.View(next))) return false;
+  const std::size_t noun = NounBehind(tokens, next);
+  if (noun == Tokens::kNone || IsWeekdayOrMonth(tokens.View(noun))) return false;
+  const Noun what = NounOf(tokens.View(noun));
+  const std::size_t before = tokens.Before(i);
+  const bool opens = tokens.OpensClause(i) && (before == Tokens::kNone || !tokens.Is(before, ","));
+  return (what.known || what.guessed) && (opens || HasDeterminer(tokens, i) || HasPreposition(tokens, i));
+}
+
 bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
   switch (one.around) {
@@ -178,6 +209,22 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Finding:
       return tokens.IsCapital(next) && NounOf(tokens.View(next)).singular &&
              (tokens.Is(next + 1, ",") || tokens.IsLast(next) || tokens.IsLast(next + 1));
+    case Around::Attribute:
+      return StandsAsAttribute(tokens, i, next);
+    case Around::Letter:
+      return next > end && (IsOneOf(tokens.View(next), {"A", "B", "C", "D", "E", "F", "G", "H", "S", "M", "L",
+                                                        "XS", "XL", "XXL"}) ||
+                            (tokens.IsWord(next) && RomanValue(tokens.View(next)) != 0));
+    case Around::Inside:
+      return !tokens.OpensClause(i);
+    case Around::Greeted:
+      return next > end && IsOneOf(tokens.View(next), {"aus", "von", "an", "vom", "zurück", "auch", "und"});
+    case Around::Section:
+      return tokens.Is(next, "§");
+    case Around::Wind:
+      return IsAboutWind(tokens, i);
+    case Around::Percent:
+      return tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), "%");
     case Around::DayBefore:
       return StandsBehindOrdinal(tokens, i);
   }
@@ -212,9 +259,10 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);
-  const bool single = found && !found->abbreviation->written.empty() &&
-                      found->abbreviation->around != Around::Anything &&
-                      found->abbreviation->around != Around::Described;
+  const bool single =
+      found && !found->abbreviation->written.empty() && found->abbreviation->around != Around::Anything &&
+      found->abbreviation->around != Around::Described && found->abbreviation->around != Around::Attribute &&
+      !(found->abbreviation->around == Around::Capital && found->abbreviation->bending == Bending::Adjective);
   return single ? std::nullopt : found;
 }
 

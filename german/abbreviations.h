@@ -36,6 +36,13 @@ enum class Around : std::uint8_t {
   Spoon,           // a spoon follows
   Lacking,         // what may be left out follows
   Finding,         // a noun and the end of a clause follow
+  Attribute,       // a noun follows, and an article, preposition or nothing stands before
+  Letter,          // a single capital or a size follows
+  Percent,         // "%" stands before
+  Section,         // "§" follows
+  Wind,            // the wind is spoken of
+  Inside,          // the clause has begun before
+  Greeted,         // from whom or to whom follows
   DayBefore        // an ordinal stands before: "19. Jh."
 };
 

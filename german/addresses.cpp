@@ -14,11 +14,12 @@ std::string_view NameOfSign(std::string_view sign) {
     std::string_view sign;
     std::string_view name;
   };
-  constexpr Name kNames[] = {
-      {".", "Punkt"},       {"@", "at"},          {"/", "Schrägstrich"},   {"-", "Minus"},
-      {"_", "Unterstrich"}, {":", "Doppelpunkt"}, {"?", "Fragezeichen"},   {"=", "gleich"},
-      {"&", "und"},         {"#", "Raute"},       {"%", "Prozent"},        {"~", "Tilde"},
-      {"+", "plus"},        {",", "Komma"},       {"!", "Ausrufezeichen"}, {"*", "Stern"}};
+  constexpr Name kNames[] = {{".", "Punkt"},        {"@", "at"},          {"/", "Schrägstrich"},
+                             {"-", "Minus"},        {"_", "Unterstrich"}, {":", "Doppelpunkt"},
+                             {"?", "Fragezeichen"}, {"=", "gleich"},      {"&", "und"},
+                             {"#", "Raute"},        {"%", "Prozent"},     {"~", "Tilde"},
+                             {"+", "plus"},         {",", "Komma"},       {"!", "Ausrufezeichen"},
+                             {"*", "Stern"},        {"\\", "Backslash"}};
   for (const Name& one : kNames) {
     if (one.sign == sign) return one.name;
   }
@@ -52,13 +53,32 @@ bool IsFileEnding(std::string_view word) {
              "ini", "log", "sh",   "bat", "svg", "rtf",  "epub", "PDF", "conf", "md",  "iso",  "cfg"});
 }
 
+// "C:\\Programme", "\\\\Server", "~/Bilder", "/etc/app", "./start".
+bool IsPath(const Tokens& tokens, std::size_t i, std::size_t end) {
+  if (tokens.View(i).size() == 1 && tokens.IsWord(i) && tokens.Is(i + 1, ":") && tokens.Is(i + 2, "\\"))
+    return true;
+  if (tokens.Is(i, "\\")) return tokens.Is(i + 1, "\\") && tokens.IsWord(i + 2);
+  if (IsOneOf(tokens.View(i), {"~", "."})) return tokens.Is(i + 1, "/") && tokens.IsWord(i + 2);
+  if (!tokens.Is(i, "/") || !tokens.IsWord(i + 1)) return false;
+  for (std::size_t at = i + 2; at < end; ++at) {
+    if (tokens.Is(at, "/")) return true;
+  }
+  return false;
+}
+
+// "src/main.cpp".
+bool EndsInFile(const Tokens& tokens, std::size_t at, std::size_t end) {
+  return end >= at + 4 && tokens.Is(end - 2, ".") && tokens.IsWord(end - 1) &&
+         IsFileEnding(tokens.View(end - 1));
+}
+
 bool IsAddress(const Tokens& tokens, std::size_t i, std::size_t end) {
   if (tokens.Is(i + 1, ":") && tokens.Is(i + 2, "/") && tokens.Is(i + 3, "/") && end > i + 4) return true;
   if (tokens.Is(i, "www") && tokens.Is(i + 1, ".") && end > i + 2) return true;
   for (std::size_t at = i + 1; at + 1 < end; ++at) {
     if (tokens.Is(at, "@")) return true;
     if (!tokens.Is(at, ".") || !tokens.IsWord(at + 1)) {
-      if (tokens.Is(at, "/")) return false;
+      if (tokens.Is(at, "/")) return EndsInFile(tokens, at, end);
       continue;
     }
     const auto word = tokens.View(at + 1);
@@ -96,8 +116,17 @@ std::string SplitAtCapitals(std::string_view word) {
 
 }  // namespace
 
+Found PathAt(const Tokens& tokens, std::size_t i) {
+  const bool free = i == 0 || tokens.IsGap(i - 1) || IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "'"});
+  if (!free || tokens.IsGap(i + 1)) return std::nullopt;
+  const std::size_t end = EndOfAddress(tokens, i);
+  if (end < i + 3 || !IsPath(tokens, i, end)) return std::nullopt;
+  return Phrase{end, SpokenAddress(tokens, i, end)};
+}
+
 Found AddressAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsWord(i) && !tokens.IsNumber(i)) return std::nullopt;
+  if (auto path = PathAt(tokens, i)) return path;
   if (i > 0 && (!tokens.FreeBefore(i) || IsOneOf(tokens.View(i - 1), {".", "@", "/", "-", "_"})))
     return std::nullopt;
   const TokenKind next = tokens.Kind(i + 1);

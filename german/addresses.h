@@ -9,6 +9,9 @@ namespace lorelin {
 // web Punkt de".
 [[nodiscard]] Found AddressAt(const Tokens& tokens, std::size_t i);
 
+// "C:\\Programme", "~/Bilder", "/etc/app": paths of files, alike.
+[[nodiscard]] Found PathAt(const Tokens& tokens, std::size_t i);
+
 // "#Klimawandel", "@anna": as words.
 [[nodiscard]] Found TagAt(const Tokens& tokens, std::size_t i);
 

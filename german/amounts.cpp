@@ -24,7 +24,15 @@ struct Quantity {
 };
 
 // "1 ½", "2 1/2", "½".
+// "14/19 °C": by night and by day.
+bool AreTemperatures(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2)) return false;
+  const auto unit = UnitAt(tokens, tokens.Skip(i + 3));
+  return unit && unit->singular.starts_with("Grad");
+}
+
 std::optional<Quantity> FractionQuantityAt(const Tokens& tokens, std::size_t i) {
+  if (AreTemperatures(tokens, i)) return std::nullopt;
   if (const auto fraction = FractionAt(tokens, i)) {
     Quantity quantity;
     quantity.halves = fraction->denominator == 2 ? 1 : 0;
@@ -94,12 +102,19 @@ std::string CurrencyName(const Currency& currency, bool one) {
   return name;
 }
 
+// "statt 1,49 €": with its hundredths it stays as it is named.
+std::string OneOfCurrency(const Tokens& tokens, std::size_t first, std::size_t behind,
+                          const Currency& currency, bool cents) {
+  std::string one = OneBefore(tokens, first, behind, AgreementOf(currency.gender));
+  return cents && one == "eines" ? "ein" : one;
+}
+
 std::string MoneyWords(const Tokens& tokens, std::size_t first, std::size_t behind, const Quantity& quantity,
                        const Currency& currency) {
   const WrittenNumber& number = quantity.number;
   const bool cents = number.decimals.size() == 2 && !currency.hundredth.empty();
   const std::string whole = quantity.one || (cents && number.value == 1)
-                                ? OneBefore(tokens, first, behind, AgreementOf(currency.gender))
+                                ? OneOfCurrency(tokens, first, behind, currency, cents)
                                 : CardinalWords(number.value);
   if (number.IsWhole())
     return QuantityWords(tokens, first, behind, quantity, currency.gender) + " " +
@@ -230,6 +245,8 @@ struct Between {
 
 std::optional<Between> BetweenAt(const Tokens& tokens, std::size_t i) {
   const std::size_t at = tokens.Skip(i);
+  if (tokens.Is(at, "/") && at == i && i > 0 && AreTemperatures(tokens, i - 1))
+    return Between{" bis ", i + 1};
   if (tokens.Is(at, "…")) return Between{" bis ", tokens.Skip(at + 1)};
   if (tokens.IsDashAt(at)) return Between{" bis ", tokens.Skip(at + 1)};
   if (tokens.Is(at, "bis") && at > i) return Between{" bis ", tokens.Skip(at + 1)};

@@ -57,7 +57,12 @@ bool PhoneWordBefore(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
   for (int step = 0; step < 4 && at != Tokens::kNone; ++step) {
     if (tokens.IsWord(at)) {
-      if (IsPhoneWord(tokens.View(at))) return true;
+      // "F 89" of a file is no fax.
+      const bool letter = tokens.View(at).size() == 1;
+      const std::size_t before = tokens.Before(at);
+      const bool file = letter && before != Tokens::kNone && tokens.IsNumber(before) &&
+                        tokens.View(i).front() != '0' && !tokens.Is(i, "+") && !tokens.Is(i, "(");
+      if (IsPhoneWord(tokens.View(at)) && !file) return true;
       if (!IsOneOf(tokens.View(at), {"unter", "der", "Nummer", "Nr", "ist", "lautet", "die", "mit", "Sie",
                                      "uns", "erreichen", "mich", "an", "rufen", "täglich"}))
         return false;
@@ -136,6 +141,17 @@ Found ExtensionAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 2, DigitWords(tokens.View(i + 1))};
 }
 
+// "Wählen Sie die 112", "rief die 110": the verb stands before or behind.
+bool DialsSomewhere(const Tokens& tokens) {
+  for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
+    if (HasPrefix(WithLowerStart(tokens.View(i)),
+                  {"wähl", "ruf", "rief", "anruf", "anzurufen", "notruf", "notfall", "gerufen", "erreich",
+                   "alarmier", "polizei", "feuerwehr", "rettungs", "telefon"}))
+      return true;
+  }
+  return false;
+}
+
 // "Notruf 112", "die 110".
 Found EmergencyAt(const Tokens& tokens, std::size_t i) {
   if (!IsOneOf(tokens.View(i), {"110", "112", "116117", "115", "19222"}) || !tokens.FreeBefore(i) ||
@@ -146,8 +162,11 @@ Found EmergencyAt(const Tokens& tokens, std::size_t i) {
   const bool colon =
       i >= 2 && tokens.Is(tokens.Before(i), ":") &&
       IsOneOf(tokens.WordBefore(tokens.Before(i)), {"Notruf", "Feuerwehr", "Polizei", "Rettungsdienst"});
+  const std::size_t next = tokens.Skip(i + 1);
+  const bool counts = tokens.IsCapital(next) && NounOf(tokens.View(next)).plural;
   const bool dialled =
-      before == "Sie" && IsOneOf(tokens.WordBefore(tokens.WordIndexBefore(i)), {"wählen", "Wählen"});
+      (IsOneOf(before, {"die", "der", "unter", "über"}) && !counts && DialsSomewhere(tokens)) ||
+      (before == "Sie" && IsOneOf(tokens.WordBefore(tokens.WordIndexBefore(i)), {"wählen", "Wählen"}));
   if (!colon && !dialled &&
       !IsOneOf(before, {"Notruf", "Notrufnummer", "Rufnummer", "Nummer", "Feuerwehr", "Polizei", "Euronotruf",
                         "Behördennummer", "wählen", "Rettungsdienst"}))
@@ -207,13 +226,33 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     words += (words.empty() ? "" : " ") + DigitWords(tokens.View(at));
     digits += tokens.View(at).size();
     end = ++at;
-    if ((tokens.IsBlank(at) || tokens.IsDashAt(at)) && tokens.IsNumber(at + 1)) ++at;
+    const bool tax = tokens.Is(at, "/") && HasPrefix(tokens.View(before), {"Steuern", "Steuer", "StNr"});
+    if (tax && tokens.IsNumber(at + 1)) words += " Schrägstrich";
+    if ((tokens.IsBlank(at) || tokens.IsDashAt(at) || tax) && tokens.IsNumber(at + 1)) ++at;
   }
   const bool secret = IsOneOf(tokens.View(before), {"PIN", "TAN", "Code"});
   if (digits < (secret ? 3U : 5U) || !tokens.FreeBehind(end - 1) ||
       (IsOneOf(tokens.View(end), {"/", ",", "-"}) && !tokens.IsGap(end + 1)))
     return std::nullopt;
   return Phrase{end, words};
+}
+
+// "1-0-1" in the morning, at noon and in the evening; "4-4-2" of a team.
+Found DosageAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.FreeBefore(i) || (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", ":"})))
+    return std::nullopt;
+  std::string words;
+  std::size_t parts = 0;
+  std::size_t at = i;
+  while (parts < 5 && tokens.IsNumber(at, 1, 2)) {
+    if (tokens.View(at).size() > 1 && tokens.View(at).front() == '0') return std::nullopt;
+    words += (words.empty() ? "" : " ") + CardinalWords(*DigitsAt(tokens, at, 2));
+    ++parts;
+    if (!tokens.Is(at + 1, "-") || !tokens.IsNumber(at + 2)) break;
+    at += 2;
+  }
+  if (parts < 3 || parts > 4 || !tokens.FreeBehind(at) || tokens.IsDashAt(at + 1)) return std::nullopt;
+  return Phrase{at + 1, words};
 }
 
 // "0815", "007": zeros at the beginning are said.
@@ -255,7 +294,7 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
 
 Found CodeAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading :
-       {&IsbnAt, &ExtensionAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
+       {&IsbnAt, &DosageAt, &ExtensionAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;
@@ -271,6 +310,11 @@ Found VersionAt(const Tokens& tokens, std::size_t i) {
     const auto part = tokens.View(end + 1);
     words +=
         " Punkt " + (part.front() == '0' ? DigitWords(part) : CardinalWords(*DigitsAt(tokens, end + 1, 9)));
+  }
+  // "192.168.0.1:8080".
+  if (points == 3 && tokens.Is(end, ":") && tokens.IsNumber(end + 1, 1, 5)) {
+    words += " Doppelpunkt " + CardinalWords(*DigitsAt(tokens, end + 1, 5));
+    end += 2;
   }
   const bool letters = tokens.IsWord(end) && tokens.View(end).size() <= 3;  // "802.11ac"
   if (points == 0 || (tokens.Is(end, ".") && tokens.IsNumber(end + 1)) ||

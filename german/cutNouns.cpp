@@ -50,6 +50,11 @@ bool IsDativePlural(const Tokens& tokens, std::size_t i) {
   return CaseOfPreposition(tokens.WordBefore(before)) == Case::Dative;
 }
 
+// "Patient", "Kunde": of the nouns that have "-en" in every case but the first.
+bool IsWeak(std::string_view noun) {
+  return HasSuffix(noun, {"ent", "ant", "ist", "e"});
+}
+
 std::string Genitive(std::string_view noun) {
   const std::string word(noun);
   if (word.ends_with('e')) return word + "n";
@@ -74,6 +79,10 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
       IsMany(before) || (before == "die" && PluralVerbFollows(tokens, i))) {
     const bool bends = IsDativePlural(tokens, i) && !plural.ends_with('n') && !plural.ends_with('s');
     return std::string(plural) + (bends ? "n" : "");
+  }
+  if (IsWeak(singular) && noun.gender == Gender::Masculine && !IsGenitive(before)) {
+    const auto ending = EndingAt(tokens, i, AgreementOf(Gender::Masculine));
+    if (ending == "en" || ending == "em") return Genitive(singular);
   }
   const bool genitive = IsGenitive(before) && noun.gender != Gender::Feminine;
   return genitive ? Genitive(singular) : std::string(singular);

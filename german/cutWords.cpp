@@ -141,6 +141,7 @@ std::optional<CutWord> WholeOfCut(std::string_view word) {
     found = FromEntry(entry->second, {});
   } else if (capital && !NounOf(word).known) {
     found = WholeOfLastPart(word);
+    if (found) found->compound = true;
   }
   if (found) found->certain = EndsLikeNoWord(word);
   return found;
@@ -165,7 +166,7 @@ std::optional<CutWord> CutWordAt(const Tokens& tokens, std::size_t i) {
   if (determined && (tokens.IsLast(i + 1) || name) && written.size() > kShortest) return cut;
   if (cut->kind == CutKind::Adjective && NounFollows(tokens, i + 1)) return cut;
   // At the end of the sentence so many letters are no other word.
-  const bool manyLetters = written.size() > kShortest + 1 && tokens.IsLast(i + 1);
+  const bool manyLetters = !cut->compound && written.size() > kShortest + 1 && tokens.IsLast(i + 1);
   return cut->certain || manyLetters ? cut : std::nullopt;
 }
 

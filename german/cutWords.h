@@ -18,9 +18,10 @@ enum class CutKind : std::uint8_t {
 // A word that is cut off at a point, wherever its writer stopped: "Anspr.", "Bestellw.", "gleichz.".
 struct CutWord {
   CutKind kind = CutKind::Noun;
-  std::string words;     // of an adjective without its ending
-  std::string plural;    // of a noun, where the singular says no more than that
-  bool certain = false;  // no word ends like that, so that it needs no neighbour to tell it is cut
+  std::string words;      // of an adjective without its ending
+  std::string plural;     // of a noun, where the singular says no more than that
+  bool compound = false;  // only its last part is known
+  bool certain = false;   // no word ends like that, so that it needs no neighbour to tell it is cut
 };
 
 // The word that is meant by this one with a point behind it; nothing when it may be whole, or is cut from

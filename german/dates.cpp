@@ -95,6 +95,12 @@ bool IsDayOfMonth(const Tokens& tokens, std::size_t i, std::size_t behind) {
          (tokens.Is(next, ",") || (tokens.IsWord(next) && !tokens.IsCapital(next)));
 }
 
+// "Ausgabe 3.7.", "Phase 1.5." may be numbered by days.
+bool IsLabelOfDays(std::string_view word) {
+  return IsOneOf(word,
+                 {"Ausgabe", "Phase", "Rechnung", "Beispiel", "Sender", "Schritt", "Folge", "Spiel", "Kurs"});
+}
+
 std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   const auto month = MonthNumberAt(tokens, next);
@@ -104,6 +110,8 @@ std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   if (!point) return std::nullopt;
   shape.end = next + 2;
   const std::size_t year = tokens.Skip(next + 2);
+  const bool room = LabelBefore(tokens, i) && !IsLabelOfDays(tokens.WordBefore(i));
+  if (room && !tokens.IsNumber(year)) return std::nullopt;  // "Raum 3.07."
   if (IsYearAt(tokens, year, year == next + 2)) {
     shape.year = year;
     shape.end = year + 1;
@@ -215,12 +223,32 @@ Found IsoDateAt(const Tokens& tokens, std::size_t i) {
                            std::string(kMonths[*month - 1]) + " " + YearText(tokens, i)};
 }
 
+bool IsWeekdayWord(std::string_view word) {
+  for (const Weekday& day : kWeekdays) {
+    if (word == day.written || word == day.spoken) return true;
+  }
+  return word == "Sonnabend";
+}
+
+// "am Do., 12.12.": a person says "am Donnerstag, dem zwölften".
+std::string_view ArticleBehindWeekday(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  if (at != Tokens::kNone && at > 0 && tokens.Is(at, ",")) at = tokens.Before(at);
+  if (at != Tokens::kNone && at > 0 && tokens.Is(at, ".")) --at;
+  if (at == Tokens::kNone || !tokens.IsWord(at) || !IsWeekdayWord(tokens.View(at))) return {};
+  const std::string before = WithLowerStart(tokens.WordBefore(at));
+  if (IsOneOf(before, {"am", "vom", "zum", "beim", "ab", "seit", "dem"})) return "dem ";
+  return IsOneOf(before, {"bis", "für", "auf", "den", "kommenden", "nächsten", "diesen"}) ? "den " : "";
+}
+
 // "05/2024" is a month where nothing else is numbered like that.
 Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
   const auto month = MonthNumberAt(tokens, i);
   if (!month || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 4, 4) || tokens.Is(i + 3, "/"))
     return std::nullopt;
   if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || LabelBefore(tokens, i)) return std::nullopt;
+  if (IsOneOf(tokens.WordBefore(i), {"KW", "Kalenderwoche", "Woche", "Quartal", "Q", "Ausgabe", "Heft"}))
+    return std::nullopt;
   const auto year = *DigitsAt(tokens, i + 2, 4);
   if (year < 1900 || year > 2100 || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
   if (!tokens.IsNumber(i, 2, 2) &&
@@ -236,7 +264,9 @@ Found MonthOfShortYearAt(const Tokens& tokens, std::size_t i) {
       !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || tokens.Is(i + 3, "/"))
     return std::nullopt;
   if (!IsOneOf(tokens.WordBefore(i),
-               {"TÜV", "HU", "EZ", "bis", "seit", "ab", "Stand", "Seit", "Ab", "gültig"}))
+               {"TÜV",     "HU",   "EZ",       "bis",   "seit",          "ab",          "Stand",
+                "Seit",    "Ab",   "gültig",   "Miete", "Gehalt",        "Lohn",        "Abrechnung",
+                "Beitrag", "Rate", "Abschlag", "Monat", "Erstzulassung", "Nebenkosten", "Zeitraum"}))
     return std::nullopt;
   return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
 }
@@ -290,12 +320,20 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   const bool small = point && tokens.IsWord(next) && !tokens.IsCapital(next) && next > day->second;
   const bool opening =
       small ||
-      ((point || (listed && tokens.Is(next, "geschlossen"))) &&
+      ((point ||
+        (listed && IsOneOf(tokens.View(next), {"geschlossen", "nur", "ganztägig", "Ruhetag", "nach"}))) &&
        IsOneOf(tokens.View(next), {"bis", "nur", "ganztägig", "vormittags", "nachmittags", "abends", "früh",
                                    "geschlossen", "Vormittag", "Nachmittag", "Abend", "Ruhetag", "nach"}));
+  // "Sa um 3", "Fr Abend", "Mi früh".
+  const bool timed = next > day->second && !(tokens.Is(i, "So") && tokens.OpensClause(i)) &&
+                     ((IsOneOf(tokens.View(next), {"um", "gegen", "ab", "bis", "von"}) &&
+                       tokens.IsNumber(tokens.Skip(next + 1))) ||
+                      IsOneOf(tokens.View(next), {"früh", "abend", "Abend", "Nachmittag", "nachmittag",
+                                                  "Vormittag", "vormittag", "Mittag", "mittag", "Morgen",
+                                                  "abends", "mittags", "vormittags", "nachmittags"}));
   const std::size_t before = tokens.Before(i);
   const bool shortened = before != Tokens::kNone && tokens.Is(before, ".") && before > 0;
-  const bool am = opening ||
+  const bool am = opening || timed ||
                   (shortened && IsOneOf(tokens.View(before - 1), {"einschl", "inkl", "spätest"})) ||
                   IsOneOf(tokens.WordBefore(i),
                           {"am",        "Am",        "jeden",   "Jeden",   "nächsten", "bis",
@@ -356,7 +394,10 @@ Found DateAt(const Tokens& tokens, std::size_t i) {
   }
   const auto shape = DateShapeAt(tokens, i);
   if (!shape) return std::nullopt;
-  return DatePhrase(tokens, *shape, DayEnding(tokens, i));
+  const auto article = ArticleBehindWeekday(tokens, i);
+  auto date = DatePhrase(tokens, *shape, article.empty() ? DayEnding(tokens, i) : "en");
+  date.words.insert(0, article);
+  return date;
 }
 
 namespace {

@@ -127,7 +127,9 @@ Found FractionCompoundAt(const Tokens& tokens, std::size_t i) {
   if (!over || !under || *under < 2 || !tokens.Is(i + 1, "/") || !tokens.Is(i + 3, "-") ||
       !tokens.IsCapital(i + 4))
     return std::nullopt;
-  return Phrase{i + 3, WithUpperStart(PartWords(*over)) + OrdinalWords(*under, "el")};
+  const std::string words = WithUpperStart(PartWords(*over)) + OrdinalWords(*under, "el");
+  if (tokens.Is(i + 4, "Takt") && !tokens.Is(i + 5, "-")) return Phrase{i + 5, words + "takt"};
+  return Phrase{i + 3, words};
 }
 
 // "4-Zimmer-Wohnung", "24-Stunden-Dienst", "100-m-Lauf", "0,5-l-Flasche".
@@ -172,12 +174,26 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
+// "4*-Hotel", "5***** Haus".
+Found StarsAt(const Tokens& tokens, std::size_t i) {
+  const auto number = DigitsAt(tokens, i, 1);
+  if (!number || *number < 1 || !tokens.FreeBefore(i) || !IsOneOf(tokens.View(i + 1), {"*", "★"}))
+    return std::nullopt;
+  std::size_t end = i + 1;
+  while (tokens.Is(end, tokens.View(i + 1)) && end < i + 6) ++end;
+  const bool dash = tokens.Is(end, "-") && tokens.IsCapital(end + 1);
+  if (!dash && !(tokens.IsBlank(end) && tokens.IsCapital(end + 1))) return std::nullopt;
+  const std::string words =
+      WithUpperStart(CardinalWords(*number, "ein")) + "-" + (*number == 1 ? "Stern" : "Sterne");
+  return Phrase{dash ? end : end + 1, dash ? words : words + "-"};
+}
+
 }  // namespace
 
 Found GluedAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading :
-       {&DecadeAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &CutAgeAt, &AdjectivePartAt, &WaitingPartAt,
-        &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
+       {&DecadeAt, &StarsAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &CutAgeAt, &AdjectivePartAt,
+        &WaitingPartAt, &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

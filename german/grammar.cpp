@@ -73,7 +73,9 @@ std::size_t SkipJoinedOrdinal(const Tokens& tokens, std::size_t i) {
 std::string OneForms(const Tokens& tokens, std::size_t one, std::size_t adjective) {
   const std::size_t noun = NounBehind(tokens, adjective);
   if (noun == Tokens::kNone) return "ein";
-  return OneBefore(tokens, one, noun + 1, AgreementOf(NounOf(tokens.View(noun))));
+  const auto unit = UnitAt(tokens, noun);  // "1 geh. TL"
+  const Agreement agreement = unit ? AgreementOf(unit->gender) : AgreementOf(NounOf(tokens.View(noun)));
+  return OneBefore(tokens, one, noun + 1, agreement);
 }
 
 // Prepositions that are cut short, and what they mean before a number or noun.
@@ -197,7 +199,9 @@ bool MeasuresWith(std::string_view preposition) {
 }
 
 std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
-  std::size_t at = OverPoint(tokens, tokens.Before(i));
+  // "bei -1 Grad".
+  const bool sign = i > 1 && IsOneOf(tokens.View(i - 1), {"-", "−", "–", "+"}) && tokens.IsBlank(i - 2);
+  std::size_t at = OverPoint(tokens, tokens.Before(sign ? i - 1 : i));
   for (int step = 0; step < 4 && at != Tokens::kNone && tokens.IsWord(at); ++step) {
     const std::string word = WithLowerStart(tokens.View(at));
     if (CaseOfPreposition(WholeWord(word)) || WholeWord(word) == "vom") return at;
@@ -243,9 +247,37 @@ bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
   return anyVerb && subject && verb;
 }
 
-// "1 Teelöffel Salz zugeben", "1 m lang".
+bool IsModalVerb(std::string_view word) {
+  return IsOneOf(word, {"können", "müssen", "sollen", "dürfen", "wollen", "mögen", "möchten", "sollten",
+                        "könnten", "müssten", "dürften", "konnten", "mussten"});
+}
+
+bool IsFiniteVerb(std::string_view word) {
+  return IsVerb(word) || IsLinkingVerb(word) || IsModalVerb(word) ||
+         IsOneOf(word, {"muss", "soll", "kann", "darf", "will", "mag"});
+}
+
+// Nothing but adverbs and phrases with prepositions stand before: "Anschließend", "Zum Schluss".
+bool OnlyAdverbsBefore(const Tokens& tokens, std::size_t first) {
+  std::size_t at = tokens.Before(first);
+  for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
+    if (IsOneOf(tokens.View(at), {".", "!", "?", ":", ";", ",", "(", "–"})) return true;
+    const std::string word = WithLowerStart(tokens.View(at));
+    if (!(tokens.IsWord(at) || tokens.IsNumber(at)) || IsFiniteVerb(word)) return false;
+    const std::size_t before = tokens.Before(at);
+    if (tokens.IsNumber(at) && (before == Tokens::kNone || tokens.OpensClause(at))) return true;
+    const bool opens = before == Tokens::kNone || tokens.OpensClause(at);
+    if (opens)
+      return StartsSentences(WithUpperStart(word)) || CaseOfPreposition(word) || word.ends_with("end") ||
+             word.ends_with('s');
+    at = before;
+  }
+  return at == Tokens::kNone;
+}
+
+// "1 Teelöffel Salz zugeben", "Anschließend 1 Ei unterrühren", "1 m lang".
 bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind) {
-  if (!tokens.OpensClause(first)) return false;
+  if (!tokens.OpensClause(first) && !OnlyAdverbsBefore(tokens, first)) return false;
   std::string_view last;
   for (std::size_t i = behind; i < tokens.Count() && i < behind + 40; ++i) {
     // "500 g Mehl, 1 Würfel Hefe und 1 Ei verkneten": the verb stands behind the whole list.
@@ -253,7 +285,7 @@ bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind)
     if (list) continue;
     if (tokens.IsWord(i)) {
       last = tokens.View(i);
-      if (IsLinkingVerb(last)) return false;
+      if (IsLinkingVerb(last) || IsModalVerb(last)) return false;
     } else if (IsOneOf(tokens.View(i), {",", ";", ":", "("})) {
       break;
     }
@@ -265,6 +297,15 @@ bool IsExtent(std::string_view word) {
   return IsOneOf(word, {"lang",     "hoch",    "breit",  "tief",   "dick",  "schwer", "groß",   "weit",
                         "entfernt", "alt",     "später", "früher", "zuvor", "danach", "länger", "höher",
                         "mehr",     "weniger", "lange",  "vorher", "vorn",  "vorne",  "zurück", "hinten"});
+}
+
+// "in 1 cm dicke Scheiben": the measure belongs to the adjective, whatever stands before it.
+bool IsBentExtent(std::string_view word) {
+  const std::size_t ending = HasSuffix(word, {"en", "er", "es", "em"}) ? 2 : 1;
+  if (word.size() < 5 || !HasSuffix(word, {"e", "en", "er", "es", "em"})) return false;
+  const auto stem = word.substr(0, word.size() - ending);
+  return IsOneOf(stem, {"lang", "hoh", "breit", "tief", "dick", "schwer", "groß", "weit", "entfernt", "alt",
+                        "stark", "starke"});
 }
 
 }  // namespace
@@ -333,6 +374,19 @@ std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i
   return std::nullopt;
 }
 
+// "Rücksendung an o. g. Adresse".
+bool SendsSomething(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 24;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    const std::string word = WithLowerStart(tokens.View(at));
+    for (const std::string_view stem : {"send", "schick", "richt", "wend", "zahl", "adress", "liefer",
+                                        "überw", "schreib", "weiterleit", "zurück", "geh"}) {
+      if (word.find(stem) != std::string::npos) return true;
+    }
+  }
+  return false;
+}
+
 // "In 1 Becher geben": a verb of the clause tells that something goes there.
 bool MovesSomething(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 32;  // tokens
@@ -357,6 +411,7 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
   if (IsOneOf(governor.word, {"auf", "in", "an"}) && MovesSomething(tokens, i)) asked = Case::Accusative;
+  if (governor.word == "an" && SendsSomething(tokens, i)) asked = Case::Accusative;
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
   if (!governor.byPreposition && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;
   return StrongEnding(asked, noun);
@@ -404,12 +459,17 @@ bool EndsClause(const Tokens& tokens, std::size_t at) {
 
 // "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
 std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
-  std::size_t at = tokens.Before(first);
-  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus"}))
+  std::size_t at = OverPoint(tokens, tokens.Before(first));
+  if (at == Tokens::kNone ||
+      !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus", "u", "o", "+", "&"}))
     return std::nullopt;
+  bool bare = true;  // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     if (EndsClause(tokens, at)) return std::nullopt;
     const std::size_t before = tokens.Before(at);
+    if (bare && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at))) return CaseBehind(tokens, at, first);
+    bare =
+        bare && (tokens.IsCapital(at) || IsOneOf(tokens.View(at), {",", "und", "oder", "u", ".", "sowie"}));
     const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
     if (counted && before != Tokens::kNone && tokens.IsWord(before)) {
       if (const std::size_t found = PrepositionBefore(tokens, at); found != Tokens::kNone)
@@ -430,6 +490,7 @@ bool IsTime(std::string_view word) {
 }  // namespace
 
 Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  if (IsBentExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
   if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone)
     return CaseBehind(tokens, at, first);
   if (const auto asked = CaseOfList(tokens, first)) return *asked;

@@ -107,6 +107,23 @@ unsigned GuessByEnding(std::string_view word) {
   return 0;
 }
 
+// Words that the lexicon does not hold.
+unsigned LookUpMore(std::string_view word) {
+  if (IsOneOf(word, {"Handvoll", "BahnCard", "OP",     "PIN", "TAN",   "IBAN", "GmbH", "AG",  "KG",
+                     "DVD",      "CD",       "SIM",    "WG",  "Kita",  "NGO",  "FAQ",  "URL", "SSD",
+                     "BIC",      "EU",       "Gruppe", "App", "Cloud", "Mall", "Area"}))
+    return kFeminine;
+  if (IsOneOf(word, {"LKW",        "PKW",     "TV",     "Tweet",  "Podcast", "Blog",     "Account",
+                     "Newsletter", "Schmand", "Döner",  "Wrap",   "Shake",   "Smoothie", "Burger",
+                     "Router",     "Stick",   "Beamer", "Airbag", "Coupon",  "FC",       "SC"}))
+    return kMasculine;
+  if (IsOneOf(word, {"Like",    "Selfie", "Meme",   "GIF",        "PDF",       "WLAN",   "MRT", "CT",
+                     "EKG",     "E-Bike", "Bike",   "Smartphone", "Tablet",    "Ticket", "Abo", "Event",
+                     "Meeting", "Update", "Backup", "Level",      "Interview", "Date"}))
+    return kNeuter;
+  return 0;
+}
+
 Noun FromForm(unsigned form) {
   Noun noun;
   noun.singular = (form & (kMasculine | kFeminine | kNeuter)) != 0;
@@ -138,6 +155,7 @@ Noun NounOf(std::string_view word) {
   if (word.empty() || word.size() > kLongestWord) return {};
   unsigned form = LookUp(word);
   if (form == 0) form = LookUpLongGenitive(word);
+  if (form == 0) form = LookUpMore(word);
   const bool whole = form != 0;
   if (form == 0) form = LookUpLastPart(word);
   Noun noun = FromForm(form);

@@ -23,14 +23,8 @@ enum class PointMeaning {
 // "2." in words, with the ending that its noun and determiner ask for.
 [[nodiscard]] Found OrdinalAt(const Tokens& tokens, std::size_t i);
 
-// A Roman number whose point makes an ordinal of it: "XX. Jahrhundert", "Ludwig XIV.".
-[[nodiscard]] bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i);
-
-// "Kapitel IV", "Ludwigs XIV.", "im XX. Jahrhundert".
-[[nodiscard]] Found RomanAt(const Tokens& tokens, std::size_t i);
-
-// "der Große" behind a name, in the name's case: "dem Großen".
-[[nodiscard]] std::string WithNameOf(const Tokens& tokens, std::size_t i, std::string_view adjective);
+// "Die", or "Warten" of "Warten Sie": a sentence begins with it.
+[[nodiscard]] bool StartsSentenceAt(const Tokens& tokens, std::size_t i);
 
 // The noun that an ordinal belongs to, over "und 4." and adjectives; kNone without one.
 [[nodiscard]] std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind);

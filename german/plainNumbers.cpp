@@ -17,7 +17,12 @@ Found OneOfMany(const Tokens& tokens, std::size_t i) {
   for (std::size_t at = i + 2; at < i + 12 && noun == Tokens::kNone; ++at) {
     if (tokens.IsCapital(at)) noun = at;
   }
-  if (noun == Tokens::kNone) return std::nullopt;
+  if (noun == Tokens::kNone) {
+    if (!IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"als", "bei", "etwa", "circa", "nur", "rund", "ca"}))
+      return std::nullopt;
+    const std::string alone = OneBefore(tokens, i, i + 1, AgreementOf(Gender::Masculine));
+    return Phrase{i + 1, alone == "ein" ? "einer" : alone};
+  }
   const auto word = tokens.View(noun);
   Agreement agreement = AgreementOf(
       HasSuffix(word, {"innen", "ungen", "heiten", "keiten", "ionen", "Frauen", "Personen", "Familien"})
@@ -129,6 +134,8 @@ Found LongNumberAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(number->end), {".", ","}) && tokens.IsNumber(number->end + 1)) return std::nullopt;
   if (!number->IsWhole() && number->whole.size() > 1 && number->whole.front() == '0') return std::nullopt;
   if (!tokens.FreeBehind(number->end - 1)) return std::nullopt;
+  if (const auto per = PerAt(tokens, number->end); per && !tokens.IsNumber(number->end + 1))
+    return Phrase{tokens.WithoutLastPoint(per->end), NumberText(*number) + per->words};
   return Phrase{number->end, NumberText(*number)};
 }
 

@@ -12,6 +12,8 @@
 #include "german/numbers.h"
 #include "german/ordinals.h"
 #include "german/plainNumbers.h"
+#include "german/romans.h"
+#include "german/scripture.h"
 #include "german/signs.h"
 #include "german/times.h"
 #include "german/units.h"
@@ -77,8 +79,20 @@ bool JoinsPlural(const Tokens& tokens, std::size_t i, std::size_t end) {
 // "Karl Weber u. a., Berlin".
 bool EndsNames(const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t before = tokens.WordIndexBefore(i);
-  const bool name = before != Tokens::kNone && tokens.IsCapital(before) && !NounOf(tokens.View(before)).known;
-  return name && IsOneOf(tokens.View(end), {",", ")", "("});
+  if (before == Tokens::kNone || !tokens.IsCapital(before)) return false;
+  const bool initial = before >= 3 && tokens.Is(before - 2, ".") && tokens.View(before - 3).size() == 1;
+  return (initial || !NounOf(tokens.View(before)).known) &&
+         (tokens.IsLast(end - 1) || IsOneOf(tokens.View(end), {",", ")", "("}));
+}
+
+// "hrsg. von K. Müller u. a.".
+bool NamesInDative(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  for (int step = 0; step < 6 && at != Tokens::kNone; ++step) {
+    if (IsOneOf(tokens.View(at), {"von", "mit", "bei", "v"})) return true;
+    at = tokens.Before(at);
+  }
+  return false;
 }
 
 bool IsManOrThing(const Tokens& tokens, std::size_t noun) {
@@ -91,10 +105,25 @@ std::string OutOfOrAt(const Tokens& tokens, std::size_t end) {
   return IsManOrThing(tokens, tokens.Skip(end)) ? "aus dem" : "an der";
 }
 
+bool IsAllCapsOrLetter(std::string_view word) {
+  return IsAllCaps(word) || (word.size() == 1 && IsUpperWord(word));
+}
+
 // "v. Mieter", but "Otto v. Stein" and "v. Herrn Roth".
 std::string VonOrVom(const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t before = tokens.WordIndexBefore(i);
-  const bool name = before != Tokens::kNone && tokens.IsCapital(before) && !tokens.OpensClause(before);
+  const bool name = before != Tokens::kNone && tokens.IsCapital(before) &&
+                    (!tokens.OpensClause(before) ||
+                     (!StartsSentences(tokens.View(before)) && !NounOf(tokens.View(before)).whole));
+  // "Friedrich II. v. Preußen", "v. Bayern".
+  const std::size_t sign = tokens.Before(i);
+  const bool ruler =
+      sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") && IsAllCapsOrLetter(tokens.View(sign - 1));
+  const auto what = tokens.View(tokens.Skip(end));
+  const bool place = HasSuffix(what, {"ern", "ßen", "sen", "land", "burg", "heim", "ingen", "stadt", "berg",
+                                      "reich", "ien"}) &&
+                     NounOf(what).gender == Gender::Neuter;
+  if (ruler || place) return "von";
   const bool person = IsOneOf(tokens.View(tokens.Skip(end)), {"Herrn", "Herr", "Frau", "Dr", "Prof"});
   return !name && !person && IsManOrThing(tokens, tokens.Skip(end)) ? "vom" : "von";
 }
@@ -109,7 +138,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   // At its end "u. a." is no more than what has been told.
   if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
   if (written == "u. a." && (JoinsPlural(tokens, i, found->end) || EndsNames(tokens, i, found->end)))
-    words = "und andere";
+    words = NamesInDative(tokens, i) ? "und anderen" : "und andere";
   if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
   if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
   if (written == "v." && words == "von") words = VonOrVom(tokens, i, found->end);
@@ -190,6 +219,53 @@ Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
   return Phrase{per->end, name + per->words};
 }
 
+// What stands before a unit that is counted in words: "zwei kg", "einige km".
+bool CountsInWords(std::string_view word) {
+  return IsOneOf(
+      word, {"zwei",   "drei",    "vier",       "fünf",       "sechs",       "sieben",   "acht",    "neun",
+             "zehn",   "elf",     "zwölf",      "zwanzig",    "dreißig",     "fünfzig",  "hundert", "tausend",
+             "einige", "einigen", "wenige",     "wenigen",    "mehrere",     "mehreren", "paar",    "viele",
+             "vielen", "halbe",   "anderthalb", "eineinhalb", "zweieinhalb", "dutzend"});
+}
+
+bool CountsOne(std::string_view word) {
+  return IsOneOf(word, {"je", "pro", "per", "ein", "eine", "einen", "einem", "einer", "jeder", "jede",
+                        "jedes", "jeden", "halber", "halben", "letzte", "letzten"});
+}
+
+// "je kWh", "pro St.", "zwei EL", "einige km", "Angaben in cm".
+Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
+  const std::string before = WithLowerStart(tokens.WordBefore(i));
+  if (before.empty() || !tokens.FreeBefore(i) ||
+      IsOneOf(tokens.View(i), {"A", "V", "U", "P", "Pack", "Sch", "E"}))
+    return std::nullopt;
+  const bool one = CountsOne(before);
+  const bool listed = before == "in" && !tokens.IsCapital(i) && tokens.View(i).size() > 1;
+  if (!one && !listed && !CountsInWords(before)) return std::nullopt;
+  const auto unit = UnitAt(tokens, i);
+  if (!unit || unit->isWord || tokens.IsDashAt(unit->end) || tokens.IsNumber(unit->end)) return std::nullopt;
+  if (tokens.View(i).size() == 1 && tokens.IsWord(i) &&
+      !IsOneOf(before, {"je", "pro", "per", "zwei", "drei"}))
+    return std::nullopt;
+  if (one) return Phrase{tokens.WithoutLastPoint(unit->end), unit->singular};
+  const std::size_t count = tokens.WordIndexBefore(i);
+  const bool dative = !listed && CaseOfPreposition(tokens.WordBefore(count)) == Case::Dative;
+  return Phrase{tokens.WithoutLastPoint(unit->end), dative ? unit->dativePlural : unit->plural};
+}
+
+// "km-Stand", "kWh-Preis", "%-Punkte".
+Found UnitOfCompoundAt(const Tokens& tokens, std::size_t i) {
+  if (!IsOneOf(tokens.View(i),
+               {"km", "kg", "kWh", "kW", "cm", "mm", "GB", "MB", "ml", "qm", "%", "€", "mg", "EUR", "ha"}) ||
+      !tokens.FreeBefore(i) || !tokens.Is(i + 1, "-") || !tokens.IsCapital(i + 2))
+    return std::nullopt;
+  if (i > 0 && !tokens.IsGap(i - 1) && !tokens.Is(i - 1, "(")) return std::nullopt;
+  if (tokens.Is(i, "€") || tokens.Is(i, "EUR")) return Phrase{i + 1, "Euro"};
+  const auto unit = UnitAt(tokens, i);
+  if (!unit) return std::nullopt;
+  return Phrase{i + 1, unit->singular};
+}
+
 // "Bericht d. Vorstands": what belongs to the noun before.
 bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.WordIndexBefore(i);
@@ -211,7 +287,7 @@ Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   if (DateShapeAt(tokens, next)) return Phrase{i + 2, "dem"};
   const bool ordinal = tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".");
-  const std::size_t noun = NounBehind(tokens, ordinal ? tokens.Skip(next + 2) : next);
+  const std::size_t noun = ordinal ? NounOfOrdinal(tokens, next + 2) : NounBehind(tokens, next);
   const Agreement agreement = AgreementAt(tokens, noun);
   if (noun == Tokens::kNone || !agreement.known) return std::nullopt;
   return Phrase{i + 2, ArticleWord(tokens, i, agreement)};
@@ -231,7 +307,9 @@ Found InPhraseAt(const Tokens& tokens, std::size_t i) {
 // "3,5 m x 4 m": between two measures.
 Found TimesBetweenMeasuresAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "x") || i < 2 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1)) return std::nullopt;
-  const bool measure = tokens.IsNumber(i - 2) || UnitAt(tokens, i - 2);
+  const bool point = i >= 4 && tokens.Is(i - 2, ".");
+  const bool measure =
+      tokens.IsNumber(i - 2) || UnitAt(tokens, point ? i - 3 : i - 2) || tokens.Is(i - 2, "€");
   if (!measure || !tokens.IsNumber(i + 2)) return std::nullopt;
   return Phrase{i + 1, "mal"};
 }
@@ -246,26 +324,29 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
   return std::nullopt;
 }
 
-constexpr Reading kOfWords[] = {&AddressAt,
-                                &IbanAt,
-                                &CalendarWordAt,
-                                &RomanAt,
-                                &AbbreviationPhraseAt,
-                                &StreetPhraseAt,
-                                &CutWordPhraseAt,
-                                &CutAdjectivePhraseAt,
-                                &CutNounPhraseAt,
-                                &CurrencyFirstAt,
-                                &LoneUnitAt,
-                                &TimesBetweenMeasuresAt,
-                                &ArticlePhraseAt,
-                                &InPhraseAt};
+constexpr Reading kOfWords[] = {&AddressAt,        &IbanAt,          &ScriptureAt,
+                                &CalendarWordAt,   &RomanAt,         &AbbreviationPhraseAt,
+                                &StreetPhraseAt,   &CutWordPhraseAt, &CutAdjectivePhraseAt,
+                                &CutNounPhraseAt,  &CurrencyFirstAt, &UnitBehindWordAt,
+                                &UnitOfCompoundAt, &LoneUnitAt,      &TimesBetweenMeasuresAt,
+                                &ArticlePhraseAt,  &InPhraseAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
                                   &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
-constexpr Reading kOfSigns[] = {&CodeAt,           &SignedAt, &CurrencyFirstAt,      &AmountAt,
-                                &FractionPhraseAt, &TagAt,    &AbbreviationPhraseAt, &LoneUnitAt,
-                                &WordPerUnitAt,    &SignAt};
+constexpr Reading kOfSigns[] = {&PathAt,
+                                &PartOfHourAt,
+                                &CodeAt,
+                                &SignedAt,
+                                &CurrencyFirstAt,
+                                &AmountAt,
+                                &FractionPhraseAt,
+                                &TagAt,
+                                &AbbreviationPhraseAt,
+                                &UnitBehindWordAt,
+                                &UnitOfCompoundAt,
+                                &LoneUnitAt,
+                                &WordPerUnitAt,
+                                &SignAt};
 
 // What only parts sentences and clauses.
 bool IsPunctuation(std::string_view sign) {

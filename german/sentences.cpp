@@ -6,6 +6,7 @@
 #include "german/grammar.h"
 #include "german/nouns.h"
 #include "german/ordinals.h"
+#include "german/romans.h"
 #include "german/units.h"
 #include "german/wordLists.h"
 
@@ -178,7 +179,7 @@ class SentenceReader {
     if (!tokens_.IsCapital(next)) return false;
     const auto word = tokens_.View(next);
     if (StartsSentences(word)) return true;
-    if (tokens_.Is(next + 1, ".") && AbbreviationAt(tokens_, next)) return false;
+    if (tokens_.Is(next + 1, ".") && (AbbreviationAt(tokens_, next) || UnitAt(tokens_, next))) return false;
     if (ending == Ending::Often) return true;
     if (ending == Ending::Starter) return false;
     return !NounOf(word).known && !NounOf(word).guessed && !IsAllCaps(word) && !tokens_.Is(next + 1, "-");

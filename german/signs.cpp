@@ -13,8 +13,11 @@ Found ParagraphAt(const Tokens& tokens, std::size_t i) {
   std::size_t end = i + 1;
   const bool many = tokens.Is(end, "§");
   if (many) ++end;
-  const bool bent = IsOneOf(WithLowerStart(tokens.WordBefore(i)),
-                            {"des", "dem", "den", "vom", "zum", "im", "beim", "eines"});
+  const std::size_t before = tokens.Before(i);
+  const bool cut =
+      before != Tokens::kNone && tokens.Is(before, ".") && tokens.Is(before - 1, "d");  // "i. S. d. §"
+  const bool bent = cut || IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+                                   {"des", "dem", "den", "vom", "zum", "im", "beim", "eines"});
   std::string words = many || bent ? "Paragrafen" : "Paragraf";
   if (!tokens.IsGap(end)) words += ' ';
   return Phrase{end, words};

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::uint64_t kHours = 24;
 constexpr std::uint64_t kMinutes = 60;
+constexpr std::uint64_t kFirstMorningHour = 6;  // fewer may as well be a duration
 
 struct Clock {
   std::uint64_t hour = 0;
@@ -89,6 +90,29 @@ std::size_t HourSignAt(const Tokens& tokens, std::size_t i, bool meansClock) {
   return 0;
 }
 
+bool IsHourPreposition(std::string_view word) {
+  return IsOneOf(WithLowerStart(word), {"um", "gegen", "ab", "bis", "nach", "vor", "seit", "kurz"});
+}
+
+}  // namespace
+
+Found PartOfHourAt(const Tokens& tokens, std::size_t i) {
+  const auto fraction = FractionAt(tokens, i);
+  if (!fraction || fraction->denominator > 4 || fraction->denominator == 3 ||
+      !tokens.IsBlank(fraction->end) || !IsHourPreposition(tokens.WordBefore(i)))
+    return std::nullopt;
+  const auto hour = DigitsAt(tokens, fraction->end + 1, 2);
+  const std::size_t behind = fraction->end + 2;
+  if (!hour || *hour < 1 || *hour > 12 || !tokens.FreeBehind(behind - 1)) return std::nullopt;
+  if (UnitAt(tokens, tokens.Skip(behind)) || CurrencyAt(tokens, tokens.Skip(behind))) return std::nullopt;
+  const std::string part =
+      fraction->denominator == 2 ? "halb " : (fraction->numerator == 1 ? "viertel " : "drei viertel ");
+  const std::size_t end = HourSignAt(tokens, behind, false);
+  return Phrase{end == 0 ? behind : end, part + CardinalWords(*hour)};
+}
+
+namespace {
+
 // "um 1/2 8".
 Found HalfHourAt(const Tokens& tokens, std::size_t i) {
   const auto hour = DigitsAt(tokens, i + 4, 2);
@@ -153,15 +177,26 @@ bool EndsInHours(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "bis 18 h", but not "bis 12 h nach der Einnahme".
+bool EndsAtHour(const Tokens& tokens, std::size_t i, const Clock& clock) {
+  if (!IsOneOf(tokens.WordBefore(i), {"bis", "vor", "seit"}) || clock.hour < kFirstMorningHour ||
+      clock.hour > 23)
+    return false;
+  const std::size_t behind = tokens.Skip(tokens.Skip(clock.end) + 1);
+  return !tokens.IsCapital(behind) && !IsOneOf(tokens.View(behind), {"nach", "lang", "am", "pro", "täglich",
+                                                                     "dauern", "vor", "später", "früher"});
+}
+
 // The list "8, 10 und 12 Uhr" stays numbers; one time is read.
 Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, true);
   if (!clock) return std::nullopt;
   const bool glued = clock->end == tokens.Skip(clock->end);
   const bool means = clock->minute
-                         ? IsWeekday(tokens, i) || clock->byColon
+                         ? IsWeekday(tokens, i) || clock->byColon || clock->hour >= kFirstMorningHour
                          : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
-  if (const std::size_t end = HourSignAt(tokens, clock->end, means); end != 0)
+  if (const std::size_t end = HourSignAt(tokens, clock->end, means || EndsAtHour(tokens, i, *clock));
+      end != 0)
     return Phrase{end, ClockWords(*clock)};
   if (clock->minute && EndsInHours(tokens, i)) return Phrase{clock->end, ClockWords(*clock)};
   const bool named =
@@ -197,6 +232,14 @@ std::string PartWords(std::uint64_t value, std::string_view singular) {
   return CardinalWords(value, "eine") + " " + std::string(singular) + (value == 1 ? "" : "n");
 }
 
+// The first part with the case that is asked for: "in einer Stunde".
+std::string FirstPartWords(const Tokens& tokens, std::size_t i, std::uint64_t value,
+                           std::string_view singular) {
+  if (value != 1) return PartWords(value, singular);
+  const std::string one = OneBefore(tokens, i, i + 1, AgreementOf(Gender::Feminine));
+  return one + " " + std::string(singular);
+}
+
 // "1:02,34 min": minutes and seconds with their parts.
 Found RaceTimeAt(const Tokens& tokens, std::size_t i) {
   const auto minutes = DigitsAt(tokens, i, 2);
@@ -204,10 +247,28 @@ Found RaceTimeAt(const Tokens& tokens, std::size_t i) {
       !tokens.Is(i + 3, ","))
     return std::nullopt;
   if (!tokens.IsNumber(i + 4, 1, 3) || !tokens.FreeBehind(i + 4)) return std::nullopt;
-  const std::string words = PartWords(*minutes, "Minute") + " " + CardinalWords(*SixtiethAt(tokens, i + 2)) +
-                            " Komma " + DigitWords(tokens.View(i + 4)) + " Sekunden";
+  const std::string words = FirstPartWords(tokens, i, *minutes, "Minute") + " " +
+                            CardinalWords(*SixtiethAt(tokens, i + 2)) + " Komma " +
+                            DigitWords(tokens.View(i + 4)) + " Sekunden";
   const auto unit = UnitAt(tokens, tokens.Skip(i + 5));
   if (!unit || unit->singular != "Minute") return Phrase{i + 5, words};
+  const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
+  return Phrase{last ? unit->end - 1 : unit->end, words};
+}
+
+// "1:02:45,3 Std.": always a duration.
+Found LongRaceTimeAt(const Tokens& tokens, std::size_t i) {
+  const auto duration = DurationDigitsAt(tokens, i);
+  if (!duration || duration->count != 3 || !tokens.Is(duration->end, ",") ||
+      !tokens.IsNumber(duration->end + 1, 1, 3) || !tokens.FreeBehind(duration->end + 1))
+    return std::nullopt;
+  const std::string words = FirstPartWords(tokens, i, duration->parts[0], "Stunde") + " " +
+                            PartWords(duration->parts[1], "Minute") + " " +
+                            CardinalWords(duration->parts[2]) + " Komma " +
+                            DigitWords(tokens.View(duration->end + 1)) + " Sekunden";
+  const std::size_t end = duration->end + 2;
+  const auto unit = UnitAt(tokens, tokens.Skip(end));
+  if (!unit || unit->singular != "Stunde") return Phrase{end, words};
   const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
   return Phrase{last ? unit->end - 1 : unit->end, words};
 }
@@ -230,7 +291,8 @@ Found DurationAt(const Tokens& tokens, std::size_t i) {
   for (std::size_t part = 0; part < duration->count && name < 3; ++part, ++name) {
     if (duration->parts[part] == 0 && (part > 0 || duration->parts[1] > 0)) continue;
     if (!words.empty()) words += ' ';
-    words += PartWords(duration->parts[part], kNames[name]);
+    words += part == 0 ? FirstPartWords(tokens, i, duration->parts[0], kNames[name])
+                       : PartWords(duration->parts[part], kNames[name]);
   }
   const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
   return Phrase{last ? unit->end - 1 : unit->end, words};
@@ -321,7 +383,8 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found TimeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&HalfHourAt, &RaceTimeAt, &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
+  for (const auto reading : {&PartOfHourAt, &HalfHourAt, &RaceTimeAt, &LongRaceTimeAt, &DurationAt,
+                             &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   if (auto score = ScoreAt(tokens, i)) return score;

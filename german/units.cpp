@@ -94,6 +94,11 @@ constexpr std::array kUnits{
     UnitName{"Mbps", "Megabit pro Sekunde", "Megabit pro Sekunde", kN},
     UnitName{"Gbit", "Gigabit", "Gigabit", kN},
     UnitName{"kbit", "Kilobit", "Kilobit", kN},
+    UnitName{"MBit", "Megabit", "Megabit", kN},
+    UnitName{"GBit", "Gigabit", "Gigabit", kN},
+    UnitName{"kBit", "Kilobit", "Kilobit", kN},
+    UnitName{"Mb", "Megabit", "Megabit", kN},
+    UnitName{"Gb", "Gigabit", "Gigabit", kN},
     UnitName{"Bit", "Bit", "Bit", kN},
     UnitName{"kB", "Kilobyte", "Kilobyte", kN},
     UnitName{"KB", "Kilobyte", "Kilobyte", kN},
@@ -129,6 +134,14 @@ constexpr std::array kUnits{
     UnitName{"Pkt", "Punkt", "Punkte", kM, Point::Always, "Punkten"},
     UnitName{"Pkg", "Packung", "Packungen", kF, Point::Always},
     UnitName{"Pack", "Packung", "Packungen", kF, Point::Always},
+    UnitName{"Packg", "Packung", "Packungen", kF, Point::Always},
+    UnitName{"Pckg", "Packung", "Packungen", kF, Point::Always},
+    UnitName{"Pckch", "Päckchen", "Päckchen", kN, Point::Always},
+    UnitName{"Pkch", "Päckchen", "Päckchen", kN, Point::Always},
+    UnitName{"Port", "Portion", "Portionen", kF, Point::Always},
+    UnitName{"Zw", "Zweig", "Zweige", kM, Point::Always, "Zweigen"},
+    UnitName{"Stg", "Stange", "Stangen", kF, Point::Always},
+    UnitName{"Übern", "Übernachtung", "Übernachtungen", kF, Point::Always},
     UnitName{"Stk", "Stück", "Stück", kN, Point::Maybe},
     UnitName{"Stck", "Stück", "Stück", kN, Point::Always},
     UnitName{"St", "Stück", "Stück", kN, Point::Always},
@@ -143,6 +156,28 @@ constexpr std::array kUnits{
     UnitName{"Ew", "Einwohner", "Einwohner", kM, Point::Maybe, "Einwohnern"},
     UnitName{"Einw", "Einwohner", "Einwohner", kM, Point::Always, "Einwohnern"},
     UnitName{"Pkte", "Punkt", "Punkte", kM, Point::Always},
+    UnitName{"gtt", "Tropfen", "Tropfen", kM, Point::Maybe},
+    UnitName{"Ki", "Kind", "Kinder", kN, Point::Always, "Kindern"},
+    UnitName{"Hm", "Höhenmeter", "Höhenmeter"},
+    UnitName{"hm", "Höhenmeter", "Höhenmeter"},
+    UnitName{"Km", "Kilometer", "Kilometer"},
+    UnitName{"lfm", "laufender Meter", "laufende Meter"},
+    UnitName{"rm", "Raummeter", "Raummeter"},
+    UnitName{"fm", "Festmeter", "Festmeter"},
+    UnitName{"Fm", "Festmeter", "Festmeter"},
+    UnitName{"BE", "Broteinheit", "Broteinheiten", kF},
+    UnitName{"µSv", "Mikrosievert", "Mikrosievert", kN},
+    UnitName{"mSv", "Millisievert", "Millisievert", kN},
+    UnitName{"Bq", "Becquerel", "Becquerel", kN},
+    UnitName{"kVA", "Kilovoltampere", "Kilovoltampere", kN},
+    UnitName{"mph", "Meile pro Stunde", "Meilen pro Stunde", kF},
+    UnitName{"oz", "Unze", "Unzen", kF},
+    UnitName{"lb", "Pfund", "Pfund", kN},
+    UnitName{"BRT", "Bruttoregistertonne", "Bruttoregistertonnen", kF},
+    UnitName{"PB", "Petabyte", "Petabyte", kN},
+    UnitName{"KiB", "Kibibyte", "Kibibyte", kN},
+    UnitName{"TiB", "Tebibyte", "Tebibyte", kN},
+    UnitName{"GE", "Großvieheinheit", "Großvieheinheiten", kF, Point::Always},
     UnitName{"Ω", "Ohm", "Ohm", kN},
     UnitName{"kΩ", "Kiloohm", "Kiloohm", kN},
     UnitName{"lx", "Lux", "Lux", kN},
@@ -318,7 +353,20 @@ constexpr std::string_view kPeriods[] = {
     "Halbjahr",  "Kubikmeter", "Gramm",  "Tonne",        "Beutel",         "Dose",       "Glas",
     "Std",       "Abend",      "Hektar"};
 
+// "/(m²a)", "/(m² · a)", "/m²a".
+std::optional<PerUnit> PerTwoUnitsBehind(const Tokens& tokens, std::size_t i) {
+  const bool bracket = tokens.Is(i, "(");
+  std::size_t at = bracket ? i + 1 : i;
+  if (!tokens.Is(at, "m") || !tokens.Is(at + 1, "²")) return std::nullopt;
+  at = tokens.Skip(at + 2);
+  if (IsOneOf(tokens.View(at), {"·", "*", "×"})) at = tokens.Skip(at + 1);
+  if (!tokens.Is(at, "a") || !tokens.FreeBehind(at) || (bracket && !tokens.Is(at + 1, ")")))
+    return std::nullopt;
+  return PerUnit{" pro Quadratmeter und Jahr", bracket ? at + 2 : at + 1};
+}
+
 std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
+  if (auto both = PerTwoUnitsBehind(tokens, i)) return both;
   if (tokens.Is(i, "100") && tokens.IsWord(tokens.Skip(i + 1))) {
     const auto unit = SimpleUnitAt(tokens, tokens.Skip(i + 1));
     if (unit)
@@ -379,6 +427,13 @@ std::optional<Currency> CurrencyAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(i, "Fr") && tokens.Is(i + 1, ".") && i >= 2 && tokens.IsNumber(tokens.Before(i)))
     return Currency{"Franken", "Rappen", kM, i + 2, false};
   if (tokens.Is(i, "US") && tokens.Is(i + 1, "$")) return Currency{"US-Dollar", "Cent", kM, i + 2, false};
+  if (tokens.Is(i, "US") && tokens.Is(i + 1, "-") && tokens.Is(i + 2, "$"))
+    return Currency{"US-Dollar", "Cent", kM, i + 3, false};
+  // "4,5 T€", "300 TEUR".
+  if (tokens.Is(i, "T") && tokens.Is(i + 1, "€")) return Currency{"tausend Euro", "", kM, i + 2, false};
+  if (IsOneOf(tokens.View(i), {"TEUR", "TEuro", "kEUR", "Teuro"}) && tokens.FreeBehind(i))
+    return Currency{"tausend Euro", "", kM, i + 1, false};
+  if (tokens.Is(i, "k") && tokens.Is(i + 1, "€")) return Currency{"tausend Euro", "", kM, i + 2, false};
   if (tokens.Is(i, "US") && tokens.Is(i + 1, "-") && tokens.Is(i + 2, "Dollar"))
     return Currency{"US-Dollar", "Cent", kM, i + 3, true};
   return std::nullopt;

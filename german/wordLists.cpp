@@ -69,6 +69,8 @@ bool TakesObject(std::string_view word) {
       "misst maß spendet spendete lief läuft fuhr fährt macht machte machen ergibt schrieb schreibt feiert "
       "feierte sah "
       "verschenke verkaufe biete tausche benötige sieht fand findet stellt stellte mietete vermietet besitzt "
+      "überweise überweist überweisen sende senden sendet schicke schicken schickt verordne verordnet bitte "
+      "bitten "
       "besaß hält hielt verursacht erzielte erzielt schoss");
   return words.Has(word);
 }
@@ -117,8 +119,22 @@ bool IsNumberedHead(std::string_view noun) {
       "Korintherbrief Mose Advents Klassen "
       "Bürgerversammlung Sitzung Ausschuss Entwurf Sonntag Montag Dienstag Mittwoch Donnerstag Freitag "
       "Samstag "
-      "Januar Februar März April Mai Juni Juli August September Oktober November Dezember");
-  return words.Has(noun);
+      "Januar Februar März April Mai Juni Juli August September Oktober November Dezember Minute Sekunde "
+      "Stelle "
+      "Zeile Besuch Werktag Lauf Versuch Saison Spielzeit Amtszeit Schwangerschaftswoche SSW Hälfte");
+  if (words.Has(noun)) return true;
+  // "Verhandlungstag", "Strafkammer": what is counted by its last part.
+  constexpr std::size_t kShortestFirstPart = 3;
+  for (const std::string_view part :
+       {"tag",         "woche",      "klasse",   "liga",         "kammer",      "senat",         "runde",
+        "etage",       "geschoss",   "auflage",  "semester",     "jahr",        "minute",        "platz",
+        "rang",        "sitzung",    "auflage",  "etappe",       "spieltag",    "impfung",       "mahnung",
+        "wahl",        "geburtstag", "kreis",    "vorsitzender", "vorsitzende", "bürgermeister", "instanz",
+        "stufe",       "staffel",    "wahlgang", "durchgang",    "lehrgang",    "jahrgang",      "bezirk",
+        "versammlung", "turnier",    "rennen"}) {
+    if (noun.ends_with(part) && noun.size() >= part.size() + kShortestFirstPart) return true;
+  }
+  return false;
 }
 
 bool GoesBeforeYears(std::string_view word) {

@@ -1,0 +1,296 @@
+#include "german/romans.h"
+
+#include "german/grammar.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+#include "german/ordinals.h"
+#include "german/wordLists.h"
+
+namespace lorelin {
+
+namespace {
+
+bool IsRomanHead(std::string_view word) {
+  return IsOneOf(word, {"Kapitel",
+                        "Teil",
+                        "Band",
+                        "Akt",
+                        "Abschnitt",
+                        "Buch",
+                        "Klasse",
+                        "Typ",
+                        "Stufe",
+                        "Grad",
+                        "Gruppe",
+                        "Kategorie",
+                        "Phase",
+                        "Kammer",
+                        "Grades",
+                        "Weltkrieg",
+                        "Hartz",
+                        "Agenda",
+                        "Apollo",
+                        "Artikel",
+                        "Anhang",
+                        "Anlage",
+                        "Satz",
+                        "Strophe",
+                        "Symphonie",
+                        "Sinfonie",
+                        "Szene",
+                        "Bd",
+                        "Kap",
+                        "Tafel",
+                        "Abteilung",
+                        "Windows",
+                        "Rocky",
+                        "Teile",
+                        "SGB",
+                        "BGBl",
+                        "Bundesgesetzblatt",
+                        "BStBl",
+                        "Faust",
+                        "Quartal",
+                        "Bauteil",
+                        "Schema",
+                        "Zone",
+                        "Level",
+                        "Steuerklasse",
+                        "Lohnsteuerklasse",
+                        "Pflegestufe"});
+}
+
+bool IsRomanOrdinalHead(std::string_view word) {
+  return IsNumberedHead(word) ||
+         IsOneOf(word, {"Olympischen", "Olympische", "Vatikanisches", "Vatikanischen", "Internationale",
+                        "Armeekorps", "Semester", "Vatikanum", "Dynastie"});
+}
+
+std::uint64_t RomanNumberAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (!tokens.IsWord(i) || word.size() > 12 || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return 0;
+  return RomanValue(word);
+}
+
+// Letters that make a number and hardly anything else: "III", "XIV", "LVIII".
+bool IsPlainRoman(std::string_view word) {
+  if (word.size() < 2 || word.find_first_not_of("IVXLC") != std::string_view::npos) return false;
+  return word.find_first_of("LC") == std::string_view::npos || word.size() > 3;
+}
+
+// "Saal II", "Steuerklasse IV, nicht III".
+bool NamesNumber(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  if (tokens.IsCapital(before))
+    return !IsAllCaps(tokens.View(before)) || RomanValue(tokens.View(before)) != 0;
+  // "Zeichen: III/4-22".
+  if (tokens.Is(before, ":") && IsOneOf(tokens.View(i + 1), {"/", "-"})) return true;
+  return IsOneOf(tokens.View(before), {"nicht", "und", "oder", "bis", "sondern", ",", "–", "-", "/"});
+}
+
+// "LG München I", "TSV Dorf I – SV Stadt II": a letter that names the first of several.
+bool NamesFirst(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "I") || i < 2 || !tokens.IsCapital(i - 2) || !tokens.IsBlank(i - 1)) return false;
+  if (IsOneOf(tokens.WordBefore(i - 2), {"LG", "Landgericht", "Landgerichts", "StA"})) return true;
+  if (NounOf(tokens.View(i - 2)).whole) return false;
+  const std::size_t next = tokens.Skip(i + 1);
+  return (IsOneOf(tokens.View(next), {"–", "-", "gegen"}) && next > i + 1) || tokens.Is(next + 2, ":");
+}
+
+bool IsTitle(std::string_view word) {
+  return IsOneOf(word, {"König",      "Kaiser",   "Papst",   "Zar",      "Prinz",   "Fürst",   "Herzog",
+                        "Graf",       "Kurfürst", "Königin", "Kaiserin", "Zarin",   "Sultan",  "Bischof",
+                        "Erzbischof", "Königs",   "Kaisers", "Papstes",  "Zaren",   "Fürsten", "Herzogs",
+                        "Grafen",     "Pharao",   "Ramses",  "Landgraf", "Markgraf"});
+}
+
+bool IsWomansName(std::string_view name) {
+  if (name.ends_with('s')) name.remove_suffix(1);
+  return IsOneOf(name, {"Elisabeth", "Maria",   "Katharina", "Margarethe", "Victoria",  "Viktoria",
+                        "Christina", "Beatrix", "Juliana",   "Wilhelmina", "Isabella",  "Anna",
+                        "Mary",      "Olga",    "Kleopatra", "Elizabeth",  "Margrethe", "Sophie",
+                        "Louise",    "Luise",   "Johanna",   "Sonja",      "Silvia",    "Theresia"});
+}
+
+// Names of rulers and popes, by which a letter such as "I." or "V." is a number and no second name.
+bool IsRulersName(std::string_view name) {
+  for (int i = 0; i < 2; ++i) {
+    if (IsWomansName(name) ||
+        IsOneOf(
+            name,
+            {"Ludwig",    "Friedrich", "Wilhelm",       "Karl",      "Heinrich",  "Otto",       "Konrad",
+             "Rudolf",    "Leopold",   "Josef",         "Joseph",    "Franz",     "Ferdinand",  "Maximilian",
+             "Albrecht",  "Georg",     "Eduard",        "Edward",    "Charles",   "Carl",       "Gustav",
+             "Philipp",   "Alfons",    "Johannes",      "Paul",      "Pius",      "Benedikt",   "Leo",
+             "Gregor",    "Klemens",   "Clemens",       "Innozenz",  "Urban",     "Nikolaus",   "Alexander",
+             "Peter",     "Iwan",      "Ramses",        "Napoleon",  "Otho",      "Lothar",     "August",
+             "Christian", "Jakob",     "Richard",       "Sigismund", "Wenzel",    "Franziskus", "Mehmed",
+             "Süleyman",  "Selim",     "Felipe",        "Juan",      "Carlos",    "Harald",     "Haakon",
+             "Olaf",      "Albert",    "Bonifatius",    "Sixtus",    "Julius",    "Hadrian",    "Louis",
+             "Henry",     "George",    "William",       "James",     "Thutmosis", "Amenophis",  "Dareios",
+             "Xerxes",    "Philip",    "Pippin",        "Johann",    "Rainier",   "Faisal",     "Abdullah",
+             "Adolf",     "Ernst",     "Ludwig-Wilhelm"}))
+      return true;
+    if (!name.ends_with('s')) return false;
+    name.remove_suffix(1);
+  }
+  return false;
+}
+
+// "Ludwigs", but not "Johannes" or "Pius".
+bool IsGenitiveName(std::string_view name) {
+  if (name.ends_with("as") && IsWomansName(name) && !IsOneOf(name, {"Thomas"})) return true;
+  return name.ends_with('s') && !HasSuffix(name, {"us", "es", "as", "is", "os", "James", "Louis"});
+}
+
+// The ruler's name right before the number.
+std::size_t RulerBefore(const Tokens& tokens, std::size_t i) {
+  const std::size_t name = tokens.WordIndexBefore(i);
+  if (name == Tokens::kNone || !tokens.IsCapital(name)) return Tokens::kNone;
+  if (IsRulersName(tokens.View(name))) return name;
+  const auto title = tokens.WordBefore(name);
+  return IsTitle(title) ? name : Tokens::kNone;
+}
+
+// The first word of the ruler's names and titles.
+std::size_t FirstOfName(const Tokens& tokens, std::size_t name) {
+  for (int step = 0; step < 4; ++step) {
+    const std::size_t before = tokens.WordIndexBefore(name);
+    if (before == Tokens::kNone || !tokens.IsCapital(before) || IsDeterminer(tokens.View(before)) ||
+        CaseOfPreposition(tokens.View(before)))
+      break;
+    if (!IsTitle(tokens.View(before)) && !IsRulersName(tokens.View(before))) break;
+    name = before;
+  }
+  return name;
+}
+
+// "Er besiegte Napoleon III."
+bool OvercomesRuler(std::string_view verb) {
+  return IsOneOf(verb, {"besiegte",  "besiegten", "stürzte", "stürzten",    "krönte",       "krönten",
+                        "heiratete", "traf",      "empfing", "besuchte",    "unterstützte", "bekämpfte",
+                        "ermordete", "wählte",    "wählten", "kannte",      "vertrieb",     "schlug",
+                        "schlugen",  "beriet",    "malte",   "porträtierte"});
+}
+
+Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
+  if (IsGenitiveName(tokens.View(name))) return Case::Genitive;
+  const std::size_t first = FirstOfName(tokens, name);
+  if (IsOneOf(tokens.View(first), {"Königs", "Kaisers", "Papstes", "Herzogs"})) return Case::Genitive;
+  const auto before = tokens.WordBefore(first);
+  if (IsOneOf(before, {"des", "der"})) return Case::Genitive;
+  if (IsOneOf(before, {"dem", "zum", "vom", "beim", "am", "im", "zur"})) return Case::Dative;
+  if (before == "den" || before == "über" || OvercomesRuler(before)) return Case::Accusative;
+  if (const auto asked = CaseOfPreposition(before)) return *asked;
+  if (before != "und" && before != "oder") return Case::Nominative;
+  // "unter Leo X. und Karl V.": the preposition before the first name holds for both.
+  std::size_t at = tokens.WordIndexBefore(first);
+  for (int step = 0; step < 9 && at != Tokens::kNone; ++step) {
+    at = tokens.Before(at);
+    if (at == Tokens::kNone) break;
+    if (const auto asked = CaseOfPreposition(tokens.View(at)))
+      return tokens.Is(at, "über") ? Case::Accusative : *asked;
+    if (tokens.IsWord(at) && !tokens.IsCapital(at) && !IsDeterminer(tokens.View(at))) break;
+  }
+  return Case::Nominative;
+}
+
+}  // namespace
+
+std::string WithNameOf(const Tokens& tokens, std::size_t i, std::string_view adjective) {
+  const std::size_t name = tokens.WordIndexBefore(i);
+  const Case asked = name == Tokens::kNone ? Case::Nominative : CaseOfRuler(tokens, name);
+  const bool woman = name != Tokens::kNone && IsWomansName(tokens.View(name));
+  constexpr std::string_view kMan[] = {"der", "des", "dem", "den"};
+  constexpr std::string_view kWoman[] = {"die", "der", "der", "die"};
+  const bool plain = asked == Case::Nominative || (woman && asked == Case::Accusative);
+  const auto at = static_cast<std::size_t>(asked);
+  return std::string(woman ? kWoman[at] : kMan[at]) + " " + std::string(adjective) + (plain ? "e" : "en");
+}
+
+namespace {
+
+std::string RulersNumber(std::uint64_t value, Case asked, bool woman) {
+  constexpr std::string_view kMan[] = {"der", "des", "dem", "den"};
+  constexpr std::string_view kWoman[] = {"die", "der", "der", "die"};
+  const auto at = static_cast<std::size_t>(asked);
+  const bool plain = asked == Case::Nominative || (woman && asked == Case::Accusative);
+  return std::string(woman ? kWoman[at] : kMan[at]) + " " +
+         WithUpperStart(OrdinalWords(value, plain ? "e" : "en"));
+}
+
+}  // namespace
+
+namespace {
+
+// "I–III".
+Found RomanSpan(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  const std::uint64_t second = tokens.IsDashAt(i + 1) ? RomanNumberAt(tokens, i + 2) : 0;
+  if (second > value) return Phrase{i + 3, CardinalWords(value) + " bis " + CardinalWords(second)};
+  return Phrase{i + 1, CardinalWords(value)};
+}
+
+}  // namespace
+
+namespace {
+
+// "die I. und II. Mannschaft": the token of the last of them, where this one is joined with others.
+std::size_t LastJoinedRoman(const Tokens& tokens, std::size_t i) {
+  const std::size_t joint = tokens.Skip(i + 2);
+  const std::size_t second = tokens.Skip(joint + 1);
+  const bool joined = IsOneOf(tokens.View(joint), {"und", "oder", "bis"}) && tokens.Is(i + 1, ".") &&
+                      RomanNumberAt(tokens, second) != 0 && tokens.Is(second + 1, ".");
+  return joined ? second : i;
+}
+
+}  // namespace
+
+bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;
+  if (const std::size_t last = LastJoinedRoman(tokens, i); last != i) return IsRomanOrdinalAt(tokens, last);
+  const std::size_t next = tokens.Skip(i + 2);
+  if (next > i + 2 && tokens.IsCapital(next) && IsRomanOrdinalHead(tokens.View(next))) return true;
+  if (next > i + 2 && tokens.IsCapital(next) && IsPlainRoman(tokens.View(i)) &&
+      (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
+    return !StartsSentenceAt(tokens, next);
+  return RulerBefore(tokens, i) != Tokens::kNone;
+}
+
+Found RomanAt(const Tokens& tokens, std::size_t i) {
+  const std::uint64_t value = RomanNumberAt(tokens, i);
+  if (value == 0) return std::nullopt;
+  const bool point = tokens.Is(i + 1, ".");
+  const std::size_t next = tokens.Skip(i + 2);
+  if (const std::size_t last = LastJoinedRoman(tokens, i);
+      last != i && IsRomanOrdinalAt(tokens, last) && RulerBefore(tokens, i) == Tokens::kNone)
+    return Phrase{
+        i + 2, OrdinalWords(value, EndingAt(tokens, i,
+                                            AgreementAt(tokens, NounBehind(tokens, tokens.Skip(last + 2)))))};
+  if (point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
+    return Phrase{i + 2,
+                  OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
+  std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", "-"}) && before > 0)
+    --before;  // "Typ-I-Fehler"
+  if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
+    return RomanSpan(tokens, i, value);
+  const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
+  if (ordinal && IsPlainRoman(tokens.View(i)) &&
+      (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
+    return Phrase{i + 2,
+                  OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
+  const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;
+  if (name == Tokens::kNone && NamesFirst(tokens, i)) return Phrase{i + 1, "eins"};
+  if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i))
+    return RomanSpan(tokens, i, value);
+  if (name == Tokens::kNone || value > 40) return std::nullopt;
+  const bool woman = IsWomansName(tokens.View(name));
+  // A last name behind it makes a second name of it: "Max I. Meyer".
+  if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
+      !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
+    return std::nullopt;
+  return Phrase{tokens.IsLast(i + 1) ? i + 1 : i + 2, RulersNumber(value, CaseOfRuler(tokens, name), woman)};
+}
+
+}  // namespace lorelin
