@@ -16,6 +16,7 @@ constexpr std::int32_t kExportItem = 1001;
 
 void TaskItems::AddBuiltIn() {
   parts_.unsaved.AddGroup();  // the first, once it has something to offer
+  parts_.continued.AddGroup();
   parts_.taskPane.AddGroup(kSpeechGroup);
   for (const TaskPaneEntry& task : SpeechTasks())
     parts_.taskPane.AddItem(kSpeechGroup, task.number, task.caption);
@@ -30,6 +31,7 @@ void TaskItems::AddExportLink() {
 void TaskItems::Clicked(std::int32_t number, TaskPaneRequest request) {
   if (request == TaskPaneRequest::ExportLink) return ExportLinkClicked();
   if (request == TaskPaneRequest::Restore) return parts_.unsaved.Clicked(number);
+  if (request == TaskPaneRequest::Continue) return parts_.runCommand("ContinueReading");
   const auto tasks = SpeechTasks();
   const auto found =
       std::find_if(tasks.begin(), tasks.end(), [&](const auto& task) { return task.number == number; });

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string_view>
 
+#include "app/ContinuedReading.h"
 #include "app/UnsavedTexts.h"
 #include "ports/MessageBoxes.h"
 #include "ports/TaskPane.h"
@@ -21,13 +22,14 @@ class TaskItems {
     MessageBoxes& messageBoxes;
     TaskMenu& scripts;
     UnsavedTexts& unsaved;
+    ContinuedReading& continued;
     ModSpeak& speech;
     std::function<void(std::string_view command)> runCommand;
   };
 
   explicit TaskItems(Parts parts) : parts_(std::move(parts)) {}
 
-  // The group of unsaved texts, empty, and the built-in tasks.
+  // The groups of unsaved texts and of what can be read on, empty, and the built-in tasks.
   void AddBuiltIn();
   void AddExportLink();
   void Clicked(std::int32_t number, TaskPaneRequest request);

@@ -24,6 +24,7 @@ WindowModules::WindowModules(Edges given)
                      [this] {
                        edges.view.SetTitle(documents.Title());
                        edges.spoken.speech.Status().Forget();  // that was another text
+                       continued.DocumentChanged();
                      },
                  .stored = [this] { edges.recovery.Saved(); },
                  .unwanted = [this] { edges.recovery.LetGo(); },
@@ -94,10 +95,40 @@ WindowModules::WindowModules(Edges given)
                .modes = modes}),
       textSize(edges.editing, edges.spoken.settings),
       along(edges.spoken.speech, edges.marks, edges.spoken.settings),
+      readingProgress({.along = along,
+                       .speech = edges.spoken.speech,
+                       .document = edges.document,
+                       .bar = edges.placeBar,
+                       .clock = edges.system.clock}),
+      readingPlaces(edges.system.files, edges.system.log, edges.settingsFolder),
+      continued({.along = along,
+                 .progress = readingProgress,
+                 .speech = edges.spoken.speech,
+                 .documents = documents,
+                 .document = edges.document,
+                 .places = readingPlaces,
+                 .taskPane = edges.taskPane,
+                 .statusBar = edges.statusBar,
+                 .modes = modes}),
+      sleep({.alarm = edges.alarm,
+             .clock = edges.system.clock,
+             .statusBar = edges.statusBar,
+             .view = edges.view,
+             .along = along,
+             .stop =
+                 [this] {
+                   // Not inside what the engine tells.
+                   edges.pump.Post([this] {
+                     interpreter.Cancel();
+                     window.RunCommand("Stop");
+                     edges.statusBar.SetMessage("Die Schlafzeit ist um.");
+                   });
+                 }}),
       taskItems({.taskPane = edges.taskPane,
                  .messageBoxes = edges.messageBoxes,
                  .scripts = tasks,
                  .unsaved = unsaved,
+                 .continued = continued,
                  .speech = edges.spoken.speech,
                  .runCommand = [this](std::string_view command) { window.RunCommand(command); }}),
       timers({.view = edges.view,
@@ -134,6 +165,8 @@ WindowModules::WindowModules(Edges given)
 }
 
 WindowModules::~WindowModules() {
+  along.Tell({});
+  edges.alarm.Cancel();
   edges.recovery.OnLeftoversChanged({});
   edges.document.OnReplaced([] {});
   edges.spoken.speech.OnExportAvailable({});
@@ -166,11 +199,46 @@ void WindowModules::FillCommands() {
                            edges.view);
   AddTextSizeCommands(commands, textSize);
   AddReadingCommands(commands, Reading());
+  sleep.AddCommands(commands);
+  AddPlaceCommands();
   AddConditions(commands, edges.spoken.speech, edges.editing);
   AddHelpCommands(commands, modes, edges.helpDialogs, launches);
 }
 
+void WindowModules::AddPlaceCommands() {
+  commands.Add("ContinueReading", [this] { continued.Continue(); });
+  commands.AddCondition("ContinueReading", [this] { return continued.CanContinue(); });
+  commands.Add("ChoosePlace", [this] { edges.placeBar.FocusPlace(); });
+  commands.AddCondition("ChoosePlace", [this] { return along.CanSteer(); });
+}
+
+// The place is kept while it is known how much of the text was heard.
+void WindowModules::Follow() {
+  along.Tell({.begins =
+                  [this] {
+                    readingProgress.Begins();
+                    continued.Begins();
+                  },
+              .moved =
+                  [this] {
+                    readingProgress.Moved();
+                    sleep.Moved();
+                  },
+              .holds =
+                  [this](bool held) {
+                    readingProgress.Holds(held);
+                    continued.Holds(held);
+                  },
+              .ends =
+                  [this] {
+                    continued.Ends();
+                    readingProgress.Ends();
+                    sleep.Ends();
+                  }});
+}
+
 void WindowModules::Connect() {
+  Follow();
   edges.browser.OnNavigate([this](std::string& address) { return links.BeforeNavigate(address); });
   edges.spoken.speech.OnExportAvailable(
       [this](bool available) { edges.view.EnableCommand("ExportDoc", available); });

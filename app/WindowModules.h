@@ -3,9 +3,11 @@
 #include <functional>
 #include <string>
 
+#include "app/ContinuedReading.h"
 #include "app/FileOpening.h"
 #include "app/MainWindow.h"
 #include "app/Modes.h"
+#include "app/SleepTimer.h"
 #include "app/TaskItems.h"
 #include "app/TextSize.h"
 #include "app/UnsavedTexts.h"
@@ -15,14 +17,17 @@
 #include "app/readingCommands.h"
 #include "documents/Documents.h"
 #include "documents/GuardedDocument.h"
+#include "documents/ReadingPlaces.h"
 #include "documents/RecentFiles.h"
 #include "documents/Recovery.h"
 #include "help/errorPage.h"
 #include "help/launches.h"
 #include "monitor/DesktopMonitor.h"
+#include "ports/Alarm.h"
 #include "ports/BrowserPane.h"
 #include "ports/EditorCommands.h"
 #include "ports/HelpDialogs.h"
+#include "ports/PlaceBar.h"
 #include "ports/ProgressWindow.h"
 #include "ports/PronunciationDialogs.h"
 #include "ports/SystemPorts.h"
@@ -30,6 +35,7 @@
 #include "scripts/TaskMenu.h"
 #include "scripts/interpreter.h"
 #include "speech/ReadingAlong.h"
+#include "speech/ReadingProgress.h"
 #include "speech/SpeechModules.h"
 #include "speech/modExport.h"
 
@@ -47,6 +53,8 @@ struct WindowModules {
     MainView& view;
     EditorCommands& editing;
     ReadingMarks& marks;
+    PlaceBar& placeBar;
+    Alarm& alarm;
     BrowserPane& browser;
     TaskPane& taskPane;
     StatusBar& statusBar;
@@ -59,6 +67,7 @@ struct WindowModules {
     HelpDialogs& helpDialogs;
     PronunciationDialogs& pronunciationDialogs;
     std::string programFolder;
+    std::string settingsFolder;
     std::function<void()> createScript;                    // opens the script editor
     std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
     std::string homeFolder{};                              // what "~" is in the paths of scripts
@@ -85,6 +94,10 @@ struct WindowModules {
   UnsavedTexts unsaved;
   TextSize textSize;
   ReadingAlong along;
+  ReadingProgress readingProgress;
+  ReadingPlaces readingPlaces;
+  ContinuedReading continued;
+  SleepTimer sleep;
   TaskItems taskItems;
   WatchTimers timers;
   CommandTable commands;
@@ -93,6 +106,8 @@ struct WindowModules {
 
  private:
   void FillCommands();
+  void AddPlaceCommands();
+  void Follow();
   void Connect();
 };
 

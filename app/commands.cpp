@@ -57,6 +57,10 @@ constexpr MenuEntry Following(std::string_view name, std::string_view caption, s
   return {name, caption, command, "", false, "", "&Mitlesen", true};
 }
 
+constexpr MenuEntry Sleeping(std::string_view name, std::string_view caption, std::string_view command) {
+  return {name, caption, command, "", false, "", "S&chlafzeit", true};
+}
+
 constexpr std::array kActionMenu{
     MenuEntry{"mnuSpeak", "&Sprechen", "Speak", "F5"},
     MenuEntry{"mnuStop", "Sto&p", "Stop", "F8"},
@@ -65,6 +69,7 @@ constexpr std::array kActionMenu{
     kReadFromCur,
     kReadFromHere,
     kReadSelection,
+    MenuEntry{"mnuContinueReading", "Wei&terlesen", "ContinueReading", "Shift+F7"},
     WhileReading("mnuSentenceBack", "Einen Satz &zurück", "SentenceBack", "Shift+F9"),
     WhileReading("mnuSentenceOn", "Einen Satz &weiter", "SentenceOn", "Ctrl+F9"),
     WhileReading("mnuRepeatSentence", "Satz wieder&holen", "RepeatSentence", "F9"),
@@ -73,6 +78,12 @@ constexpr std::array kActionMenu{
     WhileReading("mnuFaster", "S&chneller", "Faster", "Alt+PageUp"),
     WhileReading("mnuSlower", "&Langsamer", "Slower", "Alt+PageDown"),
     WhileReading("mnuReturnToVoice", "Zur Lese&stelle", "ReturnToVoice", "Alt+Home"),
+    WhileReading("mnuChoosePlace", "Lesestelle &verschieben", "ChoosePlace", "Alt+End"),
+    Sleeping("mnuSleepOff", "&aus", "SleepOff"),
+    Sleeping("mnuSleep15", "in &15 Minuten", "SleepIn15"),
+    Sleeping("mnuSleep30", "in &30 Minuten", "SleepIn30"),
+    Sleeping("mnuSleep60", "in &60 Minuten", "SleepIn60"),
+    Sleeping("mnuSleepParagraph", "am &Ende des Absatzes", "SleepAtParagraph"),
     kSeparator,
     MenuEntry{"mnuVoice", "Stimme &wählen", "ChooseVoice", "Ctrl+Shift+T"},
     MenuEntry{"mnuVolume", "&Lautstärke ändern", "ChangeVolume", "Ctrl+Shift+L"},

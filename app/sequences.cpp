@@ -46,6 +46,11 @@ void WriteLastSnapshot(Recovery& recovery) {
   recovery.FinishWriting();
 }
 
+void KeepReadingPlace(WindowModules& m) {
+  m.continued.Holds(true);
+  m.readingPlaces.FinishWriting();
+}
+
 }  // namespace
 
 std::vector<Step> LoadSequence(WindowModules& m, bool textFollows) {
@@ -77,6 +82,7 @@ std::vector<Step> LoadSequence(WindowModules& m, bool textFollows) {
       {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
       {"text size", [&] { m.textSize.Restore(); }},
       {"following", [&] { ShowFollowMode(m.Reading()); }},
+      {"sleep timer", [&] { m.sleep.Show(); }},
       {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},
       {"show", [&] { edges.view.ShowWindow(); }},
       {"loaded", [&] { spoken.startup.loadingInProgress = false; }}};
@@ -87,6 +93,7 @@ std::vector<Step> CloseSequence(WindowModules& m, bool forced) {
   SpeechModules& spoken = edges.spoken;
   // The text first: an extension may hang, and who ends the program by force does not wait for it.
   return {{"recovery", [&] { WriteLastSnapshot(edges.recovery); }},
+          {"reading place", [&] { KeepReadingPlace(m); }},
           {"extensions", [&] { spoken.extensions.Close(); }},
           {"LastDoc", [&] { spoken.settings.Save(setting::LastDoc, m.documents.Current().path); }},
           {"placement", [&] { spoken.settings.Save(setting::Placement, edges.view.Placement()); }},

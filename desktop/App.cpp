@@ -14,6 +14,7 @@
 #include "desktop/frmPronunciationDialogs.h"
 #include "desktop/frmTaskEditor.h"
 #include "desktop/frmVoiceDialogs.h"
+#include "desktop/toolkit/WxAlarm.h"
 #include "desktop/toolkit/WxClipboard.h"
 #include "desktop/toolkit/WxEventPump.h"
 #include "desktop/toolkit/WxFileDialogs.h"
@@ -82,6 +83,8 @@ class App::Program {
                   .view = *form_,
                   .editing = *form_,
                   .marks = form_->Editor().Marks(),
+                  .placeBar = *form_,
+                  .alarm = alarm_,
                   .browser = form_->Browser(),
                   .taskPane = form_->Tasks(),
                   .statusBar = *form_,
@@ -94,6 +97,7 @@ class App::Program {
                   .helpDialogs = helpDialogs_,
                   .pronunciationDialogs = pronunciationDialogs_,
                   .programFolder = services_.paths.programFolder,
+                  .settingsFolder = services_.paths.settingsFolder,
                   .createScript = [this] { CreateScript(); },
                   .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); },
                   .homeFolder = services_.paths.homeFolder}),
@@ -249,6 +253,7 @@ class App::Program {
   WxFileDialogs fileDialogs_{messageBoxes_};
   WxProgressWindow progress_;
   WxClipboard clipboard_;
+  WxAlarm alarm_;
   std::unique_ptr<DirectSS> voice_;
   std::unique_ptr<DirectSS> voice2_;
   std::unique_ptr<FrmMain> form_;

@@ -104,6 +104,7 @@ void FrmMain::BuildToolbar() {
 
 void FrmMain::BuildStatusBar() {
   MakeStatusBar(*this, "100000000 Zeichen.")->SetStatusText("0 Zeichen.", 0);
+  placeLine_ = std::make_unique<PlaceLine>(*GetStatusBar());
   SetStatusBarPane(-1);  // the menus have no help texts that would wipe out what stands there
 }
 

@@ -6,15 +6,19 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/MainMenu.h"
+#include "desktop/toolkit/PlaceLine.h"
 #include "desktop/toolkit/WxBrowserPane.h"
 #include "desktop/toolkit/WxDocumentEditor.h"
 #include "desktop/toolkit/WxTaskPane.h"
 #include "ports/EditorCommands.h"
 #include "ports/MainView.h"
+#include "ports/PlaceBar.h"
 #include "ports/StatusBar.h"
 
 namespace lorelin {
@@ -24,7 +28,11 @@ struct WindowModules;
 
 // The main window as controls. It builds them from the tables in app/commands.h, hands every event to
 // the window's modules and shows what it is told.
-class FrmMain final : public wxFrame, public MainView, public StatusBar, public EditorCommands {
+class FrmMain final : public wxFrame,
+                      public MainView,
+                      public StatusBar,
+                      public EditorCommands,
+                      public PlaceBar {
  public:
   // `filterFolder` is the browser pane's; `endProgram` ends the process once the window has gone.
   FrmMain(const std::string& filterFolder, std::function<void()> endProgram, Log& log);
@@ -67,6 +75,12 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   std::string Message() override;
   void SetNotice(std::string_view name, std::string_view text) override;
   void SetFirstPanel(std::string_view text) override;
+  void ShowPlace(const ShownPlace& place) override { placeLine_->Show(place); }
+  void HidePlace() override { placeLine_->Hide(); }
+  void FocusPlace() override { placeLine_->Focus(); }
+  void OnPlaceChosen(std::function<void(std::size_t)> handler) override {
+    placeLine_->OnChosen(std::move(handler));
+  }
 
  private:
   MainMenu::Commands MenuCommands();
@@ -89,6 +103,7 @@ class FrmMain final : public wxFrame, public MainView, public StatusBar, public 
   WxDocumentEditor* rtfText_ = nullptr;
   WxBrowserPane* wbBrowser_ = nullptr;
   WxTaskPane* ctlTask_ = nullptr;
+  std::unique_ptr<PlaceLine> placeLine_;
   wxTimer tmrClipboard_;
   wxTimer tmrWinTasks_;
   wxTimer snapshot_;

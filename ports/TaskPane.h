@@ -7,7 +7,7 @@
 namespace lorelin {
 
 // What a click asks for; the numbers are the pane's own.
-enum class TaskPaneRequest { Item = 0, ExportLink = 3, Restore = 4 };
+enum class TaskPaneRequest { Item = 0, ExportLink = 3, Restore = 4, Continue = 5 };
 
 // Port: the side panel with groups of captioned, numbered items. User-interface thread only.
 class TaskPane {

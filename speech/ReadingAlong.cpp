@@ -32,9 +32,13 @@ ReadingAlong::ReadingAlong(ModSpeak& speech, ReadingMarks& marks, SettingsStore&
       marks_(marks),
       settings_(settings),
       mode_(FollowModeOf(settings.Get(setting::FollowMode))) {
-  speech_.OnReading({.begins = [this](std::string source) { Begin(std::move(source)); },
+  speech_.OnReading({.begins = [this](std::string source) { Begins(std::move(source)); },
                      .word = [this](const HeardWord& word) { Heard(word); },
-                     .ends = [this] { End(); }});
+                     .ends = [this] { End(); },
+                     .holds =
+                         [this](bool held) {
+                           if (IsReading() && listener_.holds) listener_.holds(held);
+                         }});
   marks_.OnEdited([this](std::size_t place, std::size_t removed, std::size_t inserted) {
     if (!IsReading()) return;
     shifts_.Edited(place, removed, inserted);
@@ -53,20 +57,44 @@ void ReadingAlong::SetMode(FollowMode mode) {
   Show();
 }
 
-void ReadingAlong::Begin(std::string source) {
+void ReadingAlong::Begins(std::string source) {
   End();
   const TracedText* const text = speech_.CurrentText();
   if (text == nullptr || !text->HasSource()) return;
   begin_ = text->SourceBegin();
   sentences_.emplace(std::move(source));
+  Call(listener_.begins);
 }
 
 void ReadingAlong::End() {
-  if (sentences_) marks_.Hide();
+  if (sentences_) {
+    Call(listener_.ends);
+    marks_.Hide();
+  }
   sentences_.reset();
   word_.reset();
   shifts_.Clear();
   sentence_ = 0;
+  jumps_ = 0;
+}
+
+std::optional<HeardPlace> ReadingAlong::Place() const {
+  if (!sentences_ || !word_) return std::nullopt;
+  return HeardPlace{.sentence = sentence_, .character = word_->begin, .jumps = jumps_};
+}
+
+void ReadingAlong::Adopt(SentencePlaces sentences) {
+  if (sentences_ && sentences_->Text() == sentences.Text()) sentences_ = std::move(sentences);
+}
+
+std::optional<std::size_t> ReadingAlong::SentenceBegin() {
+  if (!CanSteer()) return std::nullopt;
+  const CharacterRange range = sentences_->Range(sentence_);
+  const auto now = Now({begin_ + range.begin, begin_ + range.end});
+  if (now) return now->begin;
+  // The sentence was edited; the word was rather not.
+  const auto word = Now(*word_);
+  return word ? std::optional(word->begin) : std::nullopt;
 }
 
 void ReadingAlong::Heard(const HeardWord& word) {
@@ -77,6 +105,7 @@ void ReadingAlong::Heard(const HeardWord& word) {
   word_ = source;
   sentence_ = sentences_->At(source->begin - begin_);
   Show();
+  Call(listener_.moved);
 }
 
 std::optional<MarkedRange> ReadingAlong::Now(CharacterRange range) const {
@@ -101,6 +130,7 @@ void ReadingAlong::GoTo(std::size_t sentence) {
   if (!CanSteer() || text == nullptr || !sentences_->Exists(sentence)) return;
   const CharacterRange range = sentences_->Range(sentence);
   if (!speech_.HearFrom(text->SpokenFrom(begin_ + range.begin))) return;
+  ++jumps_;
   sentence_ = sentence;
 }
 

@@ -9,20 +9,33 @@ namespace lorelin {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::size_t kFewWords = 500;  // bytes, which tell whether a sentence ends before them
 
 }  // namespace
 
 bool SentencePlaces::FindNext() {
   const Place last = begins_.back();
-  if (last.byte >= text_.size()) complete_ = true;
+  if (last.byte >= text_->size()) complete_ = true;
   if (complete_) return false;
-  const std::size_t end = SentenceEnd(text_, last.byte);
-  const std::string_view sentence = std::string_view(text_).substr(last.byte, end - last.byte);
+  const std::size_t end = SentenceEnd(*text_, last.byte);
+  const std::string_view sentence = std::string_view(*text_).substr(last.byte, end - last.byte);
   const std::size_t words = sentence.find_last_not_of(kBlanks);
   const std::string_view gap = words == std::string_view::npos ? sentence : sentence.substr(words + 1);
   begins_.push_back(
       {end, last.character + CountCharacters(sentence), gap.find('\n') != std::string_view::npos});
   return true;
+}
+
+bool SentencePlaces::FindAll(const std::atomic<bool>& abandoned) {
+  while (!abandoned && FindNext()) {
+  }
+  return complete_;
+}
+
+bool SentencePlaces::GoesOnIn(std::string_view behind) const {
+  if (Count() == 0) return false;
+  const std::string last = text_->substr(begins_[Count() - 1].byte);
+  return SentenceEnd(last + std::string(behind.substr(0, kFewWords)), 0) > last.size();
 }
 
 std::size_t SentencePlaces::At(std::size_t character) {
@@ -43,7 +56,8 @@ bool SentencePlaces::Exists(std::size_t number) {
 CharacterRange SentencePlaces::Range(std::size_t number) {
   if (!Exists(number)) return {begins_.back().character, begins_.back().character};
   const Place& from = begins_[number];
-  std::string_view sentence = std::string_view(text_).substr(from.byte, begins_[number + 1].byte - from.byte);
+  std::string_view sentence =
+      std::string_view(*text_).substr(from.byte, begins_[number + 1].byte - from.byte);
   const std::size_t first = sentence.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return {from.character, from.character};
   sentence = sentence.substr(0, sentence.find_last_not_of(kBlanks) + 1);

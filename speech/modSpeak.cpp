@@ -174,10 +174,17 @@ void ModSpeak::Hold() {
   if (held_ || !status_.IsReading()) return;
   parts_.voice.PauseAudio();
   held_ = true;
+  TellHolding();
 }
 
 void ModSpeak::Release() {
-  if (std::exchange(held_, false) && status_.IsReading()) parts_.voice.ResumeAudio();
+  if (!std::exchange(held_, false)) return;
+  if (status_.IsReading()) parts_.voice.ResumeAudio();
+  TellHolding();
+}
+
+void ModSpeak::TellHolding() {
+  if (events_.holds && CurrentText() != nullptr) events_.holds(held_ || paused_);
 }
 
 void ModSpeak::Decorate(TracedText& text) const {
@@ -310,6 +317,7 @@ void ModSpeak::PauseSpeech() {
     paused_ = parts_.voice.Speaking() || parts_.voice2.Speaking();
     if (status_.IsReading()) status_.Pauses();
   }
+  TellHolding();
   parts_.pump.RunPendingEvents();
   ShowPauseHintOnce();
   parts_.pump.RunPendingEvents();

@@ -51,6 +51,7 @@ class ModSpeak {
     std::function<void(std::string source)> begins;  // with what of the document the text was made of
     std::function<void(const HeardWord&)> word;
     std::function<void()> ends;
+    std::function<void(bool held)> holds{};  // by a pause, or for something else that is to be heard
   };
 
   explicit ModSpeak(Parts parts);
@@ -135,6 +136,7 @@ class ModSpeak {
   void SpeakFrom(std::string& text, Source source, bool wait, const std::string& waveFile, bool filter);
   void Decorate(TracedText& text) const;
   void TellWord(const HeardWord& word);
+  void TellHolding();
   void EndReading();
   void ResetBoth();
   void ApplyVoice(DirectSS& instance);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
+#include <utility>
 
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/statusBarFields.h"
@@ -10,6 +12,16 @@ namespace lorelin {
 namespace {
 
 constexpr std::size_t kShortestAnnounced = 3;  // the sign of the title reader says nothing to an ear
+
+// The message has what the others leave.
+void SetWidths(wxStatusBar& bar, std::initializer_list<std::pair<StatusField, int>> changes) {
+  std::array<int, kStatusFields> widths{};
+  for (std::size_t i = 0; i < widths.size(); ++i)
+    widths[i] = std::max(0, bar.GetStatusWidth(static_cast<int>(i)));
+  widths[static_cast<std::size_t>(StatusField::Message)] = -1;
+  for (const auto& [field, width] : changes) widths[static_cast<std::size_t>(field)] = width;
+  bar.SetStatusWidths(kStatusFields, widths.data());
+}
 
 void ShowIn(wxStatusBar& bar, StatusField field, const wxString& text) {
   const int number = static_cast<int>(field);
@@ -22,8 +34,7 @@ void ShowIn(wxStatusBar& bar, StatusField field, const wxString& text) {
 
 wxStatusBar* MakeStatusBar(wxFrame& frame, const wxString& sample) {
   wxStatusBar* const bar = MakeStatusFields(frame);
-  const std::array widths{bar->GetTextExtent(sample).x + frame.FromDIP(24), -1, 0};
-  bar->SetStatusWidths(kStatusFields, widths.data());
+  SetWidths(*bar, {{StatusField::First, bar->GetTextExtent(sample).x + frame.FromDIP(24)}});
   frame.SetStatusBar(bar);
   return bar;
 }
@@ -36,9 +47,13 @@ void ShowNotice(wxStatusBar& bar, const wxString& text) {
   if (bar.GetStatusText(static_cast<int>(StatusField::Notice)) == text) return;
   const int half = bar.GetClientSize().x / 2;
   const int wanted = text.empty() ? 0 : std::min(bar.GetTextExtent(text).x + bar.FromDIP(24), half);
-  const std::array widths{bar.GetStatusWidth(0), -1, wanted};
-  bar.SetStatusWidths(kStatusFields, widths.data());
+  SetWidths(bar, {{StatusField::Notice, wanted}});
   ShowIn(bar, StatusField::Notice, text);
+}
+
+void SetPlaceWidths(wxStatusBar& bar, int text, int line) {
+  const int most = bar.GetClientSize().x * 2 / 5;
+  SetWidths(bar, {{StatusField::Place, std::min(text, std::max(most - line, 0))}, {StatusField::Line, line}});
 }
 
 }  // namespace lorelin

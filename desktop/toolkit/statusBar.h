@@ -5,7 +5,7 @@
 
 namespace lorelin {
 
-// Gives the frame a status bar with three fields, the first as wide as `sample`, that assistive technology
+// Gives the frame a status bar with its fields, the first as wide as `sample`, that assistive technology
 // can read field by field. Cuts what is too long with an ellipsis.
 wxStatusBar* MakeStatusBar(wxFrame& frame, const wxString& sample);
 
@@ -15,5 +15,9 @@ void ShowStatus(wxStatusBar& bar, const wxString& text);
 // The same for what stands in the third field, which is as wide as its text but leaves the second half of the
 // bar.
 void ShowNotice(wxStatusBar& bar, const wxString& text);
+
+// The room for the place of the voice and for its line, in pixels; more than two fifths of the bar the text
+// does not get.
+void SetPlaceWidths(wxStatusBar& bar, int text, int line);
 
 }  // namespace lorelin

@@ -7,8 +7,8 @@ namespace lorelin {
 
 // The fields of a status bar, as this system shows them to a person and to assistive technology.
 
-enum class StatusField { First, Message, Notice };
-inline constexpr int kStatusFields = 3;
+enum class StatusField { First, Message, Notice, Place, Line };
+inline constexpr int kStatusFields = 5;
 
 // A status bar with its fields, of any width.
 [[nodiscard]] wxStatusBar* MakeStatusFields(wxFrame& frame);

@@ -72,6 +72,7 @@ TEST_F(Loading, GoesInItsOrder) {
                                        "browser.navigate " + folder.File("hypertext/home.htm"),
                                        "Voice2.WaveFile",
                                        "pane.group Nicht gespeicherte Texte",
+                                       "pane.group Weiterlesen",
                                        "pane.group Lorelin",
                                        "pane.item Lorelin 101 Text vorlesen",
                                        "pane.item Lorelin 202 Text abspeichern",

@@ -20,6 +20,7 @@
 #include "desktop/toolkit/text.h"
 #include "documents/GuardedDocument.h"
 #include "documents/Recovery.h"
+#include "tests/support/FakeAlarm.h"
 #include "tests/support/FakeSystem.h"
 
 namespace lorelin {
@@ -129,6 +130,7 @@ class FormFixture : public testing::Test, protected FakeSystem {
   FrmPronunciationDialogs pronunciationDialogs{
       spoken, messageBoxes, [this] { return std::make_unique<FakeDirectSS>("Probe", calls); }};
   int editorsOpened = 0;
+  FakeAlarm alarm;
   WindowModules modules{{.system = system,
                          .spoken = spoken,
                          .document = document,
@@ -136,6 +138,8 @@ class FormFixture : public testing::Test, protected FakeSystem {
                          .view = form,
                          .editing = form,
                          .marks = form.Editor().Marks(),
+                         .placeBar = form,
+                         .alarm = alarm,
                          .browser = form.Browser(),
                          .taskPane = form.Tasks(),
                          .statusBar = form,
@@ -148,6 +152,7 @@ class FormFixture : public testing::Test, protected FakeSystem {
                          .helpDialogs = helpDialogs,
                          .pronunciationDialogs = pronunciationDialogs,
                          .programFolder = folder.Path(),
+                         .settingsFolder = folder.File("settings"),
                          .createScript = [this] { ++editorsOpened; }}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;

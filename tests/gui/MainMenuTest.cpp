@@ -40,8 +40,8 @@ TEST_F(MainMenuTest, HasTheseEntries) {
                                         "Weitersuchen", "Ersetzen …", "-", "Aussprache ändern …"}));
   EXPECT_EQ(Captions(MenuAt(2)),
             (Texts{"Sprechen", "Stop", "Pause", "-", "Text ab Cursorposition lesen", "Ab hier vorlesen",
-                   "Auswahl vorlesen", "Beim Vorlesen", "-", "Stimme wählen", "Lautstärke ändern",
-                   "Geschwindigkeit ändern", "Helligkeit ändern"}));
+                   "Auswahl vorlesen", "Weiterlesen", "Beim Vorlesen", "Schlafzeit", "-", "Stimme wählen",
+                   "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern"}));
   EXPECT_EQ(Captions(MenuAt(3)), (Texts{"Textmodus", "Interaktivmodus", "-", "Mitlesen", "-",
                                         "Schrift größer", "Schrift kleiner", "Schrift normal"}));
   EXPECT_EQ(Captions(MenuAt(4)), (Texts{"Einstellungen", "Zahlen und Abkürzungen ausschreiben",

@@ -4,6 +4,8 @@
 
 #include "app/WindowModules.h"
 #include "documents/GuardedDocument.h"
+#include "tests/support/FakeAlarm.h"
+#include "tests/support/FakePlaceBar.h"
 #include "tests/support/FakePronunciationDialogs.h"
 #include "tests/support/FakeReadingMarks.h"
 #include "tests/support/SpeechFixture.h"
@@ -29,6 +31,8 @@ class ScriptFixture : public SpeechFixture {
   FakePronunciationDialogs pronunciationDialogs;
   FakeEditorCommands editing;
   FakeReadingMarks marks;
+  FakePlaceBar placeBar;
+  FakeAlarm alarm;
   FakeFileSearch recoveryFiles;
   int snapshotsScheduled = 0;
   int editorsOpened = 0;
@@ -50,6 +54,8 @@ class ScriptFixture : public SpeechFixture {
                          .view = view,
                          .editing = editing,
                          .marks = marks,
+                         .placeBar = placeBar,
+                         .alarm = alarm,
                          .browser = browser,
                          .taskPane = taskPane,
                          .statusBar = statusBar,
@@ -62,6 +68,7 @@ class ScriptFixture : public SpeechFixture {
                          .helpDialogs = helpDialogs,
                          .pronunciationDialogs = pronunciationDialogs,
                          .programFolder = folder.Path(),
+                         .settingsFolder = folder.File("settings"),
                          .createScript = [this] { ++editorsOpened; },
                          .mayClose = [this] { return mayClose; },
                          .homeFolder = folder.Path()}};
