@@ -26,9 +26,9 @@ struct NumberOption {
   std::int32_t highest;
 };
 
-constexpr std::array kNumberOptions{
-    NumberOption{"--voice", &Options::voice, 1, 100000}, NumberOption{"--speed", &Options::speed, 0, 100},
-    NumberOption{"--pitch", &Options::pitch, 0, 100}, NumberOption{"--volume", &Options::volume, 0, 100}};
+constexpr std::array kNumberOptions{NumberOption{"--speed", &Options::speed, 0, 100},
+                                    NumberOption{"--pitch", &Options::pitch, 0, 100},
+                                    NumberOption{"--volume", &Options::volume, 0, 100}};
 
 struct Command {
   std::string_view name;
@@ -130,6 +130,14 @@ class Parser {
     files_.push_back(word);
   }
 
+  // By its number or its name.
+  void TakeVoice(const std::string& option, const std::string& voice) {
+    constexpr std::int32_t kMostVoices = 100000;
+    const bool named = !voice.empty() && voice.find_first_not_of("+-0123456789") != std::string::npos;
+    options_.voiceName = named ? voice : std::string();
+    options_.voice = named ? std::nullopt : std::optional(WholeNumber(option, voice, 1, kMostVoices));
+  }
+
   template <typename ValueOf>
   void TakeOption(const std::string& option, const ValueOf& value) {
     for (const NumberOption& number : kNumberOptions) {
@@ -137,7 +145,9 @@ class Parser {
       options_.*number.target = WholeNumber(option, value(), number.lowest, number.highest);
       return;
     }
-    if (option == "--wav") {
+    if (option == "--voice") {
+      TakeVoice(option, value());
+    } else if (option == "--wav") {
       options_.waveFile = value();
       if (options_.waveFile.empty()) throw UsageError("Hinter „--wav“ fehlt der Dateiname.");
     } else if (option == "--deny") {
@@ -197,7 +207,7 @@ std::string HelpText() {
          "  lorelin-cli reg import DATEI           liest eine solche Datei ein\n"
          "\n"
          "Optionen:\n"
-         "  --voice N      Stimme Nummer N aus „voices“\n"
+         "  --voice N      Stimme Nummer N aus „voices“, oder die, in deren Namen allein N vorkommt\n"
          "  --speed P      Geschwindigkeit in Prozent, 0 bis 100\n"
          "  --pitch P      Helligkeit in Prozent, 0 bis 100\n"
          "  --volume P     Lautstärke in Prozent, 0 bis 100\n"

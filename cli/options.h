@@ -31,6 +31,7 @@ struct Options {
   Action action = Action::Help;
   bool verbose = false;
   std::optional<std::int32_t> voice;    // from 1
+  std::string voiceName;                // a voice by its name; "" for none
   std::optional<std::int32_t> speed;    // per cent
   std::optional<std::int32_t> pitch;    // per cent
   std::optional<std::int32_t> volume;   // per cent

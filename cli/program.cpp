@@ -1,4 +1,5 @@
 #include "cli/program.h"
+#include "cli/chosenVoice.h"
 
 #include <exception>
 #include <iomanip>
@@ -25,13 +26,6 @@
 
 namespace lorelin::cli {
 namespace {
-
-void RequireVoice(DirectSS& engine, std::int32_t number) {
-  if (number <= engine.VoiceCount()) return;
-  throw Failure(ExitCode::Usage, "Eine Stimme Nummer " + std::to_string(number) +
-                                     " gibt es nicht, nur 1 bis " + std::to_string(engine.VoiceCount()) +
-                                     " (siehe „lorelin-cli voices“).");
-}
 
 std::string LanguageColumn(DirectSS& engine, std::int32_t number) {
   const std::int32_t id = engine.VoiceLanguage(number);
@@ -69,7 +63,7 @@ class Session {
   ExitCode Say() {
     const std::string input = ReadInput(options_.input);
     if (!options_.waveFile.empty()) RequireTarget(options_.waveFile, options_.input);
-    if (options_.voice) RequireVoice(*engine_, *options_.voice);
+    const Options options = WithChosenVoice(options_, *engine_);
     document_.SetText(input);
     const bool rendering = !options_.waveFile.empty();
     SilentVoice silent(*engine_);
@@ -82,7 +76,7 @@ class Session {
                           .pump = pump_,
                           .programFolder = services_.paths.programFolder,
                           .settingsFolder = services_.paths.settingsFolder});
-    OverrideSettings(spoken.settings, options_);
+    OverrideSettings(spoken.settings, options);
     return SpeakToTheEnd(spoken.speech, input);
   }
 

@@ -13,6 +13,7 @@
 #include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
 #include "cli/WaveCollector.h"
+#include "cli/chosenVoice.h"
 #include "cli/consolePorts.h"
 #include "cli/files.h"
 #include "cli/interruption.h"
@@ -139,7 +140,7 @@ ExitCode RunScript(const Options& options) {
                         .pump = pump,
                         .programFolder = renderingFolder.Path(),
                         .settingsFolder = services.paths.settingsFolder});
-  OverrideSettings(spoken.settings, options);
+  OverrideSettings(spoken.settings, WithChosenVoice(options, instances.Voice()));
   Interpreter interpreter({.speech = spoken.speech,
                            .document = document,
                            .statusBar = statusBar,

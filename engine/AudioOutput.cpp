@@ -16,11 +16,15 @@ constexpr int kDriverBuffers = 3;
 constexpr std::uint64_t kUntilHeard = std::uint64_t{2} * kBufferFrames;
 constexpr milliseconds kStalled{5000};
 constexpr milliseconds kIdle{2000};
+// What sounds must last until the next sentence is computed, which takes a large voice its time.
+constexpr std::size_t kSecondsAhead = 30;
 
 }  // namespace
 
 AudioOutput::AudioOutput(int sampleRate, Notice notice)
-    : sampleRate_(sampleRate), notice_(std::move(notice)), ring_(static_cast<std::size_t>(sampleRate) / 2) {}
+    : sampleRate_(sampleRate),
+      notice_(std::move(notice)),
+      ring_(static_cast<std::size_t>(sampleRate) * kSecondsAhead) {}
 
 AudioOutput::~AudioOutput() {
   Guard guard(mutex_);

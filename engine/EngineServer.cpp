@@ -20,7 +20,6 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr std::int64_t kStuckMilliseconds = 3500;
 constexpr milliseconds kLastWords{2000};
 constexpr int kStuckExitCode = 70;
 constexpr std::string_view kLibraryFailed = "Die Sprachausgabe konnte den Text nicht verarbeiten.";
@@ -48,7 +47,7 @@ class EngineServer::DeviceSink final : public SampleSink {
 };
 
 EngineServer::EngineServer(int socket, bool warmUpAudio)
-    : socket_(socket), warmUpAudio_(warmUpAudio), audio_(synthesizer_.SampleRate(), [this](bool silent) {
+    : socket_(socket), warmUpAudio_(warmUpAudio), audio_(synthesizers_.SampleRate(), [this](bool silent) {
         const auto code = silent ? NoticeCode::NoAudioDevice : NoticeCode::AudioDevice;
         Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(code)));
       }) {}
@@ -58,7 +57,8 @@ EngineServer::~EngineServer() {
 }
 
 int EngineServer::Run() {
-  if (!Send(FrameHello(synthesizer_.Describe()))) return 0;
+  if (!Send(FrameHello(synthesizers_.Describe()))) return 0;
+  for (const std::string& remark : synthesizers_.Remarks()) Send(FrameRemark(remark));
   worker_ = std::thread([this] { Work(); });
   teller_ = std::thread([this] { TellWords(); });
   FrameReader reader;
@@ -103,7 +103,7 @@ void EngineServer::TellWords() {
 // A library that never comes back cannot be stopped from inside; the program starts a new engine.
 void EngineServer::EndIfStuck() const {
   const std::int64_t since = inLibrarySince_.load();
-  if (since != 0 && NowMilliseconds() - since > kStuckMilliseconds) _exit(kStuckExitCode);
+  if (since != 0 && NowMilliseconds() - since > patience_) _exit(kStuckExitCode);
 }
 
 bool EngineServer::Handle(const Message& message) {
@@ -159,6 +159,7 @@ void EngineServer::Discard() {
   parts_.clear();
   paused_ = false;
   discarded_ = true;
+  synthesizers_.SetCancelled(true);
   audio_.Discard();
   changed_.notify_all();
 }
@@ -200,6 +201,7 @@ std::optional<Utterance> EngineServer::NextUtterance() {
   if (closing_) return std::nullopt;
   speaking_ = true;
   discarded_ = false;
+  synthesizers_.SetCancelled(false);
   audio_.Restart();
   audio_.SetPaused(paused_);
   return std::exchange(waiting_, std::nullopt);
@@ -219,7 +221,7 @@ void EngineServer::Perform(const Utterance& utterance) {
     sink = std::make_unique<DeviceSink>(audio_, utterance.id);
   } else {
     sink = std::make_unique<WaveFileWriter>(utterance.waveFile,
-                                            static_cast<std::uint32_t>(synthesizer_.SampleRate()));
+                                            static_cast<std::uint32_t>(synthesizers_.SampleRate()));
   }
   const std::string reason = Render(utterance, *sink);
   sink.reset();  // an unfinished file is gone before the end is told
@@ -232,28 +234,30 @@ void EngineServer::Perform(const Utterance& utterance) {
 
 std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink) {
   if (!sink.Problem().empty()) return sink.Problem();
-  const bool spoken = SynthesizeParts(utterance, sink);
+  Synthesizer& synthesizer = synthesizers_.Choose(utterance);
+  patience_ = synthesizer.Patience().count();
+  const bool spoken = SynthesizeParts(utterance, synthesizer, sink);
   if (!sink.Problem().empty()) return sink.Problem();
-  if (!spoken) return std::string(kLibraryFailed);
+  if (!spoken) return synthesizer.Problem().empty() ? std::string(kLibraryFailed) : synthesizer.Problem();
   return sink.Finish() ? std::string() : sink.Problem();
 }
 
-bool EngineServer::SynthesizeParts(const Utterance& utterance, SampleSink& sink) {
+bool EngineServer::SynthesizeParts(const Utterance& utterance, Synthesizer& synthesizer, SampleSink& sink) {
   Progress progress{.id = utterance.id};
-  synthesizer_.Apply(utterance);
   std::optional<std::string> text = utterance.text.empty() ? NextPart() : utterance.text;
   for (; text && !text->empty(); text = NextPart()) {
-    if (!SynthesizePart(*text, sink, progress)) return false;
+    if (!SynthesizePart(*text, synthesizer, sink, progress)) return false;
   }
   return text.has_value();
 }
 
-bool EngineServer::SynthesizePart(std::string_view part, SampleSink& sink, Progress& progress) {
+bool EngineServer::SynthesizePart(std::string_view part, Synthesizer& synthesizer, SampleSink& sink,
+                                  Progress& progress) {
   const std::string speakable = SpeakableText(part);
   const DroppedCharacters dropped(part);
   const Progress before = progress;
   inLibrarySince_ = NowMilliseconds();
-  const bool spoken = synthesizer_.Speak(
+  const bool spoken = synthesizer.Speak(
       speakable,
       [&](std::span<const std::int16_t> samples) {
         const bool first = progress.samples == 0;

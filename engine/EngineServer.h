@@ -13,7 +13,7 @@
 
 #include "engine/AudioOutput.h"
 #include "engine/SampleSink.h"
-#include "engine/Synthesizer.h"
+#include "engine/Synthesizers.h"
 #include "engine/protocol.h"
 
 namespace lorelin::engine {
@@ -44,9 +44,9 @@ class EngineServer {
   std::optional<Utterance> NextUtterance();
   void Perform(const Utterance& utterance);
   std::string Render(const Utterance& utterance, SampleSink& sink);
-  bool SynthesizeParts(const Utterance& utterance, SampleSink& sink);
+  bool SynthesizeParts(const Utterance& utterance, Synthesizer& synthesizer, SampleSink& sink);
   std::optional<std::string> NextPart();
-  bool SynthesizePart(std::string_view part, SampleSink& sink, Progress& progress);
+  bool SynthesizePart(std::string_view part, Synthesizer& synthesizer, SampleSink& sink, Progress& progress);
   bool Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id);
   void TellWords();
   bool Handle(const Message& message);
@@ -60,7 +60,7 @@ class EngineServer {
 
   const int socket_;
   const bool warmUpAudio_;
-  Synthesizer synthesizer_;
+  Synthesizers synthesizers_;
   AudioOutput audio_;
   std::mutex sending_;
 
@@ -75,8 +75,9 @@ class EngineServer {
   bool closing_ = false;
   bool workEnded_ = false;
 
-  // When the library was last entered or called back; zero while it does not run.
+  // When a synthesizer was last entered or called back; zero while none runs.
   std::atomic<std::int64_t> inLibrarySince_{0};
+  std::atomic<std::int64_t> patience_{0};  // of the synthesizer, in milliseconds
   std::thread worker_;
   std::thread teller_;  // of the words that are heard
 };

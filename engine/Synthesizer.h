@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -8,35 +10,34 @@
 #include <vector>
 
 #include "engine/protocol.h"
-#include "engine/voiceCatalog.h"
 #include "engine/wordMarks.h"
 
 namespace lorelin::engine {
 
-// libespeak-ng, which keeps its state per process: there is one synthesizer, used by one thread.
+// What turns texts into samples: 16 bit, one channel, at the engine's rate. Used by one thread, but for
+// SetCancelled.
 class Synthesizer {
  public:
   // Takes samples as they come; false ends the synthesis.
   using Samples = std::function<bool(std::span<const std::int16_t>)>;
 
-  // Throws std::runtime_error when the library or its data is missing.
-  Synthesizer();
-  ~Synthesizer();
+  Synthesizer() = default;
   Synthesizer(const Synthesizer&) = delete;
   Synthesizer& operator=(const Synthesizer&) = delete;
+  virtual ~Synthesizer() = default;
 
-  [[nodiscard]] int SampleRate() const { return sampleRate_; }
-  [[nodiscard]] Capabilities Describe() const;
-  // Voice and parameters of the texts that follow.
-  void Apply(const Utterance& utterance);
-  // Synthesizes the text piece by piece; false when `samples` ended it or the library failed. `words` gets
+  [[nodiscard]] virtual std::vector<Voice> Voices() const = 0;
+  // Parameters of the texts that follow, and the voice: its place among Voices().
+  virtual void Apply(std::size_t voice, const Utterance& utterance) = 0;
+  // Synthesizes the text; false when `samples` ended it, it was cancelled or something failed. `words` gets
   // every word before the sample it begins with, places and samples counted from the text's beginning.
-  bool Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words);
-
- private:
-  int sampleRate_ = 0;
-  std::vector<CatalogVoice> catalog_;
-  std::string selected_;
+  virtual bool Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words) = 0;
+  // Why the last Speak failed: a German sentence, "" when there is nothing to say.
+  [[nodiscard]] virtual std::string Problem() const { return {}; }
+  // How long it may take from one call of `samples` to the next before it counts as stuck.
+  [[nodiscard]] virtual std::chrono::milliseconds Patience() const = 0;
+  // While this is set, Speak ends as soon as it can. From any thread.
+  virtual void SetCancelled(bool) {}
 };
 
 }  // namespace lorelin::engine

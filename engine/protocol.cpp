@@ -60,7 +60,7 @@ class FieldReader {
 };
 
 bool IsKnown(std::uint8_t kind) {
-  return (kind >= 1 && kind <= 6) || (kind >= 16 && kind <= 21);
+  return (kind >= 1 && kind <= 7) || (kind >= 16 && kind <= 21);
 }
 
 Range ReadRange(FieldReader& reader) {
@@ -115,6 +115,10 @@ std::string FrameEnded(const Ended& ended) {
 
 std::string FrameWord(const HeardWord& word) {
   return Frame(Kind::Word, FieldWriter().Number(word.id).Number(word.begin).Number(word.end).Take());
+}
+
+std::string FrameRemark(std::string_view text) {
+  return Frame(Kind::Remark, FieldWriter().Text(text).Take());
 }
 
 std::optional<std::uint32_t> ReadNumber(std::string_view fields) {
@@ -185,6 +189,13 @@ std::optional<HeardWord> ReadWord(std::string_view fields) {
   word.end = reader.Number();
   if (!reader.Complete()) return std::nullopt;
   return word;
+}
+
+std::optional<std::string> ReadRemark(std::string_view fields) {
+  FieldReader reader(fields);
+  std::string text = reader.Text();
+  if (!reader.Complete()) return std::nullopt;
+  return text;
 }
 
 std::optional<Message> FrameReader::Next() {

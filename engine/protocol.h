@@ -14,7 +14,7 @@ namespace lorelin::engine {
 // another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
 // filled by its fields.
 
-inline constexpr std::uint32_t kProtocolVersion = 3;
+inline constexpr std::uint32_t kProtocolVersion = 4;
 inline constexpr std::uint32_t kMaxFrame = 256U << 20;
 inline constexpr std::size_t kKindAt = 4;  // of a frame
 
@@ -26,6 +26,7 @@ enum class Kind : std::uint8_t {
   Pong = 4,     // number of the ping
   Notice = 5,   // NoticeCode
   Word = 6,     // HeardWord
+  Remark = 7,   // German sentence about a voice that is there and cannot be used
   // to the engine
   Speak = 16,  // Utterance
   Pause = 17,
@@ -101,6 +102,7 @@ struct Message {
 [[nodiscard]] std::string FrameMore(const TextPart& part);
 [[nodiscard]] std::string FrameEnded(const Ended& ended);
 [[nodiscard]] std::string FrameWord(const HeardWord& word);
+[[nodiscard]] std::string FrameRemark(std::string_view text);
 
 // The fields of a message; absent when they are not exactly what the kind has (for Hello: of this version).
 [[nodiscard]] std::optional<std::uint32_t> ReadNumber(std::string_view fields);
@@ -109,6 +111,7 @@ struct Message {
 [[nodiscard]] std::optional<TextPart> ReadMore(std::string_view fields);
 [[nodiscard]] std::optional<Ended> ReadEnded(std::string_view fields);
 [[nodiscard]] std::optional<HeardWord> ReadWord(std::string_view fields);
+[[nodiscard]] std::optional<std::string> ReadRemark(std::string_view fields);
 
 // Puts frames together from the bytes of a stream.
 class FrameReader {

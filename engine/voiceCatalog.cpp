@@ -157,6 +157,14 @@ const Language* FindLanguage(std::string_view tag) {
   return found != kLanguages.end() ? &*found : nullptr;
 }
 
+// The language of the tag, or of its part in front: "de" for "de-at".
+const Language* FindMainLanguage(std::string_view tag) {
+  const Language* const found = FindLanguage(tag);
+  const std::size_t end = tag.rfind('-');
+  if (found != nullptr || end == std::string_view::npos) return found;
+  return FindMainLanguage(tag.substr(0, end));
+}
+
 // "Mbrola" voices are recordings of one person: they have no variants.
 bool IsRecorded(const LibraryVoice& voice) {
   return voice.identifier.starts_with("mb/");
@@ -201,8 +209,13 @@ void AddVoices(std::vector<CatalogVoice>& catalog, const LibraryVoice& voice) {
 }  // namespace
 
 std::int32_t LanguageId(std::string_view language) {
-  const Language* const found = FindLanguage(language);
+  const Language* const found = FindMainLanguage(language);
   return found != nullptr ? found->id : 0;
+}
+
+std::string LanguageName(std::string_view language) {
+  const Language* const found = FindMainLanguage(language);
+  return std::string(found != nullptr ? found->germanName : language);
 }
 
 std::vector<CatalogVoice> MakeCatalog(const std::vector<LibraryVoice>& voices) {

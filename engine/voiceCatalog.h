@@ -27,7 +27,11 @@ struct CatalogVoice {
 // names; for every voice of the list its own and a female variant.
 [[nodiscard]] std::vector<CatalogVoice> MakeCatalog(const std::vector<LibraryVoice>& voices);
 
-// Windows language identifier (winnls.h, [MS-LCID]) of a language tag; 0 when unknown.
+// Windows language identifier (winnls.h, [MS-LCID]) of a language tag, or of its main variant; 0 when
+// unknown.
 [[nodiscard]] std::int32_t LanguageId(std::string_view language);
+
+// German name of the language of a tag, or of its main variant ("de-at" is "Deutsch"); the tag when unknown.
+[[nodiscard]] std::string LanguageName(std::string_view language);
 
 }  // namespace lorelin::engine

@@ -355,6 +355,8 @@ bool EngineConnection::Handle(const engine::Message& message, Guard& guard) {
     case engine::Kind::Notice:
       HandleNotice(number, guard);
       return true;
+    case engine::Kind::Remark:
+      return HandleRemark(message, guard);
     default:
       return false;
   }
@@ -384,6 +386,15 @@ bool EngineConnection::HandleHello(const engine::Message& message, Guard& guard)
 void EngineConnection::HandleNotice(std::uint32_t code, Guard& guard) {
   const bool silent = code == static_cast<std::uint32_t>(engine::NoticeCode::NoAudioDevice);
   SetCondition(silent ? kNoDevice : "", guard);
+}
+
+// Nothing that keeps the engine from speaking.
+bool EngineConnection::HandleRemark(const engine::Message& message, Guard& guard) {
+  const auto remark = engine::ReadRemark(message.fields);
+  if (!remark) return false;
+  log_.Write("Sprachausgabe: " + *remark);
+  SetCondition(*remark, guard);
+  return true;
 }
 
 void EngineConnection::SetCondition(std::string_view text, Guard& guard) {

@@ -86,6 +86,7 @@ class EngineConnection {
   bool HandleWord(const engine::Message& message, Guard& guard);
   bool HandleHello(const engine::Message& message, Guard& guard);
   void HandleNotice(std::uint32_t code, Guard& guard);
+  bool HandleRemark(const engine::Message& message, Guard& guard);
   void SetCondition(std::string_view text, Guard& guard);
 
   const std::string engineFile_;

@@ -20,6 +20,13 @@ std::string Refusal(const std::vector<std::string>& arguments) {
   }
 }
 
+TEST(Options, NameAVoiceByNumberOrName) {
+  EXPECT_EQ(Parse({"say", "--voice", "thorsten"}).voiceName, "thorsten");
+  EXPECT_FALSE(Parse({"say", "--voice=thorsten"}).voice);
+  EXPECT_EQ(Parse({"say", "--voice", "thorsten", "--voice", "3"}).voice, 3);
+  EXPECT_EQ(Parse({"say", "--voice", "thorsten", "--voice", "3"}).voiceName, "");
+}
+
 TEST(Options, TakeAFileAndNumbers) {
   const Options options =
       Parse({"say", "--voice", "3", "--speed=0", "--pitch", "100", "--volume", "50", "a.txt"});
@@ -105,6 +112,7 @@ TEST(Options, RefuseNumbersThatAreNoneOrOutOfRange) {
               "„--speed " + std::string(text) + "“ geht nicht: erwartet wird eine ganze Zahl von 0 bis 100.");
   }
   EXPECT_NE(Refusal({"say", "--voice", "0"}), "(angenommen)");
+  EXPECT_NE(Refusal({"say", "--voice", ""}), "(angenommen)");
 }
 
 TEST(Options, SayWhatADenialCovers) {

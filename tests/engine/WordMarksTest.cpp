@@ -1,4 +1,5 @@
 #include "engine/wordMarks.h"
+#include "tests/support/espeakLibrary.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +7,7 @@
 #include <vector>
 
 #include "base/textEncoding.h"
-#include "engine/Synthesizer.h"
+#include "engine/EspeakSynthesizer.h"
 
 namespace lorelin::engine {
 namespace {
@@ -116,9 +117,8 @@ class RealWords : public testing::Test {
         told.Take());
     return Words(text, told.marks);
   }
-  // The library can be begun once in a process.
   static Synthesizer& Library() {
-    static Synthesizer synthesizer;
+    static EspeakSynthesizer synthesizer(TheEspeakLibrary());
     return synthesizer;
   }
   bool InOrder() const {

@@ -19,12 +19,15 @@ class EngineUnderTest {
   virtual bool RunToTheEnd() = 0;
   // A file that the instance can render into.
   virtual std::string WavePath() = 0;
+  // What this machine lacks to try the engine; "" when nothing.
+  virtual std::string Lacking() { return {}; }
 };
 
 // What every engine does. The parameter makes one that renders or plays without a listener.
 class DirectSSContract : public testing::TestWithParam<std::unique_ptr<EngineUnderTest> (*)()> {
  protected:
   void SetUp() override {
+    if (const std::string lacking = subject->Lacking(); !lacking.empty()) GTEST_SKIP() << lacking;
     engine.OnEndOfText([this](const EndOfText& end) {
       ++ends;
       last = end;
@@ -41,7 +44,7 @@ TEST_P(DirectSSContract, HasVoicesWithNameLanguageAndGender) {
   ASSERT_GE(engine.VoiceCount(), 2);
   for (std::int32_t number = 1; number <= engine.VoiceCount(); ++number) {
     EXPECT_NE(engine.VoiceName(number), "") << number;
-    EXPECT_TRUE(engine.VoiceGender(number) == 1 || engine.VoiceGender(number) == 2) << number;
+    EXPECT_TRUE(engine.VoiceGender(number) >= 0 && engine.VoiceGender(number) <= 2) << number;
   }
 }
 

@@ -1,10 +1,9 @@
-#include "engine/Synthesizer.h"
+#include "engine/EspeakSynthesizer.h"
 
 #include <espeak-ng/speak_lib.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <stdexcept>
+#include <string>
 
 #include "base/textEncoding.h"
 #include "engine/speakableText.h"
@@ -16,8 +15,6 @@ constexpr Range kPitch{0, 100};
 constexpr Range kSpeed{espeakRATE_MINIMUM, espeakRATE_MAXIMUM};
 // Above its normal volume of 100 the library cuts off loud samples.
 constexpr Range kVolume{0, 100};
-
-constexpr int kBufferMilliseconds = 60;
 
 // A piece of a text on its way through the library.
 struct Piece {
@@ -49,71 +46,35 @@ int OnSamples(short* samples, int count, espeak_EVENT* events) {
   return piece->wanted ? 0 : 1;
 }
 
-std::string Text(const char* text) {
-  return text != nullptr ? text : "";
+}  // namespace
+
+EspeakSynthesizer::EspeakSynthesizer(EspeakLibrary& library)
+    : library_(library), catalog_(MakeCatalog(EspeakLibrary::Voices())) {
+  espeak_SetSynthCallback(&OnSamples);
 }
 
-// MBROLA voices are listed whether their recordings are installed or not.
-bool HasData(const std::string& identifier) {
-  if (!identifier.starts_with("mb/")) return true;
-  const std::string name = identifier.substr(identifier.rfind('-') + 1);
-  std::error_code error;
-  return std::filesystem::exists("/usr/share/mbrola/" + name + "/" + name, error);
+Capabilities EspeakSynthesizer::Ranges() {
+  return {.pitch = kPitch, .speed = kSpeed, .volume = kVolume, .voices = {}};
 }
 
-void AddListed(std::vector<LibraryVoice>& voices, espeak_VOICE* filter) {
-  const espeak_VOICE** list = espeak_ListVoices(filter);
-  for (; list != nullptr && *list != nullptr; ++list) {
-    const espeak_VOICE& voice = **list;
-    LibraryVoice listed{.name = Text(voice.name),
-                        .identifier = Text(voice.identifier),
-                        .language = voice.languages != nullptr ? Text(voice.languages + 1) : "",
-                        .gender = voice.gender};
-    if (HasData(listed.identifier)) voices.push_back(std::move(listed));
-  }
-}
-
-std::vector<LibraryVoice> ListVoices() {
-  std::vector<LibraryVoice> voices;
-  AddListed(voices, nullptr);
-  espeak_VOICE mbrola{};
-  mbrola.languages = "mbrola";
-  AddListed(voices, &mbrola);
+std::vector<Voice> EspeakSynthesizer::Voices() const {
+  std::vector<Voice> voices;
+  for (const CatalogVoice& entry : catalog_) voices.push_back(entry.voice);
   return voices;
 }
 
-}  // namespace
-
-Synthesizer::Synthesizer() {
-  sampleRate_ =
-      espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kBufferMilliseconds, nullptr, espeakINITIALIZE_DONT_EXIT);
-  if (sampleRate_ <= 0) throw std::runtime_error("eSpeak NG: no voice data");
-  espeak_SetSynthCallback(&OnSamples);
-  catalog_ = MakeCatalog(ListVoices());
-}
-
-Synthesizer::~Synthesizer() {
-  espeak_Terminate();
-}
-
-Capabilities Synthesizer::Describe() const {
-  Capabilities capabilities{.pitch = kPitch, .speed = kSpeed, .volume = kVolume, .voices = {}};
-  for (const CatalogVoice& entry : catalog_) capabilities.voices.push_back(entry.voice);
-  return capabilities;
-}
-
-void Synthesizer::Apply(const Utterance& utterance) {
-  const auto index = static_cast<std::size_t>(utterance.voice - 1);
-  if (utterance.voice >= 1 && index < catalog_.size() && selected_ != catalog_[index].selector) {
-    selected_ = catalog_[index].selector;
-    espeak_SetVoiceByName(selected_.c_str());
-  }
+void EspeakSynthesizer::Apply(std::size_t voice, const Utterance& utterance) {
+  if (voice < catalog_.size()) (void)library_.Select(catalog_[voice].selector);
   espeak_SetParameter(espeakPITCH, utterance.pitch, 0);
   espeak_SetParameter(espeakRATE, utterance.speed, 0);
   espeak_SetParameter(espeakVOLUME, utterance.volumeLeft, 0);
 }
 
-bool Synthesizer::Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words) {
+std::chrono::milliseconds EspeakSynthesizer::Patience() const {
+  return std::chrono::milliseconds(3500);
+}
+
+bool EspeakSynthesizer::Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words) {
   std::uint64_t samplesBefore = 0;
   std::size_t charactersBefore = 0;
   while (!text.empty()) {
@@ -121,7 +82,7 @@ bool Synthesizer::Speak(std::string_view text, const Samples& samples, const Wor
     const WordMarker::Take take = [&](const WordMark& mark) {
       words({samplesBefore + mark.sample, charactersBefore + mark.begin, charactersBefore + mark.end});
     };
-    Piece piece{samples, take, WordMarker(part), sampleRate_};
+    Piece piece{samples, take, WordMarker(part), library_.SampleRate()};
     const auto result = espeak_Synth(part.c_str(), part.size() + 1, 0, POS_CHARACTER, 0,
                                      espeakCHARS_UTF8 | espeakENDPAUSE, nullptr, &piece);
     if (result != EE_OK || !piece.wanted) return false;

@@ -1,0 +1,173 @@
+#include <filesystem>
+
+#include "tests/support/DirectSSContract.h"
+#include "tests/support/RealEngine.h"
+#include "tests/support/naturalVoices.h"
+
+namespace lorelin {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A user's data with the stand-in voices and the runtime, for the engines that are started meanwhile.
+class NaturalData {
+ public:
+  explicit NaturalData(bool withRuntime = true) {
+    fs::create_directories(folder_.File("lorelin"));
+    fs::create_directory_symlink(engine::TestVoices(), folder_.File("lorelin/voices"));
+    if (withRuntime && !runtime_.empty())
+      fs::create_directory_symlink(runtime_.parent_path(), folder_.File("lorelin/runtime"));
+  }
+
+ private:
+  const fs::path runtime_ = engine::InstalledRuntime();  // found before the folders are others
+  TemporaryFolder folder_;
+  engine::ChangedVariable home_{"LORELIN_HOME", ""};
+  engine::ChangedVariable data_{"XDG_DATA_HOME", folder_.Path()};
+};
+
+std::int32_t VoiceWith(DirectSS& engine, const std::string& part) {
+  for (std::int32_t number = 1; number <= engine.VoiceCount(); ++number) {
+    if (engine.VoiceName(number).find(part) != std::string::npos) return number;
+  }
+  ADD_FAILURE() << "there is no voice " << part;
+  return 0;
+}
+
+class NaturalUnderTest final : public EngineUnderTest {
+ public:
+  NaturalUnderTest(const char* voice, bool playing) : playing_(playing) {
+    if (!engine::InstalledRuntime().empty()) real_.engine.SetCurrentVoice(VoiceWith(real_.engine, voice));
+    real_.engine.SetSpeed(real_.engine.MaxSpeed());
+  }
+  DirectSS& Instance() override { return real_.engine; }
+  bool RunToTheEnd() override {
+    const bool ended = real_.WaitUntil([this] { return !real_.engine.Speaking(); });
+    real_.pump.RunPendingEvents();
+    return ended;
+  }
+  std::string WavePath() override { return playing_ ? "" : real_.folder.File("a.wav"); }
+  std::string Lacking() override {
+    return engine::InstalledRuntime().empty() ? "there is no ONNX Runtime" : "";
+  }
+
+ private:
+  NaturalData data_;
+  bool playing_;
+  RealEngine real_;
+};
+
+// The parameter of a contract test is a plain function.
+template <char Voice, bool Playing>
+std::unique_ptr<EngineUnderTest> Make() {
+  setenv("SDL_AUDIODRIVER", "dummy", 1);
+  const char* const voice = Voice == '1' ? "– hoch" : Voice == '2' ? "– tief" : "probe";
+  return std::make_unique<NaturalUnderTest>(voice, Playing);
+}
+
+INSTANTIATE_TEST_SUITE_P(NaturalRendering, DirectSSContract,
+                         testing::Values(&Make<'0', false>, &Make<'2', false>));
+INSTANTIATE_TEST_SUITE_P(NaturalPlaying, DirectSSContract, testing::Values(&Make<'1', true>));
+
+class NaturalEngine : public testing::Test {
+ protected:
+  void SetUp() override {
+    SKIP_WITHOUT_RUNTIME();
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+  }
+
+  NaturalData data;
+};
+
+TEST_F(NaturalEngine, LeavesTheOtherVoicesTheirNumbers) {
+  RealEngine real;
+  const std::int32_t first = VoiceWith(real.engine, " – ");
+  std::int32_t others = 0;
+  {
+    const NaturalData without(false);
+    RealEngine plain;
+    others = plain.engine.VoiceCount();
+    for (std::int32_t number = 1; number <= others; ++number)
+      ASSERT_EQ(plain.engine.VoiceName(number), real.engine.VoiceName(number));
+  }
+  EXPECT_EQ(first, others + 1);
+  EXPECT_EQ(real.engine.VoiceCount(), others + 9);
+}
+
+TEST_F(NaturalEngine, RendersTheSameFileTwice) {
+  const auto render = [](const std::string& file) {
+    RealEngine real;
+    real.engine.SetCurrentVoice(VoiceWith(real.engine, "rausch"));
+    real.engine.SetWaveFile(real.folder.File(file));
+    real.engine.Speak("Guten Tag, Herr Müller. Ja!");
+    EXPECT_TRUE(real.WaitForEnd());
+    EXPECT_TRUE(real.ends.back().complete) << real.ends.back().reason;
+    return ReadFile(real.folder.File(file));
+  };
+  const std::string first = render("a.wav");
+  EXPECT_GT(first.size(), 100000U);
+  EXPECT_EQ(first, render("b.wav"));
+}
+
+TEST_F(NaturalEngine, TellsTheWordsThatAreHeard) {
+  RealEngine real(true);
+  std::vector<HeardWord> words;
+  real.engine.OnWordHeard([&](const HeardWord& word) { words.push_back(word); });
+  real.engine.SetCurrentVoice(VoiceWith(real.engine, "probe"));
+  real.engine.SetSpeed(real.engine.MaxSpeed());
+  real.engine.SpeakBeginning("\x01„Grüße“ aus Köln. ");
+  real.engine.ContinueText("Ja.", true);
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_EQ(words, (std::vector<HeardWord>{{2, 7}, {9, 12}, {13, 17}, {19, 21}}));
+}
+
+TEST_F(NaturalEngine, GoesOnWhenAVoiceIsBroken) {
+  RealEngine real;
+  for (const char* const voice : {"kaputt_art", "kaputt_fremd", "kaputt_nan", "kaputt_riesig"}) {
+    real.ends.clear();
+    real.engine.SetCurrentVoice(VoiceWith(real.engine, voice));
+    real.engine.SetWaveFile(real.folder.File("a.wav"));
+    real.engine.Speak("Guten Tag.");
+    ASSERT_TRUE(real.WaitForEnd());
+    EXPECT_FALSE(real.ends.back().complete);
+    EXPECT_TRUE(real.ends.back().reason.starts_with("Die Stimme „de_DE-")) << real.ends.back().reason;
+    EXPECT_FALSE(fs::exists(real.folder.File("a.wav")));
+  }
+  const int process = real.engine.ProcessId();
+  real.ends.clear();
+  real.engine.SetCurrentVoice(VoiceWith(real.engine, "probe"));
+  real.engine.Speak("Guten Tag.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_TRUE(real.ends.back().complete);
+  EXPECT_EQ(real.engine.ProcessId(), process);
+}
+
+TEST_F(NaturalEngine, LeavesASlowSentenceForTheNextText) {
+  RealEngine real;
+  real.engine.SetCurrentVoice(VoiceWith(real.engine, "langsam"));
+  real.engine.SetWaveFile(real.folder.File("a.wav"));
+  real.engine.Speak("Ein langer Satz ohne Ende und Ziel.");
+  real.engine.ResetAudio();
+  real.engine.SetCurrentVoice(1);
+  real.engine.Speak("Ja.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_TRUE(real.ends.back().complete);
+  EXPECT_TRUE(real.log.lines.empty());
+}
+
+TEST(NaturalVoicesWithoutRuntime, AreNotOfferedAndSaidToLackIt) {
+  const NaturalData data(false);
+  if (!engine::OnnxRuntime::Find(engine::RuntimeFolders()).empty())
+    GTEST_SKIP() << "the system has an ONNX Runtime of its own";
+  RealEngine real;
+  EXPECT_GT(real.engine.VoiceCount(), 200);
+  ASSERT_TRUE(real.WaitUntil([&] { return !real.notices.empty(); }));
+  EXPECT_EQ(
+      real.notices.back(),
+      "Für die natürlichen Stimmen fehlt die ONNX Runtime. Die Hilfe sagt unter „Natürliche Stimmen“, wie "
+      "man sie bekommt.");
+  ASSERT_EQ(real.log.lines.size(), 1U);
+}
+
+}  // namespace
+}  // namespace lorelin
