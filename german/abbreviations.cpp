@@ -9,6 +9,8 @@
 #include "german/dates.h"
 #include "german/grammar.h"
 #include "german/numberWords.h"
+#include "german/numbers.h"
+#include "german/units.h"
 
 namespace lorelin {
 namespace {
@@ -89,6 +91,17 @@ bool StandsBehindNumber(const Tokens& tokens, std::size_t i) {
                                      tokens.IsNumber(before - 1));
 }
 
+// "S. 12 f.", "§ 5 f. BGB", but not "9,40 € f. Pkw" and "3 f. Kinder".
+bool StandsBehindPage(const Tokens& tokens, std::size_t i, std::size_t end) {
+  if (!StandsBehindNumber(tokens, i) || tokens.Is(tokens.Before(i), "€") ||
+      IsOneOf(tokens.View(tokens.Skip(end)), {"„", "\"", "»"}))
+    return false;
+  const std::size_t before = tokens.Before(i);
+  const std::size_t number = tokens.IsNumber(before) ? before : before - 1;
+  return LabelBefore(tokens, number) || !tokens.IsWord(tokens.Skip(end)) ||
+         IsAllCaps(tokens.View(tokens.Skip(end))) || StartsSentences(tokens.View(tokens.Skip(end)));
+}
+
 bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
@@ -102,7 +115,8 @@ bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
 }
 
 bool StandsInReference(const Tokens& tokens, std::size_t i) {
-  const std::size_t before = tokens.Before(i);
+  std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && tokens.Is(before, ",")) before = tokens.Before(before);  // "Abs. 1, S. 2"
   if (before == Tokens::kNone || !(tokens.IsNumber(before) || tokens.IsWord(before))) return false;
   std::size_t label = tokens.Before(before);
   if (tokens.IsWord(before) && tokens.View(before).size() == 1 && before > 0 && tokens.IsNumber(before - 1))
@@ -221,6 +235,34 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return next > end && IsOneOf(tokens.View(next), {"aus", "von", "an", "vom", "zurück", "auch", "und"});
     case Around::Section:
       return tokens.Is(next, "§");
+    case Around::Degrees:
+      return tokens.Before(i) != Tokens::kNone &&
+             IsOneOf(tokens.View(tokens.Before(i)), {"°", "′", "″", "'", "\""}) && i >= 3 &&
+             tokens.FreeBehind(i);
+    case Around::Away:
+      return IsOneOf(tokens.WordBefore(i), {"km", "m", "Kilometer", "Meter", "Minuten", "min"}) ||
+             (tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), ".") &&
+              IsOneOf(tokens.WordBefore(tokens.Before(i)), {"Min", "Std", "min"}));
+    case Around::Price: {
+      const auto number = NumberAt(tokens, next);
+      return number && CurrencyAt(tokens, tokens.Skip(number->end)).has_value();
+    }
+    case Around::OfBook:
+      return tokens.Is(end, ",") && tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), ",") &&
+             tokens.IsNumber(tokens.Skip(end + 1));
+    case Around::Closed:
+      return tokens.IsLast(end - 1) || IsOneOf(tokens.View(end), {"!", ")", ","});
+    case Around::PageBefore:
+      return StandsBehindPage(tokens, i, end);
+    case Around::Motorway:
+      return tokens.IsCapital(next) && !NounOf(tokens.View(next)).whole &&
+             IsOneOf(tokens.WordBefore(i), {"der", "zwischen", "an", "und", "ab", "bis"});
+    case Around::OfMan:
+      return IsOneOf(tokens.WordBefore(i), {"Der", "Dem", "Des", "dem", "des", "vom", "zum", "beim"});
+    case Around::Quoted:
+      return IsOneOf(tokens.View(next), {"„", "\"", "»", "‚"});
+    case Around::Clock:
+      return tokens.WordBefore(i) == "Uhr";
     case Around::Wind:
       return IsAboutWind(tokens, i);
     case Around::Percent:
@@ -274,13 +316,26 @@ bool IsOftenShortened(std::string_view word) {
   });
 }
 
+namespace {
+
+// "Störg" of "Störung", but not "Berg".
+bool EndsInShortUng(std::string_view word) {
+  return word.size() > 4 && HasSuffix(word, {"rg", "lg", "tg", "dg", "hg", "fg", "sg", "zg"}) &&
+         !NounOf(word).known &&
+         IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ung", word.size() - 4);
+}
+
+}  // namespace
+
 std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
   const auto word = tokens.View(i);
   if (!tokens.IsCapital(i) || word.size() < 4 || word.size() > 40 || !tokens.Is(i + 1, ".") ||
       !tokens.FreeBefore(i))
     return std::nullopt;
   const std::size_t next = tokens.Skip(i + 2);
+  const bool shortened = EndsInShortUng(word) && tokens.IsCapital(next);  // "Bei Störg. Stecker ziehen"
   const bool goesOn =
+      shortened ||
       (next > i + 2 && (tokens.IsNumber(next) || (tokens.IsWord(next) && !tokens.IsCapital(next)))) ||
       (next == i + 2 && IsOneOf(tokens.View(next), {",", ";", ":", "-", ")"}) && !tokens.IsLast(i + 1));
   if (!goesOn || NounOf(word).whole || IsAllCaps(word) || IsOftenShortened(word)) return std::nullopt;
@@ -317,17 +372,62 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     std::string_view written;
     std::string_view spoken;
   };
-  constexpr Part kParts[] = {
-      {"str", "straße"},         {"pl", "platz"},         {"nr", "nummer"},       {"Str", "Straße"},
-      {"bhf", "bahnhof"},        {"whg", "wohnung"},      {"abt", "abteilung"},   {"haltest", "haltestelle"},
-      {"betr", "betrag"},        {"kto", "konto"},        {"std", "stunde"},      {"vers", "versicherung"},
-      {"beitr", "beitrag"},      {"ausw", "ausweis"},     {"inst", "institut"},   {"vertr", "vertrag"},
-      {"präs", "präsident"},     {"mitgl", "mitglied"},   {"verw", "verwaltung"}, {"verz", "verzeichnis"},
-      {"temp", "temperatur"},    {"ges", "gesellschaft"}, {"gem", "gemäß"},       {"geb", "gebühr"},
-      {"ausg", "ausgabe"},       {"kap", "kapitel"},      {"zt", "zeit"},         {"Nr", "Nummer"},
-      {"gen", "genossenschaft"}, {"allg", "allgemein"},   {"bez", "bezirk"},      {"kr", "kreis"},
-      {"mstr", "meister"},       {"prüf", "prüfung"},     {"ltg", "leitung"},     {"pfl", "pflicht"},
-      {"schr", "schrift"},       {"gew", "gewicht"}};
+  constexpr Part kParts[] = {{"str", "straße"},
+                             {"pl", "platz"},
+                             {"nr", "nummer"},
+                             {"Str", "Straße"},
+                             {"bhf", "bahnhof"},
+                             {"whg", "wohnung"},
+                             {"abt", "abteilung"},
+                             {"haltest", "haltestelle"},
+                             {"betr", "betrag"},
+                             {"kto", "konto"},
+                             {"std", "stunde"},
+                             {"vers", "versicherung"},
+                             {"beitr", "beitrag"},
+                             {"ausw", "ausweis"},
+                             {"inst", "institut"},
+                             {"vertr", "vertrag"},
+                             {"präs", "präsident"},
+                             {"mitgl", "mitglied"},
+                             {"verw", "verwaltung"},
+                             {"verz", "verzeichnis"},
+                             {"temp", "temperatur"},
+                             {"ges", "gesellschaft"},
+                             {"gem", "gemäß"},
+                             {"geb", "gebühr"},
+                             {"ausg", "ausgabe"},
+                             {"kap", "kapitel"},
+                             {"zt", "zeit"},
+                             {"Nr", "Nummer"},
+                             {"gen", "genossenschaft"},
+                             {"allg", "allgemein"},
+                             {"bez", "bezirk"},
+                             {"kr", "kreis"},
+                             {"mstr", "meister"},
+                             {"prüf", "prüfung"},
+                             {"ltg", "leitung"},
+                             {"pfl", "pflicht"},
+                             {"schr", "schrift"},
+                             {"gew", "gewicht"},
+                             {"pkt", "punkt"},
+                             {"abl", "ablauf"},
+                             {"dat", "datum"},
+                             {"spielz", "spielzeit"},
+                             {"arbeitsz", "arbeitszeit"},
+                             {"hzg", "heizung"},
+                             {"kenntn", "kenntnisse"},
+                             {"umf", "umfang"},
+                             {"sverm", "svermögen"},
+                             {"wartez", "wartezeit"},
+                             {"fahrz", "fahrzeit"},
+                             {"laufz", "laufzeit"},
+                             {"öffnungsz", "öffnungszeiten"},
+                             {"fl", "fläche"},
+                             {"stell", "stelle"},
+                             {"verbr", "verbrauch"},
+                             {"grdst", "grundstück"},
+                             {"gesch", "geschoss"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
   for (const Part& part : kParts) {
@@ -337,8 +437,14 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     // Only where the sentence goes on it is certain that a word was cut.
     const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
     const std::size_t behind = tokens.Skip(i + 2);
-    if (!common && (!tokens.IsCapital(i) || !point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
-                    !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))
+    // "Betriebstemp. -10", "ab Kaufdat.": no word ends like that.
+    const bool parted =
+        point && tokens.IsCapital(i) && !NounOf(tokens.View(i)).known &&
+        part.written.size() + 4 <= word.size() &&
+        (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) || tokens.IsLast(i + 1));
+    if (!common && !parted &&
+        (!tokens.IsCapital(i) || !point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
+         !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))
       continue;
     if (!point && (needed && !(part.written == "str" && tokens.IsNumber(tokens.Skip(i + 1))))) continue;
     return FoundStreet{word.size() - part.written.size(), part.spoken, point ? i + 2 : i + 1};

@@ -40,6 +40,16 @@ enum class Around : std::uint8_t {
   Letter,          // a single capital or a size follows
   Percent,         // "%" stands before
   Section,         // "§" follows
+  PageBefore,      // a page or paragraph stands before
+  OfMan,           // "der", "dem" or "des" opens the clause or stands before
+  Quoted,          // what is quoted follows
+  Motorway,        // a place follows, a motorway is spoken of
+  Price,           // a sum of money follows
+  OfBook,          // between commas, as in a list of books
+  Closed,          // the sentence is over
+  Degrees,         // degrees or their minutes stand before
+  Clock,           // "Uhr" stands before
+  Away,            // a distance or duration stands before
   Wind,            // the wind is spoken of
   Inside,          // the clause has begun before
   Greeted,         // from whom or to whom follows

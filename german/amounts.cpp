@@ -204,6 +204,13 @@ bool HasElectricContext(const Tokens& tokens) {
 bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantity, std::size_t unitAt,
                 const Unit& unit) {
   if (unit.isWord) return true;
+  if (unit.singular == "Umdrehung") return false;  // "7 U 12/23"
+  // "12 C 345/21": the register of a court.
+  const std::size_t file = tokens.Skip(unitAt + 1);
+  if (tokens.View(unitAt).size() == 1 && file > unitAt + 1 && tokens.IsNumber(file) &&
+      tokens.Is(file + 1, "/") && tokens.IsNumber(file + 2))
+    return false;
+  if (unit.singular == "Kelvin") return !quantity.number.IsWhole() || unit.end != unitAt + 1;
   if (unit.singular == "Ampere")
     return !quantity.number.IsWhole() || (HasElectricContext(tokens) && !LabelBefore(tokens, first));
   const auto sign = tokens.View(unitAt);

@@ -95,6 +95,10 @@ std::optional<CutWord> WholeOfLastPart(std::string_view word) {
 // The sentence goes on behind the point.
 bool GoesOn(const Tokens& tokens, std::size_t point) {
   const std::size_t next = tokens.Skip(point + 1);
+  // "Führg. So. 15 Uhr".
+  if (tokens.View(next).size() == 2 && tokens.Is(next + 1, ".") &&
+      IsOneOf(tokens.View(next), {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}))
+    return true;
   if (next == point + 1)
     return IsOneOf(tokens.View(next), {",", ";", ":", "-", ")", "/"}) && !tokens.IsLast(point);
   if (IsOneOf(tokens.View(next), {"(", "–", "&", "+", "/", "§", "€"})) return true;

@@ -205,7 +205,7 @@ Found DateSpanAt(const Tokens& tokens, std::size_t i) {
   const auto second = DateShapeAt(tokens, tokens.Skip(dash + 1));
   if (!second) return std::nullopt;
   const auto ending = DayEnding(tokens, i);
-  auto date = DatePhrase(tokens, *second, ending == "er" ? "er" : "en");
+  auto date = DatePhrase(tokens, *second, ending == "er" && !tokens.Is(dash, "/") ? "er" : "en");
   const std::string begin = DayText(first->day, ending) + " " + MonthYearText(tokens, *first);
   date.words = begin + (tokens.Is(dash, "/") ? " auf " : " bis ") + date.words;
   return date;
@@ -239,6 +239,34 @@ std::string_view ArticleBehindWeekday(const Tokens& tokens, std::size_t i) {
   const std::string before = WithLowerStart(tokens.WordBefore(at));
   if (IsOneOf(before, {"am", "vom", "zum", "beim", "ab", "seit", "dem"})) return "dem ";
   return IsOneOf(before, {"bis", "für", "auf", "den", "kommenden", "nächsten", "diesen"}) ? "den " : "";
+}
+
+// "15/01/2024", "15-01-2024": the day first.
+Found DayFirstAt(const Tokens& tokens, std::size_t i) {
+  const auto sign = tokens.View(i + 1);
+  if (!IsDay(tokens, i) || !IsOneOf(sign, {"/", "-"}) || !tokens.Is(i + 3, sign) ||
+      !IsYearAt(tokens, i + 4, false))
+    return std::nullopt;
+  const auto month = MonthNumberAt(tokens, i + 2);
+  const auto year = *DigitsAt(tokens, i + 4, 4);
+  if (!month || year < 1900 || year > 2100 || !tokens.FreeBehind(i + 4) || LabelBefore(tokens, i))
+    return std::nullopt;
+  if (i > 0 && !tokens.IsGap(i - 1) && !tokens.Is(i - 1, "(")) return std::nullopt;
+  return Phrase{i + 5, DayText(*DigitsAt(tokens, i, 2), DayEnding(tokens, i)) + " " +
+                           std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 4)};
+}
+
+// "01.2024", but not "Version 1.2024".
+Found MonthAndYearAt(const Tokens& tokens, std::size_t i) {
+  const auto month = MonthNumberAt(tokens, i);
+  if (!month || !tokens.IsNumber(i, 2, 2) || !tokens.Is(i + 1, ".") || !tokens.IsNumber(i + 2, 4, 4) ||
+      !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || LabelBefore(tokens, i))
+    return std::nullopt;
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", "/", "-"})) return std::nullopt;
+  if (IsOneOf(tokens.View(i + 3), {".", ","}) && tokens.IsNumber(i + 4)) return std::nullopt;
+  const auto year = *DigitsAt(tokens, i + 2, 4);
+  if (year < 1900 || year > 2100) return std::nullopt;
+  return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
 }
 
 // "05/2024" is a month where nothing else is numbered like that.
@@ -293,6 +321,8 @@ Found WeekdaysAt(const Tokens& tokens, std::size_t i) {
   } else if (tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
     between = " und ";
     ++at;
+  } else if (tokens.Is(at, "oder")) {
+    between = " oder ";
   } else if (tokens.Is(at, ",")) {
     between = ", ";
   } else {
@@ -339,7 +369,8 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
                           {"am",        "Am",        "jeden",   "Jeden",   "nächsten", "bis",
                            "diesen",    "kommenden", "jeweils", "letzten", "vom",      "Vom",
                            "zum",       "auf",       "ab",      "Ab",      "für",      "einschließlich",
-                           "inklusive", "außer",     "nur"});
+                           "inklusive", "außer",     "nur"}) ||
+                  (shortened && tokens.IsNumber(before - 1));  // "jeden 1. Di."
   const bool so = tokens.Is(i, "So") || tokens.Is(i, "Do") || tokens.Is(i, "Fr");
   if (!(number && (point || !so || next > day->second)) && !am) return std::nullopt;
   if (number && !point && tokens.Is(i, "So") && !tokens.Is(next + 1, ".") && !tokens.Is(next + 1, ":") &&
@@ -389,7 +420,8 @@ Found DayWithEnding(const Tokens& tokens, std::size_t i, std::string_view ending
 }
 
 Found DateAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &MonthOfYearAt, &MonthOfShortYearAt}) {
+  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &DayFirstAt, &MonthAndYearAt,
+                             &MonthOfYearAt, &MonthOfShortYearAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   const auto shape = DateShapeAt(tokens, i);

@@ -84,35 +84,38 @@ std::string_view WholeWord(std::string_view word) {
     std::string_view written;
     std::string_view spoken;
   };
-  constexpr Short kShort[] = {{"v", "vom"},
-                              {"f", "für"},
-                              {"m", "mit"},
-                              {"n", "nach"},
-                              {"b", "bei"},
-                              {"z", "zum"},
-                              {"d", "den"},
-                              {"zzgl", "zuzüglich"},
-                              {"inkl", "inklusive"},
-                              {"exkl", "exklusive"},
-                              {"einschl", "einschließlich"},
-                              {"abzgl", "abzüglich"},
-                              {"zw", "zwischen"},
-                              {"lt", "laut"},
-                              {"gem", "gemäß"},
-                              {"innerh", "innerhalb"},
-                              {"wg", "wegen"},
-                              {"ggü", "gegenüber"}};
+  constexpr Short kShort[] = {{"v", "vom"},           {"f", "für"},
+                              {"m", "mit"},           {"n", "nach"},
+                              {"b", "bei"},           {"z", "zum"},
+                              {"zzgl", "zuzüglich"},  {"inkl", "inklusive"},
+                              {"exkl", "exklusive"},  {"einschl", "einschließlich"},
+                              {"abzgl", "abzüglich"}, {"zw", "zwischen"},
+                              {"lt", "laut"},         {"jd", "jeden"},
+                              {"gem", "gemäß"},       {"innerh", "innerhalb"},
+                              {"wg", "wegen"},        {"ggü", "gegenüber"}};
   for (const Short& one : kShort) {
     if (one.written == word) return one.spoken;
   }
   return word;
 }
 
+// "der stellv. Vors.": an adjective that is cut between the article and its noun.
+bool IsCutAdjective(std::string_view word) {
+  return IsOneOf(
+      word, {"stellv", "stv",  "ehem",  "sog",     "gen",     "ges",   "lfd",    "dt",     "städt", "staatl",
+             "ev",     "kath", "allg",  "gesetzl", "öffentl", "jährl", "mtl",    "monatl", "tägl",  "max",
+             "min",    "evtl", "ärztl", "techn",   "kfm",     "wiss",  "versch", "div",    "gr",    "kl",
+             "amtl",   "örtl", "jew",   "entspr",  "zust",    "spät",  "spätest"});
+}
+
 // Over the point of "ca." to the word itself.
 std::size_t OverPoint(const Tokens& tokens, std::size_t at) {
   if (at == Tokens::kNone || at == 0 || !tokens.Is(at, ".") || !tokens.IsWord(at - 1)) return at;
   const auto word = tokens.View(at - 1);
-  return WholeWord(word) != word || IsDegreeWord(word) || word == "u" || word == "o" ? at - 1 : at;
+  return WholeWord(word) != word || IsDegreeWord(word) || IsOneOf(word, {"u", "o", "d"}) ||
+                 IsCutAdjective(word)
+             ? at - 1
+             : at;
 }
 
 Governor GovernorOf(const Tokens& tokens, std::size_t i) {
@@ -133,12 +136,19 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
     if (IsUpperWord(written) && !tokens.OpensClause(at) &&
         !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
       return {};
+    if (word == "d" && tokens.Is(at + 1, ".")) {
+      const std::size_t before = OverPoint(tokens, tokens.Before(at));
+      const auto asked =
+          before == Tokens::kNone ? std::nullopt : CaseOfPreposition(WholeWord(tokens.View(before)));
+      return {Kind::Definite, word, asked};
+    }
     if (const Kind kind = KindOfDeterminer(word); kind != Kind::None) {
       const auto before = tokens.WordBefore(at);
       return {kind, word, CaseOfPreposition(before)};
     }
     if (const auto asked = CaseOfPreposition(word)) return {Kind::None, word, asked};
-    if (IsUpperWord(written) || !LooksLikeAdjective(word) || IsVerb(word)) return {};
+    const bool cut = tokens.Is(at + 1, ".") && IsCutAdjective(word);
+    if (IsUpperWord(written) || !(cut || LooksLikeAdjective(word)) || IsVerb(word)) return {};
     at = OverPoint(tokens, tokens.Before(at));
   }
   return {};
@@ -161,7 +171,9 @@ std::string_view BehindDer(std::string_view ending, const Governor& governor, co
     if (noun.known) return !noun.plural && noun.gender == Gender::Masculine ? "e" : "en";
     return governor.byPreposition ? "en" : "e";
   }
-  if (ending == "e") return noun.known && noun.plural ? "en" : "e";
+  // "die sog. Experten": with this article it is no man.
+  const bool many = noun.plural || (noun.mayBePlural && noun.gender != Gender::Feminine);
+  if (ending == "e") return noun.known && many ? "en" : "e";
   if (ending == "es") return noun.genitive ? "en" : "e";
   return "en";
 }
@@ -327,6 +339,7 @@ Agreement AgreementOf(const Noun& noun) {
   result.known = noun.known || noun.guessed;
   result.gender = noun.gender;
   result.plural = noun.plural && !noun.singular;
+  result.mayBePlural = noun.plural;
   result.genitive = noun.genitive;
   return result;
 }
@@ -367,6 +380,7 @@ std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i
     return std::nullopt;
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     const auto word = tokens.View(at);
+    if (IsOneOf(word, {"à", "je", "pro", "per", "bis"})) return std::nullopt;  // they hold for a price alone
     if (tokens.IsWord(at) && CaseOfPreposition(word)) return CaseOfPreposition(word);
     if (IsOneOf(word, {":", ";", "("}) || IsVerb(word) || IsLinkingVerb(word)) return std::nullopt;
     at = tokens.Before(at);
@@ -403,13 +417,38 @@ bool MovesSomething(const Tokens& tokens, std::size_t i) {
 
 }  // namespace
 
+namespace {
+
+// "f. d. 1. u. 2. Kind", "Wahl d. 2. Vorsitzenden": the article that is meant by "d.".
+std::string_view EndingOfCutArticle(const Tokens& tokens, std::size_t i, const Governor& governor,
+                                    const Agreement& noun) {
+  if (!noun.known) return "en";
+  if (governor.byPreposition) return StrongEnding(*governor.byPreposition, noun);
+  for (std::size_t at = tokens.Before(i); at != Tokens::kNone; at = tokens.Before(at)) {
+    if (!tokens.Is(at, "d")) continue;
+    const std::size_t before = tokens.Before(at);
+    if (before != Tokens::kNone && tokens.Is(before, ",")) return "em";  // "am Fr., d. 8. März"
+    const bool belongs = before != Tokens::kNone && tokens.IsCapital(before);
+    return belongs ? StrongEnding(Case::Genitive, noun) : StrongEnding(Case::Nominative, noun);
+  }
+  return "en";
+}
+
+}  // namespace
+
 std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
   Governor governor = GovernorOf(tokens, i);
   if (governor.kind == Kind::None && !governor.byPreposition)
     governor.byPreposition = CaseOfEarlierPreposition(tokens, i);
+  if (governor.word == "d") return BehindDer(EndingOfCutArticle(tokens, i, governor, noun), governor, noun);
   if (governor.kind == Kind::Definite) return BehindDer(EndingOfDeterminer(governor.word), governor, noun);
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
+  if (noun.bent && governor.kind == Kind::None) {
+    Agreement many = noun;
+    many.plural = true;
+    return StrongEnding(asked, many);
+  }
   if (IsOneOf(governor.word, {"auf", "in", "an"}) && MovesSomething(tokens, i)) asked = Case::Accusative;
   if (governor.word == "an" && SendsSomething(tokens, i)) asked = Case::Accusative;
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
@@ -440,6 +479,8 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   const std::string small = WithLowerStart(tokens.View(preposition));
   const std::string word(WholeWord(small));
   if (word == "vom") return Case::Dative;
+  if (small == "b" && IsOneOf(tokens.View(tokens.Skip(first + 1)), {"J", "Jahre", "Jahren"}))
+    return Case::Accusative;  // "Kinder b. 6 J.": "bis"
   // "auf 1 Liter", "über 1 Meter", "bis auf 1 Schüler"; but "auf 1 Bein".
   const bool measured = word == "über" || UnitAt(tokens, tokens.Skip(first + 1)) ||
                         WithLowerStart(tokens.WordBefore(preposition)) == "bis";

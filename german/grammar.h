@@ -17,6 +17,8 @@ struct Agreement {
   bool plural = false;
   bool genitive = false;  // its form is that of the genitive
   bool known = false;     // nothing is known of it when false
+  bool mayBePlural = false;
+  bool bent = false;  // "Experten": many of them, or one in another case than the first
 };
 
 [[nodiscard]] Agreement AgreementOf(const Noun& noun);

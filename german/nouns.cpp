@@ -117,9 +117,10 @@ unsigned LookUpMore(std::string_view word) {
                      "Newsletter", "Schmand", "Döner",  "Wrap",   "Shake",   "Smoothie", "Burger",
                      "Router",     "Stick",   "Beamer", "Airbag", "Coupon",  "FC",       "SC"}))
     return kMasculine;
-  if (IsOneOf(word, {"Like",    "Selfie", "Meme",   "GIF",        "PDF",       "WLAN",   "MRT", "CT",
-                     "EKG",     "E-Bike", "Bike",   "Smartphone", "Tablet",    "Ticket", "Abo", "Event",
-                     "Meeting", "Update", "Backup", "Level",      "Interview", "Date"}))
+  if (IsOneOf(word,
+              {"Unentschieden", "Remis", "Like",    "Selfie", "Meme",   "GIF",        "PDF",       "WLAN",
+               "MRT",           "CT",    "EKG",     "E-Bike", "Bike",   "Smartphone", "Tablet",    "Ticket",
+               "Abo",           "Event", "Meeting", "Update", "Backup", "Level",      "Interview", "Date"}))
     return kNeuter;
   return 0;
 }

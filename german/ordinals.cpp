@@ -118,6 +118,10 @@ PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t ne
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
   if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i))
     return PointMeaning::Ordinal;
+  // "bis spät. 15. d. M."
+  if (IsOneOf(tokens.View(next), {"d", "ds", "dieses"}) &&
+      (tokens.Is(next + 1, ".") || tokens.IsCapital(next + 2)))
+    return PointMeaning::Ordinal;
   if (tokens.OpensLine(i) && LineEndsWithInfinitive(tokens, next)) return PointMeaning::List;
   if (JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
   const std::size_t noun = NounBehind(tokens, next);
@@ -148,6 +152,11 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   const auto word = tokens.View(next);
   if (IsMonth(word) || MonthAt(tokens, next))
     return value <= 31 ? PointMeaning::Ordinal : PointMeaning::Sentence;
+  // "am 1. So. im Advent".
+  if (word.size() == 2 && tokens.Is(next + 1, ".") &&
+      IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) && !tokens.IsLast(i + 1) && value <= 31)
+    return DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) ? PointMeaning::Ordinal
+                                                                      : AtEnd(tokens, i, value);
   if (StartsSentenceAt(tokens, next)) {
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
@@ -260,7 +269,8 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (IsOneOf(word,
               {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Abt", "Mannsch", "BL"}))
     return {Gender::Feminine, false, false, true};
-  if (IsOneOf(word, {"Bd", "Abs", "Jg", "Jahrg", "Tg", "Art", "Vors"}))
+  if (IsOneOf(word,
+              {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So", "Bd", "Abs", "Jg", "Jahrg", "Tg", "Art", "Vors"}))
     return {Gender::Masculine, false, false, true};
   if (IsOneOf(word, {"Kap", "Qu", "Sem", "Lj", "Obergesch"})) return {Gender::Neuter, false, false, true};
   if (word == "Jh" || word == "Jhd" || word == "Jhdt" || word == "Jt")
@@ -273,6 +283,10 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
       tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);
   if (word.ends_with("zende") && !IsOneOf(article, {"der", "Der", "dem", "den"}))
     agreement.gender = Gender::Feminine;
+  agreement.mayBePlural = agreement.mayBePlural && !word.ends_with('e');
+  agreement.bent =
+      agreement.mayBePlural && !agreement.plural && agreement.gender == Gender::Masculine &&
+      HasSuffix(word, {"enten", "anten", "isten", "aten", "erten", "gen", "den", "oten", "egen", "nden"});
   if (IsAdjectivalNoun(word) && IsManDeterminer(article)) return {Gender::Masculine, false, false, true};
   if (word.ends_with("zender")) return {Gender::Masculine, false, false, true};
   return agreement;
@@ -285,12 +299,55 @@ Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
   const auto minute = DigitsAt(tokens, i, 3);
   const auto more = DigitsAt(tokens, i + 3, 2);
   if (!minute || !more || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "+")) return std::nullopt;
-  return Phrase{i + 4, CardinalWords(*minute) + " plus " + CardinalWords(*more)};
+  const bool alone = HasDeterminer(tokens, i) && !tokens.IsCapital(tokens.Skip(i + 4));
+  return Phrase{i + 4, (alone ? OrdinalWords(*minute, "en") : CardinalWords(*minute)) + " plus " +
+                           CardinalWords(*more)};
+}
+
+}  // namespace
+
+namespace {
+
+// "Müller (12.)", "Kaya (34./FE)": the minute of a goal.
+Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
+  const auto minute = DigitsAt(tokens, i, 3);
+  if (!minute || *minute == 0 || *minute > 120 || !tokens.Is(i + 1, ".") || i < 3 || !tokens.Is(i - 1, "(") ||
+      !tokens.IsCapital(i - 3) || NounOf(tokens.View(i - 3)).whole)
+    return std::nullopt;
+  const std::string words = OrdinalWords(*minute, "e") + " Minute";
+  if (tokens.Is(i + 2, ")")) return Phrase{i + 2, words};
+  if (!tokens.Is(i + 2, "/") && !tokens.Is(i + 2, ",")) return std::nullopt;
+  const auto kind = tokens.View(tokens.Skip(i + 3));
+  if (IsOneOf(kind, {"FE", "HE", "ET", "Foulelfmeter", "Handelfmeter", "Eigentor", "Elfmeter"})) {
+    const std::string name(kind == "FE"   ? "Foulelfmeter"
+                           : kind == "HE" ? "Handelfmeter"
+                           : kind == "ET" ? "Eigentor"
+                                          : kind);
+    return Phrase{tokens.Skip(i + 3) + 1, words + ", " + name};
+  }
+  return tokens.Is(i + 2, ",") && tokens.IsNumber(tokens.Skip(i + 3)) ? Found(Phrase{i + 2, words})
+                                                                      : std::nullopt;
+}
+
+}  // namespace
+
+namespace {
+
+// "die 3.-Platzierte".
+Found PlacedAt(const Tokens& tokens, std::size_t i) {
+  const auto place = DigitsAt(tokens, i, 2);
+  const std::size_t word = tokens.Is(i + 2, "-") ? i + 3 : i + 2;
+  if (!place || *place == 0 || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) ||
+      !HasPrefix(WithLowerStart(tokens.View(word)), {"platziert"}))
+    return std::nullopt;
+  return Phrase{word + 1, WithUpperStart(OrdinalWords(*place, "")) + WithLowerStart(tokens.View(word))};
 }
 
 }  // namespace
 
 Found OrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (auto placed = PlacedAt(tokens, i)) return placed;
+  if (auto minute = GoalMinuteAt(tokens, i)) return minute;
   if (auto minute = MinuteOfInjuryTimeAt(tokens, i)) return minute;
   if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, ".") || tokens.IsNumber(i + 2)) return std::nullopt;
   const PointMeaning meaning = JudgePoint(tokens, i);
@@ -298,7 +355,10 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   const std::uint64_t value = *DigitsAt(tokens, i, 4);
   const bool atEnd = meaning == PointMeaning::OrdinalAtEnd;
   const std::size_t noun = atEnd ? Tokens::kNone : NounOfOrdinal(tokens, i + 2);
-  std::string words = OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, noun)));
+  const bool ofMonth =
+      !atEnd && IsOneOf(tokens.View(tokens.Skip(i + 2)), {"d", "ds", "dieses"});  // "15. d. M."
+  const Agreement agreement = ofMonth ? AgreementOf(Gender::Masculine) : AgreementAt(tokens, noun);
+  std::string words = OrdinalWords(value, EndingAt(tokens, i, agreement));
   if (noun == Tokens::kNone && !HasDeterminer(tokens, i) && BecomesOne(tokens, i))
     words = RankWords(tokens, i, value);
   if (atEnd) return Phrase{i + 1, words};

@@ -79,6 +79,9 @@ Found TogetherAt(const Tokens& tokens, std::size_t i) {
   const std::size_t zu = tokens.WordIndexBefore(i);
   if (!number || *number < 2 || *number > 12 || zu == Tokens::kNone || !tokens.Is(zu, "zu"))
     return std::nullopt;
+  const bool joined = IsOneOf(tokens.WordBefore(zu), {"oder", "und"}) && tokens.Is(i + 1, ".");
+  if (joined && IsOneOf(tokens.View(i + 2), {"?", "!", ",", ""}))
+    return Phrase{i + 2, OrdinalWords(*number, "")};
   const bool alone = IsOneOf(tokens.View(i + 1), {".", ",", "!", "?"}) || tokens.IsGap(i + 1);
   const std::size_t next = tokens.Skip(i + 1);
   if (!alone || tokens.IsCapital(next) || tokens.IsNumber(next) || tokens.IsNumber(i + 2))
@@ -190,6 +193,17 @@ namespace {
 Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
   const auto number = NumberAt(tokens, i);
   if (!number || !tokens.FreeBefore(i)) return std::nullopt;
+  const std::size_t label = tokens.Before(i);
+  const bool colon = label != Tokens::kNone && tokens.Is(label, ":");
+  const auto named = colon ? tokens.WordBefore(label) : tokens.WordBefore(i);
+  // "Note: 2-".
+  if (IsOneOf(named, {"Note", "Zensur", "Gesamtnote"}) && tokens.IsDashAt(number->end) &&
+      (tokens.IsGap(number->end + 1) || IsOneOf(tokens.View(number->end + 1), {",", ".", ")"})))
+    return Phrase{number->end + 1, NumberText(*number) + " minus"};
+  const auto of = tokens.Is(number->end, "/") ? NumberAt(tokens, number->end + 1) : std::nullopt;
+  if (IsOneOf(named, {"Punkte", "Punktzahl", "Ergebnis", "Bewertung"}) && of &&
+      tokens.FreeBehind(of->end - 1))
+    return Phrase{of->end, NumberText(*number) + " von " + NumberText(*of)};
   if (tokens.Is(number->end, "+") && tokens.IsGap(number->end + 1))
     return Phrase{number->end + 1, NumberText(*number) + " plus"};
   if (!tokens.Is(number->end, "/")) return std::nullopt;
@@ -198,7 +212,8 @@ Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
     return Phrase{i + 3, NumberText(*number) + " von " + NumberText(*number)};  // "10/10"
   // "1/10.000": so many of so many.
   const auto many = NumberAt(tokens, number->end + 1);
-  if (number->IsOne() && many && many->IsWhole() && many->value >= 100)
+  if (number->IsOne() && many && many->IsWhole() && many->value >= 100 &&
+      !(many->IsYear() && many->value > 1900 && many->value < 2100))
     return Phrase{many->end, "eins zu " + NumberText(*many)};
   const auto per = PerAt(tokens, number->end);
   if (!per || tokens.IsNumber(number->end + 1)) return std::nullopt;

@@ -46,7 +46,7 @@ std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::
 
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, const std::string& words) {
-  if (words == "Vorsitzend")
+  if (words == "Vorsitzend" || words == "Beklagt")
     return words + std::string(EndingAt(tokens, i, {Gender::Masculine, false, false, true}));
   const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
@@ -76,13 +76,20 @@ bool JoinsPlural(const Tokens& tokens, std::size_t i, std::size_t end) {
   return noun.known && noun.plural && !noun.singular;
 }
 
+// "Peter u. a. kamen".
+bool ManyDo(std::string_view verb) {
+  return IsOneOf(verb, {"kamen", "waren", "sind", "haben", "hatten", "wurden", "werden", "gingen", "kommen",
+                        "sagten", "fordern", "spielten", "spielen", "feierten", "sprachen", "nahmen"});
+}
+
 // "Karl Weber u. a., Berlin".
 bool EndsNames(const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t before = tokens.WordIndexBefore(i);
   if (before == Tokens::kNone || !tokens.IsCapital(before)) return false;
   const bool initial = before >= 3 && tokens.Is(before - 2, ".") && tokens.View(before - 3).size() == 1;
   return (initial || !NounOf(tokens.View(before)).known) &&
-         (tokens.IsLast(end - 1) || IsOneOf(tokens.View(end), {",", ")", "("}));
+         (tokens.IsLast(end - 1) || IsOneOf(tokens.View(end), {",", ")", "("}) ||
+          ManyDo(tokens.View(tokens.Skip(end))));
 }
 
 // "hrsg. von K. Müller u. a.".
@@ -128,6 +135,23 @@ std::string VonOrVom(const Tokens& tokens, std::size_t i, std::size_t end) {
   return !name && !person && IsManOrThing(tokens, tokens.Skip(end)) ? "vom" : "von";
 }
 
+// "5 Min. z. S-Bahn".
+bool ToHer(const Tokens& tokens, std::size_t end) {
+  const std::size_t noun = tokens.Skip(end);
+  const Agreement agreement = tokens.IsCapital(noun) ? AgreementAt(tokens, noun) : Agreement{};
+  return agreement.known && agreement.gender == Gender::Feminine;
+}
+
+// "jd. 2. Samstag", "jd. Woche".
+std::string EachWord(const Tokens& tokens, std::size_t end) {
+  const std::size_t next = tokens.Skip(end);
+  const bool ordinal = tokens.IsNumber(next) && tokens.Is(next + 1, ".");
+  const Agreement noun =
+      AgreementAt(tokens, ordinal ? NounOfOrdinal(tokens, next + 2) : NounBehind(tokens, next));
+  if (!noun.known || noun.gender == Gender::Masculine) return "jeden";
+  return noun.gender == Gender::Feminine ? "jede" : "jedes";
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
@@ -141,12 +165,18 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
     words = NamesInDative(tokens, i) ? "und anderen" : "und andere";
   if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
   if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
+  if (written == "z." && words == "zum" && ToHer(tokens, found->end)) words = "zur";
+  if (written == "jd.") words = EachWord(tokens, found->end);
   if (written == "v." && words == "von") words = VonOrVom(tokens, i, found->end);
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
   if (found->abbreviation->bending == Bending::None && !PluralOf(words).empty())
     words = BentNoun(tokens, i, words, PluralOf(words));
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
-  if (words.starts_with("Diplom") && words.size() > 8) words = ForWoman(tokens, i, found->end, words);
+  const bool bendsForWoman = (words.starts_with("Diplom") && words.size() > 8) ||
+                             (IsOneOf(words, {"Inhaber", "Pfarrer", "Direktor", "Bürgermeister", "Präsident",
+                                              "Leiter", "Dozent", "Stellvertreter", "Geschäftsführer"}) &&
+                              tokens.IsCapital(tokens.Skip(found->end)));
+  if (bendsForWoman) words = ForWoman(tokens, i, found->end, words);
   if (found->capital) words = WithUpperStart(words);
   const bool keepsPoint = found->EndsWithPoint() && tokens.IsLast(found->end - 1);
   return Phrase{keepsPoint ? found->end - 1 : found->end, words};
@@ -166,7 +196,7 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
       !tokens.IsWord(i + 1))
     return std::nullopt;
   if (!IsOneOf(tokens.View(i + 1), {"s", "min", "h", "Std", "Min", "Tag", "kg", "Woche", "Monat", "Jahr", "l",
-                                    "m", "km", "Stunde", "Minute", "Sekunde"}))
+                                    "Mon", "Wo", "Pers", "m", "km", "Stunde", "Minute", "Sekunde"}))
     return std::nullopt;
   const auto per = PerAt(tokens, i);
   if (!per) return std::nullopt;
@@ -233,6 +263,19 @@ bool CountsOne(std::string_view word) {
                         "jedes", "jeden", "halber", "halben", "letzte", "letzten"});
 }
 
+// "5 €–10 €", "3 kg - 5 kg": between two sums or measures.
+Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsDashAt(i) || i < 2) return std::nullopt;
+  const std::size_t before = tokens.Before(i);
+  const std::size_t next = tokens.Skip(i + 1);
+  if (!tokens.IsNumber(next) || (next > i + 1) != tokens.IsBlank(i - 1)) return std::nullopt;
+  const bool sum = IsOneOf(tokens.View(before),
+                           {"€", "EUR", "%", "$", "kg", "km", "cm", "mm", "C", "ml", "mg", "g", "m"}) &&
+                   tokens.IsNumber(tokens.Before(before));
+  if (!sum || !AmountAt(tokens, next) || tokens.Is(tokens.Skip(next + 1), "=")) return std::nullopt;
+  return Phrase{next, before + 1 == i ? " bis " : "bis "};
+}
+
 // "je kWh", "pro St.", "zwei EL", "einige km", "Angaben in cm".
 Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
   const std::string before = WithLowerStart(tokens.WordBefore(i));
@@ -293,6 +336,24 @@ Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 2, ArticleWord(tokens, i, agreement)};
 }
 
+// "e. Abschluss", "Ende e. Monats".
+Found IndefiniteArticleAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t noun = tokens.Skip(i + 2);
+  if (!tokens.Is(i, "e") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) || noun == i + 2 ||
+      tokens.View(noun).size() < 3 || !tokens.IsCapital(noun))
+    return std::nullopt;
+  const Agreement agreement = AgreementAt(tokens, noun);
+  if (!agreement.known || agreement.plural) return std::nullopt;
+  if (BelongsToNounBefore(tokens, i) && !CaseOfPreposition(tokens.WordBefore(i)))
+    return Phrase{i + 2, agreement.gender == Gender::Feminine ? "einer" : "eines"};
+  return Phrase{i + 2, OneBefore(tokens, i, noun + 1, agreement)};
+}
+
+bool IsSchoolSubject(std::string_view word) {
+  return IsOneOf(word, {"Mathe", "Mathematik", "Deutsch", "Englisch", "Bio", "Biologie", "Physik", "Chemie",
+                        "Sport", "Musik", "Kunst", "Religion", "Geschichte", "Latein", "Informatik", "Höhe"});
+}
+
 // "i. Gemeindesaal".
 Found InPhraseAt(const Tokens& tokens, std::size_t i) {
   const std::size_t noun = tokens.Skip(i + 2);
@@ -301,6 +362,7 @@ Found InPhraseAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
   if (!tokens.IsCapital(noun) || !agreement.known || agreement.plural) return std::nullopt;
+  if (IsSchoolSubject(tokens.View(noun))) return Phrase{i + 2, "in"};
   return Phrase{i + 2, agreement.gender == Gender::Feminine ? "in der" : "im"};
 }
 
@@ -324,29 +386,31 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
   return std::nullopt;
 }
 
-constexpr Reading kOfWords[] = {&AddressAt,        &IbanAt,          &ScriptureAt,
-                                &CalendarWordAt,   &RomanAt,         &AbbreviationPhraseAt,
-                                &StreetPhraseAt,   &CutWordPhraseAt, &CutAdjectivePhraseAt,
-                                &CutNounPhraseAt,  &CurrencyFirstAt, &UnitBehindWordAt,
-                                &UnitOfCompoundAt, &LoneUnitAt,      &TimesBetweenMeasuresAt,
-                                &ArticlePhraseAt,  &InPhraseAt};
-constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
-                                  &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
-                                  &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
-constexpr Reading kOfSigns[] = {&PathAt,
-                                &PartOfHourAt,
-                                &CodeAt,
-                                &SignedAt,
-                                &CurrencyFirstAt,
-                                &AmountAt,
-                                &FractionPhraseAt,
-                                &TagAt,
+constexpr Reading kOfWords[] = {&AddressAt,
+                                &IbanAt,
+                                &ScriptureAt,
+                                &CalendarWordAt,
+                                &RomanAt,
                                 &AbbreviationPhraseAt,
+                                &StreetPhraseAt,
+                                &CutWordPhraseAt,
+                                &CutAdjectivePhraseAt,
+                                &CutNounPhraseAt,
+                                &CurrencyFirstAt,
                                 &UnitBehindWordAt,
                                 &UnitOfCompoundAt,
                                 &LoneUnitAt,
-                                &WordPerUnitAt,
-                                &SignAt};
+                                &TimesBetweenMeasuresAt,
+                                &ArticlePhraseAt,
+                                &IndefiniteArticleAt,
+                                &InPhraseAt};
+constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
+                                  &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
+                                  &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
+constexpr Reading kOfSigns[] = {
+    &DashBetweenSumsAt, &PathAt,           &PartOfHourAt,     &CodeAt,        &SignedAt,
+    &CurrencyFirstAt,   &AmountAt,         &FractionPhraseAt, &TagAt,         &AbbreviationPhraseAt,
+    &UnitBehindWordAt,  &UnitOfCompoundAt, &LoneUnitAt,       &WordPerUnitAt, &SignAt};
 
 // What only parts sentences and clauses.
 bool IsPunctuation(std::string_view sign) {

@@ -267,7 +267,10 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
     return Phrase{
         i + 2, OrdinalWords(value, EndingAt(tokens, i,
                                             AgreementAt(tokens, NounBehind(tokens, tokens.Skip(last + 2)))))};
-  if (point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
+  // "Karls V. Reich" is no fifth empire.
+  const std::size_t ruler = point ? RulerBefore(tokens, i) : Tokens::kNone;
+  const bool owner = ruler != Tokens::kNone && IsGenitiveName(tokens.View(ruler));
+  if (!owner && point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
     return Phrase{i + 2,
                   OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   std::size_t before = tokens.Before(i);
@@ -280,7 +283,10 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
       (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
     return Phrase{i + 2,
                   OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
-  const std::size_t name = point ? RulerBefore(tokens, i) : Tokens::kNone;
+  // "Louis XIV" without its point.
+  const std::size_t bare = point || !IsPlainRoman(tokens.View(i)) ? Tokens::kNone : RulerBefore(tokens, i);
+  const bool king = bare != Tokens::kNone && IsRulersName(tokens.View(bare));
+  const std::size_t name = point ? ruler : (king ? bare : Tokens::kNone);
   if (name == Tokens::kNone && NamesFirst(tokens, i)) return Phrase{i + 1, "eins"};
   if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i))
     return RomanSpan(tokens, i, value);
@@ -290,7 +296,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
       !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
     return std::nullopt;
-  return Phrase{tokens.IsLast(i + 1) ? i + 1 : i + 2, RulersNumber(value, CaseOfRuler(tokens, name), woman)};
+  return Phrase{!point || tokens.IsLast(i + 1) ? i + 1 : i + 2,
+                RulersNumber(value, CaseOfRuler(tokens, name), woman)};
 }
 
 }  // namespace lorelin

@@ -26,8 +26,9 @@ bool IsRatherShortened(std::string_view word) {
   if (HasSuffix(word, {"dr", "br", "kr", "gr", "pr", "tr", "fr", "chr", "bl", "kl", "pl", "gl", "fl", "tl",
                        "dl", "zl", "tg", "dg", "zg"}))
     return true;
-  return IsOneOf(word, {"App", "Op", "op", "Kat", "Ang", "Auftr", "Best", "Pos", "Rev", "Vers", "Fig", "Lekt",
-                        "Ref", "Reg", "Ser", "Bus", "Ausg", "ungef", "Los"});
+  return IsOneOf(word,
+                 {"mo",  "di",  "mi",   "fr",  "sa",   "App", "Op",  "op",  "Kat", "Ang",  "Auftr", "Best",
+                  "Pos", "Rev", "Vers", "Fig", "Lekt", "Ref", "Reg", "Ser", "Bus", "Ausg", "ungef", "Los"});
 }
 
 // "1 Pck. Sahnesteif": what is in it follows, whatever it is.
@@ -124,8 +125,9 @@ class SentenceReader {
     const auto word = tokens_.View(i);
     if (word.size() != 1 || IsUpperWord(word) || !tokens_.FreeBefore(i)) return false;
     std::size_t before = tokens_.Before(i);
-    if (before != Tokens::kNone && before > 0 && tokens_.Is(before, ".")) --before;  // "f. d. Fest"
-    return before != Tokens::kNone && tokens_.IsWord(before) && !IsLabel(tokens_.View(before));
+    const bool cut = before != Tokens::kNone && before > 0 && tokens_.Is(before, ".");  // "f. d. Fest"
+    if (cut) --before;
+    return before != Tokens::kNone && tokens_.IsWord(before) && (cut || !IsLabel(tokens_.View(before)));
   }
 
   std::size_t EndBehindWord(std::size_t i) {
@@ -134,6 +136,9 @@ class SentenceReader {
     if (const auto found = AbbreviationAt(tokens_, i)) {
       end = found->end;
       ending = found->abbreviation->ending;
+      if (ending == Ending::Never && found->abbreviation->spoken.ends_with("ummer")) ending = Ending::Starter;
+      if (ending == Ending::Never && IsUpperWord(found->abbreviation->spoken) && StartsAnewAt(end))
+        ending = Ending::Starter;
       if (!tokens_.Is(end - 1, ".")) {
         covered_ = end;
         return 0;
@@ -152,6 +157,15 @@ class SentenceReader {
     }
     if (end == 0) return EndBehindRoman(i);
     return EndBehindAbbreviation(end, ending);
+  }
+
+  // Behind a noun that is cut: "Bitte auf dieses Kto. Die Rechnung folgt." No name begins with these.
+  bool StartsAnewAt(std::size_t end) {
+    return IsOneOf(
+        tokens_.View(AfterGaps(end)),
+        {"Der",   "Die",  "Das",   "Den",  "Dem",    "Eine",   "Einen", "Ich",  "Du",   "Er",    "Es",
+         "Wir",   "Man",  "Diese", "Wenn", "Dieser", "Dieses", "Dann",  "Dort", "Hier", "Heute", "Danach",
+         "Bitte", "Nein", "Ja",    "Aber", "Sonst",  "Bei",    "Mit",   "Nach", "Für"});
   }
 
   // "Ludwig XIV. baute", "im XX. Jahrhundert".
@@ -178,6 +192,9 @@ class SentenceReader {
     if (IsOneOf(tokens_.View(next), {"„", "»", "“", "\""})) return true;
     if (!tokens_.IsCapital(next)) return false;
     const auto word = tokens_.View(next);
+    const bool weekday =
+        tokens_.Is(next + 1, ".") && IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"});
+    if (weekday && ending != Ending::Often) return false;  // "Führg. So. 15 Uhr"
     if (StartsSentences(word)) return true;
     if (tokens_.Is(next + 1, ".") && (AbbreviationAt(tokens_, next) || UnitAt(tokens_, next))) return false;
     if (ending == Ending::Often) return true;

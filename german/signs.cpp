@@ -31,6 +31,8 @@ struct SignName {
 
 // Between two things, with blanks on both sides or none.
 constexpr SignName kBetween[] = {{"≈", "ungefähr"},
+                                 {"≙", "entspricht"},
+                                 {"→", "nach"},
                                  {"≠", "ungleich"},
                                  {"≤", "kleiner oder gleich"},
                                  {"≥", "größer oder gleich"},
@@ -97,9 +99,22 @@ Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, "minus"};
 }
 
+// "mc²", "2³", "10^6".
+Found PowerAt(const Tokens& tokens, std::size_t i) {
+  const bool square = tokens.Is(i, "²");
+  if ((!square && !tokens.Is(i, "³")) || i == 0 || !(tokens.IsWord(i - 1) || tokens.IsNumber(i - 1)))
+    return std::nullopt;
+  if (tokens.IsWord(i - 1) && tokens.View(i - 1).size() > 2) return std::nullopt;
+  return Phrase{i + 1, square ? " hoch zwei" : " hoch drei"};
+}
+
 // "A++", "Disney+": behind a name.
 Found PlusBehindNameAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "+") || i == 0 || !(tokens.IsWord(i - 1) || tokens.Is(i - 1, "+"))) return std::nullopt;
+  // "Strg+C": keys that are pressed together.
+  if (IsOneOf(tokens.View(i - 1),
+              {"Strg", "Alt", "Umschalt", "Ctrl", "Shift", "Win", "Steuerung", "Windows", "Cmd"}))
+    return Phrase{i + 1, " plus "};
   if (!tokens.Is(i + 1, "+") && !tokens.IsGap(i + 1) &&
       !IsOneOf(tokens.View(i + 1), {".", ",", ")", "-", "!", "?"}))
     return std::nullopt;
@@ -150,8 +165,8 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&ParagraphAt, &LifeSignAt, &MathSignAt, &PlusMinusAt, &PlusBehindNameAt,
-                             &LetterSpanAt, &AmpersandAt}) {
+  for (const auto reading : {&ParagraphAt, &LifeSignAt, &MathSignAt, &PlusMinusAt, &PowerAt,
+                             &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

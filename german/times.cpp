@@ -60,13 +60,16 @@ std::string FirstClockWords(const Clock& clock) {
 }
 
 bool GoesBeforeTimes(std::string_view word) {
-  return IsOneOf(WithLowerStart(word),
-                 {"um",       "ab",         "gegen",     "von",      "bis",        "vor",     "nach",
-                  "seit",     "zwischen",   "beginn",    "start",    "einlass",    "ende",    "täglich",
-                  "und",      "montag",     "dienstag",  "mittwoch", "donnerstag", "freitag", "samstag",
-                  "sonntag",  "mo",         "di",        "mi",       "do",         "fr",      "sa",
-                  "so",       "heute",      "morgen",    "uhr",      "morgens",    "abends",  "punkt",
-                  "geöffnet", "spätestens", "feiertags", "sonst",    "lieber",     "oder"});
+  return IsOneOf(
+      WithLowerStart(word),
+      {"um",       "ab",       "gegen",      "von",        "bis",        "vor",       "nach",     "seit",
+       "zwischen", "beginn",   "start",      "einlass",    "ende",       "täglich",   "und",      "montag",
+       "dienstag", "mittwoch", "donnerstag", "freitag",    "samstag",    "sonntag",   "mo",       "di",
+       "mi",       "do",       "fr",         "sa",         "so",         "heute",     "morgen",   "uhr",
+       "morgens",  "abends",   "punkt",      "geöffnet",   "spätestens", "feiertags", "sonst",    "lieber",
+       "oder",     "beg",      "einl",       "treffpunkt", "treffpkt",   "boarding",  "abflug",   "abfahrt",
+       "ankunft",  "landung",  "training",   "probe",      "treffen",    "weckruf",   "check-in", "anpfiff",
+       "abf",      "ank",      "an"});
 }
 
 bool IsWeekday(const Tokens& tokens, std::size_t i) {
@@ -101,6 +104,11 @@ Found PartOfHourAt(const Tokens& tokens, std::size_t i) {
   if (!fraction || fraction->denominator > 4 || fraction->denominator == 3 ||
       !tokens.IsBlank(fraction->end) || !IsHourPreposition(tokens.WordBefore(i)))
     return std::nullopt;
+  // "um 1/4 nach 3".
+  const auto relation = tokens.View(fraction->end + 1);
+  if (fraction->denominator == 4 && fraction->numerator == 1 && IsOneOf(relation, {"nach", "vor"}) &&
+      tokens.IsNumber(fraction->end + 3, 1, 2))
+    return Phrase{fraction->end, "Viertel"};
   const auto hour = DigitsAt(tokens, fraction->end + 1, 2);
   const std::size_t behind = fraction->end + 2;
   if (!hour || *hour < 1 || *hour > 12 || !tokens.FreeBehind(behind - 1)) return std::nullopt;
@@ -273,6 +281,15 @@ Found LongRaceTimeAt(const Tokens& tokens, std::size_t i) {
   return Phrase{last ? unit->end - 1 : unit->end, words};
 }
 
+// "12.9., 19:30 h": the time of a meeting, unless something that lasts is spoken of.
+bool NamesHour(const Tokens& tokens, std::size_t i, const Duration& duration) {
+  if (duration.parts[0] < kFirstMorningHour || duration.parts[0] > 23) return false;
+  const std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone || !IsOneOf(tokens.View(before), {",", ":", "(", "–", "-", "."})) return false;
+  const auto label = WithLowerStart(tokens.WordBefore(before));
+  return !HasSuffix(label, {"zeit", "dauer", "rekord", "stunden", "aufwand", "pensum"});
+}
+
 // "1:45:30 Std.", "2:15 h", "12:30 min".
 Found DurationAt(const Tokens& tokens, std::size_t i) {
   const auto duration = DurationDigitsAt(tokens, i);
@@ -286,7 +303,9 @@ Found DurationAt(const Tokens& tokens, std::size_t i) {
   } else if (unit->singular != "Stunde") {
     return std::nullopt;
   }
-  if (tokens.Is(unit->end - 1, "h") && duration->count == 2 && IsWeekday(tokens, i)) return std::nullopt;
+  if (tokens.Is(unit->end - 1, "h") && duration->count == 2 &&
+      (IsWeekday(tokens, i) || NamesHour(tokens, i, *duration)))
+    return std::nullopt;
   std::string words;
   for (std::size_t part = 0; part < duration->count && name < 3; ++part, ++name) {
     if (duration->parts[part] == 0 && (part > 0 || duration->parts[1] > 0)) continue;
@@ -341,6 +360,14 @@ struct Score {
   bool spaced = false;
 };
 
+// "12 : 4 = 3" divides.
+bool EquationFollows(const Tokens& tokens, std::size_t i) {
+  for (std::size_t at = i; at < i + 8; ++at) {
+    if (tokens.Is(at, "=")) return true;
+  }
+  return false;
+}
+
 std::optional<Score> ScoreDigitsAt(const Tokens& tokens, std::size_t i) {
   const auto left = DigitsAt(tokens, i, 4);
   const std::size_t colon = tokens.Skip(i + 1);
@@ -378,7 +405,13 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
                       !IsOneOf(tokens.WordBefore(i), {"nach", "und", "vor", "bis", "von"});
     if (time || (!Stands(tokens, i, IsSportsWord) && !Stands(tokens, i, IsRatioWord))) return std::nullopt;
   }
-  std::string words = CardinalWords(score->left) + " zu " + CardinalWords(score->right);
+  // "2:3-Niederlage".
+  if (!score->spaced && tokens.Is(score->end, "-") && tokens.IsCapital(score->end + 1))
+    return Phrase{score->end,
+                  WithUpperStart(CardinalWords(score->left)) + "-zu-" + CardinalWords(score->right)};
+  const bool divides = score->spaced && EquationFollows(tokens, i);
+  const std::string words =
+      CardinalWords(score->left) + (divides ? " geteilt durch " : " zu ") + CardinalWords(score->right);
   return Phrase{score->end, words};
 }
 

@@ -71,6 +71,7 @@ constexpr std::array kUnits{
     UnitName{"ms", "Millisekunde", "Millisekunden", kF},
     UnitName{"µs", "Mikrosekunde", "Mikrosekunden", kF},
     UnitName{"ns", "Nanosekunde", "Nanosekunden", kF},
+    UnitName{"T", "Tag", "Tage", kM, Point::Always, "Tagen"},
     UnitName{"Tg", "Tag", "Tage", kM, Point::Always, "Tagen"},
     UnitName{"Wo", "Woche", "Wochen", kF, Point::Always},
     UnitName{"Wchn", "Woche", "Wochen", kF, Point::Always},
@@ -114,6 +115,8 @@ constexpr std::array kUnits{
     UnitName{"mmol", "Millimol", "Millimol", kN},
     UnitName{"mol", "Mol", "Mol", kN},
     UnitName{"Tbl", "Tablette", "Tabletten", kF, Point::Always},
+    UnitName{"Filmtbl", "Filmtablette", "Filmtabletten", kF, Point::Always},
+    UnitName{"Filmtabl", "Filmtablette", "Filmtabletten", kF, Point::Always},
     UnitName{"Kps", "Kapsel", "Kapseln", kF, Point::Always},
     UnitName{"Drg", "Dragee", "Dragees", kN, Point::Always},
     UnitName{"Amp", "Ampulle", "Ampullen", kF, Point::Always},
@@ -156,6 +159,7 @@ constexpr std::array kUnits{
     UnitName{"Ew", "Einwohner", "Einwohner", kM, Point::Maybe, "Einwohnern"},
     UnitName{"Einw", "Einwohner", "Einwohner", kM, Point::Always, "Einwohnern"},
     UnitName{"Pkte", "Punkt", "Punkte", kM, Point::Always},
+    UnitName{"K", "Kelvin", "Kelvin", kN},
     UnitName{"gtt", "Tropfen", "Tropfen", kM, Point::Maybe},
     UnitName{"Ki", "Kind", "Kinder", kN, Point::Always, "Kindern"},
     UnitName{"Hm", "Höhenmeter", "Höhenmeter"},
@@ -382,6 +386,11 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
   for (const auto period : kPeriods) {
     if (tokens.Is(i, period)) return PerUnit{" pro " + std::string(period), i + 1};
   }
+  // "20 ct/Anruf": whatever is counted.
+  const Noun noun = NounOf(tokens.View(i));
+  if (tokens.IsCapital(i) && noun.whole && noun.singular && tokens.FreeBehind(i) && !tokens.IsDashAt(i + 1) &&
+      i >= 2 && !tokens.IsBlank(i - 2))
+    return PerUnit{" pro " + std::string(tokens.View(i)), i + 1};
   return std::nullopt;
 }
 

@@ -62,7 +62,10 @@ bool TakesObject(std::string_view word) {
       "bekommt bekam "
       "bekommen erhält erhielt erhalten ich er wir man du trinkt trinken trank isst essen aß wiegt wog "
       "umfasst umfasste bietet "
-      "zahlt zahlte zahlen bezahlt spart sparen verliert verlor gewann gewinnt gewinnen holte holt belegte "
+      "zahlt zahlte zahlten zahlen bezahlt kauften bekamen brauchten verloren gewannen erhielten tranken "
+      "sparten bestellten "
+      "spendeten suchten fanden sahen spart sparen verliert verlor gewann gewinnt gewinnen holte holt "
+      "belegte "
       "belegt erreichte erreicht "
       "geben gebe gib fügen füge sucht suchen suche wartet warten wartete schläft verkauft verkaufte "
       "bestellt bestellte "
@@ -121,7 +124,9 @@ bool IsNumberedHead(std::string_view noun) {
       "Samstag "
       "Januar Februar März April Mai Juni Juli August September Oktober November Dezember Minute Sekunde "
       "Stelle "
-      "Zeile Besuch Werktag Lauf Versuch Saison Spielzeit Amtszeit Schwangerschaftswoche SSW Hälfte");
+      "Zeile Besuch Werktag Lauf Versuch Saison Spielzeit Amtszeit Schwangerschaftswoche SSW Hälfte BL Halbs "
+      "HS Halbsatz "
+      "Alternative Unterabs Unterabsatz");
   if (words.Has(noun)) return true;
   // "Verhandlungstag", "Strafkammer": what is counted by its last part.
   constexpr std::size_t kShortestFirstPart = 3;
