@@ -1,11 +1,41 @@
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <charconv>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <fstream>
 #include <string_view>
 
 #include "engine/EngineServer.h"
+
+namespace {
+
+// What renders into files gives way to what is heard.
+void GiveWay() {
+  constexpr int kStepsBack = 10;
+  setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + kStepsBack);
+}
+
+// A model that asks for more than half of the machine's memory is refused by the system, before it takes the
+// memory of everybody else. What a checking build reserves at its start is more than that already.
+void LimitMemory() {
+  std::uintmax_t used = 0;
+  std::ifstream("/proc/self/statm") >> used;
+  const auto page = static_cast<std::uintmax_t>(sysconf(_SC_PAGESIZE));
+  const auto least = std::uintmax_t{2} << 30U;
+  const rlim_t most = std::max(least, static_cast<std::uintmax_t>(sysconf(_SC_PHYS_PAGES)) * page / 2);
+  rlimit limit{};
+  if (used * page >= most || getrlimit(RLIMIT_AS, &limit) != 0) return;
+  limit.rlim_cur = std::min(limit.rlim_cur, most);
+  setrlimit(RLIMIT_AS, &limit);
+}
+
+}  // namespace
 
 // lorelin-engine SOCKET [audio]: speaks for the program at the other end of the connected socket with this
 // number.
@@ -21,7 +51,10 @@ int main(int argc, char** argv) {
   // A file that grows beyond what is allowed is an error of writing like others.
   std::signal(SIGXFSZ, SIG_IGN);
   try {
-    lorelin::engine::EngineServer server(socket, argc >= 3 && std::string_view(argv[2]) == "audio");
+    const bool audible = argc >= 3 && std::string_view(argv[2]) == "audio";
+    if (!audible) GiveWay();
+    LimitMemory();
+    lorelin::engine::EngineServer server(socket, audible);
     return server.Run();
   } catch (const std::exception&) {
     return 1;

@@ -189,9 +189,10 @@ std::string NoiseBytes() {
 const std::string kPrefix = "lorelin.noise.";
 
 std::string MakeNoiseTable() {
+  static const std::string numbers = NoiseBytes();
   const std::string table =
       ProtobufNumber(tensor::kDimension, kNoiseLength) + ProtobufNumber(tensor::kType, tensor::kFloat) +
-      ProtobufBytes(tensor::kName, kPrefix + "table") + ProtobufBytes(tensor::kBytes, NoiseBytes());
+      ProtobufBytes(tensor::kName, kPrefix + "table") + ProtobufBytes(tensor::kBytes, numbers);
   return ProtobufBytes(graph::kInitializer, table) + MakeNumber(kPrefix + "zero", 0) +
          MakeNumber(kPrefix + "one", 1) + MakeNumber(kPrefix + "length", kNoiseLength);
 }

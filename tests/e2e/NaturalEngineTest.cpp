@@ -1,4 +1,8 @@
+#include <sys/resource.h>
+
+#include <csignal>
 #include <filesystem>
+#include <random>
 
 #include "tests/support/DirectSSContract.h"
 #include "tests/support/RealEngine.h"
@@ -153,6 +157,110 @@ TEST_F(NaturalEngine, LeavesASlowSentenceForTheNextText) {
   ASSERT_TRUE(real.WaitForEnd());
   EXPECT_TRUE(real.ends.back().complete);
   EXPECT_TRUE(real.log.lines.empty());
+}
+
+// Files that are no voices, or not whole, under the name of one.
+class DamagedVoice : public testing::TestWithParam<const char*> {
+ protected:
+  void SetUp() override { SKIP_WITHOUT_RUNTIME(); }
+
+  static std::string Good(const std::string& ending) {
+    return ReadFile((engine::TestVoices() / ("de_DE-probe-medium.onnx" + ending)).string());
+  }
+  static std::string Damaged(const std::string& how) {
+    const std::string good = Good("");
+    if (how == "leer") return "";
+    if (how == "Text") return std::string(5000, 'x');
+    if (how == "halb") return good.substr(0, good.size() / 2);
+    if (how == "fast ganz") return good.substr(0, good.size() - 1);
+    if (how == "doppelt") return good + good;
+    if (how == "andere Eingabe") {
+      std::string changed = good;
+      for (std::size_t at = 0; (at = changed.find("scales", at)) != std::string::npos;)
+        changed.replace(at, 6, "waagen");
+      return changed;
+    }
+    std::string changed = good;  // Nullen am Anfang
+    changed.replace(200, 40, 40, '\0');
+    return changed;
+  }
+};
+
+TEST_P(DamagedVoice, CostsASentence) {
+  const fs::path runtime = engine::InstalledRuntime();
+  const TemporaryFolder folder;
+  WriteFile(folder.File("lorelin/voices/kaputt.onnx"), Damaged(GetParam()));
+  WriteFile(folder.File("lorelin/voices/kaputt.onnx.json"), Good(".json"));
+  fs::create_directory_symlink(runtime.parent_path(), folder.File("lorelin/runtime"));
+  const engine::ChangedVariable data("XDG_DATA_HOME", folder.Path());
+  RealEngine real;
+  (void)real.engine.VoiceCount();
+  const int process = real.engine.ProcessId();
+  real.engine.SetCurrentVoice(VoiceWith(real.engine, "probe"));
+  real.engine.SetWaveFile(real.folder.File("a.wav"));
+  real.engine.Speak("Guten Tag.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_FALSE(real.ends.back().complete);
+  EXPECT_TRUE(real.ends.back().reason.starts_with("Die Stimme „kaputt“ lässt sich nicht verwenden: "))
+      << real.ends.back().reason;
+  real.ends.clear();
+  real.engine.SetCurrentVoice(1);
+  real.engine.Speak("Guten Tag.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_TRUE(real.ends.back().complete);
+  EXPECT_EQ(real.engine.ProcessId(), process);
+}
+
+INSTANTIATE_TEST_SUITE_P(InEveryWay, DamagedVoice,
+                         testing::Values("leer", "Text", "halb", "fast ganz", "doppelt", "andere Eingabe",
+                                         "Nullen am Anfang"));
+
+TEST_F(NaturalEngine, IsNamedInALineWhenItsDescriptionIsBroken) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("lorelin/voices/kaputt.onnx"), "");
+  WriteFile(folder.File("lorelin/voices/kaputt.onnx.json"), "{\"audio\":");
+  const engine::ChangedVariable changed("XDG_DATA_HOME", folder.Path());
+  RealEngine real;
+  ASSERT_TRUE(real.WaitUntil([&] { return !real.notices.empty(); }));
+  EXPECT_EQ(
+      real.notices.back(),
+      "Die Stimme „kaputt“ fehlt in der Auswahl: Ihre Beschreibung „kaputt.onnx.json“ ist unbrauchbar, sie "
+      "ist kein JSON.");
+}
+
+TEST_F(NaturalEngine, GivesWayWhenItRenders) {
+  const auto priority = [](RealEngine& real) {
+    (void)real.engine.VoiceCount();
+    return getpriority(PRIO_PROCESS, static_cast<id_t>(real.engine.ProcessId()));
+  };
+  RealEngine rendering(false);
+  RealEngine heard(true);
+  EXPECT_GT(priority(rendering), priority(heard));
+}
+
+TEST_F(NaturalEngine, IsStartedAgainHoweverOftenItIsKilled) {
+  RealEngine real(true);
+  const std::int32_t voice = VoiceWith(real.engine, "probe");
+  std::string text;
+  for (int i = 0; i < 2000; ++i) text += "Ein langer Text, der nicht enden will. ";
+  std::mt19937 random(20261122);
+  for (int i = 0; i < 200; ++i) {
+    real.clock.steady += std::chrono::minutes(5);
+    real.ends.clear();
+    real.engine.SetCurrentVoice(voice);
+    real.engine.SetWaveFile(i % 2 == 0 ? "" : real.folder.File("lang.wav"));
+    real.engine.Speak(text);
+    const auto moment = std::chrono::steady_clock::now() + std::chrono::milliseconds(random() % 80);
+    while (std::chrono::steady_clock::now() < moment) real.pump.RunPendingEvents();
+    kill(real.engine.ProcessId(), SIGKILL);
+    ASSERT_TRUE(real.WaitForEnd()) << i;
+    ASSERT_FALSE(real.ends[0].complete) << i;
+    ASSERT_FALSE(fs::exists(real.folder.File("lang.wav"))) << i;
+  }
+  real.engine.SetWaveFile(real.folder.File("kurz.wav"));
+  real.engine.Speak("Ja.");
+  ASSERT_TRUE(real.WaitForEnd(2));
+  EXPECT_TRUE(real.ends[1].complete);
 }
 
 TEST(NaturalVoicesWithoutRuntime, AreNotOfferedAndSaidToLackIt) {

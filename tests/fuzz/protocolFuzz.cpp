@@ -17,6 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       (void)lorelin::engine::ReadSpeak(message->fields);
       (void)lorelin::engine::ReadEnded(message->fields);
       (void)lorelin::engine::ReadNumber(message->fields);
+      (void)lorelin::engine::ReadRemark(message->fields);
     }
   }
   return 0;
