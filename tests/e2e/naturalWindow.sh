@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# The window with a natural voice, as a user runs it: the voice is in the list, reads, is marked along, exports.
+data=${LORELIN_HOME:-${XDG_DATA_HOME:-$HOME/.local/share}/lorelin}
+runtime=$(ls "${LORELIN_RUNTIME:-$data/runtime}"/libonnxruntime.so* 2>/dev/null | tail -n 1)
+[ -n "$runtime" ] || { echo "there is no ONNX Runtime" && exit 77; }
+if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
+  exec env LORELIN_ON_SCREEN=1 LORELIN_RUNTIME="$(dirname "$runtime")" "$2/tools/with-display" "$0" "$@"
+fi
+bin=$1
+. "$(dirname "$0")/expect.sh"
+no_survey "$bin"
+mkdir -p "$LORELIN_HOME"
+ln -s "$LORELIN_RUNTIME" "$LORELIN_HOME/runtime"
+ln -s "$2/tests/engine/voices" "$LORELIN_HOME/voices"
+settings='HKCU\Software\VB and VBA Program Settings\Lorelin\Voice'
+
+check "the voices are listed" bash -c "'$bin/lorelin-cli' voices | grep -q 'Deutsch – probe (mittel)'"
+number=$("$bin/lorelin-cli" voices | awk '/probe/ {print $1}')
+check "the voice is chosen" "$bin/lorelin-cli" reg add "$settings" Voice $((number - 1))
+text="Guten Tag, hier spricht eine natürliche Stimme. Ein zweiter Satz folgt."
+printf '%s' "$text" >"$home/text.txt"
+"$bin/lorelin-cli" say --voice probe --wav "$home/befehl.wav" "$home/text.txt"
+
+"$bin/lorelin" "$home/text.txt" /s >"$home/log" 2>&1 &
+process=$!
+window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
+rendered() { cmp -s "$(ls "$LORELIN_HOME"/temp/*.wav 2>/dev/null | head -n 1)" "$home/befehl.wav"; }
+check "the window appears" within 20 window_is_there
+check "it renders what the command line renders" within 30 rendered
+for key in F6 F6 shift+F9 F7 F5; do xdotool windowactivate --sync "$window" key "$key"; sleep 0.3; done
+check "it is still there" kill -0 "$process"
+xdotool windowactivate --sync "$window" key Escape
+xdotool windowactivate --sync "$window" key alt+F4
+ended() { ! kill -0 "$process" 2>/dev/null; }
+check "it ends when it is closed" within 10 ended
+check "no engine is left" within 5 no_engine_left "$bin"
+check "no warning was printed" test ! -s "$home/log"
+cat "$home/log"
+exit $((failures > 0))
