@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "documents/richTextFile.h"
+
 namespace lorelin {
 namespace {
 
@@ -17,7 +19,7 @@ Playback PlaybackOf(const ReadingStatus& status) {
 }  // namespace
 
 void RemoteSession::Begin() {
-  parts_.remote.OnRequest([this](RemoteRequest request) { Carry(request); });
+  parts_.remote.OnRequest([this](const RemoteOrder& order) { Carry(order); });
   parts_.speech.Status().OnChange([this] { Tell(); });
   Tell();
 }
@@ -27,8 +29,8 @@ RemoteSession::~RemoteSession() {
   parts_.remote.OnRequest({});
 }
 
-void RemoteSession::Carry(RemoteRequest request) {
-  switch (request) {
+void RemoteSession::Carry(const RemoteOrder& order) {
+  switch (order.request) {
     case RemoteRequest::Play:
       return Play();
     case RemoteRequest::Pause:
@@ -50,6 +52,8 @@ void RemoteSession::Carry(RemoteRequest request) {
       return parts_.window.CloseRequested();
     case RemoteRequest::ReadSelection:
       return ReadAloud(Selection());
+    case RemoteRequest::ReadFiles:
+      return ReadFiles(order.files);
   }
 }
 
@@ -76,8 +80,16 @@ std::string RemoteSession::Selection() const {
   return {};
 }
 
-void RemoteSession::ReadAloud(std::string text) {
-  if (IsBlank(text)) return parts_.statusBar.SetMessage("Es ist nirgends Text markiert.");
+void RemoteSession::ReadFiles(const std::vector<std::string>& files) {
+  parts_.window.Run("Dateien", [&] {
+    std::string text;
+    for (const std::string& file : files) text += ReadRichTextFile(file).text + "\n\n";
+    ReadAloud(std::move(text), "In den Dateien steht kein Text.");
+  });
+}
+
+void RemoteSession::ReadAloud(std::string text, const std::string& whenBlank) {
+  if (IsBlank(text)) return parts_.statusBar.SetMessage(whenBlank);
   parts_.window.Run("Auswahl", [&] { parts_.speech.Speak(text, false, "-1", true); });
 }
 

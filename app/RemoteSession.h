@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/MainWindow.h"
 #include "ports/Clipboard.h"
@@ -44,10 +45,12 @@ class RemoteSession {
   // What is selected: in the own window when that is in front, in the program in front, the selection that
   // was made last, the clipboard; the first of them that is no blank text.
   [[nodiscard]] std::string Selection() const;
-  void ReadAloud(std::string text);
-  void Carry(RemoteRequest request);
+  // Tells it when the text is blank.
+  void ReadAloud(std::string text, const std::string& whenBlank = "Es ist nirgends Text markiert.");
+  void Carry(const RemoteOrder& order);
 
  private:
+  void ReadFiles(const std::vector<std::string>& files);
   void Play();
   void Pause();
   [[nodiscard]] bool Sounds() const;

@@ -1,6 +1,7 @@
 #include "desktop/App.h"
 
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "app/WindowModules.h"
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
+#include "app/readingOrder.h"
 #include "base/paths.h"
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
@@ -132,11 +134,11 @@ class App::Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  // `readsSelection`: what is selected in the program in front is read, by the instance that runs or by this
-  // one.
-  bool Start(const std::string& commandLine, bool readsSelection) {
-    if (readsSelection && services_.remote->AskRunning(RemoteRequest::ReadSelection)) return false;
+  // What is ordered is read by the instance that runs or by this one.
+  bool Start(const std::string& commandLine, const std::optional<RemoteOrder>& order) {
+    if (order && services_.remote->AskRunning(*order)) return false;
     // The own window comes to the front later.
+    const bool readsSelection = order && order->request == RemoteRequest::ReadSelection;
     const std::string selected = readsSelection ? remote_.Selection() : "";
     const MainParts parts{
         .singleInstance = *services_.singleInstance,
@@ -162,6 +164,7 @@ class App::Program {
     remote_.Begin();
     OnMediaKeys(*form_, [this](RemoteRequest request) { remote_.Carry(request); });
     if (readsSelection) remote_.ReadAloud(selected);
+    if (order && !readsSelection) remote_.Carry(*order);
     return true;
   }
 
@@ -301,10 +304,10 @@ bool App::Initialize(int& argc, wxChar** argv) {
 bool App::OnInit() {
   SetExitOnFrameDelete(false);
   program_ = std::make_unique<Program>();
-  const bool readsSelection = std::erase(arguments_, "--auswahl") > 0;
+  const std::optional<RemoteOrder> order = TakeReadingOrder(arguments_);
   std::vector<char*> pointers;
   for (std::string& argument : arguments_) pointers.push_back(argument.data());
-  if (!program_->Start(CommandLineText(pointers), readsSelection)) program_.reset();
+  if (!program_->Start(CommandLineText(pointers), order)) program_.reset();
   return true;
 }
 

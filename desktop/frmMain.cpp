@@ -132,7 +132,8 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   AcceptFiles(*GetStatusBar());
   rtfText_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) { ShowEditorMenu(event); });
   rtfText_->Bind(wxEVT_LEFT_DOWN, &FrmMain::OnEditorClick, this);
-  rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+  rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
+    event.Skip();
     if (modules_ != nullptr) modules_->window.EditorChanged(rtfText_->CharacterCount());
   });
 }

@@ -29,7 +29,8 @@ class ReadingMarks {
   virtual void Return() = 0;
   virtual void PlaceCaret(std::size_t character) = 0;
   // `handler` is called after every change of the text, whoever made it: so many characters at the place were
-  // removed, and so many put in. One handler; an empty one ends the notification.
+  // removed, and so many put in. Ask only while it matters: it may cost comparing the text. One handler; an
+  // empty one ends the notification.
   virtual void OnEdited(
       std::function<void(std::size_t place, std::size_t removed, std::size_t inserted)> handler) = 0;
 };

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace lorelin {
 
@@ -16,6 +18,16 @@ enum class RemoteRequest {
   Raise,
   Quit,
   ReadSelection,  // what is selected in the program in front
+  ReadFiles,
+};
+
+struct RemoteOrder {
+  // NOLINTNEXTLINE(google-explicit-constructor): most requests say all by themselves
+  RemoteOrder(RemoteRequest what, std::vector<std::string> paths = {})
+      : request(what), files(std::move(paths)) {}
+
+  RemoteRequest request;
+  std::vector<std::string> files;  // to read, absolute paths; with ReadFiles only
 };
 
 enum class Playback { Stopped, Playing, Paused };
@@ -33,11 +45,11 @@ class RemoteControl {
  public:
   virtual ~RemoteControl() = default;
   // The handler is called from the event loop, never inside a call of this port; {} ends it.
-  virtual void OnRequest(std::function<void(RemoteRequest)> handler) = 0;
+  virtual void OnRequest(std::function<void(const RemoteOrder&)> handler) = 0;
   // At every change; between two changes the position grows by itself while something plays.
   virtual void Tell(const RemoteState& state) = 0;
   // Asks the instance of the program that runs for this user; false when none answers.
-  [[nodiscard]] virtual bool AskRunning(RemoteRequest request) = 0;
+  [[nodiscard]] virtual bool AskRunning(const RemoteOrder& order) = 0;
 };
 
 }  // namespace lorelin

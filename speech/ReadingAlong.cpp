@@ -39,11 +39,6 @@ ReadingAlong::ReadingAlong(ModSpeak& speech, ReadingMarks& marks, SettingsStore&
                          [this](bool held) {
                            if (IsReading() && listener_.holds) listener_.holds(held);
                          }});
-  marks_.OnEdited([this](std::size_t place, std::size_t removed, std::size_t inserted) {
-    if (!IsReading()) return;
-    shifts_.Edited(place, removed, inserted);
-    Show();
-  });
 }
 
 ReadingAlong::~ReadingAlong() {
@@ -63,12 +58,17 @@ void ReadingAlong::Begins(std::string source) {
   if (text == nullptr || !text->HasSource()) return;
   begin_ = text->SourceBegin();
   sentences_.emplace(std::move(source));
+  marks_.OnEdited([this](std::size_t place, std::size_t removed, std::size_t inserted) {
+    shifts_.Edited(place, removed, inserted);
+    Show();
+  });
   Call(listener_.begins);
 }
 
 void ReadingAlong::End() {
   if (sentences_) {
     Call(listener_.ends);
+    marks_.OnEdited({});
     marks_.Hide();
   }
   sentences_.reset();

@@ -26,4 +26,12 @@ struct MarkColours {
           .sentence = {.background = 0xFFF1B8, .foreground = 0x1A1A1A}};
 }
 
+// The same where letters keep their colour and only the ground behind them is mixed: on a light one it
+// becomes no lighter, on a dark one no darker. The word's ground has all of the sentence's in it.
+[[nodiscard]] constexpr MarkColours GroundColoursFor(bool darkTheme) {
+  if (!darkTheme) return MarkColoursFor(false);
+  return {.word = {.background = 0x7F2F10, .foreground = 0xFFFFFF},
+          .sentence = {.background = 0x332B10, .foreground = 0xFFFFFF}};
+}
+
 }  // namespace lorelin

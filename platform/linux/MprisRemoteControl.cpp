@@ -50,6 +50,7 @@ constexpr const char* kInterfaces = R"(<node>
 </interface>
 <interface name="org.lorelin.Lorelin">
  <method name="ReadSelection"/>
+ <method name="ReadFiles"><arg name="Paths" type="as" direction="in"/></method>
 </interface>
 </node>)";
 
@@ -67,6 +68,7 @@ constexpr std::array kRequests{
     Request{"Raise", RemoteRequest::Raise},
     Request{"Quit", RemoteRequest::Quit},
     Request{"ReadSelection", RemoteRequest::ReadSelection},
+    Request{"ReadFiles", RemoteRequest::ReadFiles},
 };
 
 // What is so whatever the program does. A text can be left for its next sentence at any time.
@@ -91,6 +93,25 @@ GDBusNodeInfo* Interfaces() {
   return info;
 }
 
+// The only list that a call brings along.
+std::vector<std::string> Paths(GVariant* arguments) {
+  std::vector<std::string> paths;
+  if (!g_variant_is_of_type(arguments, G_VARIANT_TYPE("(as)"))) return paths;
+  GVariantIter* list = nullptr;
+  g_variant_get(arguments, "(as)", &list);
+  const gchar* path = nullptr;
+  while (g_variant_iter_next(list, "&s", &path) != FALSE) paths.emplace_back(path);
+  g_variant_iter_free(list);
+  return paths;
+}
+
+GVariant* PathList(const std::vector<std::string>& paths) {
+  GVariantBuilder list;
+  g_variant_builder_init(&list, G_VARIANT_TYPE("as"));
+  for (const std::string& path : paths) g_variant_builder_add(&list, "s", path.c_str());
+  return g_variant_new("(as)", &list);
+}
+
 bool TakeName(GDBusConnection* bus, const std::string& name) {
   constexpr guint32 kDoNotQueue = 4;
   constexpr guint32 kPrimaryOwner = 1;
@@ -109,11 +130,13 @@ bool TakeName(GDBusConnection* bus, const std::string& name) {
 // What the bus calls; `self` is the object.
 struct MprisCalls {
   static void Method(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* method,
-                     GVariant*, GDBusMethodInvocation* invocation, gpointer self) {
-    g_dbus_method_invocation_return_value(invocation, nullptr);
+                     GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self) {
     const auto* const found = std::find_if(kRequests.begin(), kRequests.end(),
                                            [&](const Request& each) { return each.method == method; });
-    if (found != kRequests.end()) static_cast<MprisRemoteControl*>(self)->Later(found->request);
+    if (found != kRequests.end()) {
+      static_cast<MprisRemoteControl*>(self)->Later({found->request, Paths(arguments)});
+    }
+    g_dbus_method_invocation_return_value(invocation, nullptr);
   }
   static GVariant* Get(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name,
                        GError**, gpointer self) {
@@ -150,7 +173,7 @@ void MprisRemoteControl::Join() {
   if (bus_ != nullptr) g_dbus_connection_set_exit_on_close(bus_, FALSE);
 }
 
-void MprisRemoteControl::OnRequest(std::function<void(RemoteRequest)> handler) {
+void MprisRemoteControl::OnRequest(std::function<void(const RemoteOrder&)> handler) {
   handler_ = std::move(handler);
   if (!handler_) return Leave();
   Join();
@@ -177,8 +200,8 @@ void MprisRemoteControl::OwnNames() {
 }
 
 // The one who asks is not kept waiting for a text to be prepared, and the handler may let events in.
-void MprisRemoteControl::Later(RemoteRequest request) {
-  asked_.push_back(request);
+void MprisRemoteControl::Later(RemoteOrder order) {
+  asked_.push_back(std::move(order));
   if (source_ != 0) return;
   source_ = g_idle_add_full(
       G_PRIORITY_DEFAULT, [](gpointer self) { return static_cast<MprisRemoteControl*>(self)->Serve(); }, this,
@@ -187,8 +210,8 @@ void MprisRemoteControl::Later(RemoteRequest request) {
 
 gboolean MprisRemoteControl::Serve() {
   source_ = 0;
-  for (const RemoteRequest request : std::exchange(asked_, {})) {
-    if (handler_) handler_(request);
+  for (const RemoteOrder& order : std::exchange(asked_, {})) {
+    if (handler_) handler_(order);
   }
   return G_SOURCE_REMOVE;
 }
@@ -233,12 +256,14 @@ void MprisRemoteControl::Tell(const RemoteState& state) {
                                 nullptr);
 }
 
-bool MprisRemoteControl::AskRunning(RemoteRequest request) {
+bool MprisRemoteControl::AskRunning(const RemoteOrder& order) {
   Join();
-  if (bus_ == nullptr || request != RemoteRequest::ReadSelection) return false;
-  const Variant answer(g_dbus_connection_call_sync(bus_, kOwnName, kOwnPath, kOwnName, "ReadSelection",
-                                                   nullptr, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                                                   kTimeout, nullptr, nullptr));
+  const bool files = order.request == RemoteRequest::ReadFiles;
+  if (bus_ == nullptr || (!files && order.request != RemoteRequest::ReadSelection)) return false;
+  const Variant answer(
+      g_dbus_connection_call_sync(bus_, kOwnName, kOwnPath, kOwnName, files ? "ReadFiles" : "ReadSelection",
+                                  files ? PathList(order.files) : nullptr, nullptr,
+                                  G_DBUS_CALL_FLAGS_NO_AUTO_START, kTimeout, nullptr, nullptr));
   return answer != nullptr;
 }
 

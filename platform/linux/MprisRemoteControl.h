@@ -21,9 +21,9 @@ class MprisRemoteControl final : public RemoteControl {
   MprisRemoteControl(const MprisRemoteControl&) = delete;
   MprisRemoteControl& operator=(const MprisRemoteControl&) = delete;
 
-  void OnRequest(std::function<void(RemoteRequest)> handler) override;
+  void OnRequest(std::function<void(const RemoteOrder&)> handler) override;
   void Tell(const RemoteState& state) override;
-  bool AskRunning(RemoteRequest request) override;
+  bool AskRunning(const RemoteOrder& order) override;
 
  private:
   friend struct MprisCalls;
@@ -31,18 +31,18 @@ class MprisRemoteControl final : public RemoteControl {
   void Publish(const char* path, const char* interface);
   void OwnNames();
   void Leave();
-  void Later(RemoteRequest request);
+  void Later(RemoteOrder order);
   gboolean Serve();
   [[nodiscard]] GVariant* Property(const char* name) const;
   [[nodiscard]] GVariant* Metadata() const;
   [[nodiscard]] gint64 Position() const;
 
   Log& log_;
-  std::function<void(RemoteRequest)> handler_;
+  std::function<void(const RemoteOrder&)> handler_;
   GDBusConnection* bus_ = nullptr;
   RemoteState state_;
   gint64 told_ = 0;  // monotonic microseconds
-  std::vector<RemoteRequest> asked_;
+  std::vector<RemoteOrder> asked_;
   guint source_ = 0;  // of the event loop, that serves what was asked
   bool tried_ = false;
 };

@@ -39,6 +39,33 @@ Categories=Utility;Accessibility;
 MimeType=application/x-lorelin-vts;text/plain;application/rtf;text/rtf;
 StartupNotify=true
 StartupWMClass=lorelin
+Actions=ReadSelection;
+
+[Desktop Action ReadSelection]
+Name=Read the selection aloud
+Name[de]=Markiertes vorlesen
+Exec=%1 --auswahl
+)";
+
+// For the context menu of KDE's file managers (KIO service menus). In a user's own folder such an entry has
+// to be executable.
+constexpr std::string_view kServiceMenu =
+    R"([Desktop Entry]
+Type=Service
+MimeType=text/plain;application/rtf;text/rtf;
+Actions=ReadFiles;
+
+[Desktop Action ReadFiles]
+Name=Read aloud with Lorelin
+Name[de]=Mit Lorelin vorlesen
+Icon=lorelin
+Exec=%1 --auswahl %F
+)";
+
+// GNOME's file manager lists these scripts in its context menu and passes the paths of the selected files.
+constexpr std::string_view kNautilusScript =
+    R"(#!/bin/sh
+exec %1 --auswahl "$@"
 )";
 
 // As an argument of the key Exec: quoted, then escaped again as every string of the file is.
@@ -53,17 +80,34 @@ std::string ExecArgument(const std::string& path) {
   return "\"" + quoted + "\"";
 }
 
+// As one word for a shell.
+std::string ShellWord(std::string text) {
+  ReplaceAll(text, "'", "'\\''");
+  return "'" + text + "'";
+}
+
+std::string WithProgram(std::string_view form, const std::string& program) {
+  std::string text(form);
+  ReplaceAll(text, "%1", program);
+  return text;
+}
+
 }  // namespace
 
 void XdgFileAssociation::Publish(const FileAssociationData& data) {
   if (dataFolder_.empty()) return;
   try {
-    std::string entry(kEntry);
-    ReplaceAll(entry, "%1", ExecArgument(data.programFile));
+    const std::string argument = ExecArgument(data.programFile);
+    const std::string entry = WithProgram(kEntry, argument);
     Write({"icons", "hicolor", "scalable", "apps", "lorelin.svg"}, data.programDrawing);
     Write({"icons", "hicolor", "scalable", "mimetypes", "application-x-lorelin-vts.svg"}, data.scriptDrawing);
     if (Write({"mime", "packages", "lorelin.xml"}, kMimeType)) Rebuild("update-mime-database", "mime");
     if (Write({"applications", "lorelin.desktop"}, entry)) Rebuild("update-desktop-database", "applications");
+    WriteExecutable({"kio", "servicemenus", "lorelin.desktop"}, WithProgram(kServiceMenu, argument));
+    if (std::filesystem::is_directory(NativePath(JoinPath(dataFolder_, {"nautilus"})))) {
+      WriteExecutable({"nautilus", "scripts", "Mit Lorelin vorlesen"},
+                      WithProgram(kNautilusScript, ShellWord(data.programFile)));
+    }
   } catch (const RuntimeError& error) {
     log_.Write("Dateizuordnung: " + std::string(error.what()));
   }
@@ -76,6 +120,13 @@ bool XdgFileAssociation::Write(std::initializer_list<std::string_view> path, std
   std::filesystem::create_directories(NativePath(file).parent_path(), error);
   files_.Replace(file, content);
   return true;
+}
+
+void XdgFileAssociation::WriteExecutable(std::initializer_list<std::string_view> path,
+                                         std::string_view content) {
+  Write(path, content);
+  std::error_code error;
+  std::filesystem::permissions(NativePath(JoinPath(dataFolder_, path)), std::filesystem::perms(0755), error);
 }
 
 void XdgFileAssociation::Rebuild(const char* tool, const char* folder) {

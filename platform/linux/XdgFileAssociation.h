@@ -12,7 +12,8 @@ namespace lorelin {
 
 // The files of the freedesktop.org specifications below the user's data folder: a desktop entry (Desktop
 // Entry Specification), a MIME type (Shared MIME-info Database), drawings (Icon Theme Specification
-// 0.13). The tools that rebuild the desktop's caches are started only after a change, and may be missing.
+// 0.13), and an entry each for the context menus of KDE's and, where it is used, GNOME's file manager. The
+// tools that rebuild the desktop's caches are started only after a change, and may be missing.
 class XdgFileAssociation final : public FileAssociation {
  public:
   // Owns none of them. `dataFolder` is $XDG_DATA_HOME; "" publishes nothing.
@@ -24,6 +25,7 @@ class XdgFileAssociation final : public FileAssociation {
  private:
   // Whether the file had another content.
   bool Write(std::initializer_list<std::string_view> path, std::string_view content);
+  void WriteExecutable(std::initializer_list<std::string_view> path, std::string_view content);
   void Rebuild(const char* tool, const char* folder);
 
   std::string dataFolder_;

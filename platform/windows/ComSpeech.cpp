@@ -38,7 +38,8 @@ bool IsBlank(std::string_view text) {
 
 }  // namespace
 
-ComSpeech::ComSpeech(EventPump& pump, Log& log) : pump_(pump), log_(log) {
+ComSpeech::ComSpeech(EventPump& pump, Log& log, HeardWords::Units units)
+    : pump_(pump), log_(log), words_(units) {
   properties_.voice = 0;
 }
 
@@ -87,6 +88,8 @@ void ComSpeech::Start(std::string_view text, bool goesOn) {
   speaking_ = caughtUp_ = true;
   goesOn_ = goesOn;
   handedOver_ = false;
+  awaited_.clear();
+  words_.Clear();
   renderedFile_ = underWay_.waveFile;
   if (!renderedFile_.empty()) {
     if (!IsFileOrNothing(renderedFile_)) return End(kNoFile);
@@ -103,10 +106,13 @@ void ComSpeech::ContinueText(std::string_view text, bool last) {
 
 // Engines tell no end of a text without words: those get none.
 void ComSpeech::HandOver(std::string_view text) {
-  underWay_.text += engine::SpeakableText(text);
+  awaited_ += text;
   if (goesOn_ && !TakesParts()) return;
+  underWay_.text = engine::SpeakableText(awaited_);
   if (!IsBlank(underWay_.text)) {
     caughtUp_ = false;
+    if (renderedFile_.empty()) words_.Add(awaited_, underWay_.text);
+    awaited_.clear();
     if (!Try([&] { handedOver_ ? AddText(underWay_) : StartText(underWay_); })) return End(kFailed);
     handedOver_ = true;
     underWay_.text.clear();
@@ -151,6 +157,13 @@ bool ComSpeech::Speaking() {
     Finished();
   }
   return speaking_;
+}
+
+void ComSpeech::WordAt(std::size_t go, std::size_t unit) {
+  if (!speaking_ || !renderedFile_.empty()) return;
+  words_.Event(go, unit, [this](const HeardWord& word) {
+    pump_.Post([listener = ListenerForTasks(), id = CurrentText(), word] { TellWord(listener, id, word); });
+  });
 }
 
 void ComSpeech::Finished() {

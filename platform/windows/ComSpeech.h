@@ -7,6 +7,7 @@
 
 #include "engine/protocol.h"
 #include "platform/common/SpeechInstance.h"
+#include "platform/windows/HeardWords.h"
 #include "ports/EventPump.h"
 #include "ports/Log.h"
 
@@ -30,7 +31,8 @@ class ComSpeech : public SpeechInstance {
 
  protected:
   // Owns none of the references; they must outlive the object. All calls come from one apartment.
-  ComSpeech(EventPump& pump, Log& log);
+  // `units` is how it counts in a text when it tells of words.
+  ComSpeech(EventPump& pump, Log& log, HeardWords::Units units);
 
   // The engine as an object. Each may throw ComError.
   virtual void CreateEngine() = 0;  // and asks it for what Abilities() is to tell
@@ -50,6 +52,9 @@ class ComSpeech : public SpeechInstance {
   // Sets the property that has changed in `properties`, and writes back what the engine made of it.
   virtual void ApplyProperties(engine::Utterance& properties) = 0;
 
+  // The engine told that a word begins to be heard, at this unit of what it was given by StartText (0) or by
+  // AddText (1 and on). Ignored for a text that is rendered.
+  void WordAt(std::size_t go, std::size_t unit);
   // The engine told that it has finished; ignored unless a text is under way.
   void Finished();
   void SetAbilities(engine::Capabilities abilities) { abilities_ = std::move(abilities); }
@@ -76,7 +81,9 @@ class ComSpeech : public SpeechInstance {
   bool goesOn_ = false;         // parts of the text are still to come
   bool handedOver_ = false;     // the engine has something of the text
   bool caughtUp_ = true;        // it has finished with all that it has
-  engine::Utterance underWay_;  // its text is what the engine is still to be given
+  engine::Utterance underWay_;  // its text is what the engine is given
+  std::string awaited_;         // what it is still to be given
+  HeardWords words_;
   bool paused_ = false;
   std::string renderedFile_;  // of the text that is under way; "" when it is heard
 };

@@ -1,5 +1,7 @@
 #include "platform/windows/DirectSSControl.h"
 
+#include <algorithm>
+
 namespace lorelin {
 namespace {
 
@@ -31,6 +33,7 @@ constexpr DISPID kMaxVolume = 74;
 
 // Its events.
 constexpr DISPID kAudioStop = 4;
+constexpr DISPID kWordPosition = 7;  // hi, lo, byteoffset
 constexpr DISPID kTextDataDone = 10;
 
 // Its genders (speech.h of the Speech API 4.0: GENDER_NEUTRAL, GENDER_FEMALE, GENDER_MALE).
@@ -42,7 +45,14 @@ std::int32_t GenderOf(std::int32_t gender) {
   return gender == kFemale ? 2 : 0;
 }
 
+// It counts the bytes of an automation text.
+std::size_t BytesOfCharacter(std::string_view character) {
+  return 2 * Utf16Units(character);
+}
+
 }  // namespace
+
+DirectSSControl::DirectSSControl(EventPump& pump, Log& log) : ComSpeech(pump, log, &BytesOfCharacter) {}
 
 std::unique_ptr<DirectSSControl> DirectSSControl::Create(EventPump& pump, Log& log) {
   try {
@@ -69,8 +79,8 @@ void DirectSSControl::CreateEngine() {
                                                reinterpret_cast<void**>(initial.GetAddressOf())))) {
     initial->InitNew();
   }
-  events_ =
-      EventConnection(control_.Get(), kEvents, [this](DISPID event, const DISPPARAMS&) { OnEvent(event); });
+  events_ = EventConnection(control_.Get(), kEvents,
+                            [this](DISPID event, const DISPPARAMS& arguments) { OnEvent(event, arguments); });
   engine::Capabilities abilities;
   abilities.pitch = {.lowest = Number(kMinPitch), .highest = Number(kMaxPitch)};
   abilities.speed = {.lowest = Number(kMinSpeed), .highest = Number(kMaxSpeed)};
@@ -132,7 +142,8 @@ bool DirectSSControl::HasFinished() {
   return processed_ && !control_.Property(kSpeaking).Truth();
 }
 
-void DirectSSControl::OnEvent(DISPID event) {
+void DirectSSControl::OnEvent(DISPID event, const DISPPARAMS& arguments) {
+  if (event == kWordPosition) WordAt(0, static_cast<std::size_t>(std::max(NumberAt(arguments, 2), 0)));
   if (event == kTextDataDone) processed_ = true;
   if (event == kTextDataDone || event == kAudioStop) (void)Speaking();
 }

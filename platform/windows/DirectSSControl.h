@@ -14,7 +14,7 @@ class DirectSSControl final : public ComSpeech {
   ~DirectSSControl() override;
 
  private:
-  using ComSpeech::ComSpeech;
+  DirectSSControl(EventPump& pump, Log& log);
 
   void CreateEngine() override;
   void DestroyEngine() override;
@@ -27,7 +27,7 @@ class DirectSSControl final : public ComSpeech {
 
   [[nodiscard]] std::int32_t Number(DISPID member, std::vector<Variant> arguments = {}) const;
   void Put(DISPID member, std::int32_t& value) const;
-  void OnEvent(DISPID event);
+  void OnEvent(DISPID event, const DISPPARAMS& arguments);
 
   Dispatch control_;
   EventConnection events_;

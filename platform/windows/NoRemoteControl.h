@@ -8,9 +8,9 @@ namespace lorelin {
 // Windows has no bus between programs; the media keys come to the window.
 class NoRemoteControl final : public RemoteControl {
  public:
-  void OnRequest(std::function<void(RemoteRequest)>) override {}
+  void OnRequest(std::function<void(const RemoteOrder&)>) override {}
   void Tell(const RemoteState&) override {}
-  bool AskRunning(RemoteRequest) override { return false; }
+  bool AskRunning(const RemoteOrder&) override { return false; }
 };
 
 class NoSelectedText final : public SelectedText {

@@ -10,7 +10,8 @@ namespace {
 
 constexpr IID kEvents = {0xA372ACD1, 0x3BEF, 0x4BBD, {0x8F, 0xFB, 0xCB, 0x3E, 0x2B, 0x41, 0x6A, 0xF8}};
 constexpr DISPID kEndStream = 2;             // StreamNumber, StreamPosition
-constexpr std::int32_t kEndOfStreams = 4;    // SVEEndInputStream
+constexpr DISPID kWord = 5;                  // StreamNumber, StreamPosition, CharacterPosition, Length
+constexpr std::int32_t kInterests = 0x24;    // SVEEndInputStream, SVEWordBoundary
 constexpr std::int32_t kAsynchronously = 1;  // SVSFlagsAsync
 constexpr std::int32_t kPurge = 2;           // SVSFPurgeBeforeSpeak
 constexpr std::int32_t kMarkup = 8;          // SVSFIsXML
@@ -43,6 +44,30 @@ std::int32_t GenderOf(const std::string& attribute) {
   return gender == "female" ? 2 : 0;
 }
 
+std::string MarkupFront(std::int32_t pitch) {
+  return "<pitch absmiddle=\"" + std::to_string(pitch) + "\">";
+}
+
+// "" for a sign that stands for itself.
+std::string_view EscapedSign(char sign) {
+  switch (sign) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    default:
+      return {};
+  }
+}
+
+// What it counts are the units of the markup.
+std::size_t UnitsInMarkup(std::string_view character) {
+  const std::string_view escaped = EscapedSign(character.front());
+  return escaped.empty() ? Utf16Units(character) : escaped.size();
+}
+
 // A voice that lacks an attribute is still a voice.
 std::string Attribute(const Dispatch& token, std::string_view name) {
   try {
@@ -55,21 +80,10 @@ std::string Attribute(const Dispatch& token, std::string_view name) {
 }  // namespace
 
 std::string SapiMarkup(std::string_view text, std::int32_t pitch) {
-  std::string markup = "<pitch absmiddle=\"" + std::to_string(pitch) + "\">";
-  for (const char character : text) {
-    switch (character) {
-      case '&':
-        markup += "&amp;";
-        break;
-      case '<':
-        markup += "&lt;";
-        break;
-      case '>':
-        markup += "&gt;";
-        break;
-      default:
-        markup.push_back(character);
-    }
+  std::string markup = MarkupFront(pitch);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::string_view escaped = EscapedSign(text[i]);
+    markup += escaped.empty() ? text.substr(i, 1) : escaped;
   }
   return markup + "</pitch>";
 }
@@ -98,13 +112,15 @@ std::unique_ptr<SapiVoice> SapiVoice::Create(EventPump& pump, Log& log) {
   return usable ? std::move(voice) : nullptr;
 }
 
+SapiVoice::SapiVoice(EventPump& pump, Log& log) : ComSpeech(pump, log, &UnitsInMarkup) {}
+
 SapiVoice::~SapiVoice() {
   events_.Disconnect();
 }
 
 void SapiVoice::CreateEngine() {
   voice_ = Dispatch::Create("SAPI.SpVoice");
-  voice_.SetProperty("EventInterests", Variant(kEndOfStreams));
+  voice_.SetProperty("EventInterests", Variant(kInterests));
   events_ = EventConnection(voice_.Get(), kEvents,
                             [this](DISPID event, const DISPPARAMS& arguments) { OnEvent(event, arguments); });
   ListVoices();
@@ -158,6 +174,7 @@ void SapiVoice::ApplyProperties(engine::Utterance& properties) {
 
 void SapiVoice::StartText(const engine::Utterance& utterance) {
   stream_ = 0;
+  streams_.clear();
   rendering_ = !utterance.waveFile.empty();
   if (rendering_) {
     file_ = Dispatch::Create("SAPI.SpFileStream");
@@ -174,6 +191,8 @@ void SapiVoice::AddText(const engine::Utterance& utterance) {
                 .Call("Speak", Arguments(std::string_view(SapiMarkup(utterance.text, utterance.pitch)),
                                          kAsynchronously | kMarkup))
                 .Number();
+  streams_.push_back(stream_);
+  markupFront_ = static_cast<std::int32_t>(MarkupFront(utterance.pitch).size());
 }
 
 void SapiVoice::PauseEngine() {
@@ -201,10 +220,15 @@ void SapiVoice::CloseWaveFile() {
 }
 
 void SapiVoice::OnEvent(DISPID event, const DISPPARAMS& arguments) {
-  if (event != kEndStream || arguments.cArgs < 2) return;
-  Variant stream;
-  VariantCopyInd(&stream.Raw(), &arguments.rgvarg[1]);
-  if (stream_ != 0 && stream.Number() == stream_) Finished();
+  if (stream_ == 0) return;
+  if (event == kWord) OnWord(NumberAt(arguments, 0), NumberAt(arguments, 2));
+  if (event == kEndStream && NumberAt(arguments, 0) == stream_) Finished();
+}
+
+void SapiVoice::OnWord(std::int32_t stream, std::int32_t place) {
+  const auto found = std::find(streams_.begin(), streams_.end(), stream);
+  if (found == streams_.end() || place < markupFront_) return;
+  WordAt(static_cast<std::size_t>(found - streams_.begin()), static_cast<std::size_t>(place - markupFront_));
 }
 
 }  // namespace lorelin

@@ -14,7 +14,7 @@ class SapiVoice final : public ComSpeech {
   ~SapiVoice() override;
 
  private:
-  using ComSpeech::ComSpeech;
+  SapiVoice(EventPump& pump, Log& log);
 
   void CreateEngine() override;
   void DestroyEngine() override;
@@ -30,13 +30,16 @@ class SapiVoice final : public ComSpeech {
 
   void ListVoices();
   void OnEvent(DISPID event, const DISPPARAMS& arguments);
+  void OnWord(std::int32_t stream, std::int32_t place);
 
   Dispatch voice_;
   Dispatch file_;
   std::vector<Dispatch> tokens_;  // of the voices, in the order of their numbers
   EventConnection events_;
   engine::Utterance applied_;
-  std::int32_t stream_ = 0;  // of the text that is under way
+  std::int32_t stream_ = 0;            // of the text that is under way, its last part
+  std::vector<std::int32_t> streams_;  // of all its parts
+  std::int32_t markupFront_ = 0;       // units in front of their texts
   bool rendering_ = false;
 };
 

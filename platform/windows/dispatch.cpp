@@ -202,6 +202,13 @@ void Dispatch::SetObject(std::string_view name, const Dispatch& object) const {
   Invoke(RequiredMember(name), DISPATCH_PROPERTYPUTREF, arguments);
 }
 
+std::int32_t NumberAt(const DISPPARAMS& arguments, UINT index) {
+  if (index >= arguments.cArgs) return 0;
+  Variant value;
+  VariantCopyInd(&value.Raw(), &arguments.rgvarg[arguments.cArgs - 1 - index]);
+  return value.Number();
+}
+
 EventConnection::EventConnection(IUnknown* source, const IID& events, Handler handler) {
   ComPtr<IConnectionPointContainer> container;
   Require(source->QueryInterface(IID_IConnectionPointContainer,

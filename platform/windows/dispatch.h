@@ -119,6 +119,9 @@ template <typename... Values>
   return list;
 }
 
+// The argument of an event with this index, from 0; 0 where there is none.
+[[nodiscard]] std::int32_t NumberAt(const DISPPARAMS& arguments, UINT index);
+
 // A connection to an object's events ([MS-OAUT], connection points); it ends with this.
 class EventConnection {
  public:

@@ -32,6 +32,23 @@ class Remote : public ScriptFixture {
                          .raise = [this] { ++raised; }}};
 };
 
+TEST_F(Remote, ReadsFilesOneBehindTheOther) {
+  WriteFile(folder.File("eins.txt"), "Erste Datei.");
+  WriteFile(folder.File("zwei.rtf"), "{\\rtf1 Zweite {\\b Datei}.}");
+  remote.ask({RemoteRequest::ReadFiles, {folder.File("eins.txt"), folder.File("zwei.rtf")}});
+  EXPECT_EQ(voice.SpokenText(), " Erste Datei.\n\nZweite Datei.\n\n ");
+  EXPECT_EQ(document.text, "Guten Tag");
+}
+
+TEST_F(Remote, TellsOfFilesThatCannotBeRead) {
+  remote.ask({RemoteRequest::ReadFiles, {folder.File("fehlt.txt")}});
+  EXPECT_EQ(voice.SpokenText(), "");
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+  WriteFile(folder.File("leer.txt"), " ");
+  remote.ask({RemoteRequest::ReadFiles, {folder.File("leer.txt")}});
+  EXPECT_EQ(statusBar.message, "In den Dateien steht kein Text.");
+}
+
 TEST_F(Remote, TellsHowTheReadingGoes) {
   EXPECT_EQ(Told(), Playback::Stopped);
   window.RunCommand("SpeakDocument");

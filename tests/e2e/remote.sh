@@ -58,6 +58,13 @@ check "and renders it" within 10 seconds_rendered 1
 check "the document stays as it was" test "$(player metadata xesam:title)" = "brief.txt – Lorelin"
 check "it rests at the end" within 20 has_status Stopped
 
+for i in $(seq 40); do echo "Auch diese Datei hat viele Zeilen, und das ist die mit der Nummer $i."; done >"$home/zwei Worte.txt"
+cd "$home" || exit 1
+check "a start with a file ends by itself, too" timeout 20 "$lorelin" --auswahl "zwei Worte.txt"
+check "the first one reads the file" within 10 has_status Playing
+check "and renders all of it" within 30 seconds_rendered 60
+check "the document still stays as it was" test "$(player metadata xesam:title)" = "brief.txt – Lorelin"
+
 # A bus call to one that has gone fails at once.
 playerctl -p lorelin stop 2>/dev/null
 dbus-send --session --type=method_call --dest=org.mpris.MediaPlayer2.lorelin /org/mpris/MediaPlayer2 org.mpris.MediaPlayer2.Quit

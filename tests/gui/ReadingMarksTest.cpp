@@ -1,44 +1,20 @@
-#include <wx/uiaction.h>
-
 #include "tests/gui/FormFixture.h"
-
-#ifdef __WXGTK__
-#include <gtk/gtk.h>
-#endif
+#include "tests/gui/markedText.h"
 
 namespace lorelin {
 namespace {
 
-#ifdef __WXGTK__
-
 // What is read is marked in the real editor.
 class ReadingMarksTest : public FormFixture {
  protected:
-  ReadingMarksTest() { window.Textmode(); }
+  ReadingMarksTest() {
+    window.Textmode();
+    form.Show();
+    EXPECT_TRUE(WaitUntil([this] { return form.IsActive(); }));
+  }
 
-  GtkTextBuffer* Buffer() {
-    GtkWidget* const scrolled = static_cast<GtkWidget*>(form.Editor().GetHandle());
-    return gtk_text_view_get_buffer(GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(scrolled))));
-  }
-  // The text that is marked, places apart by "|".
-  std::string Marked(const char* name) {
-    GtkTextTag* const tag = gtk_text_tag_table_lookup(gtk_text_buffer_get_tag_table(Buffer()), name);
-    std::string marked;
-    GtkTextIter at;
-    gtk_text_buffer_get_start_iter(Buffer(), &at);
-    while (gtk_text_iter_has_tag(&at, tag) != FALSE ||
-           gtk_text_iter_forward_to_tag_toggle(&at, tag) != FALSE) {
-      GtkTextIter end = at;
-      if (gtk_text_iter_forward_to_tag_toggle(&end, tag) == FALSE) break;
-      gchar* const text = gtk_text_iter_get_text(&at, &end);
-      marked += (marked.empty() ? "" : "|") + std::string(text);
-      g_free(text);
-      at = end;
-    }
-    return marked;
-  }
-  std::string Word() { return Marked("lorelin-read-word"); }
-  std::string Sentence() { return Marked("lorelin-read-sentence"); }
+  std::string Word() { return MarkedText(form.Editor(), ReadingMark::Word); }
+  std::string Sentence() { return MarkedText(form.Editor(), ReadingMark::Sentence); }
   void Hear(std::string_view word) {
     const std::string& text = voice.SpokenText();
     const std::size_t at = text.find(word);
@@ -77,11 +53,10 @@ TEST_F(ReadingMarksTest, AreNoPartOfTheDocument) {
 TEST_F(ReadingMarksTest, DoNotComeAlongWhenTextIsCopied) {
   Read("Guten Tag. Ende.");
   Hear("Tag");
-  GtkClipboard* const clipboardOfGtk = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
   form.Editor().SetSelection(6, 9);
-  gtk_text_buffer_copy_clipboard(Buffer(), clipboardOfGtk);
+  form.Editor().Copy();
   form.Editor().SetInsertionPointEnd();
-  gtk_text_buffer_paste_clipboard(Buffer(), clipboardOfGtk, nullptr, TRUE);
+  form.Editor().Paste();
   EXPECT_TRUE(WaitUntil([this] { return document.Text() == "Guten Tag. Ende.Tag"; }));
   EXPECT_EQ(Word(), "Tag");
 }
@@ -117,7 +92,7 @@ TEST_F(ReadingMarksTest, VanishWithStopEndAndAnotherDocument) {
   EXPECT_EQ(Word() + Sentence(), "");
   Read("Guten Tag.");
   Hear("Guten");
-  document.SetText("Guten Tag.");
+  document.SetText("Etwas ganz anderes.");
   Hear("Tag");
   EXPECT_EQ(Word() + Sentence(), "");
 }
@@ -142,8 +117,6 @@ TEST_F(ReadingMarksTest, ScrollTheLineIntoTheMiddle) {
   std::string text;
   for (int i = 0; i < 200; ++i) text += NameOfLine(i) + " steht hier.\n";
   Read(text);
-  form.Show();
-  ASSERT_TRUE(WaitUntil([this] { return form.IsActive(); }));
   for (const int line : {10, 40, 41, 120}) {
     const std::string word = NameOfLine(line);
     const auto at = static_cast<long>(text.find(word));
@@ -156,8 +129,6 @@ TEST_F(ReadingMarksTest, ScrollTheLineIntoTheMiddle) {
     EXPECT_TRUE(WaitUntil(inMiddle)) << line;
   }
 }
-
-#endif
 
 }  // namespace
 }  // namespace lorelin

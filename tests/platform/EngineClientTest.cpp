@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "tests/support/DirectSSContract.h"
+#include "tests/support/HeardWordsContract.h"
 #include "tests/support/RealEngine.h"
 
 namespace lorelin {
@@ -22,7 +23,8 @@ class RealUnderTest final : public EngineUnderTest {
     real_.pump.RunPendingEvents();
     return ended;
   }
-  std::string WavePath() override { return playing_ ? "" : real_.folder.File("a.wav"); }
+  std::string WavePath() override { return playing_ ? "" : FileToRender(); }
+  std::string FileToRender() override { return real_.folder.File("a.wav"); }
 
  private:
   bool playing_;
@@ -40,6 +42,7 @@ std::unique_ptr<EngineUnderTest> MakePlaying() {
 
 INSTANTIATE_TEST_SUITE_P(Rendering, DirectSSContract, testing::Values(&MakeRendering));
 INSTANTIATE_TEST_SUITE_P(Playing, DirectSSContract, testing::Values(&MakePlaying));
+INSTANTIATE_TEST_SUITE_P(Playing, HeardWordsContract, testing::Values(&MakePlaying));
 
 // Played in real time for nobody; the words that are heard meanwhile.
 class HeardWords : public testing::Test {

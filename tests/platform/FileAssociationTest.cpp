@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -9,6 +12,18 @@
 
 namespace lorelin {
 namespace {
+
+// Waits for the end of the program and tells its exit code.
+int Run(std::vector<std::string> arguments) {
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments) pointers.push_back(argument.data());
+  pointers.push_back(nullptr);
+  pid_t process = 0;
+  if (posix_spawn(&process, pointers[0], nullptr, nullptr, pointers.data(), environ) != 0) return -1;
+  int status = -1;
+  waitpid(process, &status, 0);
+  return status;
+}
 
 class Association : public testing::Test {
  protected:
@@ -33,6 +48,34 @@ TEST_F(Association, WritesEntryTypeAndDrawings) {
   EXPECT_EQ(launcher.started, (std::vector<std::vector<std::string>>{
                                   {"update-mime-database", folder.File("mime")},
                                   {"update-desktop-database", folder.File("applications")}}));
+}
+
+TEST_F(Association, OffersWhatIsSelectedAsAnActionOfTheEntry) {
+  Publish();
+  EXPECT_NE(Entry().find("Actions=ReadSelection;\n"), std::string::npos);
+  EXPECT_NE(Entry().find("Exec=\"/opt/lorelin/lorelin\" --auswahl\n"), std::string::npos);
+}
+
+TEST_F(Association, WritesAnEntryForTheMenusOfFiles) {
+  Publish();
+  const std::string menu = folder.File("kio/servicemenus/lorelin.desktop");
+  EXPECT_NE(ReadFile(menu).find("Exec=\"/opt/lorelin/lorelin\" --auswahl %F\n"), std::string::npos);
+  EXPECT_NE(std::filesystem::status(menu).permissions() & std::filesystem::perms::owner_exec,
+            std::filesystem::perms::none);
+  EXPECT_FALSE(std::filesystem::exists(folder.File("nautilus")));
+}
+
+// Run as the file manager does it, with a program in a folder that a shell would take apart.
+TEST_F(Association, WritesAScriptForTheFileManagerThatTakesScripts) {
+  std::filesystem::create_directories(folder.File("nautilus"));
+  std::filesystem::create_directories(folder.File("it's $HOME"));
+  const std::string program = folder.File("it's $HOME/lorelin");
+  WriteFile(program, "#!/bin/sh\nprintf '%s\\n' \"$@\" >\"$0.called\"\n");
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  Publish(program);
+  const std::string script = folder.File("nautilus/scripts/Mit Lorelin vorlesen");
+  ASSERT_EQ(Run({script, "/tmp/a b.txt", "/tmp/$c.txt"}), 0);
+  EXPECT_EQ(ReadFile(program + ".called"), "--auswahl\n/tmp/a b.txt\n/tmp/$c.txt\n");
 }
 
 TEST_F(Association, WritesNothingTheSecondTime) {

@@ -171,6 +171,14 @@ TEST_F(ReadingAlongTest, AnotherDocumentHasNoMarks) {
   EXPECT_EQ(Word() + Sentence(), "--");
 }
 
+TEST_F(ReadingAlongTest, WantsToKnowOfEditsOnlyWhileItReads) {
+  EXPECT_FALSE(marks.edited);
+  Read("Guten Tag.");
+  EXPECT_TRUE(marks.edited);
+  voice.Finish();
+  EXPECT_FALSE(marks.edited);
+}
+
 TEST_F(ReadingAlongTest, ShowsWhatIsWanted) {
   along.SetMode(FollowMode::Word);
   Read("Guten Tag. Ende.");
@@ -305,6 +313,8 @@ TEST(MarkColours, CanBeReadInBothThemes) {
   for (const bool dark : {false, true}) {
     EXPECT_GE(Contrast(MarkColoursFor(dark).word), 4.5) << dark;
     EXPECT_GE(Contrast(MarkColoursFor(dark).sentence), 4.5) << dark;
+    EXPECT_GE(Contrast(GroundColoursFor(dark).word), 4.5) << dark;
+    EXPECT_GE(Contrast(GroundColoursFor(dark).sentence), 4.5) << dark;
   }
 }
 

@@ -21,6 +21,8 @@ class EngineUnderTest {
   virtual std::string WavePath() = 0;
   // What this machine lacks to try the engine; "" when nothing.
   virtual std::string Lacking() { return {}; }
+  // The same of an instance that plays.
+  virtual std::string FileToRender() { return WavePath(); }
 };
 
 // What every engine does. The parameter makes one that renders or plays without a listener.

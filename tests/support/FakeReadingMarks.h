@@ -29,7 +29,7 @@ class FakeReadingMarks final : public ReadingMarks {
   std::optional<MarkedRange> sentence;
   int returns = 0;
   std::optional<std::size_t> caret;
-  std::function<void(std::size_t, std::size_t, std::size_t)> edited = [](auto, auto, auto) {};
+  std::function<void(std::size_t, std::size_t, std::size_t)> edited;
 };
 
 }  // namespace lorelin

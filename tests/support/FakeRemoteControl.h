@@ -11,10 +11,10 @@ namespace lorelin {
 
 class FakeRemoteControl final : public RemoteControl {
  public:
-  void OnRequest(std::function<void(RemoteRequest)> handler) override { ask = std::move(handler); }
+  void OnRequest(std::function<void(const RemoteOrder&)> handler) override { ask = std::move(handler); }
   void Tell(const RemoteState& state) override { told.push_back(state); }
-  bool AskRunning(RemoteRequest) override { return running; }
-  std::function<void(RemoteRequest)> ask;
+  bool AskRunning(const RemoteOrder&) override { return running; }
+  std::function<void(const RemoteOrder&)> ask;
   std::vector<RemoteState> told;
   bool running = false;
 };

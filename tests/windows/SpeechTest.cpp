@@ -9,6 +9,7 @@
 #include "platform/windows/SapiVoice.h"
 #include "tests/support/DirectSSContract.h"
 #include "tests/support/FakePorts.h"
+#include "tests/support/HeardWordsContract.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/windows/ApartmentPump.h"
 #include "tests/windows/speechServers.h"
@@ -64,6 +65,8 @@ std::unique_ptr<EngineUnderTest> OnSapi() {
 
 INSTANTIATE_TEST_SUITE_P(DirectSSControl, DirectSSContract, testing::Values(&OnControl));
 INSTANTIATE_TEST_SUITE_P(Sapi, DirectSSContract, testing::Values(&OnSapi));
+INSTANTIATE_TEST_SUITE_P(DirectSSControl, HeardWordsContract, testing::Values(&OnControl));
+INSTANTIATE_TEST_SUITE_P(Sapi, HeardWordsContract, testing::Values(&OnSapi));
 
 template <typename Served>
 class Engine : public testing::Test {
@@ -281,6 +284,29 @@ TEST_F(SapiTest, TellsAFileThatCannotBeWritten) {
   served.RunToTheEnd();
   ASSERT_EQ(ends.size(), 1U);
   EXPECT_FALSE(ends[0].complete);
+}
+
+TEST_F(SapiTest, CountsBeyondThePitchOfItsMarkup) {
+  std::vector<HeardWord> words;
+  engine.OnWordHeard([&](const HeardWord& word) { words.push_back(word); });
+  engine.SetPitch(-10);
+  engine.Speak("Guten Tag.");
+  ASSERT_TRUE(served.RunToTheEnd());
+  EXPECT_EQ(words, (std::vector<HeardWord>{{0, 5}, {6, 9}}));
+}
+
+TEST(HeardWordsTest, TellsWhatWasPassedOverAndNothingTwice) {
+  HeardWords heard(&Utf16Units);
+  std::vector<HeardWord> words;
+  const auto take = [&](const HeardWord& word) { words.push_back(word); };
+  heard.Add("eins zwei\n\ndrei", "eins zwei\n\ndrei");
+  heard.Add(" vier", " vier");
+  heard.Event(0, 11, take);
+  heard.Event(0, 0, take);
+  heard.Event(1, 1, take);
+  heard.Event(0, 5, take);
+  heard.Event(7, 0, take);
+  EXPECT_EQ(words, (std::vector<HeardWord>{{0, 4}, {5, 9}, {11, 15}, {16, 20}}));
 }
 
 TEST(SapiVoice, IsAbsentWithoutVoices) {

@@ -9,6 +9,7 @@
 #include "base/paths.h"
 #include "base/textEncoding.h"
 #include "engine/waveHeader.h"
+#include "platform/windows/wideText.h"
 #include "tests/windows/eventSource.h"
 
 namespace lorelin {
@@ -91,6 +92,23 @@ class Alarm {
   std::function<void()> work_;
 };
 
+// Where words begin, in UTF-16 units; what stands in pointed brackets is none where the text is markup.
+std::vector<std::int32_t> WordPlaces(const std::string& text, bool isMarkup) {
+  std::vector<std::int32_t> places;
+  bool inMarkup = false;
+  bool inWord = false;
+  std::int32_t place = 0;
+  for (const wchar_t unit : Wide(text)) {
+    if (unit == L'<') inMarkup = isMarkup;
+    const bool letter = !inMarkup && unit != L' ';
+    if (letter && !inWord) places.push_back(place);
+    inWord = letter;
+    if (unit == L'>') inMarkup = false;
+    ++place;
+  }
+  return places;
+}
+
 UINT Duration(const std::string& text) {
   return 20 + static_cast<UINT>(std::min<std::size_t>(CharacterCount(text) / 50, 2000));
 }
@@ -154,6 +172,8 @@ class FakeDirectSS final : public EventSource {
   }
   void GoOn() {
     alarm_.Start(Duration(text_), [this] {
+      for (const std::int32_t place : WordPlaces(text_, false))
+        Raise(7, Arguments(std::int32_t{0}, std::int32_t{0}, place * 2));
       if (!file_.empty()) WriteTones(file_, CharacterCount(text_));
       if (!SpeechServers::Here().quietAboutTheEnd)
         Raise(10, Arguments(std::int32_t{0}, std::int32_t{0}, std::int32_t{0}));
@@ -292,6 +312,8 @@ class FakeSpVoice final : public EventSource {
     alarm_.Start(Duration(streams_.front().text), [this] {
       const Stream stream = streams_.front();
       streams_.erase(streams_.begin());
+      for (const std::int32_t place : WordPlaces(stream.text, true))
+        Raise(5, Arguments(stream.number, std::int32_t{0}, place, std::int32_t{1}));
       if (output_) WriteTones(output_.Property(kStreamPath).Text(), CharacterCount(stream.text));
       if (!SpeechServers::Here().quietAboutTheEnd) Raise(2, Arguments(stream.number, std::int32_t{0}));
       GoOn();
