@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "tests/support/DirectSSContract.h"
@@ -13,6 +14,7 @@ namespace lorelin {
 class HeardWordsContract : public testing::TestWithParam<std::unique_ptr<EngineUnderTest> (*)()> {
  protected:
   void SetUp() override {
+    if (const std::string lacking = subject->Lacking(); !lacking.empty()) GTEST_SKIP() << lacking;
     engine.SetSpeed(engine.MaxSpeed());
     engine.OnWordHeard([this](const HeardWord& word) { words.push_back(word); });
     engine.OnEndOfText([this](const EndOfText&) { wordsAtTheEnd = words.size(); });
