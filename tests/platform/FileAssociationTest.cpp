@@ -14,7 +14,7 @@ namespace lorelin {
 namespace {
 
 // Waits for the end of the program and tells its exit code.
-int Run(std::vector<std::string> arguments) {
+int StatusOf(std::vector<std::string> arguments) {
   std::vector<char*> pointers;
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
@@ -74,7 +74,7 @@ TEST_F(Association, WritesAScriptForTheFileManagerThatTakesScripts) {
   std::filesystem::permissions(program, std::filesystem::perms::owner_all);
   Publish(program);
   const std::string script = folder.File("nautilus/scripts/Mit Lorelin vorlesen");
-  ASSERT_EQ(Run({script, "/tmp/a b.txt", "/tmp/$c.txt"}), 0);
+  ASSERT_EQ(StatusOf({script, "/tmp/a b.txt", "/tmp/$c.txt"}), 0);
   EXPECT_EQ(ReadFile(program + ".called"), "--auswahl\n/tmp/a b.txt\n/tmp/$c.txt\n");
 }
 
