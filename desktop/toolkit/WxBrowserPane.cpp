@@ -85,7 +85,7 @@ void WxBrowserPane::CreateView() {
   Layout();
   SetZoom(zoomSteps_);
   if (offline_) BlockNetwork(*view_, filterFolder_);
-  view_->AddScriptMessageHandler(kMessageHandler);
+  LetPageSend(*view_, kMessageHandler);
   view_->AddUserScript(kReportClicks);
   view_->AddUserScript(kBeginAtContents, wxWEBVIEW_INJECT_AT_DOCUMENT_END);
   view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,

@@ -14,4 +14,8 @@ void LetPageTakeFocus(wxWebView& view);
 void TellThatPageIsUsable(wxWebView& view);
 void FocusPage(wxWebView& view);
 
+// Lets pages send texts to this name, each of which becomes a wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED; once for
+// each view, before it shows a page.
+void LetPageSend(wxWebView& view, const char* name);
+
 }  // namespace lorelin

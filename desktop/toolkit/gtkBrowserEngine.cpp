@@ -1,8 +1,10 @@
 #include "desktop/toolkit/browserEngine.h"
 
 #include <gtk/gtk.h>
+#include <webkit2/webkit2.h>
 
 #include <array>
+#include <string>
 #include <utility>
 
 namespace lorelin {
@@ -26,6 +28,17 @@ AtkStateSet* StatesOfPage(AtkObject* object) {
   return states;
 }
 
+void TellMessage(WebKitUserContentManager*, WebKitJavascriptResult* message, gpointer view) {
+  gchar* const text = jsc_value_to_string(webkit_javascript_result_get_js_value(message));
+  auto* const receiver = static_cast<wxWebView*>(view);
+  wxWebViewEvent event(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED, receiver->GetId(), receiver->GetCurrentURL(),
+                       wxString());
+  event.SetEventObject(receiver);
+  event.SetString(wxString::FromUTF8(text));
+  g_free(text);
+  receiver->HandleWindowEvent(event);
+}
+
 }  // namespace
 
 void TellThatPageIsUsable(wxWebView& view) {
@@ -43,6 +56,16 @@ void LetPageTakeFocus(wxWebView& view) {
 void FocusPage(wxWebView& view) {
   TellThatPageIsUsable(view);
   gtk_widget_grab_focus(static_cast<GtkWidget*>(view.GetNativeBackend()));
+}
+
+// The toolkit's own function runs a script for it and handles events until the page's process, which has only
+// just been started, has answered: the whole start would wait.
+void LetPageSend(wxWebView& view, const char* name) {
+  WebKitUserContentManager* const contents =
+      webkit_web_view_get_user_content_manager(WEBKIT_WEB_VIEW(view.GetNativeBackend()));
+  const std::string signal = std::string("script-message-received::") + name;
+  g_signal_connect(contents, signal.c_str(), G_CALLBACK(TellMessage), &view);
+  webkit_user_content_manager_register_script_message_handler(contents, name);
 }
 
 }  // namespace lorelin

@@ -33,4 +33,8 @@ void FocusPage(wxWebView& view) {
   view.SetFocus();
 }
 
+void LetPageSend(wxWebView& view, const char* name) {
+  view.AddScriptMessageHandler(name);
+}
+
 }  // namespace lorelin

@@ -1,3 +1,4 @@
+#include <wx/app.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
@@ -68,6 +69,16 @@ TEST_F(Pane, MakesNoViewForAStartInTextMode) {
   EXPECT_TRUE(form.Browser().GetChildren().empty());
   window.InteractiveMode();
   EXPECT_FALSE(form.Browser().GetChildren().empty());
+}
+
+// The page comes from a process that has to be started first.
+TEST_F(Pane, DoesNotWaitForThePage) {
+  bool waited = false;
+  wxTheApp->CallAfter([&] { waited = true; });
+  window.InteractiveMode();
+  EXPECT_FALSE(form.Browser().GetChildren().empty());
+  EXPECT_FALSE(waited);
+  EXPECT_TRUE(WaitUntil([&] { return waited; }));
 }
 
 TEST_F(Pane, HandsOverLinksAsTheyStandInThePage) {
