@@ -1,6 +1,5 @@
 #include "platform/linux/CurlDownloader.h"
 
-#include <curl/curl.h>
 #include <sys/xattr.h>
 
 #include <cstring>
@@ -10,6 +9,7 @@
 #include "base/paths.h"
 #include "base/version.h"
 #include "platform/common/unfinishedFile.h"
+#include "platform/linux/curlLibrary.h"
 
 namespace lorelin {
 namespace {
@@ -23,31 +23,26 @@ template <auto Function>
 struct FreedBy {
   template <typename Handle>
   void operator()(Handle* handle) const {
-    Function(handle);
+    (Curl()->*Function)(handle);
   }
 };
-using Easy = std::unique_ptr<CURL, FreedBy<curl_easy_cleanup>>;
-using Multi = std::unique_ptr<CURLM, FreedBy<curl_multi_cleanup>>;
-using List = std::unique_ptr<curl_slist, FreedBy<curl_slist_free_all>>;
-using Address = std::unique_ptr<CURLU, FreedBy<curl_url_cleanup>>;
-
-void InitializeOnce() {
-  static const CURLcode initialized = curl_global_init(CURL_GLOBAL_DEFAULT);
-  (void)initialized;
-}
+using Easy = std::unique_ptr<CURL, FreedBy<&CurlLibrary::easyCleanup>>;
+using Multi = std::unique_ptr<CURLM, FreedBy<&CurlLibrary::multiCleanup>>;
+using List = std::unique_ptr<curl_slist, FreedBy<&CurlLibrary::listFree>>;
+using Address = std::unique_ptr<CURLU, FreedBy<&CurlLibrary::urlCleanup>>;
 
 // The address without name and password; nothing of one that is not understood.
-std::string PublicAddress(const std::string& url) {
-  const Address parsed(curl_url());
+std::string PublicAddress(const CurlLibrary& curl, const std::string& url) {
+  const Address parsed(curl.url());
   char* text = nullptr;
-  if (parsed == nullptr || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK ||
-      curl_url_set(parsed.get(), CURLUPART_USER, nullptr, 0) != CURLUE_OK ||
-      curl_url_set(parsed.get(), CURLUPART_PASSWORD, nullptr, 0) != CURLUE_OK ||
-      curl_url_get(parsed.get(), CURLUPART_URL, &text, 0) != CURLUE_OK) {
+  if (parsed == nullptr || curl.urlSet(parsed.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK ||
+      curl.urlSet(parsed.get(), CURLUPART_USER, nullptr, 0) != CURLUE_OK ||
+      curl.urlSet(parsed.get(), CURLUPART_PASSWORD, nullptr, 0) != CURLUE_OK ||
+      curl.urlGet(parsed.get(), CURLUPART_URL, &text, 0) != CURLUE_OK) {
     return {};
   }
   std::string address = text;
-  curl_free(text);
+  curl.free(text);
   return address;
 }
 
@@ -65,14 +60,14 @@ std::size_t WriteBody(const char* bytes, std::size_t, std::size_t size, void* bo
 // One transfer on the caller's thread.
 class Transfer {
  public:
-  Transfer(const std::string& url, Body& body)
-      : easy_(curl_easy_init()), multi_(curl_multi_init()), body_(body) {
+  Transfer(const CurlLibrary& curl, const std::string& url, Body& body)
+      : curl_(curl), easy_(curl.easyInit()), multi_(curl.multiInit()), body_(body) {
     if (easy_ == nullptr || multi_ == nullptr) return;
     Prepare(url);
-    curl_multi_add_handle(multi_.get(), easy_.get());
+    curl_.multiAdd(multi_.get(), easy_.get());
   }
   ~Transfer() {
-    if (easy_ != nullptr && multi_ != nullptr) curl_multi_remove_handle(multi_.get(), easy_.get());
+    if (easy_ != nullptr && multi_ != nullptr) curl_.multiRemove(multi_.get(), easy_.get());
   }
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
@@ -82,11 +77,11 @@ class Transfer {
     if (easy_ == nullptr || multi_ == nullptr) return "no memory";
     int running = 1;
     while (running > 0) {
-      if (const CURLMcode code = curl_multi_perform(multi_.get(), &running); code != CURLM_OK) {
-        return curl_multi_strerror(code);
+      if (const CURLMcode code = curl_.multiPerform(multi_.get(), &running); code != CURLM_OK) {
+        return curl_.multiError(code);
       }
       if (!keepGoing()) return "abgebrochen";
-      if (running > 0) curl_multi_poll(multi_.get(), nullptr, 0, kTurn, nullptr);
+      if (running > 0) curl_.multiPoll(multi_.get(), nullptr, 0, kTurn, nullptr);
     }
     return Result();
   }
@@ -94,12 +89,12 @@ class Transfer {
  private:
   template <typename Value>
   void Set(CURLoption option, Value value) {
-    curl_easy_setopt(easy_.get(), option, value);
+    curl_.easySetOption(easy_.get(), option, value);
   }
 
   void Prepare(const std::string& url) {
-    headers_.reset(curl_slist_append(headers_.release(), "Cache-Control: no-cache"));
-    headers_.reset(curl_slist_append(headers_.release(), "Pragma: no-cache"));
+    headers_.reset(curl_.listAppend(headers_.release(), "Cache-Control: no-cache"));
+    headers_.reset(curl_.listAppend(headers_.release(), "Pragma: no-cache"));
     Set(CURLOPT_URL, url.c_str());
     Set(CURLOPT_HTTPHEADER, headers_.get());
     Set(CURLOPT_PROTOCOLS_STR, "http,https");
@@ -120,14 +115,15 @@ class Transfer {
 
   std::string Result() {
     int left = 0;
-    const CURLMsg* const message = curl_multi_info_read(multi_.get(), &left);
+    const CURLMsg* const message = curl_.multiRead(multi_.get(), &left);
     if (message == nullptr || message->msg != CURLMSG_DONE) return "no result";
     const CURLcode code = message->data.result;
     if (code == CURLE_OK) return {};
     if (body_.error != 0) return std::strerror(body_.error);
-    return problem_[0] != '\0' ? problem_ : curl_easy_strerror(code);
+    return problem_[0] != '\0' ? problem_ : curl_.easyError(code);
   }
 
+  const CurlLibrary& curl_;
   Easy easy_;
   Multi multi_;
   List headers_;
@@ -139,18 +135,20 @@ class Transfer {
 
 std::string CurlDownloader::Download(const std::string& url, const std::string& targetFile,
                                      const std::function<bool()>& keepGoing) {
-  InitializeOnce();
-  const std::string address = PublicAddress(url);
+  const CurlLibrary* const curl = Curl();
+  const std::string address = curl != nullptr ? PublicAddress(*curl, url) : std::string();
   const auto fail = [&](std::string reason) {
     log_.Write("Download " + (address.empty() ? "(unverständliche Adresse)" : address) + " nach " +
                targetFile + ": " + reason);
     return reason;
   };
+  if (curl == nullptr) return fail("libcurl ist nicht installiert");
   if (targetFile.empty()) return fail("kein Dateiname");
   UnfinishedFile file(NativePath(targetFile));
   if (const int error = file.Open(); error != 0) return fail(std::strerror(error));
   Body body{.file = file};
-  if (const std::string reason = Transfer(url, body).Run(keepGoing); !reason.empty()) return fail(reason);
+  if (const std::string reason = Transfer(*curl, url, body).Run(keepGoing); !reason.empty())
+    return fail(reason);
   // Not every file system has such attributes.
   (void)setxattr(file.Path().c_str(), "user.xdg.origin.url", address.data(), address.size(), 0);
   if (const int error = file.PutInPlace(); error != 0) return fail(std::strerror(error));
