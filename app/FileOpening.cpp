@@ -30,16 +30,16 @@ void FileOpening::OpenLast() {
   if (!IsOn(setting::ShowLastDoc, parts_.settings.Get(setting::ShowLastDoc))) return;
   const std::string path = parts_.settings.Get(setting::LastDocAtStart);
   parts_.documents.SetPath(path);
-  Guarded(parts_.log, "Letztes Dokument", [&] { parts_.documents.Load(path); });
+  Guarded(parts_.log, "Letztes Dokument", [&] { parts_.documents.LoadAtStart(path); });
   parts_.modes.Textmode();
 }
 
 void FileOpening::OpenAtStart() {
   const std::string& path = parts_.startup.startupFilePath;
   if (path.empty()) return;
-  Guarded(parts_.log, "Dokument beim Start", [&] { parts_.documents.Load(path); });
+  Guarded(parts_.log, "Dokument beim Start", [&] { parts_.documents.LoadAtStart(path); });
   // The name of a file that could not be loaded is better than an empty window.
-  if (parts_.editor.Text().empty()) parts_.editor.SetText(path);
+  if (parts_.editor.IsEmpty()) parts_.editor.SetText(path);
   parts_.modes.Textmode();
 }
 

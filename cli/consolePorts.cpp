@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <utility>
 
 #include "base/text.h"
 #include "cli/interruption.h"
@@ -48,8 +49,10 @@ std::string ConsoleDocument::RichText() {
   return WriteRtf(plain);
 }
 
-void ConsoleDocument::LoadFile(const std::string& path) {
-  text_ = ReadRichTextFile(path).text;
+TextFormat ConsoleDocument::LoadFile(const std::string& path) {
+  StoredRichText stored = ReadRichTextFile(path);
+  text_ = std::move(stored.text.text);
+  return stored.format;
 }
 
 }  // namespace lorelin

@@ -57,9 +57,10 @@ class ConsoleStatusBar final : public StatusBar {
 class ConsoleDocument final : public DocumentEditor {
  public:
   std::string Text() override { return text_; }
+  bool IsEmpty() const override { return text_.empty(); }
   void SetText(std::string_view text) override { text_ = text; }
   std::string RichText() override;
-  void LoadFile(const std::string& path) override;
+  TextFormat LoadFile(const std::string& path) override;
   std::size_t SelectionStart() override { return 0; }
   std::string SelectedText() override { return {}; }
   void ReplaceSelection(std::string_view text) override { text_.insert(0, text); }

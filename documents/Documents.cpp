@@ -28,19 +28,10 @@ std::string Folder(const std::string& path) {
   return separator == std::string::npos ? "" : path.substr(0, separator);
 }
 
-// Whether the file can be loaded is for the editor to say.
-TextFormat FormatOfFile(const std::string& path) {
-  try {
-    return FormatOf(ReadFileBytes(path));
-  } catch (const RuntimeError&) {
-    return {};
-  }
-}
-
 }  // namespace
 
 void Documents::NewDoc() {
-  if (!parts_.editor.Text().empty()) {
+  if (!parts_.editor.IsEmpty()) {
     switch (
         parts_.messageBoxes.Show("Möchten Sie das aktuelle Dokument speichern bevor Sie ein neues anlegen?",
                                  "Frage", MessageIcon::Question, MessageButtons::YesNoCancel)) {
@@ -101,22 +92,24 @@ bool Documents::OpenPath(const std::string& path) {
 // Only what could be shown, and would be destroyed on saving, has to be explained.
 void Documents::TellUnreadable(const std::string& path, const RuntimeError& error) {
   parts_.log.Write(path + ": " + error.what());
-  if (error.Number() == static_cast<int>(ErrorNumber::OutOfMemory)) {
-    parts_.messageBoxes.Show(error.what(), "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
-  }
+  if (error.Number() == static_cast<int>(ErrorNumber::OutOfMemory)) TellTooLarge(error.what());
   if (error.Number() != static_cast<int>(ErrorNumber::InvalidFileFormat)) return;
   parts_.messageBoxes.Show(
       "Die Datei „" + FileName(path) + "“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.",
       "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
+void Documents::TellTooLarge(const std::string& reason) {
+  parts_.messageBoxes.Show(reason, "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
+}
+
 // The stamp comes first: what is written during the reading is noticed later.
 void Documents::Load(const std::string& path) {
-  const TextFormat format = FormatOfFile(path);
   const FileStamp stamp = StampOf(path);
+  TextFormat format;
   loading_ = true;
   try {
-    parts_.editor.LoadFile(path);
+    format = parts_.editor.LoadFile(path);
   } catch (...) {
     loading_ = false;
     throw;
@@ -127,6 +120,17 @@ void Documents::Load(const std::string& path) {
   document_.stamp = stamp;
   known_ = stamp;
   Stored();
+}
+
+void Documents::LoadAtStart(const std::string& path) {
+  try {
+    Load(path);
+  } catch (const RuntimeError& error) {
+    parts_.log.Write(path + ": " + error.what());
+    if (error.Number() == static_cast<int>(ErrorNumber::OutOfMemory)) {
+      parts_.pump.Post([this, reason = std::string(error.what())] { TellTooLarge(reason); });
+    }
+  }
 }
 
 void Documents::Restore(const std::string& snapshot) {

@@ -54,8 +54,10 @@ class Documents {
   // Asks whether to save before the end; false when the program goes on.
   [[nodiscard]] bool MayExit();
 
-  // Loads a file as start-up does: no question, no hook. Throws RuntimeError and keeps the document.
+  // Loads a file without a question or a hook. Throws RuntimeError and keeps the document.
   void Load(const std::string& path);
+  // The same for start-up, which goes on whatever happens. What is too large is told once there is a window.
+  void LoadAtStart(const std::string& path);
   // The path that the file dialogs share, whatever becomes of loading it.
   void SetPath(const std::string& path);
 
@@ -79,6 +81,7 @@ class Documents {
   void Stored();
   void TellError(int number);
   void TellUnreadable(const std::string& path, const RuntimeError& error);
+  void TellTooLarge(const std::string& reason);
   [[nodiscard]] int WriteText(const std::string& path);
   [[nodiscard]] bool SaveRichText(const std::string& path);
   [[nodiscard]] bool WriteAsEnded(const std::string& path);

@@ -20,6 +20,7 @@ class GuardedDocument final : public DocumentEditor {
   void OnReplaced(std::function<void()> handler) { replaced_ = std::move(handler); }
 
   std::string Text() override { return editor_.Text(); }
+  bool IsEmpty() const override { return editor_.IsEmpty(); }
   void SetText(std::string_view text) override {
     Revise(text);
     replaced_();
@@ -30,11 +31,10 @@ class GuardedDocument final : public DocumentEditor {
     replacing.done = true;
   }
   std::string RichText() override { return editor_.RichText(); }
-  void LoadFile(const std::string& path) override {
-    Replacing replacing(recovery_);
-    editor_.LoadFile(path);
-    replacing.done = true;
+  TextFormat LoadFile(const std::string& path) override {
+    const TextFormat format = LoadGuarded(path);
     replaced_();
+    return format;
   }
   std::size_t SelectionStart() override { return editor_.SelectionStart(); }
   std::string SelectedText() override { return editor_.SelectedText(); }
@@ -49,6 +49,13 @@ class GuardedDocument final : public DocumentEditor {
     Recovery& recovery;
     bool done = false;
   };
+
+  TextFormat LoadGuarded(const std::string& path) {
+    Replacing replacing(recovery_);
+    const TextFormat format = editor_.LoadFile(path);
+    replacing.done = true;
+    return format;
+  }
 
   DocumentEditor& editor_;
   Recovery& recovery_;

@@ -63,6 +63,12 @@ std::string NameOf(const std::string& path) {
 
 }  // namespace
 
+Recovery::~Recovery() {
+  if (writing_.valid()) writing_.wait();
+  std::error_code error;
+  if (!outdated_.empty()) fs::remove(NativePath(outdated_), error);
+}
+
 // Only one window runs at a time, and it has written nothing yet.
 void Recovery::RemoveUnfinished() {
   std::error_code error;
@@ -102,9 +108,7 @@ void Recovery::Schedule() {
 
 void Recovery::SnapshotDue() {
   scheduled_ = false;
-  if (writing_.valid() && writing_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
-    return Schedule();
-  }
+  if (IsWriting()) return Schedule();
   FinishWriting();
   if (changed_) Snapshot();
 }
@@ -126,7 +130,7 @@ std::string Recovery::NewName() const {
 void Recovery::Snapshot() {
   FinishWriting();
   changed_ = false;
-  if (parts_.editor.Text().empty()) return Forget();
+  if (parts_.editor.IsEmpty()) return Forget();
   try {
     if (current_.empty()) {
       if (const auto error = MakePrivateFolder(NativePath(parts_.folder)); error) {
@@ -154,6 +158,7 @@ void Recovery::TellLeftoversChanged() const {
 
 void Recovery::FinishWriting() {
   if (!writing_.valid()) return;
+  if (!outdated_.empty()) return FinishOutdated();
   try {
     writing_.get();
     kept_ = true;
@@ -161,6 +166,13 @@ void Recovery::FinishWriting() {
   } catch (const std::exception& error) {
     Failed(error.what());
   }
+}
+
+// The text has gone meanwhile, and nobody misses its file.
+void Recovery::FinishOutdated() {
+  writing_.wait();
+  writing_ = {};
+  Remove(std::exchange(outdated_, {}));
 }
 
 // Once is enough, however often it is tried again.
@@ -182,6 +194,19 @@ void Recovery::Forget() {
   Safe();
 }
 
+// The same without waiting for what is being written: a script may set one long text after the other.
+void Recovery::ForgetSoon() {
+  if (!IsWriting()) return Forget();
+  if (outdated_.empty()) outdated_ = current_;
+  kept_ = false;
+  current_.clear();
+  Safe();
+}
+
+bool Recovery::IsWriting() const {
+  return writing_.valid() && writing_.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
 void Recovery::Safe() {
   if (!std::exchange(failure_, {}).empty()) parts_.statusBar.SetNotice(kNotice, "");
 }
@@ -200,10 +225,11 @@ void Recovery::Saved() {
 
 // A text that no user wrote, as a script sets thousands of, is not worth a file.
 bool Recovery::MayGo() {
+  if (!typed_) return true;
   FinishWriting();
-  if (typed_ && changed_) Snapshot();
+  if (changed_) Snapshot();
   FinishWriting();
-  return !typed_ || !changed_ || unwanted_ || MayLose();
+  return !changed_ || unwanted_ || MayLose();
 }
 
 bool Recovery::MayLose() {
@@ -225,7 +251,7 @@ void Recovery::AfterReplacing(bool replaced) {
   unwanted_ = false;
   const bool typed = std::exchange(typed_, false);
   if (typed && std::exchange(kept_, false)) AddLeftover(current_);
-  Forget();
+  ForgetSoon();
 }
 
 void Recovery::Adopt(const std::string& file) {

@@ -47,9 +47,7 @@ class Recovery {
 
   explicit Recovery(Parts parts) : parts_(std::move(parts)) {}
   // Waits for a snapshot that is still being written.
-  ~Recovery() {
-    if (writing_.valid()) writing_.wait();
-  }
+  ~Recovery();
   Recovery(const Recovery&) = delete;
   Recovery& operator=(const Recovery&) = delete;
 
@@ -89,6 +87,9 @@ class Recovery {
   void Safe();
   [[nodiscard]] bool MayLose();
   void Forget();
+  void ForgetSoon();
+  void FinishOutdated();
+  [[nodiscard]] bool IsWriting() const;
   void AddLeftover(const std::string& file);
   void TellLeftoversChanged() const;
   void Remove(const std::string& file);
@@ -96,6 +97,7 @@ class Recovery {
 
   Parts parts_;
   std::future<void> writing_;  // typing goes on while the disk works
+  std::string outdated_;       // the file that is being written and that nobody wants any more; "" for none
   std::vector<Leftover> leftovers_;
   std::function<void()> leftoversChanged_;
   std::string current_;  // the document's own snapshot; "" while there is none

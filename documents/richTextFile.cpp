@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/textEncoding.h"
 #include "richtext/rtf.h"
+#include "richtext/textFormat.h"
 
 namespace lorelin {
 
@@ -14,12 +15,13 @@ std::string WithoutNul(std::string_view text) {
   return clean;
 }
 
-RichText ReadRichTextFile(const std::string& path) {
+StoredRichText ReadRichTextFile(const std::string& path) {
   const std::string bytes = ReadFileBytes(path);
-  if (IsRtf(bytes)) return ReadRtf(bytes);
+  if (IsRtf(bytes)) return {.text = ReadRtf(bytes), .format = FormatOf(bytes)};
   if (!IsText(bytes)) throw RuntimeError(ErrorNumber::InvalidFileFormat, "Die Datei enthält keinen Text");
-  RichText plain;
-  plain.text = WithoutNul(WithPlainLineEnds(DecodeText(bytes)));
+  StoredRichText plain;
+  plain.text.text = WithoutNul(WithPlainLineEnds(DecodeText(bytes)));
+  plain.format = FormatOf(bytes);
   return plain;
 }
 

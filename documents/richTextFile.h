@@ -2,14 +2,21 @@
 
 #include <string>
 
+#include "ports/TextFormat.h"
 #include "richtext/RichText.h"
 
 namespace lorelin {
 
+// A document and how its file stores it.
+struct StoredRichText {
+  RichText text;
+  TextFormat format;
+};
+
 // A document's file as a text with formats: RTF when it is RTF, else plain text (see DecodeText) with "\n"
 // line ends. A NUL, at which text controls and engines would end, is the replacement character. Throws like
 // ReadFileBytes, and 321 for what is no text (see IsText).
-[[nodiscard]] RichText ReadRichTextFile(const std::string& path);
+[[nodiscard]] StoredRichText ReadRichTextFile(const std::string& path);
 
 // The replacement character for every NUL.
 [[nodiscard]] std::string WithoutNul(std::string_view text);

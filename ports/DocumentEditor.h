@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "ports/TextFormat.h"
+
 namespace lorelin {
 
 // Port: the editor that holds the document. Texts are UTF-8 with "\n" line ends; positions and lengths count
@@ -13,6 +15,9 @@ class DocumentEditor {
  public:
   virtual ~DocumentEditor() = default;
   [[nodiscard]] virtual std::string Text() = 0;
+  [[nodiscard]] virtual bool IsEmpty() const = 0;
+  // Throws RuntimeError (Cancelled) and keeps the old text when the user presses Esc while a long one is put
+  // there; the key stays where it is.
   virtual void SetText(std::string_view text) = 0;
   // Like SetText, for a text that was made from the one that is there.
   virtual void Revise(std::string_view text) { SetText(text); }
@@ -22,9 +27,9 @@ class DocumentEditor {
   [[nodiscard]] virtual std::function<std::string()> RichTextLater() {
     return [rtf = RichText()] { return rtf; };
   }
-  // Replaces the document by the file's content, rich text or plain. Throws RuntimeError (53, 75 ...) and
-  // keeps the old document when the file cannot be read.
-  virtual void LoadFile(const std::string& path) = 0;
+  // Replaces the document by the file's content, rich text or plain, and tells how the file stores it. Throws
+  // RuntimeError (53, 75 ...) and keeps the old document when the file cannot be read.
+  virtual TextFormat LoadFile(const std::string& path) = 0;
   // Start of the selection, the caret's position when nothing is selected.
   [[nodiscard]] virtual std::size_t SelectionStart() = 0;
   [[nodiscard]] virtual std::string SelectedText() = 0;

@@ -227,9 +227,18 @@ void Interpreter::ExecuteCommand(const std::string& command, std::string& parame
     AskWhetherToGoOn(ErrorText(ErrorNumber::OutOfMemory));
   } catch (const std::length_error&) {
     AskWhetherToGoOn(ErrorText(ErrorNumber::OutOfMemory));
+  } catch (const RuntimeError& error) {
+    if (!IsCancelledBy(error)) AskWhetherToGoOn(error.what());
   } catch (const std::exception& error) {
     AskWhetherToGoOn(error.what());
   }
+}
+
+// The key that made a command give up ends the script, and is still to be handled.
+bool Interpreter::IsCancelledBy(const RuntimeError& error) {
+  if (error.Number() != static_cast<int>(ErrorNumber::Cancelled) || !scriptRunning_) return false;
+  parts_.pump.RunPendingEvents();
+  return !scriptRunning_;
 }
 
 void Interpreter::Carry(const std::string& command, std::string& parameter1, std::string& parameter2) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "ports/Clipboard.h"
 #include "ports/Clock.h"
 #include "ports/DocumentEditor.h"
@@ -100,6 +101,7 @@ class Interpreter {
   void RunAgain(std::int32_t item);
   void WalkLines(std::string_view script);
   void Carry(const std::string& command, std::string& parameter1, std::string& parameter2);
+  [[nodiscard]] bool IsCancelledBy(const RuntimeError& error);
   void AskWhetherToGoOn(const std::string& description);
   void LetEventsInNowAndThen();
   void EndBy(ScriptEnd end);

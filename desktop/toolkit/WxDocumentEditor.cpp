@@ -86,8 +86,8 @@ std::function<std::string()> WxDocumentEditor::RichTextLater() {
   return buffer_.Rtf();
 }
 
-void WxDocumentEditor::LoadFile(const std::string& path) {
-  buffer_.ShowFile(path);
+TextFormat WxDocumentEditor::LoadFile(const std::string& path) {
+  return buffer_.ShowFile(path);
 }
 
 void WxDocumentEditor::Undo() {

@@ -17,10 +17,11 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   explicit WxDocumentEditor(wxWindow* parent);
 
   std::string Text() override;
+  bool IsEmpty() const override { return wxTextCtrl::IsEmpty(); }
   void SetText(std::string_view text) override;
   std::string RichText() override;
   std::function<std::string()> RichTextLater() override;
-  void LoadFile(const std::string& path) override;
+  TextFormat LoadFile(const std::string& path) override;
   std::size_t SelectionStart() override;
   std::string SelectedText() override;
   void ReplaceSelection(std::string_view text) override;

@@ -3,12 +3,15 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <tuple>
 #include <utility>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "base/textEncoding.h"
+#include "desktop/toolkit/WxEventPump.h"
 #include "desktop/toolkit/colours.h"
 #include "desktop/toolkit/gtkPieces.h"
 #include "desktop/toolkit/loading.h"
@@ -106,7 +109,7 @@ class RichTextBuffer::Implementation {
       const Applying applying(applying_);
       const Quiet quiet(control_);
       const gint old = gtk_text_buffer_get_char_count(buffer_);
-      Append(text.text, old, loading);
+      Append(AsUtf8(text.text), old, [&loading](double done) { loading.Advance(done); });
       Delete(0, old);
       if (IsShownAsItIs(text.text)) ForgetPieces(buffer_);
       fonts_ = text.fonts;
@@ -150,13 +153,10 @@ class RichTextBuffer::Implementation {
   }
 
   void ReplaceText(std::string_view text) {
+    const std::string valid = AsUtf8(text);
     {
       const Quiet quiet(control_);
-      gtk_text_buffer_begin_user_action(buffer_);
-      Delete(0, gtk_text_buffer_get_char_count(buffer_));
-      ForgetPieces(buffer_);
-      if (!text.empty()) InsertAtEnd(AsUtf8(text));
-      gtk_text_buffer_end_user_action(buffer_);
+      valid.size() > kPiece ? ReplaceInSteps(valid) : ReplaceAtOnce(valid);
       GoToStart();
     }
     Tell();
@@ -269,14 +269,45 @@ class RichTextBuffer::Implementation {
     gtk_text_buffer_insert(buffer_, &end, text.data(), static_cast<gint>(text.size()));
   }
 
-  void Append(const std::string& text, gint old, Loading& loading) {
-    const std::string valid = AsUtf8(text);
+  void ReplaceAtOnce(std::string_view valid) {
+    gtk_text_buffer_begin_user_action(buffer_);
+    Delete(0, gtk_text_buffer_get_char_count(buffer_));
+    ForgetPieces(buffer_);
+    if (!valid.empty()) InsertAtEnd(valid);
+    gtk_text_buffer_end_user_action(buffer_);
+  }
+
+  // As a file is shown: until all of it is there, it can be given up, and the old text stands as it was.
+  void ReplaceInSteps(const std::string& valid) {
+    const bool foreignEnds = pieces_ && valid.find('\r') != std::string::npos;
+    const std::string plain = foreignEnds ? WithPlainLineEnds(valid) : std::string();
+    const std::string& text = foreignEnds ? plain : valid;
+    const gint old = gtk_text_buffer_get_char_count(buffer_);
+    const Applying applying(applying_);
+    Append(text, old, [](double) {
+      if (WxEventPump::EscapeIsWaiting()) throw RuntimeError(ErrorNumber::Cancelled);
+    });
+    RememberReplacing(old, text);
+    Delete(0, old);
+    if (IsShownAsItIs(text)) ForgetPieces(buffer_);
+  }
+
+  // What is too long to be kept is not even fetched.
+  void RememberReplacing(gint old, const std::string& text) {
+    if (static_cast<std::size_t>(old) + text.size() > UndoHistory::kMostBytes) return history_.Clear();
+    history_.Begin();
+    history_.Removed(0, WrittenText(IterAt(0), IterAt(static_cast<std::size_t>(old))));
+    history_.Inserted(0, text);
+    history_.End();
+  }
+
+  void Append(const std::string& valid, gint old, const std::function<void(double)>& advance) {
     try {
       for (std::size_t at = 0; at < valid.size();) {
         std::size_t end = std::min(at + kPiece, valid.size());
         while (end < valid.size() && (static_cast<unsigned char>(valid[end]) & 0xC0U) == 0x80U) ++end;
         InsertAtEnd(std::string_view(valid).substr(at, end - at));
-        loading.Advance(static_cast<double>(end) / static_cast<double>(valid.size()));
+        advance(static_cast<double>(end) / static_cast<double>(valid.size()));
         at = end;
       }
     } catch (...) {
@@ -525,9 +556,11 @@ RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
     : implementation_(std::make_unique<Implementation>(control, font)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
-void RichTextBuffer::ShowFile(const std::string& path) {
+TextFormat RichTextBuffer::ShowFile(const std::string& path) {
   Loading loading(path);
-  implementation_->Show(loading.Read(), loading);
+  const StoredRichText stored = loading.Read();
+  implementation_->Show(stored.text, loading);
+  return stored.format;
 }
 std::function<std::string()> RichTextBuffer::Rtf() const {
   return [content = implementation_->Content()] { return WriteRtf(content); };

@@ -7,7 +7,6 @@
 
 #include "base/RuntimeError.h"
 #include "base/paths.h"
-#include "documents/richTextFile.h"
 
 namespace lorelin {
 namespace {
@@ -26,9 +25,9 @@ bool IsLong(const std::string& path) {
 
 Loading::Loading(const std::string& path) : path_(path), long_(IsLong(path)) {}
 
-RichText Loading::Read() {
+StoredRichText Loading::Read() {
   if (!long_) return ReadRichTextFile(path_);
-  std::future<RichText> text =
+  std::future<StoredRichText> text =
       std::async(std::launch::async, [path = path_] { return ReadRichTextFile(path); });
   double done = 0;
   while (text.wait_for(kGlance) != std::future_status::ready) {

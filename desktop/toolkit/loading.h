@@ -3,7 +3,7 @@
 #include <string>
 
 #include "desktop/toolkit/WxProgressWindow.h"
-#include "richtext/RichText.h"
+#include "documents/richTextFile.h"
 
 namespace lorelin {
 
@@ -14,7 +14,7 @@ class Loading {
   explicit Loading(const std::string& path);
 
   // The document, read beside the window. Throws like ReadRichTextFile, and as Advance does.
-  [[nodiscard]] RichText Read();
+  [[nodiscard]] StoredRichText Read();
   // The part `done` (0 to 1) of it is in its place. Throws RuntimeError when the user has cancelled.
   void Advance(double done);
 

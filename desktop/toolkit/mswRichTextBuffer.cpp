@@ -13,6 +13,7 @@
 #include "desktop/toolkit/text.h"
 #include "documents/richTextFile.h"
 #include "richtext/rtf.h"
+#include "richtext/textFormat.h"
 
 namespace lorelin {
 namespace {
@@ -53,12 +54,13 @@ class RichTextBuffer::Implementation {
     return SendMessageW(static_cast<HWND>(control_.GetHandle()), message, first, second);
   }
 
-  void ShowFile(const std::string& path) {
+  TextFormat ShowFile(const std::string& path) {
     const std::string bytes = ReadFileBytes(path);
     // What RichEdit cannot read is shown as far as it can be read at all.
-    if (!IsRtf(bytes) || !ShowRtf(bytes)) ShowPlain(ReadRichTextFile(path).text);
+    if (!IsRtf(bytes) || !ShowRtf(bytes)) ShowPlain(ReadRichTextFile(path).text.text);
     Send(EM_EMPTYUNDOBUFFER);
     control_.SetInsertionPoint(0);
+    return FormatOf(bytes);
   }
 
   [[nodiscard]] std::string Rtf() const {
@@ -158,8 +160,8 @@ RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
     : implementation_(std::make_unique<Implementation>(control, font)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
-void RichTextBuffer::ShowFile(const std::string& path) {
-  implementation_->ShowFile(path);
+TextFormat RichTextBuffer::ShowFile(const std::string& path) {
+  return implementation_->ShowFile(path);
 }
 std::function<std::string()> RichTextBuffer::Rtf() const {
   return [rtf = implementation_->Rtf()] { return rtf; };

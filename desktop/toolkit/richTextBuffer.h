@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ports/TextFormat.h"
+
 namespace lorelin {
 
 // Formats and undo of a multi-line text control (wxTE_RICH2). RichEdit has both by itself; below GTK they are
@@ -26,13 +28,14 @@ class RichTextBuffer {
   void ShowLongParagraphsInPieces();
 
   // Replaces text and formats by what is in the file, RTF or plain text; nothing before it can be taken back.
-  // Throws RuntimeError when the file cannot be read, and changes nothing then.
-  void ShowFile(const std::string& path);
+  // Tells how the file stores it. Throws RuntimeError when the file cannot be read, and changes nothing then.
+  TextFormat ShowFile(const std::string& path);
   // Text and formats as they are now, as RTF; what is returned may be called on another thread, once.
   [[nodiscard]] std::function<std::string()> Rtf() const;
   [[nodiscard]] std::string Text() const;
   [[nodiscard]] std::string SelectedText() const;
-  // Replaces all text, without formats; this can be taken back.
+  // Replaces all text, without formats; this can be taken back. Where the control needs long for a long text
+  // and the user presses Esc meanwhile, nothing is changed and RuntimeError 32755 (Cancelled) is thrown.
   void ReplaceText(std::string_view text);
 
   // Puts the replacement in the place of so many characters at each of these positions of the control, which

@@ -159,6 +159,17 @@ TEST_F(Loading, ShowsTheNameOfADocumentThatCannotBeLoaded) {
   EXPECT_TRUE(view.editorVisible);
 }
 
+TEST_F(Loading, TellsOfADocumentThatIsTooLargeOnceThereIsAWindow) {
+  startup.startupFilePath = "/riesig.txt";
+  document.unreadable["/riesig.txt"] = ErrorNumber::OutOfMemory;
+  window.Load();
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(document.text, "/riesig.txt");
+  pump.RunPendingEvents();
+  ASSERT_EQ(messageBoxes.boxes.size(), 1U);
+  EXPECT_EQ(messageBoxes.boxes[0].text, ErrorText(ErrorNumber::OutOfMemory));
+}
+
 TEST_F(Loading, RefusesScriptsAsParameters) {
   startup.parameterScript = "uhr.vts";
   window.Load();

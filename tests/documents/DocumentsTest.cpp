@@ -21,6 +21,7 @@ class DocumentsTest : public ScriptFixture {
     fileDialogs.answer = folder.File(name);
     WriteFile(*fileDialogs.answer, bytes);
     document.files[*fileDialogs.answer] = WithPlainLineEnds(DecodeText(bytes));
+    document.formats[*fileDialogs.answer] = FormatOf(bytes);
     documents.OpenDoc();
   }
   std::string SavedAs(const std::string& name) {
@@ -139,6 +140,17 @@ TEST_F(DocumentsTest, WritesUtf16AsItWasRead) {
   EXPECT_EQ(SavedAs("b.txt"), std::string("\xFE\xFF&e\0\n\0a", 8));
 }
 
+// A long one would be read twice, and the second time while the window waits.
+TEST_F(DocumentsTest, LeavesTheReadingOfAFileToTheEditor) {
+  const std::string path = folder.File("nur im Editor.txt");
+  document.files[path] = "für\n";
+  document.formats[path] = {.encoding = TextFormat::Encoding::Utf8, .carriageReturns = true};
+  documents.Load(path);
+  documents.SetPath(path);
+  documents.SaveAs();
+  EXPECT_EQ(files.files[path], "für\r\n");
+}
+
 TEST_F(DocumentsTest, SaysThatAFileIsTooLarge) {
   document.unreadable[folder.File("riesig.txt")] = ErrorNumber::OutOfMemory;
   Opens("riesig.txt", "");
@@ -158,6 +170,14 @@ TEST_F(DocumentsTest, SaysThatAFileHoldsNoText) {
             "Die Datei „bild.txt“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.");
 }
 
+TEST(ReadRichTextFile, TellsHowTheFileStoresItsText) {
+  const TemporaryFolder folder;
+  WriteFile(folder.File("a.txt"), "für\r\n");
+  const StoredRichText stored = ReadRichTextFile(folder.File("a.txt"));
+  EXPECT_EQ(stored.text.text, "für\n");
+  EXPECT_EQ(stored.format, (TextFormat{.encoding = TextFormat::Encoding::Utf8, .carriageReturns = true}));
+}
+
 TEST(ReadRichTextFile, RefusesWhatIsNoText) {
   const TemporaryFolder folder;
   WriteFile(folder.File("bild.txt"), std::string_view("GIF\0\1", 5));
@@ -170,7 +190,7 @@ TEST(ReadRichTextFile, RefusesWhatIsNoText) {
   WriteFile(folder.File("wide.txt"), std::string_view("\xFF\xFE"
                                                       "a\0\r\0\n\0",
                                                       8));
-  EXPECT_EQ(ReadRichTextFile(folder.File("wide.txt")).text, "a\n");
+  EXPECT_EQ(ReadRichTextFile(folder.File("wide.txt")).text.text, "a\n");
 }
 
 TEST_F(DocumentsTest, TellsWhyItCouldNotSave) {

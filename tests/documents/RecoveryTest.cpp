@@ -1,5 +1,7 @@
 #include "documents/Recovery.h"
 
+#include <future>
+
 #include "app/MainWindow.h"
 #include "tests/support/ScriptFixture.h"
 
@@ -97,6 +99,27 @@ TEST_F(RecoveryTest, KeepsTheSnapshotOfADocumentThatCouldNotBeReplaced) {
 TEST_F(RecoveryTest, LeavesTextsThatNobodyTyped) {
   for (int i = 0; i < 100; ++i) guarded.SetText(std::to_string(i));
   EXPECT_TRUE(files.files.empty());
+}
+
+// Nor does the next one wait until the file of the one before is written, and the file goes again.
+TEST_F(RecoveryTest, WaitsForNoFileOfATextThatNobodyTyped) {
+  std::filesystem::create_directories(folder.File("recovery"));
+  std::promise<void> mayBeWritten;
+  files.onReplace = [&, allowed = mayBeWritten.get_future().share()] {
+    allowed.wait();
+    WriteFile(folder.File("recovery/2026-10-03 09-05-07.rtf"), "{\\rtf1 eins}");
+  };
+  document.text = "eins";
+  recovery.BeforeReplacing();
+  recovery.Changed();
+  recovery.AfterReplacing(true);
+  recovery.SnapshotDue();
+  guarded.SetText("zwei");
+  EXPECT_EQ(document.text, "zwei");
+  mayBeWritten.set_value();
+  recovery.FinishWriting();
+  EXPECT_EQ(files.files.size(), 1U);
+  EXPECT_FALSE(std::filesystem::exists(files.files.begin()->first));
 }
 
 TEST_F(RecoveryTest, KeepsNoEmptyText) {

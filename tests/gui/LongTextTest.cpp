@@ -7,6 +7,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/textEncoding.h"
+#include "desktop/toolkit/WxEventPump.h"
 #include "richtext/rtf.h"
 #include "tests/gui/FormFixture.h"
 
@@ -201,6 +202,53 @@ TEST_F(LongParagraphForm, TakesForeignLineEndsForLineEnds) {
   form.Editor().SetText("");
   form.Editor().WriteText("eins\r\nzwei");
   EXPECT_EQ(form.Editor().Text(), "eins\nzwei");
+}
+
+// Many a script makes a text grow and grow.
+class ReplacedLongText : public LongTextForm {
+ protected:
+  ReplacedLongText() { form.Editor().SetText("Der alte Text."); }
+  ~ReplacedLongText() override {
+    while (GdkEvent* const event = gdk_display_get_event(gdk_display_get_default())) gdk_event_free(event);
+  }
+  static void PressEscape() {
+    GdkEvent* const event = gdk_event_new(GDK_KEY_PRESS);
+    event->key.keyval = GDK_KEY_Escape;
+    gdk_display_put_event(gdk_display_get_default(), event);
+    gdk_event_free(event);
+  }
+  static std::string Text() {
+    std::string text;
+    while (text.size() < 5 << 20) text += "Größe: ♥ 𝄞, Übung macht den Meister.\n";
+    return text;
+  }
+};
+
+TEST_F(ReplacedLongText, CanBeTakenBackAndRepeated) {
+  form.Editor().SetText(Text());
+  EXPECT_EQ(form.Editor().Text(), Text());
+  form.Editor().Undo();
+  EXPECT_EQ(form.Editor().Text(), "Der alte Text.");
+  form.Editor().Redo();
+  EXPECT_EQ(form.Editor().Text(), Text());
+}
+
+TEST_F(ReplacedLongText, HasPlainLineEndsAndWholeParagraphs) {
+  std::string text = Text();
+  text.replace(1 << 20, 1, "x\r\ny\rz");
+  std::string paragraph;
+  while (paragraph.size() < 3 << 20) paragraph += "Größe und Übung „macht“ den Meister. ";
+  form.Editor().SetText(text + paragraph);
+  EXPECT_EQ(form.Editor().Text(), WithPlainLineEnds(text + paragraph));
+}
+
+TEST_F(ReplacedLongText, StaysAsItWasWhenEscapeIsPressedMeanwhile) {
+  PressEscape();
+  EXPECT_THROW(form.Editor().SetText(Text()), RuntimeError);
+  EXPECT_EQ(form.Editor().Text(), "Der alte Text.");
+  EXPECT_TRUE(WxEventPump::EscapeIsWaiting());
+  form.Editor().Undo();
+  EXPECT_EQ(form.Editor().Text(), "");
 }
 
 // As a click on "Cancel" in the window that shows how far the loading is.

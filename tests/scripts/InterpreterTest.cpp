@@ -132,6 +132,23 @@ TEST_F(InterpreterTest, RepeatsNothingButARepetitionUntilItIsCancelled) {
   EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
 }
 
+TEST_F(InterpreterTest, EndsWithoutAQuestionWhenEscapeMakesACommandGiveUp) {
+  document.text = "alt";
+  document.givenUp = true;
+  atTurn[1] = [&] { interpreter.Cancel(); };
+  Run("Dokument(neu,0);\r\nText(danach);");
+  EXPECT_EQ(document.text, "alt");
+  EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
+  EXPECT_TRUE(messageBoxes.boxes.empty());
+  EXPECT_EQ(statusBar.messages.back(), kEnd);
+}
+
+TEST_F(InterpreterTest, AsksWhetherToGoOnWhenSomethingElseMadeACommandGiveUp) {
+  document.givenUp = true;
+  Run("Dokument(neu,0);");
+  EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+}
+
 TEST_F(InterpreterTest, LetsEventsInBetweenCommandsThatDoNotWait) {
   clock.step = std::chrono::milliseconds(100);
   atTurn[2] = [&] { interpreter.Cancel(); };

@@ -105,15 +105,20 @@ class FakeDocumentEditor final : public DocumentEditor {
  public:
   explicit FakeDocumentEditor(CallLog& log) : log_(log) {}
   std::string Text() override { return text; }
-  void SetText(std::string_view newText) override { text = newText; }
+  bool IsEmpty() const override { return text.empty(); }
+  void SetText(std::string_view newText) override {
+    if (givenUp) throw RuntimeError(ErrorNumber::Cancelled);
+    text = newText;
+  }
   std::string RichText() override { return "{\\rtf1 " + text + "}"; }
-  void LoadFile(const std::string& path) override {
+  TextFormat LoadFile(const std::string& path) override {
     log_.Add("editor.LoadFile " + path);
     if (const auto reason = unreadable.find(path); reason != unreadable.end())
       throw RuntimeError(reason->second);
     const auto found = files.find(path);
     if (found == files.end()) throw RuntimeError(ErrorNumber::FileNotFound);
     text = found->second;
+    return formats[path];
   }
   std::size_t SelectionStart() override { return selectionStart; }
   std::string SelectedText() override {
@@ -124,9 +129,11 @@ class FakeDocumentEditor final : public DocumentEditor {
     selectionBytes = 0;
   }
   std::string text;
+  bool givenUp = false;  // by Esc, whatever is put there
   std::size_t selectionStart = 0;
   std::size_t selectionBytes = 0;
   std::map<std::string, std::string> files;
+  std::map<std::string, TextFormat> formats;  // in which the files store them
   std::map<std::string, ErrorNumber> unreadable;
 
  private:
@@ -239,6 +246,7 @@ class FakeFileWriter final : public FileWriter {
  public:
   void Replace(const std::string& path, std::string_view bytes) override {
     if (error) throw RuntimeError(*error);
+    if (onReplace) onReplace();
     files[path] = bytes;
   }
   bool Copy(const std::string& from, const std::string& to,
@@ -253,6 +261,7 @@ class FakeFileWriter final : public FileWriter {
   std::vector<std::pair<std::string, std::string>> copies;
   std::map<std::string, std::string> files;
   std::optional<ErrorNumber> error;
+  std::function<void()> onReplace;  // on the thread that writes
 };
 
 // Answers with `answer`; without one the user cancels.
