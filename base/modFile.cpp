@@ -32,10 +32,11 @@ void RequireRegularFile(const fs::path& path) {
 }
 
 // Told before memory is asked for: the system might end the program instead of refusing it.
-void RequireReadableSize(const fs::path& path) {
+std::uintmax_t RequireReadableSize(const fs::path& path) {
   std::error_code error;
   const std::uintmax_t size = fs::file_size(path, error);
-  if (error || size <= kMostReadBytes) return;
+  if (error) return 0;
+  if (size <= kMostReadBytes) return size;
   throw RuntimeError(ErrorNumber::OutOfMemory, "Die Datei ist mit " + SizeText(size) +
                                                    " zu groß. Lorelin liest Dateien bis " +
                                                    SizeText(kMostReadBytes) + ".");
@@ -49,9 +50,10 @@ std::ifstream OpenForReading(const std::string& path) {
   return file;
 }
 
-std::string ReadWhole(std::ifstream& file) {
+std::string ReadWhole(std::ifstream& file, std::uintmax_t expected) {
   std::string bytes;
   constexpr std::size_t kBlock = 1 << 16;
+  bytes.reserve(static_cast<std::size_t>(expected) + kBlock);
   for (std::size_t size = 0; file; size = bytes.size()) {
     bytes.resize(size + kBlock);
     file.read(bytes.data() + size, kBlock);
@@ -75,8 +77,8 @@ bool FileExists(const std::string& path) {
 
 std::string ReadFileBytes(const std::string& path) {
   std::ifstream file = OpenForReading(path);
-  RequireReadableSize(NativePath(path));
-  return ReadWhole(file);
+  const std::uintmax_t size = RequireReadableSize(NativePath(path));
+  return ReadWhole(file, size);
 }
 
 std::string ReadTextFile(const std::string& path) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 #include "base/utf16.h"
@@ -60,6 +61,18 @@ std::string WithBadBytesReplaced(std::string_view bytes) {
     bytes.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return text;
+}
+
+// Eight bytes at a time as long as that goes: long texts are looked through before they are shown.
+void SkipAscii(std::string_view& text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  std::uint64_t bytes = 0;
+  while (text.size() >= sizeof bytes) {
+    std::memcpy(&bytes, text.data(), sizeof bytes);
+    if ((bytes & kHighBits) != 0) break;
+    text.remove_prefix(sizeof bytes);
+  }
+  while (!text.empty() && Byte(text[0]) < 0x80) text.remove_prefix(1);
 }
 
 // Nothing for a character that has no place there.
@@ -139,7 +152,7 @@ void AppendUtf8(std::string& text, char32_t character) {
 }
 
 bool IsValidUtf8(std::string_view text) {
-  while (!text.empty()) {
+  for (SkipAscii(text); !text.empty(); SkipAscii(text)) {
     const std::size_t length = Utf8Length(text);
     if (length == 0) return false;
     text.remove_prefix(length);
@@ -166,13 +179,12 @@ std::string EncodeText(std::string_view text) {
 std::string WithPlainLineEnds(std::string_view text) {
   std::string plain;
   plain.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\r') {
-      plain.push_back(text[i]);
-    } else if (i + 1 == text.size() || text[i + 1] != '\n') {
-      plain.push_back('\n');
-    }
+  for (std::size_t end = text.find('\r'); end != std::string_view::npos; end = text.find('\r')) {
+    plain.append(text.substr(0, end));
+    text.remove_prefix(end + 1);
+    if (!text.starts_with('\n')) plain.push_back('\n');
   }
+  plain.append(text);
   return plain;
 }
 

@@ -20,7 +20,8 @@ StoredRichText ReadRichTextFile(const std::string& path) {
   if (IsRtf(bytes)) return {.text = ReadRtf(bytes), .format = FormatOf(bytes)};
   if (!IsText(bytes)) throw RuntimeError(ErrorNumber::InvalidFileFormat, "Die Datei enthält keinen Text");
   StoredRichText plain;
-  plain.text.text = WithoutNul(WithPlainLineEnds(DecodeText(bytes)));
+  plain.text.text = WithPlainLineEnds(DecodeText(bytes));
+  if (plain.text.text.find('\0') != std::string::npos) plain.text.text = WithoutNul(plain.text.text);
   plain.format = FormatOf(bytes);
   return plain;
 }
