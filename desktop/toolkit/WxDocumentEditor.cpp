@@ -76,7 +76,8 @@ std::string WxDocumentEditor::Text() {
   return buffer_.Text();
 }
 void WxDocumentEditor::SetText(std::string_view text) {
-  buffer_.ReplaceText(WithoutNul(text));
+  const bool clean = text.find('\0') == std::string_view::npos;
+  clean ? buffer_.ReplaceText(text) : buffer_.ReplaceText(WithoutNul(text));
 }
 
 std::string WxDocumentEditor::RichText() {

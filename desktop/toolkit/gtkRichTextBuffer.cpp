@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
-#include <tuple>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -13,7 +13,10 @@
 #include "base/textEncoding.h"
 #include "desktop/toolkit/WxEventPump.h"
 #include "desktop/toolkit/colours.h"
+#include "desktop/toolkit/formatOrder.h"
+#include "desktop/toolkit/gtkColour.h"
 #include "desktop/toolkit/gtkPieces.h"
+#include "desktop/toolkit/gtkUtf8Text.h"
 #include "desktop/toolkit/loading.h"
 #include "documents/UndoHistory.h"
 #include "documents/longParagraphs.h"
@@ -37,36 +40,9 @@ GtkTextView* ViewOf(wxTextCtrl& control) {
   return GTK_TEXT_VIEW(GTK_IS_BIN(scrolled) ? gtk_bin_get_child(GTK_BIN(scrolled)) : scrolled);
 }
 
-// GTK takes nothing else.
-std::string AsUtf8(std::string_view text) {
-  if (g_utf8_validate_len(text.data(), text.size(), nullptr) != FALSE) return std::string(text);
-  gchar* const valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-  std::string result(valid);
-  g_free(valid);
-  return result;
+void RequireNoEscape() {
+  if (WxEventPump::EscapeIsWaiting()) throw RuntimeError(ErrorNumber::Cancelled);
 }
-
-GdkRGBA RgbaOf(Colour colour) {
-  return {.red = (colour >> 16 & 0xFF) / 255.0,
-          .green = (colour >> 8 & 0xFF) / 255.0,
-          .blue = (colour & 0xFF) / 255.0,
-          .alpha = 1.0};
-}
-
-auto KeyOf(const CharacterFormat& f) {
-  return std::tuple(f.font, f.halfPoints, f.foreground, f.background, f.bold, f.italic, f.underline,
-                    f.strikeThrough, f.position);
-}
-auto KeyOf(const ParagraphFormat& f) {
-  return std::tuple(f.alignment, f.leftIndent, f.rightIndent, f.firstLineIndent);
-}
-
-struct ByKey {
-  template <typename Format>
-  bool operator()(const Format& a, const Format& b) const {
-    return KeyOf(a) < KeyOf(b);
-  }
-};
 
 }  // namespace
 
@@ -109,7 +85,7 @@ class RichTextBuffer::Implementation {
       const Applying applying(applying_);
       const Quiet quiet(control_);
       const gint old = gtk_text_buffer_get_char_count(buffer_);
-      Append(AsUtf8(text.text), old, [&loading](double done) { loading.Advance(done); });
+      Append(Utf8Text(text.text).View(), old, [&loading](double done) { loading.Advance(done); });
       Delete(0, old);
       if (IsShownAsItIs(text.text)) ForgetPieces(buffer_);
       fonts_ = text.fonts;
@@ -120,6 +96,23 @@ class RichTextBuffer::Implementation {
     }
     history_.Clear();
     Tell();
+  }
+
+  // A long text without formats is only fetched here; the rest is left to whoever wants it.
+  [[nodiscard]] std::function<std::string()> Rtf() const {
+    if (!tags_.empty() || !paragraphTags_.empty() || HoldsPieces(buffer_)) {
+      return [content = Content()] { return WriteRtf(content); };
+    }
+    const GtkTextIter from = IterAt(0);
+    GtkTextIter to;
+    gtk_text_buffer_get_end_iter(buffer_, &to);
+    return [fonts = fonts_, text = std::shared_ptr<gchar>(gtk_text_iter_get_text(&from, &to), &g_free)] {
+      RichText content;
+      content.text = text.get();
+      content.fonts = fonts;
+      AddRun(content, content.text.size(), {});
+      return WriteRtf(content);
+    };
   }
 
   [[nodiscard]] RichText Content() const {
@@ -153,10 +146,11 @@ class RichTextBuffer::Implementation {
   }
 
   void ReplaceText(std::string_view text) {
-    const std::string valid = AsUtf8(text);
+    if (text.size() > kPiece) RequireNoEscape();
+    const Utf8Text valid(text);
     {
       const Quiet quiet(control_);
-      valid.size() > kPiece ? ReplaceInSteps(valid) : ReplaceAtOnce(valid);
+      text.size() > kPiece ? ReplaceInSteps(valid.View()) : ReplaceAtOnce(valid.View());
       GoToStart();
     }
     Tell();
@@ -164,7 +158,8 @@ class RichTextBuffer::Implementation {
 
   // Without the toolkit's way, which moves the caret for every place.
   void ReplacePlaces(const std::vector<long>& places, long length, std::string_view replacement) {
-    const std::string valid = AsUtf8(replacement);
+    const Utf8Text utf8(replacement);
+    const std::string_view valid = utf8.View();
     const long span = places.back() + length - places.front();
     const bool plain = tags_.empty() && paragraphTags_.empty();
     gtk_text_buffer_begin_user_action(buffer_);
@@ -278,35 +273,33 @@ class RichTextBuffer::Implementation {
   }
 
   // As a file is shown: until all of it is there, it can be given up, and the old text stands as it was.
-  void ReplaceInSteps(const std::string& valid) {
-    const bool foreignEnds = pieces_ && valid.find('\r') != std::string::npos;
+  void ReplaceInSteps(std::string_view valid) {
+    const bool foreignEnds = pieces_ && valid.find('\r') != std::string_view::npos;
     const std::string plain = foreignEnds ? WithPlainLineEnds(valid) : std::string();
-    const std::string& text = foreignEnds ? plain : valid;
+    const std::string_view text = foreignEnds ? plain : valid;
     const gint old = gtk_text_buffer_get_char_count(buffer_);
     const Applying applying(applying_);
-    Append(text, old, [](double) {
-      if (WxEventPump::EscapeIsWaiting()) throw RuntimeError(ErrorNumber::Cancelled);
-    });
+    Append(text, old, [](double) { RequireNoEscape(); });
     RememberReplacing(old, text);
     Delete(0, old);
     if (IsShownAsItIs(text)) ForgetPieces(buffer_);
   }
 
   // What is too long to be kept is not even fetched.
-  void RememberReplacing(gint old, const std::string& text) {
+  void RememberReplacing(gint old, std::string_view text) {
     if (static_cast<std::size_t>(old) + text.size() > UndoHistory::kMostBytes) return history_.Clear();
     history_.Begin();
     history_.Removed(0, WrittenText(IterAt(0), IterAt(static_cast<std::size_t>(old))));
-    history_.Inserted(0, text);
+    history_.Inserted(0, std::string(text));
     history_.End();
   }
 
-  void Append(const std::string& valid, gint old, const std::function<void(double)>& advance) {
+  void Append(std::string_view valid, gint old, const std::function<void(double)>& advance) {
     try {
       for (std::size_t at = 0; at < valid.size();) {
         std::size_t end = std::min(at + kPiece, valid.size());
         while (end < valid.size() && (static_cast<unsigned char>(valid[end]) & 0xC0U) == 0x80U) ++end;
-        InsertAtEnd(std::string_view(valid).substr(at, end - at));
+        InsertAtEnd(valid.substr(at, end - at));
         advance(static_cast<double>(end) / static_cast<double>(valid.size()));
         at = end;
       }
@@ -318,7 +311,7 @@ class RichTextBuffer::Implementation {
 
   // Thousands of changes would take seconds; where no format could be lost, everything from the first place
   // to the last is one.
-  void ReplaceSpan(const std::vector<long>& places, long length, const std::string& replacement) {
+  void ReplaceSpan(const std::vector<long>& places, long length, std::string_view replacement) {
     const auto begin = static_cast<gint>(places.front());
     const auto end = static_cast<gint>(places.back() + length);
     const std::string text =
@@ -563,7 +556,7 @@ TextFormat RichTextBuffer::ShowFile(const std::string& path) {
   return stored.format;
 }
 std::function<std::string()> RichTextBuffer::Rtf() const {
-  return [content = implementation_->Content()] { return WriteRtf(content); };
+  return implementation_->Rtf();
 }
 void RichTextBuffer::ShowLongParagraphsInPieces() {
   implementation_->ShowLongParagraphsInPieces();
