@@ -83,7 +83,7 @@ std::string RemoteSession::Selection() const {
 void RemoteSession::ReadFiles(const std::vector<std::string>& files) {
   parts_.window.Run("Dateien", [&] {
     std::string text;
-    for (const std::string& file : files) text += ReadRichTextFile(file).text + "\n\n";
+    for (const std::string& file : files) text += ReadRichTextFile(file).text.text + "\n\n";
     ReadAloud(std::move(text), "In den Dateien steht kein Text.");
   });
 }
