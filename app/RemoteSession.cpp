@@ -49,7 +49,7 @@ void RemoteSession::Carry(const RemoteOrder& order) {
     case RemoteRequest::Raise:
       return parts_.raise();
     case RemoteRequest::Quit:
-      return parts_.window.CloseRequested();
+      return parts_.awaitsAnswer() ? parts_.raise() : parts_.window.CloseRequested();
     case RemoteRequest::ReadSelection:
       return ReadAloud(Selection());
     case RemoteRequest::ReadFiles:

@@ -33,6 +33,7 @@ class RemoteSession {
     std::function<std::string()> primarySelection;  // what was selected last, where the system keeps that
     std::function<std::string()> title;             // of the text that is read
     std::function<void()> raise;                    // brings the window to the front
+    std::function<bool()> awaitsAnswer;             // whether a dialog is open that has to be answered first
   };
 
   explicit RemoteSession(Parts parts) : parts_(std::move(parts)) {}

@@ -16,6 +16,7 @@
 #include "desktop/frmPronunciationDialogs.h"
 #include "desktop/frmTaskEditor.h"
 #include "desktop/frmVoiceDialogs.h"
+#include "desktop/toolkit/ModalDialogs.h"
 #include "desktop/toolkit/WxAlarm.h"
 #include "desktop/toolkit/WxClipboard.h"
 #include "desktop/toolkit/WxEventPump.h"
@@ -270,6 +271,7 @@ class App::Program {
       spoken_, messageBoxes_,
       [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }};
   WindowModules modules_;
+  ModalDialogs dialogs_;
   RemoteSession remote_{
       {.remote = *services_.remote,
        .window = modules_.window,
@@ -281,7 +283,8 @@ class App::Program {
        .ownSelection = [this] { return form_->IsActive() ? document_.SelectedText() : ""; },
        .primarySelection = &PrimarySelection,
        .title = [this] { return std::string(WithoutChangeMark(modules_.documents.Title())); },
-       .raise = [this] { Raise(); }}};
+       .raise = [this] { Raise(); },
+       .awaitsAnswer = [this] { return dialogs_.AwaitAnswer(); }}};
   ModFileReg fileTypes_;
   WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),
                               [this] { modules_.tasks.FollowFolder(); }};

@@ -19,6 +19,7 @@ class Remote : public ScriptFixture {
   std::string own;
   std::string primary;
   int raised = 0;
+  bool awaitsAnswer = false;
   RemoteSession session{{.remote = remote,
                          .window = modules.window,
                          .speech = spoken.speech,
@@ -29,7 +30,8 @@ class Remote : public ScriptFixture {
                          .ownSelection = [this] { return own; },
                          .primarySelection = [this] { return primary; },
                          .title = [] { return std::string("Brief - Lorelin"); },
-                         .raise = [this] { ++raised; }}};
+                         .raise = [this] { ++raised; },
+                         .awaitsAnswer = [this] { return awaitsAnswer; }}};
 };
 
 TEST_F(Remote, ReadsFilesOneBehindTheOther) {
@@ -131,6 +133,13 @@ TEST_F(Remote, BringsTheWindowToTheFrontAndEndsTheProgram) {
   EXPECT_EQ(raised, 1);
   remote.ask(RemoteRequest::Quit);
   EXPECT_TRUE(calls.Has("view.end"));
+}
+
+TEST_F(Remote, ShowsTheDialogThatHasToBeAnsweredBeforeItEnds) {
+  awaitsAnswer = true;
+  remote.ask(RemoteRequest::Quit);
+  EXPECT_EQ(raised, 1);
+  EXPECT_FALSE(calls.Has("view.end"));
 }
 
 // A settings store may hold anything.

@@ -33,6 +33,10 @@ seconds_rendered() { # AT LEAST
   return 1
 }
 
+quit() {
+  dbus-send --session --type=method_call --dest=org.mpris.MediaPlayer2.lorelin /org/mpris/MediaPlayer2 org.mpris.MediaPlayer2.Quit
+}
+
 text=$home/brief.txt
 for i in $(seq 40); do echo "Das ist der Satz mit der Nummer $i, und er ist nicht kurz."; done >"$text"
 check "the window is a player on the bus" start "$text"
@@ -67,14 +71,28 @@ check "the document still stays as it was" test "$(player metadata xesam:title)"
 
 # A bus call to one that has gone fails at once.
 playerctl -p lorelin stop 2>/dev/null
-dbus-send --session --type=method_call --dest=org.mpris.MediaPlayer2.lorelin /org/mpris/MediaPlayer2 org.mpris.MediaPlayer2.Quit
+quit
 check "it ends when it is asked to" within 10 ended
 check "and is no player any more" bash -c "! playerctl -p lorelin status 2>/dev/null"
 
 check "without a first one it starts and reads what is selected" start --auswahl
 check "aloud" within 10 has_status Playing
-dbus-send --session --type=method_call --dest=org.mpris.MediaPlayer2.lorelin /org/mpris/MediaPlayer2 org.mpris.MediaPlayer2.Quit
+quit
 check "and ends while it reads" within 10 ended
+box_is_there() { xdotool search --onlyvisible --name '^Hinweis$' >/dev/null 2>&1; }
+window_is_there() { xdotool search --onlyvisible --name 'Lorelin$' >/dev/null 2>&1; }
+"$bin/lorelin-cli" reg add 'HKCU\Software\VB and VBA Program Settings\Lorelin\Settings' ShowPauseMsg yes
+check "it starts once more" start "$text"
+player play
+check "it plays" within 10 has_status Playing
+player pause
+check "a box explains the pause" within 10 box_is_there
+quit
+sleep 1
+check "which has to be answered before it ends" window_is_there
+xdotool search --onlyvisible --name '^Hinweis$' windowactivate --sync key Return
+quit_again() { quit 2>/dev/null; within 1 ended; }
+check "then it ends" within 10 quit_again
 check "no engine is left" within 5 no_engine_left "$bin"
 check "no warning was printed" test ! -s "$home/log"
 cat "$home/log"
