@@ -130,8 +130,7 @@ bool StandsInReference(const Tokens& tokens, std::size_t i) {
 // "Wind SW 4", "aus NW", "im SO des Landes".
 bool IsAboutWind(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 16;  // tokens
-  if (IsOneOf(tokens.WordBefore(i), {"aus", "nach", "Richtung", "im"}) && tokens.View(i).size() > 1)
-    return true;
+  if (IsOneOf(tokens.WordBefore(i), {"aus", "nach", "Richtung"}) && tokens.View(i).size() > 1) return true;
   for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
     if (HasPrefix(tokens.View(at), {"Wind", "Böen", "Sturm"}) ||
         HasSuffix(tokens.View(at), {"wind", "winde"}))
@@ -196,6 +195,8 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
              !MonthAt(tokens, name);
     }
     case Around::Described:
+      // "männl., 67 J.": nothing to bend it for.
+      if (one.bending == Bending::Adjective && IsOneOf(tokens.View(end), {",", ")", ";"})) return true;
       return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next));
     case Around::Spice:
       return HasSuffix(tokens.View(next),
@@ -263,6 +264,9 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return IsOneOf(tokens.View(next), {"„", "\"", "»", "‚"});
     case Around::Clock:
       return tokens.WordBefore(i) == "Uhr";
+    case Around::Region:
+      return IsOneOf(tokens.WordBefore(i), {"im", "Im"}) && tokens.IsBlank(i + 1) && tokens.IsWord(i + 2) &&
+             !tokens.IsCapital(i + 2);
     case Around::Wind:
       return IsAboutWind(tokens, i);
     case Around::Percent:
@@ -342,6 +346,7 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
   const std::size_t latest = word.size() - 4;  // so much of the last part has to be there
   if (word.ends_with('g') && IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ung", latest))
     return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ung", i + 2};
+  if (HasSuffix(word, {"bark", "igk", "lichk", "samk"})) return CutNoun{std::string(word) + "eit", i + 2};
   for (const std::string_view rest :
        {"ung", "keit", "eit", "heit", "schaft", "aft",    "ion", "tion", "ation", "ität", "nis",
         "and", "ent",  "ik",  "um",   "arf",    "ehlung", "er",  "e",    "en",    "el"}) {
@@ -412,6 +417,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"gew", "gewicht"},
                              {"pkt", "punkt"},
                              {"abl", "ablauf"},
+                             {"eing", "eingang"},
                              {"dat", "datum"},
                              {"spielz", "spielzeit"},
                              {"arbeitsz", "arbeitszeit"},
@@ -430,18 +436,21 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"gesch", "geschoss"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
+  if (word.empty() || (!point && !HasSuffix(word, {"str", "Str", "bhf"}))) return std::nullopt;
   for (const Part& part : kParts) {
-    if (word.size() < part.written.size() + 3 || !word.ends_with(part.written)) continue;
+    if (word.back() != part.written.back() || word.size() < part.written.size() + 3 ||
+        !word.ends_with(part.written))
+      continue;
     const bool needed = part.written != "bhf";
     if (part.written == "pl" && !(point && tokens.IsCapital(i))) continue;
     // Only where the sentence goes on it is certain that a word was cut.
     const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
     const std::size_t behind = tokens.Skip(i + 2);
     // "Betriebstemp. -10", "ab Kaufdat.": no word ends like that.
-    const bool parted =
-        point && tokens.IsCapital(i) && !NounOf(tokens.View(i)).known &&
-        part.written.size() + 4 <= word.size() &&
-        (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) || tokens.IsLast(i + 1));
+    const bool parted = point && tokens.IsCapital(i) && !NounOf(tokens.View(i)).known &&
+                        part.written.size() + 4 <= word.size() &&
+                        (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) ||
+                         (part.written.size() > 2 && tokens.IsLast(i + 1)));
     if (!common && !parted &&
         (!tokens.IsCapital(i) || !point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
          !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))

@@ -50,6 +50,7 @@ enum class Around : std::uint8_t {
   Degrees,         // degrees or their minutes stand before
   Clock,           // "Uhr" stands before
   Away,            // a distance or duration stands before
+  Region,          // "im" stands before
   Wind,            // the wind is spoken of
   Inside,          // the clause has begun before
   Greeted,         // from whom or to whom follows

@@ -79,7 +79,7 @@ std::string QuantityWords(const Tokens& tokens, std::size_t first, std::size_t b
                           const Quantity& quantity, Gender gender) {
   if (quantity.halves == 1) return OneHalfBefore(tokens, first, behind, AgreementOf(gender));
   if (quantity.one) return OneBefore(tokens, first, behind, AgreementOf(gender));
-  if (!quantity.part.empty() && CaseAt(tokens, first, behind) == Case::Dative)
+  if (!quantity.part.empty() && (gender == Gender::Feminine || CaseAt(tokens, first, behind) == Case::Dative))
     return OneBefore(tokens, first, behind, AgreementOf(gender)) + " " + quantity.part;
   return quantity.words;
 }
@@ -216,7 +216,7 @@ bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantit
   const auto sign = tokens.View(unitAt);
   const bool letter = sign.size() == 1 && tokens.IsWord(unitAt);
   const bool side = sign == "m" && IsOneOf(tokens.WordBefore(first), {"H", "B", "T", "L"});  // "B 2 m"
-  if (letter && LabelBefore(tokens, first) && !side) return false;
+  if (letter && quantity.number.IsWhole() && LabelBefore(tokens, first) && !side) return false;
   // "24 h", "5 m" beside a dash belong to a longer word: "100-m-Lauf" is read elsewhere.
   if (unit.singular.starts_with("Grad") && sign == "°" && tokens.IsNumber(unit.end)) return false;
   return !(tokens.IsDashAt(unit.end) && tokens.IsWord(unit.end + 1));

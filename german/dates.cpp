@@ -236,6 +236,9 @@ std::string_view ArticleBehindWeekday(const Tokens& tokens, std::size_t i) {
   if (at != Tokens::kNone && at > 0 && tokens.Is(at, ",")) at = tokens.Before(at);
   if (at != Tokens::kNone && at > 0 && tokens.Is(at, ".")) --at;
   if (at == Tokens::kNone || !tokens.IsWord(at) || !IsWeekdayWord(tokens.View(at))) return {};
+  const std::size_t sign = tokens.Before(at);
+  if (sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") && tokens.Is(sign - 1, "v"))
+    return "dem ";  // "v. Do., 2.5."
   const std::string before = WithLowerStart(tokens.WordBefore(at));
   if (IsOneOf(before, {"am", "vom", "zum", "beim", "ab", "seit", "dem"})) return "dem ";
   return IsOneOf(before, {"bis", "für", "auf", "den", "kommenden", "nächsten", "diesen"}) ? "den " : "";

@@ -91,6 +91,7 @@ std::string_view WholeWord(std::string_view word) {
                               {"exkl", "exklusive"},  {"einschl", "einschließlich"},
                               {"abzgl", "abzüglich"}, {"zw", "zwischen"},
                               {"lt", "laut"},         {"jd", "jeden"},
+                              {"unt", "unter"},       {"a", "an"},
                               {"gem", "gemäß"},       {"innerh", "innerhalb"},
                               {"wg", "wegen"},        {"ggü", "gegenüber"}};
   for (const Short& one : kShort) {

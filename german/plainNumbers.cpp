@@ -147,6 +147,8 @@ Found TimesAt(const Tokens& tokens, std::size_t i) {
   const auto number = DigitsAt(tokens, i, 3);
   if (!number || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t at = tokens.Skip(i + 1);
+  if (*number == 0 && at == i + 1 && tokens.Is(at, "x") && tokens.IsNumber(at + 1))
+    return Phrase{at + 2, "null x " + DigitWords(tokens.View(at + 1))};  // "0x80070057"
   const bool times = tokens.Is(at, "x") || tokens.Is(at, "×") || (*number == 1 && tokens.Is(at, "mal"));
   // "4x100-m-Staffel".
   if (times && at == i + 1 && tokens.IsNumber(at + 1) && tokens.Is(at + 2, "-") && tokens.IsWord(at + 3))
@@ -181,10 +183,20 @@ Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
   if (tokens.View(i - 1).size() == 1 && tokens.Is(i + 1, ".") && tokens.IsNumber(i + 2, 1, 3))  // "v1.2"
-    return Phrase{i + 2, CardinalWords(*value) + " Punkt "};
+  {
+    std::string words = CardinalWords(*value);
+    std::size_t end = i + 1;
+    while (tokens.Is(end, ".") && tokens.IsNumber(end + 1, 1, 4)) {
+      words += " Punkt " + CardinalWords(*DigitsAt(tokens, end + 1, 4));
+      end += 2;
+    }
+    return Phrase{end, words};
+  }
   if (const auto number = NumberAt(tokens, i); number && !number->IsWhole())
     return Phrase{number->end, NumberText(*number)};
-  return Phrase{i + 1, tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
+  const bool code = tokens.View(i - 1).size() > 4 && IsAllCaps(tokens.View(i - 1));  // "BYLADEM1001"
+  return Phrase{i + 1,
+                code || tokens.View(i).front() == '0' ? DigitWords(tokens.View(i)) : CardinalWords(*value)};
 }
 
 namespace {

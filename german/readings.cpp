@@ -64,6 +64,9 @@ bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
   if (at == Tokens::kNone) return false;
   if (tokens.Is(at, ".") && at > 0) --at;
+  const std::size_t article = tokens.Before(at);
+  if (article != Tokens::kNone && article > 0 && tokens.Is(article, ".") && tokens.Is(article - 1, "d"))
+    return true;
   return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
 }
 
@@ -112,6 +115,13 @@ std::string OutOfOrAt(const Tokens& tokens, std::size_t end) {
   return IsManOrThing(tokens, tokens.Skip(end)) ? "aus dem" : "an der";
 }
 
+// "Preußen", "Bayern", "Deutschland".
+bool LooksLikePlace(std::string_view word) {
+  return HasSuffix(word,
+                   {"ern", "ßen", "sen", "land", "burg", "heim", "ingen", "stadt", "berg", "reich", "ien"}) &&
+         NounOf(word).gender == Gender::Neuter;
+}
+
 bool IsAllCapsOrLetter(std::string_view word) {
   return IsAllCaps(word) || (word.size() == 1 && IsUpperWord(word));
 }
@@ -126,11 +136,15 @@ std::string VonOrVom(const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t sign = tokens.Before(i);
   const bool ruler =
       sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") && IsAllCapsOrLetter(tokens.View(sign - 1));
-  const auto what = tokens.View(tokens.Skip(end));
-  const bool place = HasSuffix(what, {"ern", "ßen", "sen", "land", "burg", "heim", "ingen", "stadt", "berg",
-                                      "reich", "ien"}) &&
-                     NounOf(what).gender == Gender::Neuter;
-  if (ruler || place) return "von";
+  // "v. Do., 2.5.", but "v. Mo. bis Mi."
+  const std::size_t weekday = tokens.Skip(end);
+  if (IsOneOf(tokens.View(weekday), {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) ||
+      tokens.View(weekday).ends_with("tag")) {
+    std::size_t date = weekday + 1;
+    while (tokens.IsBlank(date) || IsOneOf(tokens.View(date), {".", ","})) ++date;
+    return DateShapeAt(tokens, date) ? "vom" : "von";
+  }
+  if (ruler || LooksLikePlace(tokens.View(tokens.Skip(end)))) return "von";
   const bool person = IsOneOf(tokens.View(tokens.Skip(end)), {"Herrn", "Herr", "Frau", "Dr", "Prof"});
   return !name && !person && IsManOrThing(tokens, tokens.Skip(end)) ? "vom" : "von";
 }
@@ -251,16 +265,17 @@ Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
 
 // What stands before a unit that is counted in words: "zwei kg", "einige km".
 bool CountsInWords(std::string_view word) {
-  return IsOneOf(
-      word, {"zwei",   "drei",    "vier",       "fünf",       "sechs",       "sieben",   "acht",    "neun",
-             "zehn",   "elf",     "zwölf",      "zwanzig",    "dreißig",     "fünfzig",  "hundert", "tausend",
-             "einige", "einigen", "wenige",     "wenigen",    "mehrere",     "mehreren", "paar",    "viele",
-             "vielen", "halbe",   "anderthalb", "eineinhalb", "zweieinhalb", "dutzend"});
+  return IsOneOf(word, {"Zwei",    "Drei",       "Einige",     "zwei",        "drei",    "vier",   "fünf",
+                        "sechs",   "sieben",     "acht",       "neun",        "zehn",    "elf",    "zwölf",
+                        "zwanzig", "dreißig",    "fünfzig",    "hundert",     "tausend", "einige", "einigen",
+                        "wenige",  "wenigen",    "mehrere",    "mehreren",    "paar",    "viele",  "vielen",
+                        "halbe",   "anderthalb", "eineinhalb", "zweieinhalb", "dutzend"});
 }
 
 bool CountsOne(std::string_view word) {
-  return IsOneOf(word, {"je", "pro", "per", "ein", "eine", "einen", "einem", "einer", "jeder", "jede",
-                        "jedes", "jeden", "halber", "halben", "letzte", "letzten"});
+  return IsOneOf(
+      word, {"Je",    "Pro",   "Ein",   "Eine", "je",    "pro",   "per",    "ein",    "eine",   "einen",
+             "einem", "einer", "jeder", "jede", "jedes", "jeden", "halber", "halben", "letzte", "letzten"});
 }
 
 // "5 €–10 €", "3 kg - 5 kg": between two sums or measures.
@@ -278,8 +293,8 @@ Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
 
 // "je kWh", "pro St.", "zwei EL", "einige km", "Angaben in cm".
 Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
-  const std::string before = WithLowerStart(tokens.WordBefore(i));
-  if (before.empty() || !tokens.FreeBefore(i) ||
+  const auto before = tokens.WordBefore(i);
+  if (before.empty() || tokens.View(i).size() > 8 || !tokens.FreeBefore(i) ||
       IsOneOf(tokens.View(i), {"A", "V", "U", "P", "Pack", "Sch", "E"}))
     return std::nullopt;
   const bool one = CountsOne(before);
@@ -298,6 +313,7 @@ Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
 
 // "km-Stand", "kWh-Preis", "%-Punkte".
 Found UnitOfCompoundAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i + 1, "-")) return std::nullopt;
   if (!IsOneOf(tokens.View(i),
                {"km", "kg", "kWh", "kW", "cm", "mm", "GB", "MB", "ml", "qm", "%", "€", "mg", "EUR", "ha"}) ||
       !tokens.FreeBefore(i) || !tokens.Is(i + 1, "-") || !tokens.IsCapital(i + 2))
@@ -318,7 +334,11 @@ bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
 std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& noun) {
   const bool feminine = noun.plural || noun.gender == Gender::Feminine;
   if (noun.genitive && !noun.plural) return "des";
-  if (BelongsToNounBefore(tokens, i)) return feminine ? "der" : "des";
+  // "kostete 6 Mio. Menschen d. Leben": without its "s" it is no genitive, unless it is cut.
+  const std::size_t next = NounBehind(tokens, tokens.Skip(i + 2));
+  const bool whole = next != Tokens::kNone && !tokens.Is(next + 1, ".") && next == tokens.Skip(i + 2);
+  const bool genitive = feminine || !whole || !noun.known;
+  if (genitive && BelongsToNounBefore(tokens, i)) return feminine ? "der" : "des";
   const auto ending = EndingAt(tokens, i, noun);
   if (ending == "e") return "die";
   return ending == "es" ? "das" : "d" + std::string(ending);
@@ -362,7 +382,7 @@ Found InPhraseAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
   if (!tokens.IsCapital(noun) || !agreement.known || agreement.plural) return std::nullopt;
-  if (IsSchoolSubject(tokens.View(noun))) return Phrase{i + 2, "in"};
+  if (IsSchoolSubject(tokens.View(noun)) || LooksLikePlace(tokens.View(noun))) return Phrase{i + 2, "in"};
   return Phrase{i + 2, agreement.gender == Gender::Feminine ? "in der" : "im"};
 }
 

@@ -64,6 +64,7 @@ std::string_view NameOf(std::string_view written) {
 }  // namespace
 
 Found ScriptureAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(tokens.Skip(i + 1)) && !tokens.Is(i + 1, ".")) return std::nullopt;
   const auto name = NameOf(tokens.View(i));
   if (name.empty() || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t at = tokens.Skip(tokens.Is(i + 1, ".") ? i + 2 : i + 1);

@@ -106,6 +106,10 @@ class SentenceReader {
     const auto word = tokens_.View(i - 1);
     const bool initial = word.size() <= 2 && IsUpperWord(word) && tokens_.FreeBefore(i - 1);
     const std::size_t next = AfterGaps(behind);
+    // "Ziff. 3.1 d. AGB".
+    if (word == "d" && tokens_.IsCapital(next) && !StartsSentences(tokens_.View(next)) &&
+        LinesBetween(behind, next) == 0)
+      return 0;
     if (IsLoneSmallLetter(i - 1) && tokens_.IsCapital(next) && LinesBetween(behind, next) == 0) return 0;
     // "App. 214", "op. 27": a short word before a number is rather an abbreviation than the end.
     if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 &&

@@ -61,6 +61,14 @@ std::string WithGaps(const Tokens& tokens, std::size_t i, std::string_view name)
   return (before ? " " : "") + std::string(name) + (behind ? " " : "");
 }
 
+// "Einstellungen > Allgemein > Info": the way through a menu.
+bool LeadsThroughMenu(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  return before != Tokens::kNone && before > 0 &&
+         (tokens.IsCapital(before) || (tokens.Is(before, ".") && tokens.IsCapital(before - 1))) &&
+         tokens.IsCapital(i + 2) && tokens.View(i + 2).size() > 1;
+}
+
 Found MathSignAt(const Tokens& tokens, std::size_t i) {
   for (const SignName& one : kBetween) {
     if (!tokens.Is(i, one.sign)) continue;
@@ -76,6 +84,7 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
     if (IsOneOf(one.sign, {"<", ">"})) {
       if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "=", "<", ">"})) return std::nullopt;
       // The sign of a quoted line.
+      if (one.sign == ">" && spaced && LeadsThroughMenu(tokens, i)) return Phrase{i + 1, "–"};
       if (one.sign == ">" && tokens.OpensLine(i) && tokens.IsBlank(i + 1)) return std::nullopt;
     }
     return Phrase{i + 1, WithGaps(tokens, i, one.name)};
@@ -105,6 +114,10 @@ Found PowerAt(const Tokens& tokens, std::size_t i) {
   if ((!square && !tokens.Is(i, "³")) || i == 0 || !(tokens.IsWord(i - 1) || tokens.IsNumber(i - 1)))
     return std::nullopt;
   if (tokens.IsWord(i - 1) && tokens.View(i - 1).size() > 2) return std::nullopt;
+  if (tokens.Is(i + 1, "²") || tokens.Is(i + 1, "³")) {  // "10²³"
+    const std::uint64_t high = square ? 2 : 3;
+    return Phrase{i + 2, " hoch " + CardinalWords(10 * high + (tokens.Is(i + 1, "²") ? 2 : 3))};
+  }
   return Phrase{i + 1, square ? " hoch zwei" : " hoch drei"};
 }
 

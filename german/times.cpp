@@ -167,6 +167,11 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
     const std::string begin = hourNamed ? ClockWords(*first) : FirstClockWords(*first);
     return Phrase{end, begin + between + ClockWords(*second)};
   }
+  // "Mo 10–11:30".
+  const bool hour =
+      second->byColon && dash && later && IsWeekday(tokens, i) && tokens.FreeBehind(second->end - 1);
+  if (hour && !first->minute)
+    return Phrase{second->end, FirstClockWords(*first) + between + ClockWords(*second)};
   const bool named = first->minute && second->minute && IsWeekday(tokens, i);
   if (!named && (!first->byColon || !second->byColon)) return std::nullopt;
   return Phrase{second->end, ClockWords(*first) + between + ClockWords(*second)};

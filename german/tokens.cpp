@@ -55,7 +55,12 @@ bool IsAllCaps(std::string_view word) {
 }
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
-  return std::find(words.begin(), words.end(), word) != words.end();
+  // Most differ in their size or first letter.
+  for (const std::string_view one : words) {
+    if (one.size() == word.size() && (one.empty() || (one.front() == word.front() && one == word)))
+      return true;
+  }
+  return false;
 }
 
 bool HasPrefix(std::string_view word, std::initializer_list<std::string_view> beginnings) {
@@ -64,7 +69,12 @@ bool HasPrefix(std::string_view word, std::initializer_list<std::string_view> be
 }
 
 bool HasSuffix(std::string_view word, std::initializer_list<std::string_view> endings) {
-  return std::any_of(endings.begin(), endings.end(), [&](auto ending) { return word.ends_with(ending); });
+  for (const std::string_view ending : endings) {
+    if (ending.empty() ||
+        (word.size() >= ending.size() && word.back() == ending.back() && word.ends_with(ending)))
+      return true;
+  }
+  return false;
 }
 
 bool IsDash(std::string_view sign) {
@@ -96,11 +106,6 @@ std::string WithLowerStart(std::string_view word) {
     if (word.starts_with(kUpperUmlauts[i])) result.replace(0, 2, kLowerUmlauts[i]);
   }
   return result;
-}
-
-std::string_view Tokens::View(std::size_t i) const {
-  if (i >= list_.size()) return {};
-  return text_.substr(list_[i].begin, list_[i].end - list_[i].begin);
 }
 
 std::string_view Tokens::View(std::size_t first, std::size_t last) const {

@@ -50,8 +50,13 @@ class Tokens {
   [[nodiscard]] std::string_view Text() const { return text_; }
   [[nodiscard]] std::size_t Count() const { return list_.size(); }
   [[nodiscard]] Token At(std::size_t i) const { return i < list_.size() ? list_[i] : Token{}; }
-  [[nodiscard]] TokenKind Kind(std::size_t i) const { return At(i).kind; }
-  [[nodiscard]] std::string_view View(std::size_t i) const;
+  [[nodiscard]] TokenKind Kind(std::size_t i) const {
+    return i < list_.size() ? list_[i].kind : TokenKind::End;
+  }
+  [[nodiscard]] std::string_view View(std::size_t i) const {
+    if (i >= list_.size()) return {};
+    return {text_.data() + list_[i].begin, list_[i].end - list_[i].begin};
+  }
   // From the first of them to the last, that one not included.
   [[nodiscard]] std::string_view View(std::size_t first, std::size_t last) const;
 

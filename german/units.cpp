@@ -160,6 +160,7 @@ constexpr std::array kUnits{
     UnitName{"Einw", "Einwohner", "Einwohner", kM, Point::Always, "Einwohnern"},
     UnitName{"Pkte", "Punkt", "Punkte", kM, Point::Always},
     UnitName{"K", "Kelvin", "Kelvin", kN},
+    UnitName{"Lj", "Lichtjahr", "Lichtjahre", kN, Point::Always, "Lichtjahren"},
     UnitName{"gtt", "Tropfen", "Tropfen", kM, Point::Maybe},
     UnitName{"Ki", "Kind", "Kinder", kN, Point::Always, "Kindern"},
     UnitName{"Hm", "Höhenmeter", "Höhenmeter"},
@@ -316,6 +317,13 @@ std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
     if (view == "Pkt" && tokens.IsCapital(tokens.Skip(unit.end)) && tokens.IsBlank(unit.end)) {
       unit.singular = unit.plural = unit.dativePlural = "Päckchen";
       unit.gender = kN;
+    }
+    // "in 2 Bd.", but "1 Bd. Petersilie".
+    if (view == "Bd" && !tokens.IsCapital(tokens.Skip(unit.end))) {
+      unit.singular = "Band";
+      unit.plural = "Bände";
+      unit.dativePlural = "Bänden";
+      unit.gender = kM;
     }
     unit.doubtfulPoint = point && !IsUpperWord(view);
     return unit;
