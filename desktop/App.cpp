@@ -162,6 +162,7 @@ class App::Program {
             },
         .textmode = [this] { modules_.window.Textmode(); }};
     if (Main(parts, commandLine) != StartResult::Started) return false;
+    if (services_.preparesVoices) spoken_.speech.PrepareVoice();
     remote_.Begin();
     OnMediaKeys(*form_, [this](RemoteRequest request) { remote_.Carry(request); });
     if (readsSelection) remote_.ReadAloud(selected);

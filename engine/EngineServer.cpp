@@ -118,6 +118,11 @@ bool EngineServer::Handle(const Message& message) {
       if (part) TakePart(std::move(*part));
       return part.has_value();
     }
+    case Kind::Prepare: {
+      const auto voice = ReadNumber(message.fields);
+      if (voice) PrepareVoice(static_cast<std::int32_t>(*voice));
+      return voice.has_value();
+    }
     case Kind::Pause:
       SetPaused(true);
       return true;
@@ -141,6 +146,12 @@ void EngineServer::StartSpeaking(Utterance utterance) {
   const std::lock_guard guard(mutex_);
   goesOn_ = utterance.goesOn ? utterance.id : 0;
   waiting_ = std::move(utterance);
+  changed_.notify_all();
+}
+
+void EngineServer::PrepareVoice(std::int32_t voice) {
+  const std::lock_guard guard(mutex_);
+  toPrepare_ = voice;
   changed_.notify_all();
 }
 
@@ -188,10 +199,13 @@ std::optional<Utterance> EngineServer::NextUtterance() {
   std::unique_lock guard(mutex_);
   speaking_ = false;
   while (!closing_ && !waiting_) {
+    const auto voice = std::exchange(toPrepare_, std::nullopt);
     guard.unlock();
+    if (voice) synthesizers_.Prepare(*voice);
     const milliseconds again = audio_.CloseIdle();
     guard.lock();
     if (closing_ || waiting_) break;
+    if (toPrepare_) continue;
     if (again == milliseconds::zero()) {
       changed_.wait(guard);
     } else {

@@ -51,6 +51,7 @@ class EngineServer {
   void TellWords();
   bool Handle(const Message& message);
   void StartSpeaking(Utterance utterance);
+  void PrepareVoice(std::int32_t voice);
   void TakePart(TextPart part);
   void Discard();
   void SetPaused(bool paused);
@@ -67,7 +68,8 @@ class EngineServer {
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   std::optional<Utterance> waiting_;
-  std::uint32_t goesOn_ = 0;  // the text of which more is to come
+  std::optional<std::int32_t> toPrepare_;  // a voice
+  std::uint32_t goesOn_ = 0;               // the text of which more is to come
   std::deque<std::string> parts_;
   bool speaking_ = false;
   bool discarded_ = false;

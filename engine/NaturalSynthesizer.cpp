@@ -119,6 +119,13 @@ void NaturalSynthesizer::Apply(std::size_t voice, const Utterance& utterance) {
   lastRun_ = 0;
 }
 
+// Whatever goes wrong is told with the text.
+void NaturalSynthesizer::Prepare(std::size_t voice) {
+  if (voice >= choices_.size()) return;
+  choice_ = choices_[voice];
+  (void)Load();
+}
+
 void NaturalSynthesizer::SetCancelled(bool cancelled) {
   cancelled_ = cancelled;
   if (const OnnxRuntime* const runtime = stoppable_.load()) runtime->SetStopped(cancelled);

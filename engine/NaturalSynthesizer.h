@@ -27,6 +27,7 @@ class NaturalSynthesizer final : public Synthesizer {
 
   [[nodiscard]] std::vector<Voice> Voices() const override;
   void Apply(std::size_t voice, const Utterance& utterance) override;
+  void Prepare(std::size_t voice) override;
   bool Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words) override;
   [[nodiscard]] std::string Problem() const override { return problem_; }
   [[nodiscard]] std::chrono::milliseconds Patience() const override;

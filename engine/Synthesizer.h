@@ -29,6 +29,8 @@ class Synthesizer {
   [[nodiscard]] virtual std::vector<Voice> Voices() const = 0;
   // Parameters of the texts that follow, and the voice: its place among Voices().
   virtual void Apply(std::size_t voice, const Utterance& utterance) = 0;
+  // A text with this voice is going to follow: what takes its time may be done now.
+  virtual void Prepare(std::size_t) {}
   // Synthesizes the text; false when `samples` ended it, it was cancelled or something failed. `words` gets
   // every word before the sample it begins with, places and samples counted from the text's beginning.
   virtual bool Speak(std::string_view text, const Samples& samples, const WordMarker::Take& words) = 0;

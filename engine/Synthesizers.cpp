@@ -41,19 +41,28 @@ Capabilities Synthesizers::Describe() const {
   return capabilities;
 }
 
-Synthesizer& Synthesizers::Choose(const Utterance& utterance) {
-  auto index = static_cast<std::size_t>(utterance.voice - 1);
-  for (std::size_t part = 0; utterance.voice >= 1 && part < parts_.size(); ++part) {
+void Synthesizers::Select(std::int32_t voice) {
+  auto index = static_cast<std::size_t>(voice - 1);
+  for (std::size_t part = 0; voice >= 1 && part < parts_.size(); ++part) {
     if (index < parts_[part].voices.size()) {
       part_ = part;
       voice_ = index;
-      break;
+      return;
     }
     index -= parts_[part].voices.size();
   }
+}
+
+Synthesizer& Synthesizers::Choose(const Utterance& utterance) {
+  Select(utterance.voice);
   Synthesizer& chosen = *parts_[part_].synthesizer;
   chosen.Apply(voice_, utterance);
   return chosen;
+}
+
+void Synthesizers::Prepare(std::int32_t voice) {
+  Select(voice);
+  parts_[part_].synthesizer->Prepare(voice_);
 }
 
 void Synthesizers::SetCancelled(bool cancelled) {

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,6 +27,8 @@ class Synthesizers {
   // The one that speaks with the text's voice, prepared for it; a number that no voice has leaves the one
   // before.
   Synthesizer& Choose(const Utterance& utterance);
+  // A text with this voice is going to follow.
+  void Prepare(std::int32_t voice);
   // From any thread: whoever speaks ends as soon as it can.
   void SetCancelled(bool cancelled);
 
@@ -37,6 +40,7 @@ class Synthesizers {
 
   void Add(std::unique_ptr<Synthesizer> synthesizer);
   void AddNaturalVoices();
+  void Select(std::int32_t voice);
 
   EspeakLibrary library_;
   std::vector<Part> parts_;

@@ -60,7 +60,7 @@ class FieldReader {
 };
 
 bool IsKnown(std::uint8_t kind) {
-  return (kind >= 1 && kind <= 7) || (kind >= 16 && kind <= 21);
+  return (kind >= 1 && kind <= 7) || (kind >= 16 && kind <= 22);
 }
 
 Range ReadRange(FieldReader& reader) {

@@ -14,7 +14,7 @@ namespace lorelin::engine {
 // another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
 // filled by its fields.
 
-inline constexpr std::uint32_t kProtocolVersion = 4;
+inline constexpr std::uint32_t kProtocolVersion = 5;
 inline constexpr std::uint32_t kMaxFrame = 256U << 20;
 inline constexpr std::size_t kKindAt = 4;  // of a frame
 
@@ -32,8 +32,9 @@ enum class Kind : std::uint8_t {
   Pause = 17,
   Resume = 18,
   Reset = 19,
-  Ping = 20,  // number
-  More = 21,  // TextPart
+  Ping = 20,     // number
+  More = 21,     // TextPart
+  Prepare = 22,  // voice that a text is going to be spoken with
 };
 
 enum class NoticeCode : std::uint32_t {

@@ -47,6 +47,7 @@ struct PlatformServices {
   std::unique_ptr<Registry> registry;
   std::string registryNotice;  // German; "" when the settings are as they should be
   bool settingsLost = false;   // the notice has to be confirmed by a person
+  bool preparesVoices = false;  // an instance gets a voice ready as soon as it is told which one
 
   [[nodiscard]] SystemPorts Ports() const {
     return {*registry,   *fileWriter, *fileSearch, *clock,    *log,       *scriptLog,

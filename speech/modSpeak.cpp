@@ -230,6 +230,15 @@ void ModSpeak::ApplyVoice(DirectSS& instance) {
   instance.SetCurrentVoice(Checked(std::int64_t{StoredNumber(parts_.settings, setting::Voice)} + 1));
 }
 
+void ModSpeak::PrepareVoice() {
+  try {
+    ApplyVoice(parts_.voice);
+    ApplyVoice(parts_.voice2);
+  } catch (const RuntimeError& error) {
+    parts_.log.Write(std::string("Stimme: ") + error.what());  // whoever speaks is told
+  }
+}
+
 std::int32_t ModSpeak::Percent(const SettingKey& key, std::int32_t lowest, std::int32_t highest) const {
   return MapPercent(StoredNumber(parts_.settings, key), lowest, highest);
 }

@@ -66,6 +66,9 @@ class ModSpeak {
   // pause stays one, and the rendering goes on as it was. False when nothing is heard any more.
   bool HearFrom(std::size_t character);
 
+  // Tells both instances now which voice is going to speak, so that they may get it ready.
+  void PrepareVoice();
+
   // Called with false when a text begins to be rendered and with true when its rendering has ended, by
   // whatever cause.
   void OnExportAvailable(std::function<void(bool)> handler);

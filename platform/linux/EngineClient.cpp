@@ -40,6 +40,13 @@ const engine::Capabilities& EngineClient::Abilities() {
   return *abilities_;
 }
 
+// A voice may take the engine its time, which it has until there is a text.
+void EngineClient::PropertiesChanged() {
+  if (properties_.voice == prepared_) return;
+  prepared_ = properties_.voice;
+  connection_->Prepare(prepared_);
+}
+
 void EngineClient::StartText(std::string_view text, bool goesOn) {
   (void)Abilities();
   engine::Utterance utterance = BeginText();

@@ -49,11 +49,13 @@ class EngineClient final : public SpeechInstance {
 
   void StartText(std::string_view text, bool goesOn);
   [[nodiscard]] const engine::Capabilities& Abilities() override;
+  void PropertiesChanged() override;
 
   std::shared_ptr<Condition> condition_;  // posted calls find it, if the object still lives
   std::unique_ptr<EngineConnection> connection_;
   const engine::Capabilities* abilities_ = nullptr;
-  std::uint32_t goesOn_ = 0;  // the text of which more is to come
+  std::int32_t prepared_ = 0;  // the voice that the engine was told of
+  std::uint32_t goesOn_ = 0;   // the text of which more is to come
 };
 
 }  // namespace lorelin

@@ -50,6 +50,9 @@ class EngineConnection {
   void Speak(const engine::Utterance& utterance);
   // More of the text with the part's number; dropped when that is no longer under way.
   void Continue(const engine::TextPart& part);
+  void Prepare(std::int32_t voice) {
+    Send(engine::FrameNumber(engine::Kind::Prepare, static_cast<std::uint32_t>(voice)));
+  }
   void Pause() { Send(engine::Frame(engine::Kind::Pause)); }
   void Resume() { Send(engine::Frame(engine::Kind::Resume)); }
   // Whether a text was under way.

@@ -54,6 +54,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.registry = std::move(opened.registry);
   services.registryNotice = std::move(opened.notice);
   services.settingsLost = opened.lost;
+  services.preparesVoices = true;
   return services;
 }
 

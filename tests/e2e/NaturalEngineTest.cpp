@@ -228,6 +228,17 @@ TEST_F(NaturalEngine, IsNamedInALineWhenItsDescriptionIsBroken) {
       "ist kein JSON.");
 }
 
+TEST_F(NaturalEngine, SpeaksWithAVoiceThatItWasToldOfBefore) {
+  RealEngine real(true);
+  const std::int32_t voice = VoiceWith(real.engine, "probe");
+  real.engine.SetCurrentVoice(VoiceWith(real.engine, "kaputt_fremd"));
+  real.engine.SetCurrentVoice(voice);
+  real.engine.SetSpeed(real.engine.MaxSpeed());
+  real.engine.Speak("Ja.");
+  ASSERT_TRUE(real.WaitForEnd());
+  EXPECT_TRUE(real.ends.back().complete) << real.ends.back().reason;
+}
+
 TEST_F(NaturalEngine, GivesWayWhenItRenders) {
   const auto priority = [](RealEngine& real) {
     (void)real.engine.VoiceCount();

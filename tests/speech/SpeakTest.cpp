@@ -105,6 +105,16 @@ TEST_F(Speak, SelectsTheThirdVoiceForTheStoredPositionTwo) {
   EXPECT_EQ(voice.CurrentVoice(), 3);
 }
 
+TEST_F(Speak, TellsTheVoiceBeforeThereIsAText) {
+  Set(setting::Voice, "2");
+  speech.PrepareVoice();
+  EXPECT_EQ(voice.CurrentVoice(), 3);
+  EXPECT_EQ(voice2.CurrentVoice(), 3);
+  Set(setting::Voice, "laut");
+  speech.PrepareVoice();
+  EXPECT_EQ(voice.CurrentVoice(), 3);
+}
+
 TEST_F(Speak, WorksInItsOrder) {
   speech.OnExportAvailable([&](bool available) { calls.Add(available ? "export on" : "export off"); });
   std::string text = "x";
