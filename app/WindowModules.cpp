@@ -208,6 +208,10 @@ void WindowModules::FillCommands() {
 void WindowModules::AddPlaceCommands() {
   commands.Add("ContinueReading", [this] { continued.Continue(); });
   commands.AddCondition("ContinueReading", [this] { return continued.CanContinue(); });
+  commands.Add("ReadingLook", [this] {
+    window.Textmode();
+    edges.chooseLook();
+  });
   commands.Add("ChoosePlace", [this] { edges.placeBar.FocusPlace(); });
   commands.AddCondition("ChoosePlace", [this] { return along.CanSteer(); });
 }

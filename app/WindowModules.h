@@ -30,6 +30,7 @@
 #include "ports/PlaceBar.h"
 #include "ports/ProgressWindow.h"
 #include "ports/PronunciationDialogs.h"
+#include "ports/ReadingLookView.h"
 #include "ports/SystemPorts.h"
 #include "ports/VoiceDialogs.h"
 #include "scripts/TaskMenu.h"
@@ -54,6 +55,7 @@ struct WindowModules {
     EditorCommands& editing;
     ReadingMarks& marks;
     PlaceBar& placeBar;
+    ReadingLookView& lookView;
     Alarm& alarm;
     BrowserPane& browser;
     TaskPane& taskPane;
@@ -69,6 +71,7 @@ struct WindowModules {
     std::string programFolder;
     std::string settingsFolder;
     std::function<void()> createScript;                    // opens the script editor
+    std::function<void()> chooseLook;                      // and the choice of how the document is shown
     std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
     std::string homeFolder{};                              // what "~" is in the paths of scripts
   };

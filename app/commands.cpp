@@ -100,6 +100,7 @@ constexpr std::array kViewMenu{
     Following("mnuFollowSentence", "&Satz", "FollowSentence"),
     Following("mnuFollowOff", "&aus", "FollowNothing"),
     kSeparator,
+    MenuEntry{"mnuReadingLook", "&Lesedarstellung …", "ReadingLook", ""},
     MenuEntry{"mnuLarger", "Schrift &größer", "Larger", "Ctrl++", false, "Ctrl+KP_Add"},
     MenuEntry{"mnuSmaller", "Schrift &kleiner", "Smaller", "Ctrl+-", false, "Ctrl+KP_Subtract"},
     MenuEntry{"mnuUsualSize", "Schrift &normal", "UsualSize", "Ctrl+0", false, "Ctrl+KP_0"},

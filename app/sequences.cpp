@@ -7,6 +7,7 @@
 #include "app/WindowModules.h"
 #include "base/paths.h"
 #include "base/version.h"
+#include "settings/readingLook.h"
 
 namespace lorelin {
 namespace {
@@ -46,6 +47,11 @@ void WriteLastSnapshot(Recovery& recovery) {
   recovery.FinishWriting();
 }
 
+void RestoreLook(const WindowModules::Edges& edges) {
+  const LookSettings look = LoadLook(edges.spoken.settings);
+  if (look != LookSettings{}) edges.lookView.ShowLook(LookOf(look));
+}
+
 void KeepReadingPlace(WindowModules& m) {
   m.continued.Holds(true);
   m.readingPlaces.FinishWriting();
@@ -81,6 +87,7 @@ std::vector<Step> LoadSequence(WindowModules& m, bool textFollows) {
       {"speak", [&] { SpeakStartupDocument(spoken); }},
       {"script parameter", [&] { RefuseParameterScript(spoken.startup, edges.messageBoxes); }},
       {"text size", [&] { m.textSize.Restore(); }},
+      {"reading look", [&] { RestoreLook(edges); }},
       {"following", [&] { ShowFollowMode(m.Reading()); }},
       {"sleep timer", [&] { m.sleep.Show(); }},
       {"placement", [&] { edges.view.Place(spoken.settings.Get(setting::Placement)); }},

@@ -14,6 +14,7 @@
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
 #include "desktop/frmPronunciationDialogs.h"
+#include "desktop/frmReadingLook.h"
 #include "desktop/frmTaskEditor.h"
 #include "desktop/frmVoiceDialogs.h"
 #include "desktop/toolkit/ModalDialogs.h"
@@ -87,6 +88,7 @@ class App::Program {
                   .editing = *form_,
                   .marks = form_->Editor().Marks(),
                   .placeBar = *form_,
+                  .lookView = form_->Editor(),
                   .alarm = alarm_,
                   .browser = form_->Browser(),
                   .taskPane = form_->Tasks(),
@@ -102,6 +104,7 @@ class App::Program {
                   .programFolder = services_.paths.programFolder,
                   .settingsFolder = services_.paths.settingsFolder,
                   .createScript = [this] { CreateScript(); },
+                  .chooseLook = [this] { ChooseLook(); },
                   .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); },
                   .homeFolder = services_.paths.homeFolder}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
@@ -184,6 +187,10 @@ class App::Program {
                                        .showHelp = [this] { ShowScriptHelp(); }});
     }
     taskEditor_->Open();
+  }
+
+  void ChooseLook() {
+    ChooseReadingLook(form_.get(), spoken_.settings, form_->Editor(), form_->Editor().UsualPoints());
   }
 
   void ShowScriptHelp() {

@@ -71,6 +71,22 @@ inline constexpr SettingKey TextSize{"Window", "TextSize", SettingForm::Number, 
 inline constexpr SettingKey FollowMode{"Window", "FollowMode", SettingForm::Text, "",
                                        "what is marked in the text while it is read: Word, Sentence or Off; "
                                        "else both word and sentence"};
+inline constexpr SettingKey ReadingFont{"Window", "ReadingFont", SettingForm::Text, "",
+                                        "font in which the document is shown; empty for the usual one"};
+inline constexpr SettingKey ReadingPoints{"Window", "ReadingPoints", SettingForm::Number, "0",
+                                          "size of that font; 0 for the usual one"};
+inline constexpr SettingKey ReadingLines{"Window", "ReadingLines", SettingForm::Number, "100",
+                                         "spacing of the lines in per cent"};
+inline constexpr SettingKey ReadingLetters{"Window", "ReadingLetters", SettingForm::Number, "0",
+                                           "more room between letters, in hundredths of the font's size"};
+inline constexpr SettingKey ReadingColumn{"Window", "ReadingColumn", SettingForm::Number, "0",
+                                          "width of the text in characters; 0 for that of the window"};
+inline constexpr SettingKey ReadingColours{"Window", "ReadingColours", SettingForm::Text, "",
+                                           "Cream, Dark, YellowOnBlack or Own; else those of the system"};
+inline constexpr SettingKey ReadingText{"Window", "ReadingText", SettingForm::Text, "000000",
+                                        "own colour of the letters, as in RRGGBB"};
+inline constexpr SettingKey ReadingGround{"Window", "ReadingGround", SettingForm::Text, "FFFFFF",
+                                          "own colour of the ground"};
 
 // Every setting, in the order above.
 inline constexpr std::array All{
@@ -103,6 +119,14 @@ inline constexpr std::array All{
     &Placement,
     &TextSize,
     &FollowMode,
+    &ReadingFont,
+    &ReadingPoints,
+    &ReadingLines,
+    &ReadingLetters,
+    &ReadingColumn,
+    &ReadingColours,
+    &ReadingText,
+    &ReadingGround,
 };
 
 }  // namespace setting

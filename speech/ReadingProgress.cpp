@@ -41,6 +41,7 @@ void ReadingProgress::Begins() {
   std::string before = parts_.document.Text();
   toTheEnd_ = before.ends_with(*source);
   before.resize(toTheEnd_ ? before.size() - source->size() : 0);
+  before.shrink_to_fit();
   finding_.emplace(std::move(before), source);
   pace_.Begin(parts_.clock.Steady());
   speed_ = parts_.speech.Voice().Speed();

@@ -17,19 +17,16 @@ struct MarkColours {
   MarkColour sentence;
 };
 
-[[nodiscard]] constexpr MarkColours MarkColoursFor(bool darkTheme) {
-  if (darkTheme) {
-    return {.word = {.background = 0xFFC233, .foreground = 0x000000},
-            .sentence = {.background = 0x4A4220, .foreground = 0xFFF6D6}};
-  }
-  return {.word = {.background = 0xFFB000, .foreground = 0x000000},
-          .sentence = {.background = 0xFFF1B8, .foreground = 0x1A1A1A}};
-}
+// On a ground of this colour, from which both can be told.
+[[nodiscard]] MarkColours MarkColoursOn(std::uint32_t ground);
 
 // The same where letters keep their colour and only the ground behind them is mixed: on a light one it
 // becomes no lighter, on a dark one no darker. The word's ground has all of the sentence's in it.
 [[nodiscard]] constexpr MarkColours GroundColoursFor(bool darkTheme) {
-  if (!darkTheme) return MarkColoursFor(false);
+  if (!darkTheme) {
+    return {.word = {.background = 0xFFB000, .foreground = 0x000000},
+            .sentence = {.background = 0xFFF1B8, .foreground = 0x1A1A1A}};
+  }
   return {.word = {.background = 0x7F2F10, .foreground = 0xFFFFFF},
           .sentence = {.background = 0x332B10, .foreground = 0xFFFFFF}};
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "desktop/toolkit/accessibility.h"
-#include "desktop/toolkit/innerMargins.h"
 #include "desktop/toolkit/layoutPace.h"
 #include "desktop/toolkit/text.h"
 #include "documents/richTextFile.h"
@@ -64,9 +63,10 @@ constexpr float kReadingSize = 1.2F;  // of the system's
 WxDocumentEditor::WxDocumentEditor(wxWindow* parent)
     : wxTextCtrl(parent, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                  wxTE_MULTILINE | wxTE_RICH2 | wxTE_NOHIDESEL, wxDefaultValidator, "rtfText"),
-      buffer_(*this, GetFont().Scaled(kReadingSize)),
+      usualFont_(GetFont().Scaled(kReadingSize)),
+      buffer_(*this, usualFont_),
+      look_(*this, FromDIP(12), FromDIP(10)),
       marks_(MakeReadingMarks(*this)) {
-  SetInnerMargins(*this, FromDIP(12), FromDIP(10));
   SetAccessibleName(*this, "Dokument");
   LayOutBehindOtherWork(*this);
   buffer_.ShowLongParagraphsInPieces();
@@ -150,6 +150,17 @@ wxRect WxDocumentEditor::SelectionOnScreen() const {
 void WxDocumentEditor::SetZoom(int steps) {
   zoomSteps_ = steps;
   buffer_.SetZoom(std::pow(kZoomStep, zoomSteps_));
+  look_.Update();
+}
+
+// The ground first: the colours of the text depend on it.
+void WxDocumentEditor::ShowLook(const ReadingLook& look) {
+  wxFont font = usualFont_;
+  if (!look.font.empty()) font.SetFaceName(ToWx(look.font));
+  if (look.points != 0) font.SetPointSize(look.points);
+  look_.Show(look);
+  buffer_.ShowIn(font, !look.font.empty());
+  look_.Update();
 }
 
 std::size_t WxDocumentEditor::SelectionStart() {

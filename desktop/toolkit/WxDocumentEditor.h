@@ -7,12 +7,14 @@
 
 #include "desktop/toolkit/readingMarks.h"
 #include "desktop/toolkit/richTextBuffer.h"
+#include "desktop/toolkit/textLook.h"
 #include "ports/DocumentEditor.h"
+#include "ports/ReadingLookView.h"
 
 namespace lorelin {
 
 // The document in a native multi-line text control.
-class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
+class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor, public ReadingLookView {
  public:
   explicit WxDocumentEditor(wxWindow* parent);
 
@@ -42,6 +44,10 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
   // So many steps larger than usual.
   void SetZoom(int steps);
 
+  void ShowLook(const ReadingLook& look) override;
+  // The size of the font that texts without one have.
+  [[nodiscard]] int UsualPoints() const { return usualFont_.GetPointSize(); }
+
   [[nodiscard]] ReadingMarks& Marks() { return *marks_; }
 
   [[nodiscard]] std::size_t CharacterCount() const { return buffer_.Length(); }
@@ -49,7 +55,9 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor {
  private:
   void ReplacePlaces(const std::vector<long>& places, long length, std::string_view replacement);
 
+  wxFont usualFont_;
   RichTextBuffer buffer_;
+  TextLook look_;
   std::unique_ptr<ReadingMarks> marks_;
   int zoomSteps_ = 0;
 };

@@ -1,23 +1,27 @@
 #pragma once
 
 #include <wx/colour.h>
+#include <wx/window.h>
 
+#include "base/contrast.h"
 #include "richtext/RichText.h"
 
 namespace lorelin {
 
-inline constexpr double kReadableContrast = 3.0;  // of luminances, after WCAG 2.1
+inline constexpr double kReadableContrast = 3.0;  // of large letters, after WCAG 2.1
 
 [[nodiscard]] inline wxColour WxColourOf(Colour colour) {
   return {static_cast<unsigned char>(colour >> 16), static_cast<unsigned char>(colour >> 8),
           static_cast<unsigned char>(colour)};
 }
 
-// Of the luminances of two colours, from 1 on.
-[[nodiscard]] inline double Contrast(const wxColour& a, const wxColour& b) {
-  const double first = a.GetLuminance() + 0.05;
-  const double second = b.GetLuminance() + 0.05;
-  return first > second ? first / second : second / first;
+[[nodiscard]] inline Colour ColourOf(const wxColour& colour) {
+  return static_cast<Colour>(colour.Red()) << 16U | static_cast<Colour>(colour.Green()) << 8U | colour.Blue();
+}
+
+// What letters of the document need to be shown in their own colour. Who chose a ground wants to read all.
+[[nodiscard]] inline double LeastContrast(const wxWindow& window) {
+  return window.UseBgCol() ? kTextContrast : kReadableContrast;
 }
 
 }  // namespace lorelin

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/toolkit/colours.h"
 #include "speech/ViewFollowing.h"
 #include "speech/markColours.h"
 
@@ -209,17 +210,17 @@ class GtkReadingMarks final : public ReadingMarks {
     if (edited_) edited_(place, removed, inserted);
   }
 
-  // Before the document's own formats, in colours of the theme as it is now.
+  // Before the document's own formats, in colours for the ground as it is now.
   void BringToFront() {
     const gint count = gtk_text_tag_table_get_size(gtk_text_buffer_get_tag_table(buffer_));
     if (gtk_text_tag_get_priority(word_.Tag()) != count - 1) {
       gtk_text_tag_set_priority(sentence_.Tag(), count - 1);
       gtk_text_tag_set_priority(word_.Tag(), count - 1);
     }
-    const bool dark = control_.GetBackgroundColour().GetLuminance() < 0.5;
-    if (dark_ == dark) return;
-    dark_ = dark;
-    const MarkColours colours = MarkColoursFor(dark);
+    const std::uint32_t ground = ColourOf(control_.GetBackgroundColour());
+    if (ground_ == ground) return;
+    ground_ = ground;
+    const MarkColours colours = MarkColoursOn(ground);
     word_.Paint(colours.word);
     sentence_.Paint(colours.sentence);
   }
@@ -246,7 +247,7 @@ class GtkReadingMarks final : public ReadingMarks {
   Mark sentence_;
   Mark word_;
   ViewFollowing following_;
-  std::optional<bool> dark_;
+  std::optional<std::uint32_t> ground_;
   bool applying_ = false;
   std::size_t removed_ = 0;
   std::function<void(std::size_t, std::size_t, std::size_t)> edited_;

@@ -52,7 +52,8 @@ class RichTextBuffer::Implementation {
       : control_(control),
         view_(ViewOf(control)),
         buffer_(gtk_text_view_get_buffer(view_)),
-        usualFont_(font) {
+        usualPoints_(font.GetFractionalPointSize()),
+        font_(font) {
     SetFont(font);
     g_object_ref(buffer_);
     Connect("insert-text",
@@ -176,8 +177,18 @@ class RichTextBuffer::Implementation {
 
   void SetZoom(double factor) {
     zoom_ = factor;
-    SetFont(usualFont_.Scaled(static_cast<float>(factor)));
+    SetFont(font_.Scaled(static_cast<float>(factor)));
     for (const auto& [format, tag] : tags_) SetSize(tag, format);
+  }
+
+  void ShowIn(const wxFont& font, bool everywhere) {
+    font_ = font;
+    everywhere_ = everywhere;
+    SetZoom(zoom_);
+    for (const auto& [format, tag] : tags_) {
+      SetFamily(tag, format);
+      SetColours(tag, format);
+    }
   }
 
   UndoHistory& History() { return history_; }
@@ -416,9 +427,7 @@ class RichTextBuffer::Implementation {
     GtkTextTag* const tag = gtk_text_buffer_create_tag(buffer_, nullptr, nullptr);
     entry->second = tag;
     g_object_set_data(G_OBJECT(tag), kFormatKey, const_cast<CharacterFormat*>(&entry->first));
-    if (format.font < fonts_.size() && !fonts_[format.font].empty()) {
-      g_object_set(tag, "family", fonts_[format.font].c_str(), nullptr);
-    }
+    SetFamily(tag, format);
     if (format.bold) g_object_set(tag, "weight", PANGO_WEIGHT_BOLD, nullptr);
     if (format.italic) g_object_set(tag, "style", PANGO_STYLE_ITALIC, nullptr);
     if (format.underline) g_object_set(tag, "underline", PANGO_UNDERLINE_SINGLE, nullptr);
@@ -432,6 +441,12 @@ class RichTextBuffer::Implementation {
     return tag;
   }
 
+  void SetFamily(GtkTextTag* tag, const CharacterFormat& format) const {
+    const bool own = !everywhere_ && format.font < fonts_.size() && !fonts_[format.font].empty();
+    if (own) g_object_set(tag, "family", fonts_[format.font].c_str(), nullptr);
+    g_object_set(tag, "family-set", own ? TRUE : FALSE, nullptr);
+  }
+
   // A colour that cannot be read on its ground, as black in a dark theme, is kept but not shown.
   void SetColours(GtkTextTag* tag, const CharacterFormat& format) {
     const bool grounded = format.background != kAutomaticColour;
@@ -442,7 +457,8 @@ class RichTextBuffer::Implementation {
     }
     const bool coloured = format.foreground != kAutomaticColour;
     const wxColour wanted = coloured ? WxColourOf(format.foreground) : control_.GetForegroundColour();
-    if (Contrast(wanted, ground) >= kReadableContrast) {
+    g_object_set(tag, "foreground-set", FALSE, nullptr);
+    if (ContrastOf(ColourOf(wanted), ColourOf(ground)) >= LeastContrast(control_)) {
       if (!coloured) return;
       const GdkRGBA colour = RgbaOf(format.foreground);
       g_object_set(tag, "foreground-rgba", &colour, nullptr);
@@ -453,7 +469,9 @@ class RichTextBuffer::Implementation {
   }
 
   void SetSize(GtkTextTag* tag, const CharacterFormat& format) const {
-    if (format.halfPoints != 0) g_object_set(tag, "size-points", format.halfPoints / 2.0 * zoom_, nullptr);
+    if (format.halfPoints == 0) return;
+    const double scale = zoom_ * font_.GetFractionalPointSize() / usualPoints_;
+    g_object_set(tag, "size-points", format.halfPoints / 2.0 * scale, nullptr);
   }
 
   GtkTextTag* TagFor(const ParagraphFormat& format) {
@@ -468,8 +486,10 @@ class RichTextBuffer::Implementation {
     const auto pixels = [](std::int32_t twips) {
       return static_cast<int>(std::min(std::max(twips, 0), 14400) * kPixelsPerTwip);
     };
-    if (format.leftIndent > 0) g_object_set(tag, "left-margin", pixels(format.leftIndent) + 12, nullptr);
-    if (format.rightIndent > 0) g_object_set(tag, "right-margin", pixels(format.rightIndent) + 12, nullptr);
+    // Beside the margins of the view.
+    g_object_set(tag, "accumulative-margin", TRUE, nullptr);
+    if (format.leftIndent > 0) g_object_set(tag, "left-margin", pixels(format.leftIndent), nullptr);
+    if (format.rightIndent > 0) g_object_set(tag, "right-margin", pixels(format.rightIndent), nullptr);
     if (format.firstLineIndent != 0) {
       const int sign = format.firstLineIndent < 0 ? -1 : 1;
       g_object_set(tag, "indent", sign * pixels(std::abs(format.firstLineIndent)), nullptr);
@@ -533,7 +553,9 @@ class RichTextBuffer::Implementation {
   wxTextCtrl& control_;
   GtkTextView* view_;
   GtkTextBuffer* buffer_;
-  wxFont usualFont_;
+  double usualPoints_;
+  wxFont font_;
+  bool everywhere_ = false;  // where the text has another font as well
   std::vector<gulong> handlers_;
   UndoHistory history_;
   bool applying_ = false;
@@ -588,6 +610,9 @@ void RichTextBuffer::ReplacePlaces(const std::vector<long>& places, long length,
 }
 void RichTextBuffer::SetZoom(double factor) {
   implementation_->SetZoom(factor);
+}
+void RichTextBuffer::ShowIn(const wxFont& font, bool everywhere) {
+  implementation_->ShowIn(font, everywhere);
 }
 std::size_t RichTextBuffer::Length() const {
   return static_cast<std::size_t>(gtk_text_buffer_get_char_count(implementation_->Buffer()));

@@ -197,6 +197,8 @@ void RichTextBuffer::SetZoom(double factor) {
   implementation_->Send(EM_SETZOOM, static_cast<WPARAM>(std::lround(factor * kZoomDenominator)),
                         kZoomDenominator);
 }
+// The font of a text is a part of it here.
+void RichTextBuffer::ShowIn(const wxFont&, bool) {}
 std::size_t RichTextBuffer::Length() const {
   const long last = implementation_->Control().GetLastPosition();
   return last > kMostCounted ? static_cast<std::size_t>(last) : CharactersBefore(last);

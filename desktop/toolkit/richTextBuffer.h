@@ -50,6 +50,11 @@ class RichTextBuffer {
   // Sizes are shown this many times as large.
   void SetZoom(double factor);
 
+  // Texts without a font of their own are shown in `font` from now on, or texts with one as well; sizes grow
+  // with it, and colours are chosen anew for the ground of the control. No change of the text, and none at
+  // all where a font is a part of it.
+  void ShowIn(const wxFont& font, bool everywhere);
+
   // Characters in the text, and before a position of the control.
   [[nodiscard]] std::size_t Length() const;
   [[nodiscard]] std::size_t CharactersBefore(long position) const;

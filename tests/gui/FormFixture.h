@@ -14,6 +14,7 @@
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
 #include "desktop/frmPronunciationDialogs.h"
+#include "desktop/frmReadingLook.h"
 #include "desktop/frmVoiceDialogs.h"
 #include "desktop/toolkit/WxClipboard.h"
 #include "desktop/toolkit/WxEventPump.h"
@@ -131,29 +132,33 @@ class FormFixture : public testing::Test, protected FakeSystem {
       spoken, messageBoxes, [this] { return std::make_unique<FakeDirectSS>("Probe", calls); }};
   int editorsOpened = 0;
   FakeAlarm alarm;
-  WindowModules modules{{.system = system,
-                         .spoken = spoken,
-                         .document = document,
-                         .recovery = recovery,
-                         .view = form,
-                         .editing = form,
-                         .marks = form.Editor().Marks(),
-                         .placeBar = form,
-                         .alarm = alarm,
-                         .browser = form.Browser(),
-                         .taskPane = form.Tasks(),
-                         .statusBar = form,
-                         .messageBoxes = messageBoxes,
-                         .fileDialogs = fileDialogs,
-                         .progress = progress,
-                         .clipboard = clipboard,
-                         .pump = pump,
-                         .voiceDialogs = voiceDialogs,
-                         .helpDialogs = helpDialogs,
-                         .pronunciationDialogs = pronunciationDialogs,
-                         .programFolder = folder.Path(),
-                         .settingsFolder = folder.File("settings"),
-                         .createScript = [this] { ++editorsOpened; }}};
+  WindowModules modules{
+      {.system = system,
+       .spoken = spoken,
+       .document = document,
+       .recovery = recovery,
+       .view = form,
+       .editing = form,
+       .marks = form.Editor().Marks(),
+       .placeBar = form,
+       .lookView = form.Editor(),
+       .alarm = alarm,
+       .browser = form.Browser(),
+       .taskPane = form.Tasks(),
+       .statusBar = form,
+       .messageBoxes = messageBoxes,
+       .fileDialogs = fileDialogs,
+       .progress = progress,
+       .clipboard = clipboard,
+       .pump = pump,
+       .voiceDialogs = voiceDialogs,
+       .helpDialogs = helpDialogs,
+       .pronunciationDialogs = pronunciationDialogs,
+       .programFolder = folder.Path(),
+       .settingsFolder = folder.File("settings"),
+       .createScript = [this] { ++editorsOpened; },
+       .chooseLook =
+           [this] { ChooseReadingLook(&form, settings, form.Editor(), form.Editor().UsualPoints()); }}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;
   Interpreter& interpreter = modules.interpreter;

@@ -42,8 +42,9 @@ TEST_F(MainMenuTest, HasTheseEntries) {
             (Texts{"Sprechen", "Stop", "Pause", "-", "Text ab Cursorposition lesen", "Ab hier vorlesen",
                    "Auswahl vorlesen", "Weiterlesen", "Beim Vorlesen", "Schlafzeit", "-", "Stimme wählen",
                    "Lautstärke ändern", "Geschwindigkeit ändern", "Helligkeit ändern"}));
-  EXPECT_EQ(Captions(MenuAt(3)), (Texts{"Textmodus", "Interaktivmodus", "-", "Mitlesen", "-",
-                                        "Schrift größer", "Schrift kleiner", "Schrift normal"}));
+  EXPECT_EQ(Captions(MenuAt(3)),
+            (Texts{"Textmodus", "Interaktivmodus", "-", "Mitlesen", "-", "Lesedarstellung …",
+                   "Schrift größer", "Schrift kleiner", "Schrift normal"}));
   EXPECT_EQ(Captions(MenuAt(4)), (Texts{"Einstellungen", "Zahlen und Abkürzungen ausschreiben",
                                         "Eigene Aussprachen …", "Erweiterungen verwalten"}));
   EXPECT_EQ(Captions(MenuAt(5)), (Texts{"Hilfe", "Weitere Stimmen herunterladen", "Fehler berichten", "-",

@@ -122,7 +122,11 @@ TEST(SettingsTable, GivesEveryDefaultInItsForm) {
       case SettingForm::Number:
         EXPECT_TRUE(std::all_of(text.begin(), text.end(), isdigit)) << key->name;
         break;
-      case SettingForm::Text:
+      case SettingForm::Text: {  // nothing, or a colour
+        const bool digits = std::all_of(text.begin(), text.end(), isxdigit);
+        EXPECT_TRUE(text.empty() || (text.size() == 6 && digits)) << key->name;
+        break;
+      }
       case SettingForm::Path:
         EXPECT_EQ(text, "") << key->name;
         break;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/contrast.h"
 #include "base/textEncoding.h"
 #include "speech/ViewFollowing.h"
 #include "speech/markColours.h"
@@ -311,10 +312,20 @@ double Contrast(const MarkColour& colour) {
 
 TEST(MarkColours, CanBeReadInBothThemes) {
   for (const bool dark : {false, true}) {
-    EXPECT_GE(Contrast(MarkColoursFor(dark).word), 4.5) << dark;
-    EXPECT_GE(Contrast(MarkColoursFor(dark).sentence), 4.5) << dark;
     EXPECT_GE(Contrast(GroundColoursFor(dark).word), 4.5) << dark;
     EXPECT_GE(Contrast(GroundColoursFor(dark).sentence), 4.5) << dark;
+  }
+}
+
+TEST(MarkColours, CanBeReadAndSeenOnEveryGround) {
+  for (std::uint32_t step = 0; step < 512; ++step) {
+    const std::uint32_t ground = (step >> 6U) * 36 << 16U | (step >> 3U & 7U) * 36 << 8U | (step & 7U) * 36;
+    const MarkColours colours = MarkColoursOn(ground);
+    EXPECT_GE(Contrast(colours.word), 4.5) << std::hex << ground;
+    EXPECT_GE(Contrast(colours.sentence), 4.5) << std::hex << ground;
+    EXPECT_GE(ContrastOf(colours.word.background, ground), 1.5) << std::hex << ground;
+    EXPECT_GE(ContrastOf(colours.sentence.background, ground), 1.1) << std::hex << ground;
+    EXPECT_GE(ContrastOf(colours.word.background, colours.sentence.background), 1.3) << std::hex << ground;
   }
 }
 

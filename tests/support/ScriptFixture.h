@@ -7,6 +7,7 @@
 #include "tests/support/FakeAlarm.h"
 #include "tests/support/FakePlaceBar.h"
 #include "tests/support/FakePronunciationDialogs.h"
+#include "tests/support/FakeReadingLookView.h"
 #include "tests/support/FakeReadingMarks.h"
 #include "tests/support/SpeechFixture.h"
 
@@ -32,6 +33,8 @@ class ScriptFixture : public SpeechFixture {
   FakeEditorCommands editing;
   FakeReadingMarks marks;
   FakePlaceBar placeBar;
+  FakeReadingLookView lookView;
+  int looksChosen = 0;
   FakeAlarm alarm;
   FakeFileSearch recoveryFiles;
   int snapshotsScheduled = 0;
@@ -55,6 +58,7 @@ class ScriptFixture : public SpeechFixture {
                          .editing = editing,
                          .marks = marks,
                          .placeBar = placeBar,
+                         .lookView = lookView,
                          .alarm = alarm,
                          .browser = browser,
                          .taskPane = taskPane,
@@ -70,6 +74,7 @@ class ScriptFixture : public SpeechFixture {
                          .programFolder = folder.Path(),
                          .settingsFolder = folder.File("settings"),
                          .createScript = [this] { ++editorsOpened; },
+                         .chooseLook = [this] { ++looksChosen; },
                          .mayClose = [this] { return mayClose; },
                          .homeFolder = folder.Path()}};
   RecentFiles& recent = modules.recent;
