@@ -148,6 +148,9 @@ constexpr std::array kToolbarButtons{
     ToolbarButton{"Stop", "Sprachausgabe beenden", "stop", "Stop"},
     kGap,
     ToolbarButton{"Exportieren", "Text als *.wav Datei abspeichern", "export", "ExportDoc"},
+    kGap,
+    ToolbarButton{"Zurück", "Einen Satz zurück", "back", "SentenceBack"},
+    ToolbarButton{"Weiter", "Einen Satz weiter", "on", "SentenceOn"},
 };
 
 constexpr std::array kSpeechTasks{
