@@ -45,8 +45,8 @@ struct PlatformServices {
   std::unique_ptr<RemoteControl> remote;
   std::unique_ptr<SelectedText> selectedText;
   std::unique_ptr<Registry> registry;
-  std::string registryNotice;  // German; "" when the settings are as they should be
-  bool settingsLost = false;   // the notice has to be confirmed by a person
+  std::string registryNotice;   // German; "" when the settings are as they should be
+  bool settingsLost = false;    // the notice has to be confirmed by a person
   bool preparesVoices = false;  // an instance gets a voice ready as soon as it is told which one
 
   [[nodiscard]] SystemPorts Ports() const {

@@ -17,7 +17,7 @@ class MainForm : public FormFixture {};
 
 TEST_F(MainForm, HasTheExportAsItsTenthButton) {
   const wxToolBar& bar = *form.GetToolBar();
-  ASSERT_EQ(bar.GetToolsCount(), 10U);
+  ASSERT_EQ(bar.GetToolsCount(), ToolbarButtons().size());
   const wxToolBarToolBase& button = *bar.GetToolByPos(9);
   EXPECT_EQ(FromWx(button.GetLabel()), "Exportieren");
   EXPECT_EQ(FromWx(button.GetShortHelp()), "Text als *.wav Datei abspeichern");
