@@ -209,6 +209,7 @@ void Phonemizer::FindWords(std::string_view part, Clause& clause) const {
   // A number is several words, and some words are spoken as one: by what each would be alone.
   const std::vector<std::size_t> sizes = SizesAlone(tokens);
   const std::size_t all = std::accumulate(sizes.begin(), sizes.end(), std::size_t{0});
+  if (all == 0) return;
   std::size_t before = 0;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     if (sizes[i] == 0) continue;

@@ -2,6 +2,7 @@
 
 #include <wx/colour.h>
 #include <wx/window.h>
+#include <cstdint>
 
 #include "base/contrast.h"
 #include "richtext/RichText.h"
@@ -10,7 +11,7 @@ namespace lorelin {
 
 inline constexpr double kReadableContrast = 3.0;  // of large letters, after WCAG 2.1
 
-[[nodiscard]] inline wxColour WxColourOf(Colour colour) {
+[[nodiscard]] inline wxColour WxColourOf(std::uint32_t colour) {
   return {static_cast<unsigned char>(colour >> 16), static_cast<unsigned char>(colour >> 8),
           static_cast<unsigned char>(colour)};
 }

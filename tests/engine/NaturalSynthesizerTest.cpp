@@ -212,7 +212,9 @@ TEST_F(Natural, SaysWhyAVoiceCannotSpeak) {
   for (const auto& [voice, reason] :
        {std::pair{"kaputt_art", "ihr Modell rechnet falsch."},
         std::pair{"kaputt_nan", "ihr Modell rechnet falsch."},
+#ifndef __SANITIZE_ADDRESS__  // where asking for more memory than there is ends the program
         std::pair{"kaputt_riesig", "ihr Modell rechnet falsch."},
+#endif
         std::pair{"kaputt_fremd", "die ONNX Runtime kann ihr Modell nicht ausführen."}}) {
     EXPECT_FALSE(Speak(voice, kText)) << voice;
     EXPECT_EQ(Synthesizer().Problem(), "Die Stimme „de_DE-" + std::string(voice) + end + reason);
