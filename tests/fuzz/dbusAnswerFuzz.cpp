@@ -32,7 +32,7 @@ void CheckAnswer(GVariant* answer) {
   const auto text = lorelin::FirstText(answer);
   const std::string type = answer == nullptr ? "" : g_variant_get_type_string(answer);
   if (type.starts_with("(s")) Hold(text.has_value());
-  if (!type.starts_with("(s") && !type.starts_with("as") && !type.starts_with("{s") &&
+  if (!type.starts_with("(s") && !type.starts_with("as") && !type.starts_with("{s") && type != "v" &&
       !type.starts_with("ms"))
     Hold(!text);
   if (text) Hold(lorelin::IsValidUtf8(*text) && text->find('\0') == std::string::npos);
