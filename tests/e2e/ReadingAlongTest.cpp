@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "base/text.h"
 #include "base/textEncoding.h"
 #include "speech/SpeechModules.h"
 #include "tests/support/FakeReadingMarks.h"
@@ -94,6 +95,41 @@ TEST_F(RealReadingAlong, EveryWordIsMarkedInItsOrder) {
   EXPECT_NE(Marked().find("|z. B.|"), std::string::npos) << Marked();
   EXPECT_NE(Marked().find("|Müller|58|sagt|So|geht’s|und|zahlt|"), std::string::npos) << Marked();
   EXPECT_GE(marks.hidden, 1);
+}
+
+// What an extension puts in another's place leads to the word that stood there.
+TEST_F(RealReadingAlong, TwoHundredWordsAreMarkedWhateverTheyPassThrough) {
+  const std::string key = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions\\Tausch";
+  registry.WriteValue(RegistryHive::CurrentUser, key, "Active", {RegistryType::String, "true"});
+  registry.WriteValue(RegistryHive::CurrentUser, key, "ObjectName", {RegistryType::String, "Tausch"});
+  automation.objects["Tausch"] = [](const std::string&, std::optional<std::string> text) {
+    if (text) ReplaceAll(*text, "Kaffee", "sehr heißen Espresso");
+    return text;
+  };
+  for (const auto* const sentence :
+       {"Sehr geehrte Frau Dr. Müller-Lüdenscheidt, vielen Dank für Ihr Schreiben vom 3. Mai 2024. ",
+        "Die Miete beträgt z. B. 1.234,50 € im Monat, das sind ca. 5 % mehr als im Jahr davor. ",
+        "Bitte kommen Sie am Mo., 12.8., um 14:30 Uhr in die St.-Georg-Str. 5, 2. Stock links.\n\n",
+        "»Geht’s noch?«, fragte Öznur, „das ist ja \u00fcbel“ – und trank den Kaffee aus 😀. ",
+        "Der Aufzug steht vom 1.-3. September; nach 1 Tag geht er wieder, sagt Herr Prof. Weiß. ",
+        "Ein Pfund sind 500 g, 3/4 Liter Milch kosten 1,29 €, und der Ofen hat 180 °C. ",
+        "Ludwig XIV. regierte bis 1715, im 18. Jh. begann die Aufklärung, s. S. 12 ff. im Buch.\n",
+        "Rufen Sie an unter Tel. 030 123456 oder schreiben Sie an info@beispiel.de, ggf. auch per Fax. ",
+        "Wir (d. h. meine Frau und ich) bringen Äpfel, Öl, Brötchen u. v. m. mit; Kaffee gibt es dort. ",
+        "Der ICE 1025 fährt um 8:05 Uhr von Gl. 7 und ist gegen 11.40 Uhr in Köln Hbf. ",
+        "Auf der Öko-Anbau-Fläche wuchsen 1.234.567 Pflanzen, rund 3,5-mal so viele wie vor 20 Jahren. ",
+        "Übrigens: Das Spiel endete 3:1, obwohl 2/3 der Zuschauer etwas anderes erwartet hatten! ",
+        "Mit freundlichen Grüßen, i. A. Müller, und bis bald in unserem schönen alten Haus am See."}) {
+    document.text += sentence;
+  }
+  spoken.speech.SpeakToolbar();
+  ASSERT_TRUE(heard.WaitUntil([this] { return marks.words.size() > 100 || !along.IsReading(); }));
+  ASSERT_TRUE(heard.WaitUntil([this] { return !along.IsReading(); }));
+  EXPECT_TRUE(InOrder()) << Marked();
+  EXPECT_EQ(Unmarked().find_first_of("0123456789abcdefghijklmnopqrstuvwxyz%&"), std::string::npos)
+      << Unmarked();
+  EXPECT_NE(Marked().find("|den|Kaffee|aus|"), std::string::npos) << Marked();
+  EXPECT_GE(marks.words.size(), 150U);
 }
 
 TEST_F(RealReadingAlong, ASkipIsHeardWhereItGoes) {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -195,6 +196,74 @@ TEST_F(Sound, StopsAtOnceOnAReset) {
   EXPECT_FALSE(real.engine.Speaking());
   EXPECT_LT(static_cast<double>(Heard(Recording()).size()) / kRate, spoken + 0.1);
   EXPECT_TRUE(real.ends.empty());
+}
+
+// Where sound begins after a tenth of a second without any.
+std::vector<std::size_t> Onsets(const std::vector<std::int16_t>& samples) {
+  std::vector<std::size_t> onsets;
+  std::size_t quiet = kRate;
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    if (!IsLoud(samples[i])) {
+      ++quiet;
+      continue;
+    }
+    if (quiet >= kRate / 10) onsets.push_back(i);
+    quiet = 0;
+  }
+  return onsets;
+}
+
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+// Each word is a sentence here, so that the recording shows where it begins.
+TEST_F(Sound, TellsEachWordWhenItIsHeard) {
+  RealEngine real(true);
+  std::vector<double> told;
+  real.engine.OnWordHeard([&](const HeardWord&) {
+    told.push_back(static_cast<double>(std::filesystem::file_size(folder.File("aufnahme.raw"))) / 2);
+  });
+  real.engine.Speak(
+      "Lampe.\n\nRose.\n\nMond.\n\nNase.\n\nWolle.\n\nAuge.\n\nIgel.\n\nOfen.\n\nUhu.\n\nEule.\n\nMauer."
+      "\n\nLeine.");
+  ASSERT_TRUE(real.WaitForEnd());
+  const std::vector<std::size_t> heard = Onsets(Recording());
+  ASSERT_EQ(told.size(), 12U);
+  ASSERT_GE(heard.size(), 12U);
+  // A busy machine may break a word in two; the nearest beginning is meant.
+  std::vector<double> late;
+  for (const double word : told) {
+    const auto nearest = std::min_element(heard.begin(), heard.end(), [&](std::size_t a, std::size_t b) {
+      return std::abs(word - static_cast<double>(a)) < std::abs(word - static_cast<double>(b));
+    });
+    late.push_back((word - static_cast<double>(*nearest)) / kRate);
+  }
+  RecordProperty("secondsLate", std::to_string(Median(late)));
+  EXPECT_LT(std::abs(Median(late)), 0.2);
+}
+
+TEST_F(Sound, IsHeardElsewhereSoonAfterASkip) {
+  RealEngine real(true);
+  real.engine.Speak(kSentence);
+  ASSERT_TRUE(real.WaitUntil([&] { return real.engine.LastStartLatency().count() > 0; }));
+  const auto begin = steady_clock::now();
+  (void)real.WaitUntil([&] { return steady_clock::now() > begin + milliseconds(1000); });
+  const std::size_t skipped = std::filesystem::file_size(folder.File("aufnahme.raw")) / 2;
+  real.engine.Speak("Andere Worte.");
+  ASSERT_TRUE(real.WaitForEnd());
+  const std::vector<std::int16_t> samples = Recording();
+  const auto from = samples.begin() + static_cast<std::ptrdiff_t>(skipped);
+  // A stretch that is silent to the last bit lies between the two texts.
+  constexpr int kSilent = 64;
+  const auto gap = std::search_n(from, samples.end(), kSilent, 0);
+  ASSERT_NE(gap, samples.end());
+  const auto next = std::find_if(gap, samples.end(), &IsLoud);
+  ASSERT_NE(next, samples.end());
+  RecordProperty("secondsToTheNewText", std::to_string(static_cast<double>(next - from) / kRate));
+  EXPECT_LT(static_cast<double>(next - from) / kRate, 1.0);
 }
 
 TEST_F(Sound, GoesOnSilentlyWithOneNoticeWhenThereIsNoServer) {
