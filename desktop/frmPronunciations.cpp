@@ -71,8 +71,8 @@ wxWindow* FrmPronunciations::AddPage(const char* caption) {
 
 wxDataViewListCtrl* FrmPronunciations::AddList(wxWindow& page, const char* name, const char* spokenName) {
   // Before the first layout it would be too small for its scroll bars.
-  auto* const list = new wxDataViewListCtrl(&page, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(240, 120)),
-                                            wxDV_ROW_LINES);
+  auto* const list =
+      new wxDataViewListCtrl(&page, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(240, 120)), wxDV_ROW_LINES);
   list->SetName(name);
   SetAccessibleName(*list, spokenName);
   list->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { ShowButtons(); });
