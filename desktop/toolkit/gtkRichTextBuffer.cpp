@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -12,9 +11,7 @@
 #include "base/RuntimeError.h"
 #include "base/textEncoding.h"
 #include "desktop/toolkit/WxEventPump.h"
-#include "desktop/toolkit/colours.h"
-#include "desktop/toolkit/formatOrder.h"
-#include "desktop/toolkit/gtkColour.h"
+#include "desktop/toolkit/gtkFormats.h"
 #include "desktop/toolkit/gtkPieces.h"
 #include "desktop/toolkit/gtkUtf8Text.h"
 #include "desktop/toolkit/loading.h"
@@ -27,13 +24,8 @@
 namespace lorelin {
 namespace {
 
-constexpr double kPixelsPerTwip = 96.0 / 1440.0;
-constexpr double kSmallScript = 0.7;
-constexpr int kScriptRise = 4;           // points
 constexpr std::size_t kPiece = 2 << 20;  // bytes that are put into the text at once
 constexpr long kLongestSpan = 16 << 20;  // characters that are replaced at once, and can be taken back
-constexpr const char* kFormatKey = "lorelin-format";
-constexpr const char* kParagraphKey = "lorelin-paragraph";
 
 GtkTextView* ViewOf(wxTextCtrl& control) {
   GtkWidget* const scrolled = static_cast<GtkWidget*>(control.GetHandle());
@@ -52,8 +44,7 @@ class RichTextBuffer::Implementation {
       : control_(control),
         view_(ViewOf(control)),
         buffer_(gtk_text_view_get_buffer(view_)),
-        usualPoints_(font.GetFractionalPointSize()),
-        font_(font) {
+        formats_(control, buffer_, font) {
     SetFont(font);
     g_object_ref(buffer_);
     Connect("insert-text",
@@ -89,10 +80,7 @@ class RichTextBuffer::Implementation {
       Append(Utf8Text(text.text).View(), old, [&loading](double done) { loading.Advance(done); });
       Delete(0, old);
       if (IsShownAsItIs(text.text)) ForgetPieces(buffer_);
-      fonts_ = text.fonts;
-      ForgetTags();
-      ApplyRuns(text);
-      ApplyParagraphs(text);
+      formats_.Apply(text);
       GoToStart();
     }
     history_.Clear();
@@ -101,17 +89,18 @@ class RichTextBuffer::Implementation {
 
   // A long text without formats is only fetched here; the rest is left to whoever wants it.
   [[nodiscard]] std::function<std::string()> Rtf() const {
-    if (!tags_.empty() || !paragraphTags_.empty() || HoldsPieces(buffer_)) {
+    if (formats_.HasAny() || HoldsPieces(buffer_)) {
       return [content = Content()] { return WriteRtf(content); };
     }
     const GtkTextIter from = IterAt(0);
     GtkTextIter to;
     gtk_text_buffer_get_end_iter(buffer_, &to);
-    return [fonts = fonts_, text = std::shared_ptr<gchar>(gtk_text_iter_get_text(&from, &to), &g_free)] {
+    return [fonts = formats_.Fonts(),
+            text = std::shared_ptr<gchar>(gtk_text_iter_get_text(&from, &to), &g_free)] {
       RichText content;
       content.text = text.get();
       content.fonts = fonts;
-      AddRun(content, content.text.size(), {});
+      if (!content.text.empty()) content.runs.push_back({content.text.size(), {}});
       return WriteRtf(content);
     };
   }
@@ -119,9 +108,7 @@ class RichTextBuffer::Implementation {
   [[nodiscard]] RichText Content() const {
     RichText content;
     content.text = Text();
-    content.fonts = fonts_;
-    ReadRuns(content);
-    ReadParagraphs(content);
+    formats_.Read(content);
     return content;
   }
 
@@ -162,9 +149,8 @@ class RichTextBuffer::Implementation {
     const Utf8Text utf8(replacement);
     const std::string_view valid = utf8.View();
     const long span = places.back() + length - places.front();
-    const bool plain = tags_.empty() && paragraphTags_.empty();
     gtk_text_buffer_begin_user_action(buffer_);
-    if (plain && span <= kLongestSpan) {
+    if (!formats_.HasAny() && span <= kLongestSpan) {
       ReplaceSpan(places, length, valid);
     } else {
       // From the end, so that the other places stay where they are.
@@ -176,19 +162,13 @@ class RichTextBuffer::Implementation {
   }
 
   void SetZoom(double factor) {
-    zoom_ = factor;
-    SetFont(font_.Scaled(static_cast<float>(factor)));
-    for (const auto& [format, tag] : tags_) SetSize(tag, format);
+    formats_.SetZoom(factor);
+    SetFont(formats_.UsualFont());
   }
 
   void ShowIn(const wxFont& font, bool everywhere) {
-    font_ = font;
-    everywhere_ = everywhere;
-    SetZoom(zoom_);
-    for (const auto& [format, tag] : tags_) {
-      SetFamily(tag, format);
-      SetColours(tag, format);
-    }
+    formats_.ShowIn(font, everywhere);
+    SetFont(formats_.UsualFont());
   }
 
   UndoHistory& History() { return history_; }
@@ -367,204 +347,15 @@ class RichTextBuffer::Implementation {
     control_.HandleWindowEvent(event);
   }
 
-  void ForgetTags() {
-    GtkTextTagTable* const table = gtk_text_buffer_get_tag_table(buffer_);
-    for (const auto& [format, tag] : tags_) gtk_text_tag_table_remove(table, tag);
-    for (const auto& [format, tag] : paragraphTags_) gtk_text_tag_table_remove(table, tag);
-    tags_.clear();
-    paragraphTags_.clear();
-  }
-
-  void ApplyRuns(const RichText& text) {
-    GtkTextIter from = IterAt(0);
-    std::size_t at = 0;
-    for (const TextRun& run : text.runs) {
-      GtkTextIter to = from;
-      gtk_text_iter_forward_chars(
-          &to, static_cast<gint>(CharacterCount(std::string_view(text.text).substr(at, run.bytes))));
-      if (!(run.format == CharacterFormat{}))
-        gtk_text_buffer_apply_tag(buffer_, TagFor(run.format), &from, &to);
-      at += run.bytes;
-      from = to;
-    }
-  }
-
-  void ApplyParagraphs(const RichText& text) {
-    gint line = 0;
-    for (const ParagraphRun& run : text.paragraphs) {
-      const gint end = LineBehind(line, run.paragraphs);
-      if (!(run.format == ParagraphFormat{})) {
-        GtkTextIter from;
-        GtkTextIter to;
-        gtk_text_buffer_get_iter_at_line(buffer_, &from, line);
-        gtk_text_buffer_get_iter_at_line(buffer_, &to, end);
-        if (end >= gtk_text_buffer_get_line_count(buffer_)) gtk_text_buffer_get_end_iter(buffer_, &to);
-        gtk_text_buffer_apply_tag(buffer_, TagFor(run.format), &from, &to);
-      }
-      line = end;
-    }
-  }
-
-  // The buffer's lines are paragraphs or pieces of them.
-  [[nodiscard]] gint LineBehind(gint line, std::size_t paragraphs) const {
-    if (!HoldsPieces(buffer_)) return line + static_cast<gint>(paragraphs);
-    for (const gint lines = gtk_text_buffer_get_line_count(buffer_); paragraphs > 0 && line < lines; ++line) {
-      if (!GoesOn(line)) --paragraphs;
-    }
-    return line;
-  }
-
-  [[nodiscard]] bool GoesOn(gint line) const {
-    GtkTextIter end;
-    gtk_text_buffer_get_iter_at_line(buffer_, &end, line);
-    if (gtk_text_iter_ends_line(&end) == FALSE) gtk_text_iter_forward_to_line_end(&end);
-    return gtk_text_iter_get_char(&end) == static_cast<gunichar>(kPieceEnd);
-  }
-
-  GtkTextTag* TagFor(const CharacterFormat& format) {
-    const auto [entry, added] = tags_.try_emplace(format, nullptr);
-    if (!added) return entry->second;
-    GtkTextTag* const tag = gtk_text_buffer_create_tag(buffer_, nullptr, nullptr);
-    entry->second = tag;
-    g_object_set_data(G_OBJECT(tag), kFormatKey, const_cast<CharacterFormat*>(&entry->first));
-    SetFamily(tag, format);
-    if (format.bold) g_object_set(tag, "weight", PANGO_WEIGHT_BOLD, nullptr);
-    if (format.italic) g_object_set(tag, "style", PANGO_STYLE_ITALIC, nullptr);
-    if (format.underline) g_object_set(tag, "underline", PANGO_UNDERLINE_SINGLE, nullptr);
-    if (format.strikeThrough) g_object_set(tag, "strikethrough", TRUE, nullptr);
-    if (format.position != ScriptPosition::Normal) {
-      const int rise = format.position == ScriptPosition::Superscript ? kScriptRise : -kScriptRise / 2;
-      g_object_set(tag, "rise", rise * PANGO_SCALE, "scale", kSmallScript, nullptr);
-    }
-    SetColours(tag, format);
-    SetSize(tag, format);
-    return tag;
-  }
-
-  void SetFamily(GtkTextTag* tag, const CharacterFormat& format) const {
-    const bool own = !everywhere_ && format.font < fonts_.size() && !fonts_[format.font].empty();
-    if (own) g_object_set(tag, "family", fonts_[format.font].c_str(), nullptr);
-    g_object_set(tag, "family-set", own ? TRUE : FALSE, nullptr);
-  }
-
-  // A colour that cannot be read on its ground, as black in a dark theme, is kept but not shown.
-  void SetColours(GtkTextTag* tag, const CharacterFormat& format) {
-    const bool grounded = format.background != kAutomaticColour;
-    const wxColour ground = grounded ? WxColourOf(format.background) : control_.GetBackgroundColour();
-    if (grounded) {
-      const GdkRGBA colour = RgbaOf(format.background);
-      g_object_set(tag, "background-rgba", &colour, nullptr);
-    }
-    const bool coloured = format.foreground != kAutomaticColour;
-    const wxColour wanted = coloured ? WxColourOf(format.foreground) : control_.GetForegroundColour();
-    g_object_set(tag, "foreground-set", FALSE, nullptr);
-    if (ContrastOf(ColourOf(wanted), ColourOf(ground)) >= LeastContrast(control_)) {
-      if (!coloured) return;
-      const GdkRGBA colour = RgbaOf(format.foreground);
-      g_object_set(tag, "foreground-rgba", &colour, nullptr);
-    } else if (grounded) {
-      const GdkRGBA colour = RgbaOf(ground.GetLuminance() > 0.5 ? 0x000000 : 0xFFFFFF);
-      g_object_set(tag, "foreground-rgba", &colour, nullptr);
-    }
-  }
-
-  void SetSize(GtkTextTag* tag, const CharacterFormat& format) const {
-    if (format.halfPoints == 0) return;
-    const double scale = zoom_ * font_.GetFractionalPointSize() / usualPoints_;
-    g_object_set(tag, "size-points", format.halfPoints / 2.0 * scale, nullptr);
-  }
-
-  GtkTextTag* TagFor(const ParagraphFormat& format) {
-    const auto [entry, added] = paragraphTags_.try_emplace(format, nullptr);
-    if (!added) return entry->second;
-    GtkTextTag* const tag = gtk_text_buffer_create_tag(buffer_, nullptr, nullptr);
-    entry->second = tag;
-    g_object_set_data(G_OBJECT(tag), kParagraphKey, const_cast<ParagraphFormat*>(&entry->first));
-    constexpr GtkJustification kJustifications[] = {GTK_JUSTIFY_LEFT, GTK_JUSTIFY_CENTER, GTK_JUSTIFY_RIGHT,
-                                                    GTK_JUSTIFY_FILL};
-    g_object_set(tag, "justification", kJustifications[static_cast<std::size_t>(format.alignment)], nullptr);
-    const auto pixels = [](std::int32_t twips) {
-      return static_cast<int>(std::min(std::max(twips, 0), 14400) * kPixelsPerTwip);
-    };
-    // Beside the margins of the view.
-    g_object_set(tag, "accumulative-margin", TRUE, nullptr);
-    if (format.leftIndent > 0) g_object_set(tag, "left-margin", pixels(format.leftIndent), nullptr);
-    if (format.rightIndent > 0) g_object_set(tag, "right-margin", pixels(format.rightIndent), nullptr);
-    if (format.firstLineIndent != 0) {
-      const int sign = format.firstLineIndent < 0 ? -1 : 1;
-      g_object_set(tag, "indent", sign * pixels(std::abs(format.firstLineIndent)), nullptr);
-    }
-    return tag;
-  }
-
-  template <typename Format>
-  static Format FormatAt(const GtkTextIter& iter, const char* key) {
-    Format format;
-    GSList* const tags = gtk_text_iter_get_tags(&iter);
-    for (const GSList* entry = tags; entry != nullptr; entry = entry->next) {
-      if (const void* const data = g_object_get_data(G_OBJECT(entry->data), key); data != nullptr) {
-        format = *static_cast<const Format*>(data);
-      }
-    }
-    g_slist_free(tags);
-    return format;
-  }
-
-  void ReadRuns(RichText& content) const {
-    if (tags_.empty() && paragraphTags_.empty()) return AddRun(content, content.text.size(), {});
-    GtkTextIter from = IterAt(0);
-    std::string_view rest = content.text;
-    while (!gtk_text_iter_is_end(&from)) {
-      GtkTextIter to = from;
-      if (gtk_text_iter_forward_to_tag_toggle(&to, nullptr) == FALSE)
-        gtk_text_buffer_get_end_iter(buffer_, &to);
-      const auto characters =
-          static_cast<std::size_t>(gtk_text_iter_get_offset(&to) - gtk_text_iter_get_offset(&from));
-      const std::size_t bytes = rest.size() - FromCharacter(rest, characters).size();
-      AddRun(content, bytes, FormatAt<CharacterFormat>(from, kFormatKey));
-      rest.remove_prefix(bytes);
-      from = to;
-    }
-  }
-
-  static void AddRun(RichText& content, std::size_t bytes, const CharacterFormat& format) {
-    if (bytes == 0) return;
-    if (content.runs.empty() || !(content.runs.back().format == format)) content.runs.push_back({0, format});
-    content.runs.back().bytes += bytes;
-  }
-
-  void ReadParagraphs(RichText& content) const {
-    const gint lines = gtk_text_buffer_get_line_count(buffer_);
-    if (paragraphTags_.empty()) {
-      const auto all =
-          1 + static_cast<std::size_t>(std::count(content.text.begin(), content.text.end(), '\n'));
-      return content.paragraphs.push_back({HoldsPieces(buffer_) ? all : static_cast<std::size_t>(lines), {}});
-    }
-    for (gint line = 0; line < lines; line = LineBehind(line, 1)) {
-      GtkTextIter iter;
-      gtk_text_buffer_get_iter_at_line(buffer_, &iter, line);
-      const auto format = FormatAt<ParagraphFormat>(iter, kParagraphKey);
-      auto& runs = content.paragraphs;
-      if (runs.empty() || !(runs.back().format == format)) runs.push_back({0, format});
-      ++runs.back().paragraphs;
-    }
-  }
-
   wxTextCtrl& control_;
   GtkTextView* view_;
   GtkTextBuffer* buffer_;
-  double usualPoints_;
-  wxFont font_;
-  bool everywhere_ = false;  // where the text has another font as well
+  GtkFormats formats_;
   std::vector<gulong> handlers_;
   UndoHistory history_;
   bool applying_ = false;
   bool pieces_ = false;  // long paragraphs are shown in pieces
   bool insertingPieces_ = false;
-  double zoom_ = 1.0;
-  std::vector<std::string> fonts_{std::string()};
-  std::map<CharacterFormat, GtkTextTag*, ByKey> tags_;
-  std::map<ParagraphFormat, GtkTextTag*, ByKey> paragraphTags_;
 };
 
 RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)

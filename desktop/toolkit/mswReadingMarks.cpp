@@ -103,6 +103,7 @@ class MswReadingMarks final : public ReadingMarks {
   void PlaceCaret(std::size_t character) override {
     if (!edited_) text_ = TextNow();
     control_.SetInsertionPoint(UnitAt(character));
+    if (!edited_) text_ = std::wstring();
   }
 
   // Only as long as somebody wants to know of edits is the text compared with what it was.

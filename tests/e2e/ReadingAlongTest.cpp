@@ -99,13 +99,10 @@ TEST_F(RealReadingAlong, EveryWordIsMarkedInItsOrder) {
 
 // What an extension puts in another's place leads to the word that stood there.
 TEST_F(RealReadingAlong, TwoHundredWordsAreMarkedWhateverTheyPassThrough) {
-  const std::string key = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions\\Tausch";
-  registry.WriteValue(RegistryHive::CurrentUser, key, "Active", {RegistryType::String, "true"});
-  registry.WriteValue(RegistryHive::CurrentUser, key, "ObjectName", {RegistryType::String, "Tausch"});
-  automation.objects["Tausch"] = [](const std::string&, std::optional<std::string> text) {
+  RegisterFilter("Tausch", [](const std::string&, std::optional<std::string> text) {
     if (text) ReplaceAll(*text, "Kaffee", "sehr heißen Espresso");
     return text;
-  };
+  });
   for (const auto* const sentence :
        {"Sehr geehrte Frau Dr. Müller-Lüdenscheidt, vielen Dank für Ihr Schreiben vom 3. Mai 2024. ",
         "Die Miete beträgt z. B. 1.234,50 € im Monat, das sind ca. 5 % mehr als im Jahr davor. ",

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "ports/SystemPorts.h"
 #include "tests/support/FakeDirectSS.h"
 #include "tests/support/FakePorts.h"
@@ -10,6 +13,14 @@ namespace lorelin {
 
 // What a program stands on, as fakes: system, engines, message boxes, and a program folder of its own.
 struct FakeSystem {
+  // An active extension that every text passes.
+  void RegisterFilter(const std::string& name, FakeAutomation::Object object) {
+    const std::string key = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions\\" + name;
+    registry.WriteValue(RegistryHive::CurrentUser, key, "Active", {RegistryType::String, "true"});
+    registry.WriteValue(RegistryHive::CurrentUser, key, "ObjectName", {RegistryType::String, name});
+    automation.objects[name] = std::move(object);
+  }
+
   TemporaryFolder folder;
   CallLog calls;
   FakeLog log;

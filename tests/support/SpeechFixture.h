@@ -19,12 +19,6 @@ class SpeechFixture : public testing::Test, protected FakeSystem {
     speech.Speak(text, false, "-1", false);
     return voice.SpokenText();
   }
-  void RegisterFilter(const std::string& name, FakeAutomation::Object object) {
-    const std::string key = "Software\\VB and VBA Program Settings\\Lorelin\\Extensions\\" + name;
-    registry.WriteValue(RegistryHive::CurrentUser, key, "Active", {RegistryType::String, "true"});
-    registry.WriteValue(RegistryHive::CurrentUser, key, "ObjectName", {RegistryType::String, name});
-    automation.objects[name] = std::move(object);
-  }
 
   FakeDocumentEditor document{calls};
   FakeStatusBar statusBar;
