@@ -12,8 +12,12 @@ namespace lorelin {
 
 [[nodiscard]] std::string WriteImportAnswer(const ImportedDocument& document);
 
-// The document of such an answer. Throws RuntimeError (321) for an answer that is none: places outside the
-// text, runs that do not cover it, text that is no UTF-8 are not believed.
+// The answer when there is no document: a German sentence that says why.
+[[nodiscard]] std::string WriteImportProblem(std::string_view sentence);
+
+// The document of such an answer. Throws RuntimeError (321): with the sentence of a problem, and for an
+// answer that is none: places outside the text, runs that reach beyond it, text that is no UTF-8 are not
+// believed.
 [[nodiscard]] ImportedDocument ReadImportAnswer(std::string_view bytes);
 
 }  // namespace lorelin

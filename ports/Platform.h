@@ -14,6 +14,7 @@
 #include "ports/FileSearch.h"
 #include "ports/FileWriter.h"
 #include "ports/ForegroundWindow.h"
+#include "ports/ImportProcess.h"
 #include "ports/Log.h"
 #include "ports/ProgramLauncher.h"
 #include "ports/ProgramPaths.h"
@@ -36,6 +37,7 @@ struct PlatformServices {
   std::unique_ptr<Shell> shell;
   std::unique_ptr<ProgramLauncher> launcher;
   std::unique_ptr<Downloader> downloader;
+  std::unique_ptr<ImportProcess> importer;
   std::unique_ptr<FileWriter> fileWriter;
   std::unique_ptr<Log> scriptLog;  // what task scripts did
   std::unique_ptr<Automation> automation;
@@ -50,8 +52,8 @@ struct PlatformServices {
   bool preparesVoices = false;  // an instance gets a voice ready as soon as it is told which one
 
   [[nodiscard]] SystemPorts Ports() const {
-    return {*registry,   *fileWriter, *fileSearch, *clock,    *log,       *scriptLog,
-            *automation, *foreground, *shell,      *launcher, *downloader};
+    return {*registry,   *fileWriter, *fileSearch, *clock,    *log,        *scriptLog,
+            *automation, *foreground, *shell,      *launcher, *downloader, *importer};
   }
 };
 

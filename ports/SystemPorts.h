@@ -6,6 +6,7 @@
 #include "ports/FileSearch.h"
 #include "ports/FileWriter.h"
 #include "ports/ForegroundWindow.h"
+#include "ports/ImportProcess.h"
 #include "ports/Log.h"
 #include "ports/ProgramLauncher.h"
 #include "ports/Registry.h"
@@ -27,6 +28,7 @@ struct SystemPorts {
   Shell& shell;
   ProgramLauncher& launcher;
   Downloader& downloader;
+  ImportProcess& importer;
 };
 
 }  // namespace lorelin

@@ -14,6 +14,7 @@
 #include "platform/linux/DBusAutomation.h"
 #include "platform/linux/EngineClient.h"
 #include "platform/linux/FlockSingleInstance.h"
+#include "platform/linux/ImportProcessRunner.h"
 #include "platform/linux/MprisRemoteControl.h"
 #include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
@@ -35,6 +36,8 @@ PlatformServices MakePlatformServices(bool verbose) {
                                               *services.log);
   services.launcher = std::make_unique<SpawnLauncher>();
   services.downloader = std::make_unique<CurlDownloader>(*services.log);
+  services.importer = std::make_unique<ImportProcessRunner>(
+      PathText(NativePath(services.paths.engineFile).replace_filename("lorelin-import")));
   services.fileWriter = std::make_unique<AtomicFileWriter>();
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock, verbose);
   services.automation = std::make_unique<DBusAutomation>(*services.log);

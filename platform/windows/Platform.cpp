@@ -18,6 +18,7 @@
 #include "platform/windows/ExplorerShell.h"
 #include "platform/windows/MissingSpeech.h"
 #include "platform/windows/MutexSingleInstance.h"
+#include "platform/windows/NoImportProcess.h"
 #include "platform/windows/NoRemoteControl.h"
 #include "platform/windows/SapiVoice.h"
 #include "platform/windows/ShellFileAssociation.h"
@@ -37,6 +38,7 @@ PlatformServices MakePlatformServices(bool verbose) {
       PathText(NativePath(services.paths.programFile).parent_path()), *services.log);
   services.launcher = std::make_unique<CreateProcessLauncher>();
   services.downloader = std::make_unique<UrlmonDownloader>(*services.log);
+  services.importer = std::make_unique<NoImportProcess>();
   services.fileWriter = std::make_unique<AtomicFileWriter>();
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock, verbose);
   services.automation = std::make_unique<ComAutomation>(*services.log);

@@ -5,6 +5,7 @@
 
 #include "ports/SystemPorts.h"
 #include "tests/support/FakeDirectSS.h"
+#include "tests/support/FakeImportProcess.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/TemporaryFolder.h"
@@ -37,8 +38,9 @@ struct FakeSystem {
   FakeShell shell;
   FakeProgramLauncher launcher;
   FakeDownloader downloader;
-  SystemPorts system{registry,   files,      fileSearch, clock,    log,       runLog,
-                     automation, foreground, shell,      launcher, downloader};
+  FakeImportProcess importer;
+  SystemPorts system{registry,   files,      fileSearch, clock,    log,        runLog,
+                     automation, foreground, shell,      launcher, downloader, importer};
 };
 
 }  // namespace lorelin

@@ -1,0 +1,86 @@
+#include "import/confinement.h"
+
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdint>
+#include <ctime>
+#include <fstream>
+#include <string>
+
+#include "import/importAnswer.h"
+
+namespace lorelin {
+namespace {
+
+constexpr rlim_t kMemory = rlim_t{512} << 20U;
+
+// Made before it is needed: a signal handler may not.
+const std::string& TooSlow() {
+  static const std::string output = [] {
+    const std::string answer = WriteImportProblem(
+        "Das Einlesen wurde abgebrochen, weil es zu lange dauerte. Wahrscheinlich ist die Datei beschädigt "
+        "oder "
+        "viel zu groß.");
+    return "answer " + std::to_string(answer.size()) + "\n" + answer;
+  }();
+  return output;
+}
+
+void EndLate(int) {
+  const std::string& output = TooSlow();
+  (void)!write(STDOUT_FILENO, output.data(), output.size());
+  _exit(1);
+}
+
+void Limit(__rlimit_resource resource, rlim_t most) {
+  rlimit limit{};
+  if (getrlimit(resource, &limit) != 0) return;
+  limit.rlim_max = std::min(limit.rlim_max, most);
+  limit.rlim_cur = std::min(limit.rlim_cur, limit.rlim_max);
+  setrlimit(resource, &limit);
+}
+
+// What a checking build reserves at its start is more than the limit already.
+bool HasRoom() {
+  std::uintmax_t pages = 0;
+  std::ifstream("/proc/self/statm") >> pages;
+  return pages * static_cast<std::uintmax_t>(sysconf(_SC_PAGESIZE)) < kMemory / 2;
+}
+
+// The parent may have ended before this process asked to be told.
+bool ReaderIsGone() {
+  pollfd output{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
+  return poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+}
+
+}  // namespace
+
+void Confine() {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (ReaderIsGone()) _exit(1);
+  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+  prctl(PR_SET_DUMPABLE, 0);
+  Limit(RLIMIT_CORE, 0);
+  Limit(RLIMIT_FSIZE, 0);
+  if (HasRoom()) Limit(RLIMIT_AS, kMemory);
+}
+
+void GiveComputingTime(int seconds) {
+  (void)TooSlow();
+  std::signal(SIGPROF, &EndLate);
+  const itimerval timer{.it_interval = {}, .it_value = {.tv_sec = seconds, .tv_usec = 0}};
+  setitimer(ITIMER_PROF, &timer, nullptr);
+}
+
+double ComputingTime() {
+  return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+}  // namespace lorelin

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace lorelin {
+
+// From here on the process takes little memory, writes no file, ends with its parent, and gains no rights.
+void Confine();
+
+// The process ends with an answer that says so when it computes for so long; each call begins anew, 0 ends
+// the watch.
+void GiveComputingTime(int seconds);
+
+// Seconds that the process has computed.
+[[nodiscard]] double ComputingTime();
+
+}  // namespace lorelin
