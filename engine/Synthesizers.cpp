@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "engine/CommandSynthesizer.h"
 #include "engine/EspeakSynthesizer.h"
 #include "engine/NaturalSynthesizer.h"
 #include "engine/OnnxRuntime.h"
+#include "engine/commandVoices.h"
 #include "engine/naturalVoices.h"
 
 namespace lorelin::engine {
@@ -12,6 +14,7 @@ namespace lorelin::engine {
 Synthesizers::Synthesizers() {
   Add(std::make_unique<EspeakSynthesizer>(library_));
   AddNaturalVoices();
+  AddCommandVoices();
 }
 
 void Synthesizers::Add(std::unique_ptr<Synthesizer> synthesizer) {
@@ -32,6 +35,13 @@ void Synthesizers::AddNaturalVoices() {
     return;
   }
   Add(std::make_unique<NaturalSynthesizer>(library_, runtime, std::move(found.voices)));
+}
+
+void Synthesizers::AddCommandVoices() {
+  FoundCommandVoices found = FindCommandVoices(VoiceFolders());
+  remarks_.insert(remarks_.end(), found.problems.begin(), found.problems.end());
+  if (!found.voices.empty())
+    Add(std::make_unique<CommandSynthesizer>(std::move(found.voices), library_.SampleRate()));
 }
 
 Capabilities Synthesizers::Describe() const {

@@ -15,7 +15,7 @@
 namespace lorelin::engine {
 
 // All that speaks in this process, and which of it the voice of a text belongs to. The voices of eSpeak NG
-// have the first numbers, whatever else is installed.
+// have the first numbers, whatever else is installed, and natural voices those that follow.
 class Synthesizers {
  public:
   Synthesizers();
@@ -40,6 +40,7 @@ class Synthesizers {
 
   void Add(std::unique_ptr<Synthesizer> synthesizer);
   void AddNaturalVoices();
+  void AddCommandVoices();
   void Select(std::int32_t voice);
 
   EspeakLibrary library_;

@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "engine/voiceCatalog.h"
+#include "engine/voiceFiles.h"
 
 namespace lorelin::engine {
 namespace {
@@ -18,8 +19,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kModelEnding = ".onnx";
 constexpr std::uintmax_t kLargestDescription = 1U << 20;
-constexpr int kDeepest = 3;
-constexpr std::size_t kMostFiles = 2000;
 
 std::string QualityName(std::string_view quality) {
   if (quality == "x_low") return "sehr einfach";
@@ -46,19 +45,6 @@ std::int32_t Gender(std::string_view dataset) {
   return 0;
 }
 
-std::vector<fs::path> ModelsBelow(const fs::path& folder) {
-  std::vector<fs::path> models;
-  std::error_code error;
-  auto entry = fs::recursive_directory_iterator(folder, fs::directory_options::skip_permission_denied, error);
-  for (std::size_t seen = 0; !error && entry != fs::end(entry) && seen < kMostFiles; ++seen) {
-    if (entry.depth() >= kDeepest) entry.disable_recursion_pending();
-    if (entry->path().extension() == kModelEnding) models.push_back(entry->path());
-    entry.increment(error);
-  }
-  std::sort(models.begin(), models.end());
-  return models;
-}
-
 void AddVoice(FoundVoices& found, const fs::path& model) {
   std::string problem = "sie fehlt oder ist zu groß";
   const auto json = ReadBounded(PathText(model) + ".json", kLargestDescription);
@@ -72,11 +58,6 @@ void AddVoice(FoundVoices& found, const fs::path& model) {
   voice->model = model;
   if (voice->dataset.empty()) voice->dataset = PathText(model.stem());
   found.voices.push_back(std::move(*voice));
-}
-
-int Rank(const NaturalVoice& voice) {
-  if (voice.language.starts_with("de")) return 0;
-  return voice.language.starts_with("en") ? 1 : 2;
 }
 
 // Where the program keeps what is the user's.
@@ -124,13 +105,13 @@ FoundVoices FindNaturalVoices(const std::vector<fs::path>& folders) {
   FoundVoices found;
   std::set<std::string> names;
   for (const fs::path& folder : folders) {
-    for (const fs::path& model : ModelsBelow(folder)) {
+    for (const fs::path& model : VoiceFilesBelow(folder, kModelEnding)) {
       if (names.insert(PathText(model.filename())).second) AddVoice(found, model);
     }
   }
   std::stable_sort(found.voices.begin(), found.voices.end(), [](const auto& a, const auto& b) {
-    const int left = Rank(a);
-    const int right = Rank(b);
+    const int left = LanguageRank(a.language);
+    const int right = LanguageRank(b.language);
     return left != right ? left < right : ListedBefore(DisplayName(a), DisplayName(b));
   });
   return found;

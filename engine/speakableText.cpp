@@ -51,6 +51,20 @@ bool IsParagraphEnd(std::string_view text, std::size_t at, std::size_t end) {
                     text.begin() + static_cast<std::ptrdiff_t>(end), '\n') >= 2;
 }
 
+// Whether a sentence can begin with what stands there.
+bool MayBegin(std::string_view text) {
+  if (IsCapital(text) || text[0] == '"' || text[0] == '(' || (text[0] >= '0' && text[0] <= '9')) return true;
+  return text.starts_with("„") || text.starts_with("»") || text.starts_with("‚") || text.starts_with("–");
+}
+
+// The place in front of closing quotes and brackets that stand before `at`.
+std::size_t BeforeClosing(std::string_view text, std::size_t at) {
+  for (const std::string_view closing : {"\"", ")", "“", "”", "«", "‘", "’"}) {
+    if (text.substr(0, at).ends_with(closing)) return BeforeClosing(text, at - closing.size());
+  }
+  return at;
+}
+
 std::size_t CharacterStart(std::string_view text, std::size_t at) {
   while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) ++at;
   return at;
@@ -87,6 +101,25 @@ std::size_t NextPiece(std::string_view text) {
       if (stops >= kTooManyStops || at >= kTooManyBytes) return end;
       at = end - 1;
     } else if (stops >= kTooManyStops + 10 || at >= 2 * kTooManyBytes) {
+      return CharacterStart(text, at + 1);
+    }
+  }
+  return text.size();
+}
+
+std::size_t NextSentence(std::string_view text) {
+  constexpr std::size_t kLong = 500;
+  constexpr std::size_t kTooLong = 900;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (IsBlank(text[at])) {
+      const std::size_t end = BlanksEnd(text, at);
+      if (end == text.size() || (at > 0 && IsParagraphEnd(text, at, end))) return end;
+      const std::size_t signs = BeforeClosing(text, at);
+      const bool called = signs > 0 && (text[signs - 1] == '!' || text[signs - 1] == '?');
+      if ((called || IsSentenceEnd(text, signs)) && MayBegin(text.substr(end))) return end;
+      if (at >= kTooLong || (at >= kLong && text[at - 1] == ',')) return end;
+      at = end - 1;
+    } else if (at >= 2 * kTooLong) {
       return CharacterStart(text, at + 1);
     }
   }

@@ -16,4 +16,8 @@ namespace lorelin::engine {
 // buffer at the 85th full stop that ends no sentence.
 [[nodiscard]] std::size_t NextPiece(std::string_view text);
 
+// Bytes of the sentence at the front of `text`, the blanks behind it included; 0 only for an empty text. A
+// long one is cut behind a comma, then at a blank, in the end anywhere between two characters.
+[[nodiscard]] std::size_t NextSentence(std::string_view text);
+
 }  // namespace lorelin::engine

@@ -4,74 +4,15 @@
 #include <filesystem>
 #include <random>
 
-#include "tests/support/DirectSSContract.h"
+#include "tests/support/NaturalData.h"
 #include "tests/support/RealEngine.h"
 #include "tests/support/naturalVoices.h"
+#include "tests/support/voiceWith.h"
 
 namespace lorelin {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A user's data with the stand-in voices and the runtime, for the engines that are started meanwhile.
-class NaturalData {
- public:
-  explicit NaturalData(bool withRuntime = true) {
-    fs::create_directories(folder_.File("lorelin"));
-    fs::create_directory_symlink(engine::TestVoices(), folder_.File("lorelin/voices"));
-    if (withRuntime && !runtime_.empty())
-      fs::create_directory_symlink(runtime_.parent_path(), folder_.File("lorelin/runtime"));
-  }
-
- private:
-  const fs::path runtime_ = engine::InstalledRuntime();  // found before the folders are others
-  TemporaryFolder folder_;
-  engine::ChangedVariable home_{"LORELIN_HOME", ""};
-  engine::ChangedVariable data_{"XDG_DATA_HOME", folder_.Path()};
-};
-
-std::int32_t VoiceWith(DirectSS& engine, const std::string& part) {
-  for (std::int32_t number = 1; number <= engine.VoiceCount(); ++number) {
-    if (engine.VoiceName(number).find(part) != std::string::npos) return number;
-  }
-  ADD_FAILURE() << "there is no voice " << part;
-  return 0;
-}
-
-class NaturalUnderTest final : public EngineUnderTest {
- public:
-  NaturalUnderTest(const char* voice, bool playing) : playing_(playing) {
-    if (!engine::InstalledRuntime().empty()) real_.engine.SetCurrentVoice(VoiceWith(real_.engine, voice));
-    real_.engine.SetSpeed(real_.engine.MaxSpeed());
-  }
-  DirectSS& Instance() override { return real_.engine; }
-  bool RunToTheEnd() override {
-    const bool ended = real_.WaitUntil([this] { return !real_.engine.Speaking(); });
-    real_.pump.RunPendingEvents();
-    return ended;
-  }
-  std::string WavePath() override { return playing_ ? "" : real_.folder.File("a.wav"); }
-  std::string Lacking() override {
-    return engine::InstalledRuntime().empty() ? "there is no ONNX Runtime" : "";
-  }
-
- private:
-  NaturalData data_;
-  bool playing_;
-  RealEngine real_;
-};
-
-// The parameter of a contract test is a plain function.
-template <char Voice, bool Playing>
-std::unique_ptr<EngineUnderTest> Make() {
-  setenv("SDL_AUDIODRIVER", "dummy", 1);
-  const char* const voice = Voice == '1' ? "– hoch" : Voice == '2' ? "– tief" : "probe";
-  return std::make_unique<NaturalUnderTest>(voice, Playing);
-}
-
-INSTANTIATE_TEST_SUITE_P(NaturalRendering, DirectSSContract,
-                         testing::Values(&Make<'0', false>, &Make<'2', false>));
-INSTANTIATE_TEST_SUITE_P(NaturalPlaying, DirectSSContract, testing::Values(&Make<'1', true>));
 
 class NaturalEngine : public testing::Test {
  protected:
