@@ -13,22 +13,7 @@ namespace {
 constexpr std::string_view kGroup = "Weiterlesen";
 constexpr std::int32_t kItem = 1200;
 constexpr std::size_t kMostLetters = 40;
-constexpr std::size_t kAnchor = 200;  // bytes by which a place is found again
 constexpr std::string_view kBlanks = " \t\r\n";
-
-// Where the words stand now: the place that is nearest to the old one, in bytes.
-std::optional<std::size_t> Nearest(std::string_view text, std::string_view words, std::size_t old) {
-  const std::size_t before = text.rfind(words, old);
-  const std::size_t behind = text.find(words, old);
-  if (before == std::string_view::npos && behind == std::string_view::npos) return std::nullopt;
-  if (before == std::string_view::npos) return behind;
-  if (behind == std::string_view::npos) return before;
-  return old - before < behind - old ? before : behind;
-}
-
-std::size_t BytesBefore(const std::string& text, std::size_t character) {
-  return text.size() - FromCharacter(text, character).size();
-}
 
 }  // namespace
 
@@ -52,18 +37,14 @@ void ContinuedReading::AddGroup() {
   parts_.taskPane.AddGroup(kGroup);
 }
 
-std::optional<ContinuedReading::Offer> ContinuedReading::OfferAt(const std::string& text,
-                                                                 std::size_t character) {
-  std::string_view rest = FromCharacter(text, character);
-  const std::size_t gap = std::min(rest.size(), rest.find_first_not_of(kBlanks));
-  rest.remove_prefix(gap);
-  if (rest.empty()) return std::nullopt;
-  std::size_t size = std::min(kAnchor, rest.size());
-  while (size < rest.size() && (static_cast<unsigned char>(rest[size]) & 0xC0U) == 0x80U) ++size;
-  return Offer{.character = character + gap, .words = std::string(rest.substr(0, size))};
+std::optional<TextAnchor> ContinuedReading::OfferAt(const std::string& text, std::size_t character) {
+  const std::string_view rest = FromCharacter(text, character);
+  const std::size_t gap = rest.find_first_not_of(kBlanks);
+  if (gap == std::string_view::npos) return std::nullopt;
+  return AnchorAt(text, character + gap);
 }
 
-void ContinuedReading::ShowOffer(std::optional<Offer> offer) {
+void ContinuedReading::ShowOffer(std::optional<TextAnchor> offer) {
   if (!offer && !offer_) return;
   offer_ = std::move(offer);
   AddGroup();
@@ -116,10 +97,9 @@ void ContinuedReading::Keep() {
 void ContinuedReading::Continue() {
   if (!offer_) return;
   const std::string text = parts_.document.Text();
-  const std::size_t old = BytesBefore(text, offer_->character);
-  const std::size_t place = Nearest(text, offer_->words, old).value_or(old);
+  const std::size_t place = PlaceOf(*offer_, text);
   parts_.modes.Textmode();
-  parts_.speech.ReadFrom(CharacterCount(std::string_view(text).substr(0, place)));
+  parts_.speech.ReadFrom(place);
 }
 
 }  // namespace lorelin

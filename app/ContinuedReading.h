@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/Modes.h"
+#include "app/TextAnchor.h"
 #include "documents/Documents.h"
 #include "documents/ReadingPlaces.h"
 #include "ports/DocumentEditor.h"
@@ -47,21 +48,15 @@ class ContinuedReading {
   void Continue();
 
  private:
-  // A place of the document, with what stood there when it was found.
-  struct Offer {
-    std::size_t character = 0;
-    std::string words;
-  };
-
   void Keep();
-  void ShowOffer(std::optional<Offer> offer);
-  [[nodiscard]] static std::optional<Offer> OfferAt(const std::string& text, std::size_t character);
+  void ShowOffer(std::optional<TextAnchor> offer);
+  [[nodiscard]] static std::optional<TextAnchor> OfferAt(const std::string& text, std::size_t character);
 
   Parts parts_;
   std::string shown_;  // the file whose text is shown
   FileStamp stamp_;
   std::string read_;  // the file whose text is read; "" when it is none
-  std::optional<Offer> offer_;
+  std::optional<TextAnchor> offer_;
 };
 
 // The first words of what stands at the place, on one line and with an ellipsis where it goes on.

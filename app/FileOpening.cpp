@@ -4,11 +4,32 @@
 
 #include "app/steps.h"
 #include "base/modFile.h"
+#include "import/importFormats.h"
 
 namespace lorelin {
+namespace {
+
+std::string BookFilter() {
+  const std::string plain = "*.txt;*.rtf";
+  std::string filter = "Alle lesbaren Dokumente|" + AllImportPatterns() + ";" + plain;
+  for (const ImportFormat& format : ImportFormats())
+    filter += "|" + std::string(format.name) + "|" + ImportPatterns(format);
+  return filter + "|Texte (*.txt,*.rtf)|" + plain + "|Alle Dateien (*.*)|*.*";
+}
+
+}  // namespace
 
 void FileOpening::Choose() {
   if (parts_.documents.OpenDoc()) parts_.modes.Textmode();
+}
+
+void FileOpening::ChooseBook() {
+  const auto path = parts_.fileDialogs.AskForFile({.title = "Buch oder Dokument öffnen",
+                                                   .folder = {},
+                                                   .fileName = {},
+                                                   .filter = BookFilter(),
+                                                   .defaultExtension = {}});
+  if (path) Open(*path);
 }
 
 void FileOpening::Open(const std::string& path) {
@@ -18,7 +39,9 @@ void FileOpening::Open(const std::string& path) {
     parts_.recent.Remove(path);
     return;
   }
-  if (parts_.documents.OpenPath(path)) parts_.modes.Textmode();
+  const bool opened =
+      IsImportable(path) ? parts_.documents.OpenReadable(path) : parts_.documents.OpenPath(path);
+  if (opened) parts_.modes.Textmode();
 }
 
 void FileOpening::OpenRecent(std::size_t index) {

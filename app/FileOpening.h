@@ -8,6 +8,7 @@
 #include "documents/Documents.h"
 #include "documents/RecentFiles.h"
 #include "ports/DocumentEditor.h"
+#include "ports/FileDialogs.h"
 #include "ports/Log.h"
 #include "ports/MessageBoxes.h"
 #include "settings/SettingsStore.h"
@@ -24,6 +25,7 @@ class FileOpening {
     RecentFiles& recent;
     DocumentEditor& editor;
     MessageBoxes& messageBoxes;
+    FileDialogs& fileDialogs;
     SettingsStore& settings;
     Log& log;
     const StartupState& startup;
@@ -34,6 +36,8 @@ class FileOpening {
 
   // Asks for a file.
   void Choose();
+  // Asks for one of every format that can be read.
+  void ChooseBook();
   // Nobody chose this file in a dialog that would have shown what there is.
   void Open(const std::string& path);
   // One of the recent files; one that has gone is told and forgotten.

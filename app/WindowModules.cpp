@@ -12,12 +12,14 @@ namespace lorelin {
 WindowModules::WindowModules(Edges given)
     : edges(std::move(given)),
       recent(edges.spoken.settings, [this] { edges.view.SetRecentFiles(recent.Paths()); }),
+      import(edges.system.importer, edges.progress, edges.system.clock),
       documents({.editor = edges.document,
                  .fileDialogs = edges.fileDialogs,
                  .files = edges.system.files,
                  .messageBoxes = edges.messageBoxes,
                  .statusBar = edges.statusBar,
                  .pump = edges.pump,
+                 .import = import,
                  .extensions = edges.spoken.extensions,
                  .log = edges.system.log,
                  .stateChanged =
@@ -25,6 +27,7 @@ WindowModules::WindowModules(Edges given)
                        edges.view.SetTitle(documents.Title());
                        edges.spoken.speech.Status().Forget();  // that was another text
                        continued.DocumentChanged();
+                       chapters.DocumentChanged();
                      },
                  .stored = [this] { edges.recovery.Saved(); },
                  .unwanted = [this] { edges.recovery.LetGo(); },
@@ -55,7 +58,8 @@ WindowModules::WindowModules(Edges given)
                    .runLog = edges.system.scriptLog,
                    .scriptFolder = JoinPath(edges.programFolder, {"scripts"}),
                    .fileOfItem = [this](std::int32_t item) { return tasks.GetSelectedItem(item); },
-                   .homeFolder = edges.homeFolder}),
+                   .homeFolder = edges.homeFolder,
+                   .loadFile = [this](const std::string& path) { import.Show(path, edges.document); }}),
       errorPage({.view = edges.view,
                  .browser = edges.browser,
                  .files = edges.system.files,
@@ -83,10 +87,20 @@ WindowModules::WindowModules(Edges given)
                .recent = recent,
                .editor = edges.document,
                .messageBoxes = edges.messageBoxes,
+               .fileDialogs = edges.fileDialogs,
                .settings = edges.spoken.settings,
                .log = edges.system.log,
                .startup = edges.spoken.startup,
                .modes = modes}),
+      addresses({.documents = documents,
+                 .fileDialogs = edges.fileDialogs,
+                 .messageBoxes = edges.messageBoxes,
+                 .clipboard = edges.clipboard,
+                 .downloader = edges.system.downloader,
+                 .progress = edges.progress,
+                 .clock = edges.system.clock,
+                 .modes = modes,
+                 .folder = JoinPath(edges.programFolder, {"temp"})}),
       unsaved({.taskPane = edges.taskPane,
                .statusBar = edges.statusBar,
                .messageBoxes = edges.messageBoxes,
@@ -110,6 +124,14 @@ WindowModules::WindowModules(Edges given)
                  .taskPane = edges.taskPane,
                  .statusBar = edges.statusBar,
                  .modes = modes}),
+      chapters({.list = edges.chapterList,
+                .documents = documents,
+                .document = edges.document,
+                .along = along,
+                .speech = edges.spoken.speech,
+                .marks = edges.marks,
+                .statusBar = edges.statusBar,
+                .modes = modes}),
       sleep({.alarm = edges.alarm,
              .clock = edges.system.clock,
              .statusBar = edges.statusBar,
@@ -194,6 +216,8 @@ void WindowModules::FillCommands() {
   commands.Add("ExitLo", [this] { window.ExitLo(); });
   AddSpeechCommands(commands, edges.spoken.speech, exporter, edges.voiceDialogs);
   AddDocumentCommands(commands, documents, opening);
+  commands.Add("OpenAddress", [this] { addresses.Choose(); });
+  chapters.AddCommands(commands);
   AddEditingCommands(commands, edges.document, edges.clipboard, edges.editing);
   AddPronunciationCommands(commands, edges.spoken.pronunciations, edges.pronunciationDialogs, edges.document,
                            edges.view);
@@ -226,6 +250,7 @@ void WindowModules::Follow() {
               .moved =
                   [this] {
                     readingProgress.Moved();
+                    chapters.Moved();
                     sleep.Moved();
                   },
               .holds =

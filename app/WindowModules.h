@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "app/AddressOpening.h"
+#include "app/Chapters.h"
 #include "app/ContinuedReading.h"
 #include "app/FileOpening.h"
 #include "app/MainWindow.h"
@@ -59,6 +61,7 @@ struct WindowModules {
     Alarm& alarm;
     BrowserPane& browser;
     TaskPane& taskPane;
+    ChapterList& chapterList;
     StatusBar& statusBar;
     MessageBoxes& messageBoxes;
     FileDialogs& fileDialogs;
@@ -85,6 +88,7 @@ struct WindowModules {
 
   Edges edges;
   RecentFiles recent;
+  DocumentImport import;
   Documents documents;
   ModExport exporter;
   DesktopMonitor monitor;
@@ -94,12 +98,14 @@ struct WindowModules {
   Launches launches;
   Modes modes;
   FileOpening opening;
+  AddressOpening addresses;
   UnsavedTexts unsaved;
   TextSize textSize;
   ReadingAlong along;
   ReadingProgress readingProgress;
   ReadingPlaces readingPlaces;
   ContinuedReading continued;
+  Chapters chapters;
   SleepTimer sleep;
   TaskItems taskItems;
   WatchTimers timers;

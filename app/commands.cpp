@@ -10,6 +10,8 @@ constexpr MenuEntry kSeparator{"", "-", "", ""};
 constexpr std::array kFileMenu{
     MenuEntry{"mnuNeu", "Neu", "NewDoc", "Ctrl+N"},
     MenuEntry{"mnuOpen", "&Öffnen", "OpenDoc", "Ctrl+O"},
+    MenuEntry{"mnuOpenBook", "&Buch oder Dokument öffnen …", "OpenBook", "Ctrl+Shift+O"},
+    MenuEntry{"mnuOpenAddress", "A&dresse öffnen …", "OpenAddress", "Ctrl+L"},
     MenuEntry{"mnuSave", "&Speichern", "SaveDoc", "Ctrl+S"},
     MenuEntry{"mnuSaveAs", "&Speichern unter", "SaveAs", "Ctrl+Shift+S"},
     MenuEntry{"mnuSplit", "-", "", ""},
@@ -75,6 +77,8 @@ constexpr std::array kActionMenu{
     WhileReading("mnuRepeatSentence", "Satz wieder&holen", "RepeatSentence", "F9"),
     WhileReading("mnuParagraphBack", "Einen &Absatz zurück", "ParagraphBack", "Shift+F11"),
     WhileReading("mnuParagraphOn", "Einen A&bsatz weiter", "ParagraphOn", "Ctrl+F11"),
+    WhileReading("mnuChapterBack", "Ein &Kapitel zurück", "PreviousChapter", "Shift+F12"),
+    WhileReading("mnuChapterOn", "Ein Ka&pitel weiter", "NextChapter", "Ctrl+F12"),
     WhileReading("mnuFaster", "S&chneller", "Faster", "Alt+PageUp"),
     WhileReading("mnuSlower", "&Langsamer", "Slower", "Alt+PageDown"),
     WhileReading("mnuReturnToVoice", "Zur Lese&stelle", "ReturnToVoice", "Alt+Home"),

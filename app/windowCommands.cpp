@@ -55,6 +55,7 @@ void AddConditions(CommandTable& commands, ModSpeak& speech, EditorCommands& edi
 void AddDocumentCommands(CommandTable& commands, Documents& documents, FileOpening& opening) {
   commands.Add("NewDoc", [&] { documents.NewDoc(); });
   commands.Add("OpenDoc", [&] { opening.Choose(); });
+  commands.Add("OpenBook", [&] { opening.ChooseBook(); });
   commands.Add("OpenRecent", [&] { opening.OpenRecent(0); });
   commands.Add("SaveDoc", [&] { documents.SaveDoc(); });
   commands.Add("SaveAs", [&] { documents.SaveAs(); });

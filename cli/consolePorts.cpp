@@ -49,10 +49,10 @@ std::string ConsoleDocument::RichText() {
   return WriteRtf(plain);
 }
 
-TextFormat ConsoleDocument::LoadFile(const std::string& path) {
+LoadedFile ConsoleDocument::LoadFile(const std::string& path) {
   StoredRichText stored = ReadRichTextFile(path);
   text_ = std::move(stored.text.text);
-  return stored.format;
+  return std::move(stored.file);
 }
 
 }  // namespace lorelin

@@ -60,7 +60,8 @@ class ConsoleDocument final : public DocumentEditor {
   bool IsEmpty() const override { return text_.empty(); }
   void SetText(std::string_view text) override { text_ = text; }
   std::string RichText() override;
-  TextFormat LoadFile(const std::string& path) override;
+  LoadedFile LoadFile(const std::string& path) override;
+  void ShowRichText(const std::string& rtf) override { text_ = ReadRtf(rtf).text; }
   std::size_t SelectionStart() override { return 0; }
   std::string SelectedText() override { return {}; }
   void ReplaceSelection(std::string_view text) override { text_.insert(0, text); }

@@ -92,6 +92,7 @@ class App::Program {
                   .alarm = alarm_,
                   .browser = form_->Browser(),
                   .taskPane = form_->Tasks(),
+                  .chapterList = form_->Contents(),
                   .statusBar = *form_,
                   .messageBoxes = messageBoxes_,
                   .fileDialogs = fileDialogs_,

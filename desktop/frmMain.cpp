@@ -111,7 +111,7 @@ void FrmMain::BuildStatusBar() {
 void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   splitter_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    wxSP_LIVE_UPDATE | wxSP_NOBORDER);
-  ctlTask_ = new WxTaskPane(splitter_);
+  wxWindow* const side = BuildSide();
   auto* const place = new wxPanel(splitter_);
   rtfText_ = new WxDocumentEditor(place);
   wbBrowser_ = new WxBrowserPane(place, filterFolder, log);
@@ -123,7 +123,7 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   splitter_->SetMinimumPaneSize(FromDIP(140));
   const int tasksWidth = ctlTask_->GetTextExtent(ToWx("Sprachausgabe als WAV speichern")).x + FromDIP(56);
   const int most = static_cast<int>(ScaledByFont(*this, kUsualSize).x * kWidestTasks);
-  splitter_->SplitVertically(ctlTask_, place, std::min(most, std::max(FromDIP(220), tasksWidth)));
+  splitter_->SplitVertically(side, place, std::min(most, std::max(FromDIP(220), tasksWidth)));
   AcceptFiles(*rtfText_);
   AcceptFiles(*wbBrowser_);
   wbBrowser_->OnViewMade([this](wxWindow& view) { AcceptFiles(view); });
@@ -132,10 +132,34 @@ void FrmMain::BuildPanes(const std::string& filterFolder, Log& log) {
   AcceptFiles(*GetStatusBar());
   rtfText_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) { ShowEditorMenu(event); });
   rtfText_->Bind(wxEVT_LEFT_DOWN, &FrmMain::OnEditorClick, this);
+  FollowText();
+}
+
+wxWindow* FrmMain::BuildSide() {
+  auto* const side = new wxPanel(splitter_);
+  side->SetSizer(new wxBoxSizer(wxVERTICAL));
+  ctlTask_ = new WxTaskPane(side);
+  side->GetSizer()->Add(ctlTask_, wxSizerFlags(1).Expand());
+  chapters_ = new WxChapterPane(side);
+  side->GetSizer()->Add(chapters_, wxSizerFlags(1).Expand());
+  return side;
+}
+
+void FrmMain::FollowText() {
   rtfText_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
     event.Skip();
-    if (modules_ != nullptr) modules_->window.EditorChanged(rtfText_->CharacterCount());
+    if (modules_ == nullptr) return;
+    modules_->window.EditorChanged(rtfText_->CharacterCount());
+    modules_->chapters.Edited(rtfText_->CharacterCount());
   });
+  const auto caret = [this](wxEvent& event) {
+    event.Skip();
+    CallAfter([this] {
+      if (modules_ != nullptr) modules_->chapters.CaretMoved();
+    });
+  };
+  rtfText_->Bind(wxEVT_KEY_UP, caret);
+  rtfText_->Bind(wxEVT_LEFT_UP, caret);
 }
 
 void FrmMain::PointAt(const wxPoint& place) {
@@ -162,15 +186,21 @@ void FrmMain::ShowEditorMenu(const wxContextMenuEvent& event) {
   rtfText_->PopupMenu(menu.get(), place);
 }
 
+// What is nothing but an address is opened.
+void FrmMain::TakeText(const std::string& text) {
+  if (IsWebAddress(text)) {
+    CallAfter([this, text] { modules_->addresses.Open(text); });
+  } else if (!ShowsPage()) {
+    rtfText_->ReplaceSelection(text);
+  }
+}
+
 // Only the first of several files: there is one document.
 void FrmMain::AcceptFiles(wxWindow& window) {
   window.SetDropTarget(new DropTarget(
       {.files =
            [this](const std::string& path) { CallAfter([this, path] { modules_->opening.Open(path); }); },
-       .text =
-           [this](const std::string& text) {
-             if (!ShowsPage()) rtfText_->ReplaceSelection(text);
-           }}));
+       .text = [this](const std::string& text) { TakeText(text); }}));
 }
 
 void FrmMain::OnCharHook(wxKeyEvent& event) {

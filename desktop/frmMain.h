@@ -14,6 +14,7 @@
 #include "desktop/MainMenu.h"
 #include "desktop/toolkit/PlaceLine.h"
 #include "desktop/toolkit/WxBrowserPane.h"
+#include "desktop/toolkit/WxChapterPane.h"
 #include "desktop/toolkit/WxDocumentEditor.h"
 #include "desktop/toolkit/WxTaskPane.h"
 #include "ports/EditorCommands.h"
@@ -45,6 +46,7 @@ class FrmMain final : public wxFrame,
   [[nodiscard]] WxDocumentEditor& Editor() { return *rtfText_; }
   [[nodiscard]] WxBrowserPane& Browser() { return *wbBrowser_; }
   [[nodiscard]] WxTaskPane& Tasks() { return *ctlTask_; }
+  [[nodiscard]] ChapterList& Contents() { return *chapters_; }
 
   void ShowEditor(bool visible) override;
   void ShowBrowser(bool visible) override;
@@ -87,7 +89,10 @@ class FrmMain final : public wxFrame,
   void BuildToolbar();
   void BuildStatusBar();
   void BuildPanes(const std::string& filterFolder, Log& log);
+  [[nodiscard]] wxWindow* BuildSide();
+  void FollowText();
   void AcceptFiles(wxWindow& window);
+  void TakeText(const std::string& text);
   void ShowEditorMenu(const wxContextMenuEvent& event);
   void PointAt(const wxPoint& place);
   void OnEditorClick(wxMouseEvent& event);
@@ -103,6 +108,7 @@ class FrmMain final : public wxFrame,
   WxDocumentEditor* rtfText_ = nullptr;
   WxBrowserPane* wbBrowser_ = nullptr;
   WxTaskPane* ctlTask_ = nullptr;
+  WxChapterPane* chapters_ = nullptr;
   std::unique_ptr<PlaceLine> placeLine_;
   wxTimer tmrClipboard_;
   wxTimer tmrWinTasks_;

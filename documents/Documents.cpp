@@ -1,12 +1,17 @@
 #include "documents/Documents.h"
 
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/modFile.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "documents/windowTitle.h"
+#include "import/importFormats.h"
+#include "richtext/rtf.h"
 
 namespace lorelin {
 namespace {
@@ -28,7 +33,33 @@ std::string Folder(const std::string& path) {
   return separator == std::string::npos ? "" : path.substr(0, separator);
 }
 
+// While the program itself changes the text.
+class LoadingState {
+ public:
+  explicit LoadingState(bool& loading) : loading_(loading) { loading_ = true; }
+  ~LoadingState() { loading_ = false; }
+  LoadingState(const LoadingState&) = delete;
+  LoadingState& operator=(const LoadingState&) = delete;
+
+ private:
+  bool& loading_;
+};
+
+// Formats are kept in RTF only.
+std::string ProposedName(const Document& document) {
+  const std::string name = FileName(document.path);
+  return document.copy && !name.empty() ? name.substr(0, name.find_last_of('.')) + ".rtf" : name;
+}
+
 }  // namespace
+
+// What the text was made of is never written, nor taken for something that this program could have written.
+bool Documents::IsOriginal(const std::string& path) const {
+  std::error_code error;
+  return document_.copy && !document_.shown.empty() &&
+         (path == document_.shown ||
+          std::filesystem::equivalent(NativePath(path), NativePath(document_.shown), error));
+}
 
 void Documents::NewDoc() {
   if (!parts_.editor.IsEmpty()) {
@@ -74,7 +105,10 @@ bool Documents::OpenDoc() {
 }
 
 bool Documents::OpenPath(const std::string& path) {
-  if (!IsTextFile(path)) return false;
+  return IsTextFile(path) && OpenReadable(path);
+}
+
+bool Documents::OpenReadable(const std::string& path) {
   parts_.pump.RunPendingEvents();
   parts_.extensions.OpenFile(path);
   try {
@@ -94,9 +128,11 @@ void Documents::TellUnreadable(const std::string& path, const RuntimeError& erro
   parts_.log.Write(path + ": " + error.what());
   if (error.Number() == static_cast<int>(ErrorNumber::OutOfMemory)) TellTooLarge(error.what());
   if (error.Number() != static_cast<int>(ErrorNumber::InvalidFileFormat)) return;
-  parts_.messageBoxes.Show(
-      "Die Datei „" + FileName(path) + "“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.",
-      "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
+  const std::string reason = IsImportable(path)
+                                 ? "„" + FileName(path) + "“: " + error.what()
+                                 : "Die Datei „" + FileName(path) +
+                                       "“ enthält keinen Text, den Lorelin anzeigen oder vorlesen könnte.";
+  parts_.messageBoxes.Show(reason, "Öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
 void Documents::TellTooLarge(const std::string& reason) {
@@ -106,20 +142,72 @@ void Documents::TellTooLarge(const std::string& reason) {
 // The stamp comes first: what is written during the reading is noticed later.
 void Documents::Load(const std::string& path) {
   const FileStamp stamp = StampOf(path);
-  TextFormat format;
-  loading_ = true;
-  try {
-    format = parts_.editor.LoadFile(path);
-  } catch (...) {
-    loading_ = false;
-    throw;
+  Become(path, stamp, ShowFile(path));
+}
+
+Documents::Shown Documents::ShowFile(const std::string& path) {
+  if (IsImportable(path)) return ShowImported(Import(path));
+  const LoadingState loading(loading_);
+  LoadedFile loaded = parts_.editor.LoadFile(path);
+  return {.format = loaded.format, .info = {.chapters = std::move(loaded.chapters)}};
+}
+
+Documents::Shown Documents::ShowImported(const ImportedDocument& document) {
+  const LoadingState loading(loading_);
+  parts_.editor.ShowRichText(WriteRtf(document.text));
+  return {.info = document.info, .copy = true, .notice = document.notice};
+}
+
+// Pages without a text are of no use to anybody; what has some is shown as it is.
+ImportedDocument Documents::Import(const std::string& path) {
+  ImportedDocument document = parts_.import.Run({.path = path});
+  if (!document.text.text.empty()) return document;
+  if (document.hasPages && WantsRecognition(path)) {
+    document = parts_.import.Run({.path = path, .recognisePages = true});
+    if (!document.text.text.empty()) return document;
+  } else if (document.hasPages) {
+    throw RuntimeError(ErrorNumber::Cancelled);
   }
-  loading_ = false;
-  document_.format = format;
+  throw RuntimeError(ErrorNumber::InvalidFileFormat,
+                     document.notice.empty() ? "Das Dokument enthält keinen Text." : document.notice);
+}
+
+bool Documents::WantsRecognition(const std::string& path) {
+  return parts_.messageBoxes.Show("„" + FileName(path) +
+                                      "“ enthält nur Bilder von Seiten.\n\nSoll Lorelin den Text darauf "
+                                      "erkennen? Das dauert einige Sekunden für jede Seite.",
+                                  "Frage", MessageIcon::Question,
+                                  MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+void Documents::Become(const std::string& path, const FileStamp& stamp, Shown shown) {
+  document_.format = shown.format;
+  document_.info = std::move(shown.info);
+  document_.copy = shown.copy;
   document_.shown = path;
   document_.stamp = stamp;
   known_ = stamp;
   Stored();
+  if (!shown.notice.empty()) parts_.statusBar.SetMessage(shown.notice);
+}
+
+bool Documents::OpenPage(const std::string& file, const std::string& address) {
+  parts_.pump.RunPendingEvents();
+  parts_.extensions.OpenFile(address);
+  try {
+    ImportedDocument page =
+        parts_.import.Run({.path = file, .articleOnly = file.ends_with(".html"), .source = address});
+    if (page.text.text.empty())
+      throw RuntimeError(ErrorNumber::InvalidFileFormat, "Die Seite enthält keinen Text.");
+    Become("", {}, ShowImported(page));
+  } catch (const RuntimeError& error) {
+    parts_.log.Write(error.what());
+    if (error.Number() == static_cast<int>(ErrorNumber::InvalidFileFormat))
+      parts_.messageBoxes.Show(error.what(), "Adresse öffnen", MessageIcon::Exclamation, MessageButtons::Ok);
+    return false;
+  }
+  SetPath("");
+  return true;
 }
 
 void Documents::LoadAtStart(const std::string& path) {
@@ -138,7 +226,10 @@ void Documents::Restore(const std::string& snapshot) {
   document_.format = {};
   document_.path.clear();
   modified_ = true;
+  DocumentInfo info = std::move(document_.info);
   Replaced();
+  document_.info = std::move(info);
+  parts_.stateChanged();
 }
 
 void Documents::SetPath(const std::string& path) {
@@ -160,11 +251,14 @@ void Documents::Replaced() {
   if (loading_) return;
   document_.shown.clear();
   document_.stamp = {};
+  document_.info = {};
+  document_.copy = false;
   parts_.stateChanged();
 }
 
 std::string Documents::Title() const {
-  return WindowTitle(FileName(document_.shown), modified_);
+  const bool isFile = !document_.shown.empty();
+  return WindowTitle(isFile ? FileName(document_.shown) : document_.info.title, modified_);
 }
 
 int Documents::WriteText(const std::string& path) {
@@ -200,6 +294,7 @@ bool Documents::SaveRichText(const std::string& path) {
 void Documents::Written(const std::string& path) {
   document_.path = path;
   document_.shown = path;
+  document_.copy = false;
   document_.stamp = StampOf(path);
   known_ = document_.stamp;
   Stored();
@@ -223,10 +318,17 @@ bool Documents::WriteAsEnded(const std::string& path) {
 bool Documents::SaveDoc() {
   const auto path = parts_.fileDialogs.AskForTarget({.title = "Speichern",
                                                      .folder = Folder(document_.path),
-                                                     .fileName = FileName(document_.path),
+                                                     .fileName = ProposedName(document_),
                                                      .filter = std::string(kSaveFilter),
                                                      .defaultExtension = document_.defaultExtension});
   if (!path) return false;
+  if (IsOriginal(*path)) {
+    parts_.messageBoxes.Show(
+        "Das Original „" + FileName(*path) +
+            "“ bleibt, wie es ist. Bitte speichern Sie den Text unter einem anderen Namen.",
+        "Speichern", MessageIcon::Exclamation, MessageButtons::Ok);
+    return false;
+  }
   const bool saved = WriteAsEnded(*path);
   parts_.extensions.SaveFile(*path);
   return saved;
@@ -234,7 +336,7 @@ bool Documents::SaveDoc() {
 
 void Documents::SaveAs() {
   const std::string path = document_.path;
-  if (path.empty()) {
+  if (path.empty() || IsOriginal(path)) {
     SaveDoc();
   } else if (document_.shown != path && StampOf(path).exists) {
     OverwriteOtherText();

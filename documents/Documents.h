@@ -5,6 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "documents/Document.h"
+#include "documents/DocumentImport.h"
 #include "extensions/modAddin.h"
 #include "ports/DocumentEditor.h"
 #include "ports/EventPump.h"
@@ -27,6 +28,7 @@ class Documents {
     MessageBoxes& messageBoxes;
     StatusBar& statusBar;
     EventPump& pump;
+    DocumentImport& import;
     ModAddin& extensions;
     Log& log;
     // The document is another one, or was stored: its name and state may have changed.
@@ -46,6 +48,10 @@ class Documents {
   bool OpenDoc();
   // Opens this file as OpenDoc does the chosen one.
   bool OpenPath(const std::string& path);
+  // The same for a file that was chosen among those that can be read.
+  bool OpenReadable(const std::string& path);
+  // Shows the article of a page of the web, which was fetched into this file; a new document.
+  bool OpenPage(const std::string& file, const std::string& address);
   // Always asks for a name; false when the user cancelled or it could not be saved.
   bool SaveDoc();
   // Writes the plain text to the current path; asks for a name when there is none, and before it overwrites
@@ -54,7 +60,8 @@ class Documents {
   // Asks whether to save before the end; false when the program goes on.
   [[nodiscard]] bool MayExit();
 
-  // Loads a file without a question or a hook. Throws RuntimeError and keeps the document.
+  // Loads a file without a hook. Throws RuntimeError and keeps the document. Asks only whether the text of
+  // pages that are pictures is to be recognised.
   void Load(const std::string& path);
   // The same for start-up, which goes on whatever happens. What is too large is told once there is a window.
   void LoadAtStart(const std::string& path);
@@ -78,6 +85,20 @@ class Documents {
 
  private:
   [[nodiscard]] bool IsTextFile(const std::string& path);
+  // What there is to say of a file once it is in the editor.
+  struct Shown {
+    TextFormat format{};
+    DocumentInfo info{};
+    bool copy = false;
+    std::string notice{};
+  };
+
+  [[nodiscard]] Shown ShowFile(const std::string& path);
+  [[nodiscard]] Shown ShowImported(const ImportedDocument& document);
+  [[nodiscard]] ImportedDocument Import(const std::string& path);
+  [[nodiscard]] bool WantsRecognition(const std::string& path);
+  void Become(const std::string& path, const FileStamp& stamp, Shown shown);
+  [[nodiscard]] bool IsOriginal(const std::string& path) const;
   void Stored();
   void TellError(int number);
   void TellUnreadable(const std::string& path, const RuntimeError& error);

@@ -31,10 +31,14 @@ class GuardedDocument final : public DocumentEditor {
     replacing.done = true;
   }
   std::string RichText() override { return editor_.RichText(); }
-  TextFormat LoadFile(const std::string& path) override {
-    const TextFormat format = LoadGuarded(path);
+  LoadedFile LoadFile(const std::string& path) override {
+    LoadedFile loaded = LoadGuarded(path);
     replaced_();
-    return format;
+    return loaded;
+  }
+  void ShowRichText(const std::string& rtf) override {
+    ShowGuarded(rtf);
+    replaced_();
   }
   std::size_t SelectionStart() override { return editor_.SelectionStart(); }
   std::string SelectedText() override { return editor_.SelectedText(); }
@@ -50,11 +54,16 @@ class GuardedDocument final : public DocumentEditor {
     bool done = false;
   };
 
-  TextFormat LoadGuarded(const std::string& path) {
+  LoadedFile LoadGuarded(const std::string& path) {
     Replacing replacing(recovery_);
-    const TextFormat format = editor_.LoadFile(path);
+    LoadedFile loaded = editor_.LoadFile(path);
     replacing.done = true;
-    return format;
+    return loaded;
+  }
+  void ShowGuarded(const std::string& rtf) {
+    Replacing replacing(recovery_);
+    editor_.ShowRichText(rtf);
+    replacing.done = true;
   }
 
   DocumentEditor& editor_;

@@ -4,6 +4,7 @@
 #include "base/modFile.h"
 #include "base/text.h"
 #include "base/textEncoding.h"
+#include "richtext/chapters.h"
 #include "richtext/rtf.h"
 #include "richtext/textFormat.h"
 
@@ -17,12 +18,16 @@ std::string WithoutNul(std::string_view text) {
 
 StoredRichText ReadRichTextFile(const std::string& path) {
   const std::string bytes = ReadFileBytes(path);
-  if (IsRtf(bytes)) return {.text = ReadRtf(bytes), .format = FormatOf(bytes)};
+  if (IsRtf(bytes)) {
+    StoredRichText rich{.text = ReadRtf(bytes), .file = {.format = FormatOf(bytes), .chapters = {}}};
+    rich.file.chapters = ChaptersOf(rich.text);
+    return rich;
+  }
   if (!IsText(bytes)) throw RuntimeError(ErrorNumber::InvalidFileFormat, "Die Datei enthält keinen Text");
   StoredRichText plain;
   plain.text.text = WithPlainLineEnds(DecodeText(bytes));
   if (plain.text.text.find('\0') != std::string::npos) plain.text.text = WithoutNul(plain.text.text);
-  plain.format = FormatOf(bytes);
+  plain.file.format = FormatOf(bytes);
   return plain;
 }
 

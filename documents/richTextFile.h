@@ -2,15 +2,15 @@
 
 #include <string>
 
-#include "ports/TextFormat.h"
+#include "ports/LoadedFile.h"
 #include "richtext/RichText.h"
 
 namespace lorelin {
 
-// A document and how its file stores it.
+// A document and what is known of its file.
 struct StoredRichText {
   RichText text;
-  TextFormat format;
+  LoadedFile file;
 };
 
 // A document's file as a text with formats: RTF when it is RTF, else plain text (see DecodeText) with "\n"

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "ports/TextFormat.h"
+#include "ports/LoadedFile.h"
 
 namespace lorelin {
 
@@ -27,9 +27,11 @@ class DocumentEditor {
   [[nodiscard]] virtual std::function<std::string()> RichTextLater() {
     return [rtf = RichText()] { return rtf; };
   }
-  // Replaces the document by the file's content, rich text or plain, and tells how the file stores it. Throws
-  // RuntimeError (53, 75 ...) and keeps the old document when the file cannot be read.
-  virtual TextFormat LoadFile(const std::string& path) = 0;
+  // Replaces the document by the file's content, rich text or plain. Throws RuntimeError (53, 75 ...) and
+  // keeps the old document when the file cannot be read.
+  virtual LoadedFile LoadFile(const std::string& path) = 0;
+  // Replaces the document by this RTF; nothing before it can be taken back. Throws like SetText.
+  virtual void ShowRichText(const std::string& rtf) = 0;
   // Start of the selection, the caret's position when nothing is selected.
   [[nodiscard]] virtual std::size_t SelectionStart() = 0;
   [[nodiscard]] virtual std::string SelectedText() = 0;

@@ -16,10 +16,10 @@ struct Chapter {
 
 // What a document tells of itself besides its text. A text is "" where the document says nothing.
 struct DocumentInfo {
-  std::string title;
-  std::string author;
-  std::string language;           // RFC 5646, "de-AT"
-  std::vector<Chapter> chapters;  // in the order of their positions
+  std::string title{};
+  std::string author{};
+  std::string language{};           // RFC 5646, "de-AT"
+  std::vector<Chapter> chapters{};  // in the order of their positions
 
   bool operator==(const DocumentInfo&) const = default;
 };

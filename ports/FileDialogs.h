@@ -22,6 +22,8 @@ class FileDialogs {
   virtual std::optional<std::string> AskForFile(const FileDialogRequest& request) = 0;
   // A name to write to, in a folder that exists; asks before an existing file is chosen.
   virtual std::optional<std::string> AskForTarget(const FileDialogRequest& request) = 0;
+  // What the user typed as an address of the web, this one being proposed.
+  virtual std::optional<std::string> AskForAddress(const std::string& proposed) = 0;
 };
 
 }  // namespace lorelin

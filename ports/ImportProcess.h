@@ -9,10 +9,10 @@ namespace lorelin {
 class ImportProcess {
  public:
   struct Job {
-    std::string path;             // UTF-8, either separator
+    std::string path{};           // UTF-8, either separator
     bool articleOnly = false;     // of a page of the web: what surrounds the article is left out
     bool recognisePages = false;  // pictures of pages are read by the system's text recognition
-    std::string source;           // the address that a page of the web came from, "" for none
+    std::string source{};         // the address that a page of the web came from, "" for none
   };
   struct Answer {
     std::string bytes;    // what the process answered, see ReadImportAnswer

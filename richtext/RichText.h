@@ -35,6 +35,7 @@ struct ParagraphFormat {
   std::int32_t leftIndent = 0;
   std::int32_t rightIndent = 0;
   std::int32_t firstLineIndent = 0;  // of the first line, added to the left one
+  std::uint8_t outlineLevel = 0;     // of a heading, 1 for the outermost; 0 for all other text
 
   bool operator==(const ParagraphFormat&) const = default;
 };

@@ -61,6 +61,10 @@ void ApplyToParagraph(State& state, const rtf::Entry& entry, int number) {
     case Word::FirstIndent:
       state.paragraph.firstLineIndent = number;
       return;
+    case Word::OutlineLevel:
+      // The file counts from 0, and the ninth is the level of what is no heading.
+      state.paragraph.outlineLevel = number >= 0 && number < 9 ? static_cast<std::uint8_t>(number + 1) : 0;
+      return;
     case Word::InTable:
       state.inTable = true;
       return;

@@ -72,6 +72,7 @@ constexpr std::array kWords{
     Entry{"nonshppict", Word::Skip},
     Entry{"nosupersub", Word::NormalPosition},
     Entry{"objdata", Word::Skip},
+    Entry{"outlinelevel", Word::OutlineLevel},
     Entry{"page", Word::Paragraph},
     Entry{"par", Word::Paragraph},
     Entry{"pard", Word::ParagraphDefaults},

@@ -36,6 +36,7 @@ enum class Word : std::uint8_t {
   LeftIndent,
   RightIndent,
   FirstIndent,
+  OutlineLevel,
   InTable,
   Unicode,
   FallbackCount,

@@ -105,6 +105,7 @@ class Writer {
     if (format.leftIndent != 0) out_ += "\\li" + std::to_string(format.leftIndent);
     if (format.rightIndent != 0) out_ += "\\ri" + std::to_string(format.rightIndent);
     if (format.firstLineIndent != 0) out_ += "\\fi" + std::to_string(format.firstLineIndent);
+    if (format.outlineLevel != 0) out_ += "\\outlinelevel" + std::to_string(format.outlineLevel - 1);
     out_ += " ";
   }
 

@@ -316,6 +316,7 @@ void Interpreter::Exportieren(const std::string& path, const std::string&) {
 }
 
 void Interpreter::Laden(const std::string& path, const std::string&) {
+  if (parts_.loadFile) return parts_.loadFile(FromHome(path));
   parts_.document.LoadFile(FromHome(path));
 }
 

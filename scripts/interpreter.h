@@ -57,6 +57,8 @@ class Interpreter {
     std::string homeFolder{};     // what "~" stands for at the front of a path; "" for itself
     std::string stopKey = "ESC";  // the key that ends a script, as the user is told
     bool mayExport = true;        // scripts may write WAV files
+    // Shows a file in the document, whatever its format; empty for the document's own way.
+    std::function<void(const std::string& path)> loadFile{};
   };
 
   explicit Interpreter(Parts parts) : parts_(std::move(parts)) {}

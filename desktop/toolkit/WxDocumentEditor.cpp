@@ -87,8 +87,11 @@ std::function<std::string()> WxDocumentEditor::RichTextLater() {
   return buffer_.Rtf();
 }
 
-TextFormat WxDocumentEditor::LoadFile(const std::string& path) {
+LoadedFile WxDocumentEditor::LoadFile(const std::string& path) {
   return buffer_.ShowFile(path);
+}
+void WxDocumentEditor::ShowRichText(const std::string& rtf) {
+  buffer_.ShowRtf(rtf);
 }
 
 void WxDocumentEditor::Undo() {

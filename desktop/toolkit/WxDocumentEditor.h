@@ -23,7 +23,8 @@ class WxDocumentEditor final : public wxTextCtrl, public DocumentEditor, public 
   void SetText(std::string_view text) override;
   std::string RichText() override;
   std::function<std::string()> RichTextLater() override;
-  TextFormat LoadFile(const std::string& path) override;
+  LoadedFile LoadFile(const std::string& path) override;
+  void ShowRichText(const std::string& rtf) override;
   std::size_t SelectionStart() override;
   std::string SelectedText() override;
   void ReplaceSelection(std::string_view text) override;

@@ -6,6 +6,7 @@
 #include <wx/tokenzr.h>
 
 #include "desktop/toolkit/activeWindow.h"
+#include "desktop/toolkit/addressDialog.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -38,6 +39,10 @@ std::optional<std::string> WxFileDialogs::AskForFile(const FileDialogRequest& re
   const auto choice = Ask(request, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   if (!choice) return std::nullopt;
   return FromWx(choice->path);
+}
+
+std::optional<std::string> WxFileDialogs::AskForAddress(const std::string& proposed) {
+  return AskForWebAddress(OwnerOfDialog(parent_), proposed);
 }
 
 bool WxFileDialogs::MayReplace(const wxString& path) {

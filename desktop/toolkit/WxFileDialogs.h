@@ -17,6 +17,7 @@ class WxFileDialogs final : public FileDialogs {
 
   std::optional<std::string> AskForFile(const FileDialogRequest& request) override;
   std::optional<std::string> AskForTarget(const FileDialogRequest& request) override;
+  std::optional<std::string> AskForAddress(const std::string& proposed) override;
 
  private:
   struct Choice {

@@ -11,7 +11,7 @@ inline auto KeyOf(const CharacterFormat& f) {
                     f.strikeThrough, f.position);
 }
 inline auto KeyOf(const ParagraphFormat& f) {
-  return std::tuple(f.alignment, f.leftIndent, f.rightIndent, f.firstLineIndent);
+  return std::tuple(f.alignment, f.leftIndent, f.rightIndent, f.firstLineIndent, f.outlineLevel);
 }
 
 // An order of formats, for maps.

@@ -362,11 +362,15 @@ RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
     : implementation_(std::make_unique<Implementation>(control, font)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
-TextFormat RichTextBuffer::ShowFile(const std::string& path) {
+LoadedFile RichTextBuffer::ShowFile(const std::string& path) {
   Loading loading(path);
-  const StoredRichText stored = loading.Read();
+  StoredRichText stored = loading.Read();
   implementation_->Show(stored.text, loading);
-  return stored.format;
+  return std::move(stored.file);
+}
+void RichTextBuffer::ShowRtf(const std::string& rtf) {
+  Loading loading;
+  implementation_->Show(ReadRtf(rtf), loading);
 }
 std::function<std::string()> RichTextBuffer::Rtf() const {
   return implementation_->Rtf();

@@ -12,6 +12,8 @@ namespace lorelin {
 class Loading {
  public:
   explicit Loading(const std::string& path);
+  // Of one that was read already, and is not long.
+  Loading() = default;
 
   // The document, read beside the window. Throws like ReadRichTextFile, and as Advance does.
   [[nodiscard]] StoredRichText Read();
@@ -22,7 +24,7 @@ class Loading {
   void ShowShare(double share);
 
   std::string path_;
-  bool long_;
+  bool long_ = false;
   WxProgressWindow window_;
 };
 

@@ -54,13 +54,17 @@ class RichTextBuffer::Implementation {
     return SendMessageW(static_cast<HWND>(control_.GetHandle()), message, first, second);
   }
 
-  TextFormat ShowFile(const std::string& path) {
+  // What RichEdit cannot read is shown as far as it can be read at all.
+  LoadedFile ShowFile(const std::string& path) {
     const std::string bytes = ReadFileBytes(path);
-    // What RichEdit cannot read is shown as far as it can be read at all.
-    if (!IsRtf(bytes) || !ShowRtf(bytes)) ShowPlain(ReadRichTextFile(path).text.text);
-    Send(EM_EMPTYUNDOBUFFER);
-    control_.SetInsertionPoint(0);
-    return FormatOf(bytes);
+    StoredRichText stored = ReadRichTextFile(path);
+    if (!IsRtf(bytes) || !StreamIn(bytes)) ShowPlain(stored.text.text);
+    Begin();
+    return std::move(stored.file);
+  }
+  void ShowRtf(const std::string& rtf) {
+    if (!StreamIn(rtf)) ShowPlain(ReadRtf(rtf).text);
+    Begin();
   }
 
   [[nodiscard]] std::string Rtf() const {
@@ -120,7 +124,12 @@ class RichTextBuffer::Implementation {
     }
   }
 
-  [[nodiscard]] bool ShowRtf(std::string_view bytes) {
+  void Begin() const {
+    Send(EM_EMPTYUNDOBUFFER);
+    control_.SetInsertionPoint(0);
+  }
+
+  [[nodiscard]] bool StreamIn(std::string_view bytes) {
     control_.Freeze();
     EDITSTREAM stream{
         .dwCookie = reinterpret_cast<DWORD_PTR>(&bytes), .dwError = 0, .pfnCallback = &ReadBytes};
@@ -160,8 +169,11 @@ RichTextBuffer::RichTextBuffer(wxTextCtrl& control, const wxFont& font)
     : implementation_(std::make_unique<Implementation>(control, font)) {}
 RichTextBuffer::~RichTextBuffer() = default;
 
-TextFormat RichTextBuffer::ShowFile(const std::string& path) {
+LoadedFile RichTextBuffer::ShowFile(const std::string& path) {
   return implementation_->ShowFile(path);
+}
+void RichTextBuffer::ShowRtf(const std::string& rtf) {
+  implementation_->ShowRtf(rtf);
 }
 std::function<std::string()> RichTextBuffer::Rtf() const {
   return [rtf = implementation_->Rtf()] { return rtf; };

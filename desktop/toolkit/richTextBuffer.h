@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ports/TextFormat.h"
+#include "ports/LoadedFile.h"
 
 namespace lorelin {
 
@@ -28,8 +28,10 @@ class RichTextBuffer {
   void ShowLongParagraphsInPieces();
 
   // Replaces text and formats by what is in the file, RTF or plain text; nothing before it can be taken back.
-  // Tells how the file stores it. Throws RuntimeError when the file cannot be read, and changes nothing then.
-  TextFormat ShowFile(const std::string& path);
+  // Throws RuntimeError when the file cannot be read, and changes nothing then.
+  LoadedFile ShowFile(const std::string& path);
+  // The same for RTF that is at hand.
+  void ShowRtf(const std::string& rtf);
   // Text and formats as they are now, as RTF; what is returned may be called on another thread, once.
   [[nodiscard]] std::function<std::string()> Rtf() const;
   [[nodiscard]] std::string Text() const;

@@ -145,6 +145,7 @@ class FormFixture : public testing::Test, protected FakeSystem {
        .alarm = alarm,
        .browser = form.Browser(),
        .taskPane = form.Tasks(),
+       .chapterList = form.Contents(),
        .statusBar = form,
        .messageBoxes = messageBoxes,
        .fileDialogs = fileDialogs,

@@ -33,6 +33,8 @@
 #include "ports/StatusBar.h"
 #include "ports/TaskPane.h"
 #include "ports/VoiceDialogs.h"
+#include "richtext/rtf.h"
+
 #include "tests/support/CallLog.h"
 
 namespace lorelin {
@@ -111,14 +113,18 @@ class FakeDocumentEditor final : public DocumentEditor {
     text = newText;
   }
   std::string RichText() override { return "{\\rtf1 " + text + "}"; }
-  TextFormat LoadFile(const std::string& path) override {
+  LoadedFile LoadFile(const std::string& path) override {
     log_.Add("editor.LoadFile " + path);
     if (const auto reason = unreadable.find(path); reason != unreadable.end())
       throw RuntimeError(reason->second);
     const auto found = files.find(path);
     if (found == files.end()) throw RuntimeError(ErrorNumber::FileNotFound);
     text = found->second;
-    return formats[path];
+    return {.format = formats[path], .chapters = chapters[path]};
+  }
+  void ShowRichText(const std::string& rtf) override {
+    if (givenUp) throw RuntimeError(ErrorNumber::Cancelled);
+    text = ReadRtf(rtf).text;
   }
   std::size_t SelectionStart() override { return selectionStart; }
   std::string SelectedText() override {
@@ -134,6 +140,7 @@ class FakeDocumentEditor final : public DocumentEditor {
   std::size_t selectionBytes = 0;
   std::map<std::string, std::string> files;
   std::map<std::string, TextFormat> formats;  // in which the files store them
+  std::map<std::string, std::vector<Chapter>> chapters;
   std::map<std::string, ErrorNumber> unreadable;
 
  private:
@@ -273,6 +280,11 @@ class FakeFileDialogs final : public FileDialogs {
   std::optional<std::string> AskForTarget(const FileDialogRequest& request) override {
     return requests.push_back(request), answer;
   }
+  std::optional<std::string> AskForAddress(const std::string& newProposal) override {
+    proposed = newProposal;
+    return answer;
+  }
+  std::string proposed = "(nicht gefragt)";  // as an address
   std::vector<FileDialogRequest> requests;
   std::optional<std::string> answer;
 };

@@ -5,6 +5,7 @@
 #include "app/WindowModules.h"
 #include "documents/GuardedDocument.h"
 #include "tests/support/FakeAlarm.h"
+#include "tests/support/FakeChapterList.h"
 #include "tests/support/FakePlaceBar.h"
 #include "tests/support/FakePronunciationDialogs.h"
 #include "tests/support/FakeReadingLookView.h"
@@ -25,6 +26,7 @@ class ScriptFixture : public SpeechFixture {
   FakeMainView view{calls};
   FakeBrowserPane browser{calls};
   FakeTaskPane taskPane{calls};
+  FakeChapterList chapterList;
   FakeFileDialogs fileDialogs;
   FakeProgressWindow progress;
   FakeVoiceDialogs voiceDialogs;
@@ -62,6 +64,7 @@ class ScriptFixture : public SpeechFixture {
                          .alarm = alarm,
                          .browser = browser,
                          .taskPane = taskPane,
+                         .chapterList = chapterList,
                          .statusBar = statusBar,
                          .messageBoxes = messageBoxes,
                          .fileDialogs = fileDialogs,

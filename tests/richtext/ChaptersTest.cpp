@@ -1,0 +1,37 @@
+#include "richtext/chapters.h"
+
+#include <gtest/gtest.h>
+
+#include "richtext/rtf.h"
+
+namespace lorelin {
+namespace {
+
+TEST(ChaptersTest, AreTheHeadingsOfAText) {
+  const RichText text = ReadRtf(
+      "{\\rtf1\\ansi \\pard\\outlinelevel0 \\'dcber \\b uns\\par\\pard Es war einmal.\\par"
+      "\\pard\\outlinelevel1 Zwei  Dinge \\par\\pard Text\\par}");
+  const std::vector<Chapter> expected{{"Über uns", 1, 0}, {"Zwei Dinge", 2, 25}};
+  EXPECT_EQ(ChaptersOf(text), expected);
+}
+
+TEST(ChaptersTest, AreKeptByWritingAndReading) {
+  const RichText text = ReadRtf("{\\rtf1 {\\outlinelevel2 Drei\\par}Text}");
+  EXPECT_EQ(ChaptersOf(ReadRtf(WriteRtf(text))), (std::vector<Chapter>{{"Drei", 3, 0}}));
+}
+
+TEST(ChaptersTest, AreNoParagraphsWithoutLettersAndNoOrdinaryText) {
+  EXPECT_TRUE(ChaptersOf(ReadRtf("{\\rtf1 \\outlinelevel0  \\par\\outlinelevel9 Text\\par}")).empty());
+  EXPECT_TRUE(ChaptersOf(ReadRtf("{\\rtf1 Text}")).empty());
+  EXPECT_TRUE(ChaptersOf({}).empty());
+}
+
+TEST(ChaptersTest, EndAtTheEndOfATextThatHasFewerParagraphsThanFormats) {
+  RichText text;
+  text.text = "Eins\nzwei";
+  text.paragraphs = {{5, {.outlineLevel = 1}}};
+  EXPECT_EQ(ChaptersOf(text), (std::vector<Chapter>{{"Eins", 1, 0}, {"zwei", 1, 5}}));
+}
+
+}  // namespace
+}  // namespace lorelin
