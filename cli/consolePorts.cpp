@@ -49,6 +49,10 @@ std::string ConsoleDocument::RichText() {
   return WriteRtf(plain);
 }
 
+void ConsoleDocument::ShowRichText(const std::string& rtf) {
+  text_ = ReadRtf(rtf).text;
+}
+
 LoadedFile ConsoleDocument::LoadFile(const std::string& path) {
   StoredRichText stored = ReadRichTextFile(path);
   text_ = std::move(stored.text.text);

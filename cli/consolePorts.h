@@ -61,7 +61,7 @@ class ConsoleDocument final : public DocumentEditor {
   void SetText(std::string_view text) override { text_ = text; }
   std::string RichText() override;
   LoadedFile LoadFile(const std::string& path) override;
-  void ShowRichText(const std::string& rtf) override { text_ = ReadRtf(rtf).text; }
+  void ShowRichText(const std::string& rtf) override;
   std::size_t SelectionStart() override { return 0; }
   std::string SelectedText() override { return {}; }
   void ReplaceSelection(std::string_view text) override { text_.insert(0, text); }

@@ -169,8 +169,8 @@ TEST_F(ImportedDocumentsTest, KeepThePlaceWhereTheReadingStopped) {
 
 TEST_F(ImportedDocumentsTest, AreLoadedByScripts) {
   Answers(Book());
-  WriteScript("a.vts", "Laden(\"" + File("buch.epub") + "\");\n");
-  tasks.AddUserdefinedScripts();
+  WriteScript("a.vts", "Laden(" + File("buch.epub") + ");");
+  interpreter.SetCurrentScriptFile("a.vts");
   interpreter.ExecuteSkript(1);
   EXPECT_EQ(document.text, "Eins\nEs war einmal.");
 }

@@ -35,7 +35,7 @@ TEST_F(ChapterPaneTest, GoesToTheChosenOne) {
   enter.m_keyCode = WXK_RETURN;
   List().GetEventHandler()->ProcessEvent(enter);
   Settle();
-  EXPECT_EQ(form.Editor().SelectionStart(), 21U);
+  EXPECT_EQ(form.Editor().SelectionStart(), 20U);
   EXPECT_EQ(form.Message(), "Kapitel 2 von 2: Zwei");
 }
 

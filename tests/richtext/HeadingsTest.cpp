@@ -7,26 +7,26 @@
 namespace lorelin {
 namespace {
 
-TEST(ChaptersTest, AreTheHeadingsOfAText) {
+TEST(HeadingsTest, AreTheHeadingsOfAText) {
   const RichText text = ReadRtf(
       "{\\rtf1\\ansi \\pard\\outlinelevel0 \\'dcber \\b uns\\par\\pard Es war einmal.\\par"
       "\\pard\\outlinelevel1 Zwei  Dinge \\par\\pard Text\\par}");
-  const std::vector<Chapter> expected{{"Über uns", 1, 0}, {"Zwei Dinge", 2, 25}};
+  const std::vector<Chapter> expected{{"Über uns", 1, 0}, {"Zwei Dinge", 2, 24}};
   EXPECT_EQ(ChaptersOf(text), expected);
 }
 
-TEST(ChaptersTest, AreKeptByWritingAndReading) {
+TEST(HeadingsTest, AreKeptByWritingAndReading) {
   const RichText text = ReadRtf("{\\rtf1 {\\outlinelevel2 Drei\\par}Text}");
   EXPECT_EQ(ChaptersOf(ReadRtf(WriteRtf(text))), (std::vector<Chapter>{{"Drei", 3, 0}}));
 }
 
-TEST(ChaptersTest, AreNoParagraphsWithoutLettersAndNoOrdinaryText) {
+TEST(HeadingsTest, AreNoParagraphsWithoutLettersAndNoOrdinaryText) {
   EXPECT_TRUE(ChaptersOf(ReadRtf("{\\rtf1 \\outlinelevel0  \\par\\outlinelevel9 Text\\par}")).empty());
   EXPECT_TRUE(ChaptersOf(ReadRtf("{\\rtf1 Text}")).empty());
   EXPECT_TRUE(ChaptersOf({}).empty());
 }
 
-TEST(ChaptersTest, EndAtTheEndOfATextThatHasFewerParagraphsThanFormats) {
+TEST(HeadingsTest, EndAtTheEndOfATextThatHasFewerParagraphsThanFormats) {
   RichText text;
   text.text = "Eins\nzwei";
   text.paragraphs = {{5, {.outlineLevel = 1}}};
