@@ -6,6 +6,7 @@
 
 #include "documents/Documents.h"
 #include "platform/common/AtomicFileWriter.h"
+#include "tests/support/FakeImportProcess.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/FakeRegistry.h"
 
@@ -21,6 +22,10 @@ int main(int argc, char** argv) {
   FakeMessageBoxes boxes;
   FakeStatusBar statusBar;
   FakeEventPump pump;
+  FakeImportProcess importer;
+  FakeProgressWindow progress;
+  FakeClock clock;
+  DocumentImport import(importer, progress, clock);
   AtomicFileWriter files;
   ModAddin extensions(registry, files, automation, log);
   Documents documents({.editor = editor,
@@ -29,6 +34,7 @@ int main(int argc, char** argv) {
                        .messageBoxes = boxes,
                        .statusBar = statusBar,
                        .pump = pump,
+                       .import = import,
                        .extensions = extensions,
                        .log = log});
   editor.text = "neu";
