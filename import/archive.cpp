@@ -1,0 +1,123 @@
+#include "import/archive.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+
+#include <algorithm>
+#include <charconv>
+#include <memory>
+#include <vector>
+
+#include "import/importErrors.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::size_t kMostFiles = 50'000;
+constexpr std::size_t kLargestFile = std::size_t{48} << 20U;
+constexpr std::size_t kMostBytes = std::size_t{128} << 20U;  // of all together
+
+using Archive = std::unique_ptr<archive, decltype(&archive_read_free)>;
+
+[[noreturn]] void RefuseEncrypted(const std::string& kind) {
+  throw ImportError(
+      kind + " ist mit einem Kennwort geschützt. Bitte entfernen Sie den Schutz und speichern Sie neu.");
+}
+
+Archive OpenArchive(const std::string& path, const std::string& kind) {
+  Archive reader(archive_read_new(), &archive_read_free);
+  if (!reader) throw std::bad_alloc();
+  archive_read_support_format_zip_seekable(reader.get());
+  constexpr std::size_t kBlock = std::size_t{64} * 1024;
+  if (archive_read_open_filename(reader.get(), path.c_str(), kBlock) != ARCHIVE_OK)
+    throw DamagedDocument(kind);
+  return reader;
+}
+
+std::string ReadEntry(archive* reader, std::size_t most, const std::string& kind) {
+  std::string bytes;
+  const void* block = nullptr;
+  std::size_t size = 0;
+  la_int64_t offset = 0;
+  for (;;) {
+    const int result = archive_read_data_block(reader, &block, &size, &offset);
+    if (result == ARCHIVE_EOF) return bytes;
+    if (result < ARCHIVE_WARN) throw DamagedDocument(kind);
+    if (size > most - bytes.size()) throw DocumentTooLarge();
+    bytes.append(static_cast<const char*>(block), size);
+  }
+}
+
+int HexValue(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
+
+void FollowParts(std::string_view path, std::vector<std::string>& parts) {
+  while (!path.empty()) {
+    const auto end = std::min(path.find('/'), path.size());
+    const std::string_view part = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (part == "..") {
+      if (!parts.empty()) parts.pop_back();
+    } else if (!part.empty() && part != ".") {
+      parts.emplace_back(part);
+    }
+  }
+}
+
+}  // namespace
+
+std::string WithoutEscapes(std::string_view address) {
+  std::string text;
+  for (std::size_t i = 0; i < address.size(); ++i) {
+    const int high = address[i] == '%' && i + 2 < address.size() ? HexValue(address[i + 1]) : -1;
+    const int low = high >= 0 ? HexValue(address[i + 2]) : -1;
+    if (low >= 0) {
+      text += static_cast<char>(high * 16 + low);
+      i += 2;
+    } else {
+      text += address[i];
+    }
+  }
+  return text;
+}
+
+ArchiveFiles ReadArchive(const std::string& path, const std::string& kind,
+                         const std::function<bool(std::string_view name)>& wanted) {
+  const Archive reader = OpenArchive(path, kind);
+  ArchiveFiles files;
+  std::size_t bytes = 0;
+  archive_entry* entry = nullptr;
+  for (std::size_t count = 0;; ++count) {
+    const int result = archive_read_next_header(reader.get(), &entry);
+    if (result == ARCHIVE_EOF) return files;
+    if (result < ARCHIVE_WARN) throw DamagedDocument(kind);
+    if (count >= kMostFiles) throw DocumentTooLarge();
+    const char* const name = archive_entry_pathname(entry);
+    if (name == nullptr || !wanted(name)) continue;
+    if (archive_entry_is_encrypted(entry) != 0) RefuseEncrypted(kind);
+    std::string content = ReadEntry(reader.get(), std::min(kLargestFile, kMostBytes - bytes), kind);
+    bytes += content.size();
+    files.insert_or_assign(name, std::move(content));
+  }
+}
+
+std::string_view FileOf(const ArchiveFiles& files, std::string_view name) {
+  const auto found = files.find(name);
+  return found != files.end() ? std::string_view(found->second) : std::string_view();
+}
+
+std::string NameInArchive(std::string_view from, std::string_view reference) {
+  const std::string path = WithoutEscapes(reference.substr(0, reference.find('#')));
+  std::vector<std::string> parts;
+  const auto folder = from.rfind('/');
+  if (folder != std::string_view::npos && !path.starts_with('/')) FollowParts(from.substr(0, folder), parts);
+  FollowParts(path, parts);
+  std::string name;
+  for (const std::string& part : parts) name.append(name.empty() ? "" : "/").append(part);
+  return name;
+}
+
+}  // namespace lorelin
