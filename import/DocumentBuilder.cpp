@@ -137,7 +137,7 @@ void DocumentBuilder::Preformatted(std::string_view text) {
     } else if (c == ' ' && (breaks_ > 0 || characters_ == 0)) {
       mark_ += ' ';
     } else if (c == ' ' && blank_) {
-      PutCharacter(" ");
+      WriteDue();
       blank_ = true;
     } else if (IsSpace(c)) {
       blank_ = true;

@@ -138,7 +138,8 @@ std::string DocxLists::NextMark(const std::string& list, int level) {
   auto& count = counts[static_cast<std::size_t>(level)];
   count = count == 0 ? own.start : count + 1;
   std::fill(counts.begin() + level + 1, counts.end(), 0);
-  if (own.kind == "bullet") return "• ";
+  // A bullet that is a blank continues the item before.
+  if (own.kind == "bullet") return WithoutBlanks(own.text).empty() ? "" : "• ";
   return own.kind == "none" ? std::string() : Number(found->second, counts, level);
 }
 

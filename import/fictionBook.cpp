@@ -52,12 +52,15 @@ class FictionBookWalk {
   }
 
   void AddTitle(Node title) {
+    const std::size_t chapters = builder_.Info().chapters.size();
     builder_.BeginHeading(level_);
     for (Node line = title.FirstChild(); line; line = line.Next()) {
       AddInlines(line);
       builder_.Text(" ");
     }
     builder_.EndHeading();
+    // That of the whole book is no chapter beside those of its sections.
+    if (level_ == 0 && title.Parent().Child("section")) builder_.Info().chapters.resize(chapters);
   }
 
   void AddLine(Node element, Gap gap) {

@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -76,6 +77,8 @@ int main(int argc, char** argv) {
     std::fputs("lorelin-import is started by lorelin and lorelin-cli.\n", stderr);
     return 2;
   }
+  // Whoever no longer reads ends the writing, not the process.
+  std::signal(SIGPIPE, SIG_IGN);
   lorelin::Confine();
   lorelin::GiveComputingTime(kSeconds);
   const std::string answer = Answer(*request);

@@ -274,7 +274,11 @@ class OdtWalk {
   }
 
   // An item that holds only another list or a heading has no mark of its own.
-  static bool HasOwnText(Node item) { return item.FirstChild() && item.FirstChild().Is("text:p"); }
+  static bool HasOwnText(Node item) {
+    Node first = item.FirstChild();
+    while (first && (first.IsText() || first.Is("text:soft-page-break"))) first = first.Next();
+    return first && first.Is("text:p");
+  }
 
   static std::string MarkOf(const ListLevel* level, int count) {
     if (level == nullptr || level->kind.empty()) return "• ";

@@ -11,6 +11,7 @@
 #include "import/importErrors.h"
 #include "import/importFormats.h"
 #include "import/odt.h"
+#include "import/pdf.h"
 
 namespace lorelin {
 namespace {
@@ -101,7 +102,7 @@ ImportedDocument ReadDocument(const ImportRequest& request, const ImportProgress
     case Container::Zip:
       return ReadZip(byEnding, request, progress);
     case Container::Pdf:
-      throw ImportError("Dokumente dieses Formats kann Lorelin nicht öffnen.");
+      return ReadPdf(request, progress);
     case Container::OldOffice:
       throw ImportError(
           "Das Dokument ist mit einem Kennwort geschützt oder in einem alten Format gespeichert. Bitte "
