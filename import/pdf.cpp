@@ -32,6 +32,7 @@ using PopplerPagePointer = std::unique_ptr<poppler::page>;
 const std::string kKind = "Das PDF-Dokument";
 constexpr double kSeconds = 6;  // of computing, for the text of the pages
 constexpr int kSecondsForPage = 60;
+constexpr std::size_t kMostWords = 20'000;  // of a page; a full one has a thousand
 
 std::string Utf8(const poppler::ustring& text) {
   const poppler::byte_array bytes = text.to_utf8();
@@ -86,7 +87,7 @@ PdfPage ReadPage(const poppler::page& page) {
     // Text along the margin is no part of the lines.
     if (box.rotation() != 0) continue;
     PdfWord word = WordOf(box);
-    if (IsSound(word)) result.words.push_back(std::move(word));
+    if (IsSound(word) && result.words.size() < kMostWords) result.words.push_back(std::move(word));
   }
   return result;
 }
@@ -156,8 +157,8 @@ void Recognise(const poppler::document& document, Reading& reading, const Import
   reading.empty.clear();
 }
 
-void AddParagraph(DocumentBuilder& builder, const PdfParagraph& paragraph, bool bodyItem) {
-  builder.Break(bodyItem ? DocumentBuilder::Gap::Line : DocumentBuilder::Gap::Paragraph);
+void AddParagraph(DocumentBuilder& builder, const PdfParagraph& paragraph, bool goesOn) {
+  builder.Break(goesOn ? DocumentBuilder::Gap::Line : DocumentBuilder::Gap::Paragraph);
   const CharacterFormat before = builder.Format();
   if (paragraph.heading > 0) builder.BeginHeading(paragraph.heading);
   for (const PdfPiece& piece : paragraph.pieces) {
@@ -214,11 +215,12 @@ std::string Notice(const Reading& reading, bool pictures) {
 }
 
 void AddText(DocumentBuilder& builder, const std::vector<PdfParagraph>& paragraphs) {
-  bool item = false;
   for (std::size_t i = 0; i < paragraphs.size(); ++i) {
     builder.Anchor(std::to_string(i));
-    AddParagraph(builder, paragraphs[i], item && paragraphs[i].item);
-    item = paragraphs[i].item;
+    const PdfParagraph& paragraph = paragraphs[i];
+    const bool goesOn =
+        i > 0 && ((paragraph.item && paragraphs[i - 1].item) || (paragraph.row && paragraphs[i - 1].row));
+    AddParagraph(builder, paragraph, goesOn);
   }
   builder.ResolveAnchors();
 }

@@ -1,14 +1,15 @@
 #include "import/pdfLines.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <set>
 #include <utility>
 
 #include "base/textEncoding.h"
 #include "import/pdfHyphens.h"
+#include "import/pdfOrder.h"
 #include "import/pdfPageLines.h"
 
 namespace lorelin {
@@ -26,21 +27,8 @@ bool IsSameSize(double a, double b) {
   return std::abs(a - b) <= 0.12 * std::max(a, b);
 }
 
-bool IsBullet(const std::string& word) {
-  static constexpr std::array<std::string_view, 12> kBullets{"•", "▪", "◦", "‣", "●",      "○",
-                                                             "■", "–", "-", "*", "\uF0B7", "\uF0A7"};
-  return std::find(kBullets.begin(), kBullets.end(), word) != kBullets.end();
-}
-
-// "1.", "12)", "a)"
-bool IsCount(const std::string& word) {
-  if (word.size() < 2 || word.size() > 4 || (word.back() != '.' && word.back() != ')')) return false;
-  const bool digits = std::all_of(word.begin(), word.end() - 1, [](char c) { return c >= '0' && c <= '9'; });
-  return digits || (word.size() == 2 && word.back() == ')');
-}
-
 bool IsItem(const PdfLine& line) {
-  return line.words.size() > 1 && (IsBullet(line.words[0].text) || IsCount(line.words[0].text));
+  return line.words.size() > 1 && IsItemMark(line.words[0].text);
 }
 
 bool EndsSentence(const std::string& text) {
@@ -64,10 +52,9 @@ class Assembly {
     for (std::size_t i = 0; i < pages.size(); ++i) lines.push_back(LinesOf(pages[i], i));
     DropRunningLines(lines, pages);
     for (auto& page : lines) {
+      page = InReadingOrder(std::move(page));
       MeasureMargins(page);
-      for (PdfLine& line : page) {
-        if (!line.words.empty()) lines_.push_back(std::move(line));
-      }
+      std::move(page.begin(), page.end(), std::back_inserter(lines_));
     }
     MeasurePitch();
   }
@@ -84,13 +71,13 @@ class Assembly {
  private:
   // How far the lines of the same column reach.
   void MeasureMargins(const std::vector<PdfLine>& page) {
+    constexpr std::size_t kMost = 2000;
     for (const PdfLine& line : page) {
-      if (line.words.empty()) continue;
       double right = line.right;
       double left = line.left;
       for (const PdfLine& other : page) {
         const double shared = std::min(line.right, other.right) - std::max(line.left, other.left);
-        if (other.words.empty() || shared <= 0 || !IsSameSize(line.size, other.size)) continue;
+        if (page.size() > kMost || shared <= 0 || !IsSameSize(line.size, other.size)) continue;
         right = std::max(right, other.right);
         left = std::min(left, other.left);
       }
@@ -115,7 +102,7 @@ class Assembly {
   [[nodiscard]] bool Breaks(std::size_t i) const {
     const PdfLine& a = lines_[i - 1];
     const PdfLine& b = lines_[i];
-    if (!IsSameSize(a.size, b.size) || a.AllBold() != b.AllBold()) return true;
+    if (a.row || b.row || !IsSameSize(a.size, b.size) || a.AllBold() != b.AllBold()) return true;
     if (IsBelow(a, b)) return BreaksBelow(i);
     return BreaksAcross(i);
   }
@@ -174,7 +161,8 @@ class Assembly {
     paragraph.top = line.top;
     paragraph.bottom = line.bottom;
     paragraph.size = line.size;
-    paragraph.item = IsItem(line);
+    paragraph.item = IsItem(line) && !line.row;
+    paragraph.row = line.row;
   }
 
   void Add(const PdfLine& line) {

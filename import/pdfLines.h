@@ -44,6 +44,7 @@ struct PdfParagraph {
   double size = 0;
   std::size_t lines = 0;
   bool item = false;  // of a list
+  bool row = false;   // of a table
   int heading = 0;    // 1 for the outermost; 0 for none
 
   [[nodiscard]] std::string Text() const;

@@ -1,6 +1,7 @@
 #include "import/pdfPageLines.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <set>
@@ -13,6 +14,31 @@ namespace {
 bool IsDigits(const std::string& text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
+
+}  // namespace
+
+bool IsBullet(const std::string& word) {
+  static constexpr std::array<std::string_view, 12> kBullets{"•", "▪", "◦", "‣", "●",      "○",
+                                                             "■", "–", "-", "*", "\uF0B7", "\uF0A7"};
+  return std::find(kBullets.begin(), kBullets.end(), word) != kBullets.end();
+}
+
+// "1.", "12)", "a)"
+namespace {
+
+bool IsCount(const std::string& word) {
+  if (word.size() < 2 || word.size() > 4 || (word.back() != '.' && word.back() != ')')) return false;
+  const bool digits = std::all_of(word.begin(), word.end() - 1, [](char c) { return c >= '0' && c <= '9'; });
+  return digits || (word.size() == 2 && word.back() == ')');
+}
+
+}  // namespace
+
+bool IsItemMark(const std::string& word) {
+  return IsBullet(word) || IsCount(word);
+}
+
+namespace {
 
 bool Continues(const PdfLine& line, const PdfWord& word) {
   const double overlap = std::min(line.bottom, word.bottom) - std::max(line.top, word.top);
@@ -49,16 +75,40 @@ bool IsNoteMark(const PdfLine& line, std::size_t i) {
          word.bottom < line.bottom - 0.15 * line.size && !line.words[i - 1].spaceAfter;
 }
 
-void DropNoteMarks(PdfLine& line) {
+void DropNoteMarks(PdfLine& line, std::set<std::string>& marks) {
   std::vector<PdfWord> kept;
   for (std::size_t i = 0; i < line.words.size(); ++i) {
     if (!IsNoteMark(line, i)) {
       kept.push_back(line.words[i]);
-    } else if (!kept.empty()) {
+    } else {
+      marks.insert(line.words[i].text);
       kept.back().spaceAfter = line.words[i].spaceAfter;
     }
   }
   line.words = std::move(kept);
+}
+
+bool BeginsNote(const PdfLine& line, const std::set<std::string>& marks) {
+  const std::string text = line.Text();
+  const auto end = text.find_first_not_of("0123456789");
+  return end != 0 && end != std::string::npos && marks.contains(text.substr(0, end));
+}
+
+// The smaller lines at the foot of the page, from the first note that has a mark in the text.
+void DropNotes(std::vector<PdfLine>& lines, const std::set<std::string>& marks) {
+  std::vector<double> sizes;
+  for (const PdfLine& line : lines) sizes.insert(sizes.end(), line.words.size(), line.size);
+  const double small = 0.92 * Median(std::move(sizes));
+  double text = 0;  // where what is no note ends
+  for (const PdfLine& line : lines) {
+    if (line.size >= small) text = std::max(text, line.words.size() < 2 ? 0 : line.bottom);
+  }
+  double notes = 1e9;
+  for (const PdfLine& line : lines) {
+    if (line.size < small && line.top > text - line.size && BeginsNote(line, marks))
+      notes = std::min(notes, line.top);
+  }
+  std::erase_if(lines, [&](const PdfLine& line) { return line.size < small && line.top >= notes - 1; });
 }
 
 // Numbers of pages and years differ from page to page.
@@ -148,6 +198,7 @@ class RunningLines {
   }
 
   [[nodiscard]] bool Runs(const Candidate& c) const {
+    if (c.apart && pages_[c.page][c.line].Text() == std::to_string(c.page + 1)) return true;
     const std::size_t all = pages_.size();
     const std::size_t same = Near(patterns_.at(c.pattern), c.height);
     if (all >= 2 && same >= std::max<std::size_t>(2, (all + 2) / 3)) return true;
@@ -184,10 +235,12 @@ std::vector<PdfLine> LinesOf(const PdfPage& page, std::size_t number) {
     if (lines.empty() || !Continues(lines.back(), word)) lines.emplace_back().page = number;
     Append(lines.back(), word);
   }
+  std::set<std::string> marks;
   for (PdfLine& line : lines) {
     line.size = SizeOf(line);
-    DropNoteMarks(line);
+    DropNoteMarks(line, marks);
   }
+  if (!marks.empty()) DropNotes(lines, marks);
   return lines;
 }
 
