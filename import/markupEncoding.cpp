@@ -127,7 +127,9 @@ std::string DecodeNamed(std::string_view bytes, std::string_view encoding) {
 std::string DecodeMarkup(std::string_view bytes) {
   if (Utf16Order(bytes) || bytes.starts_with("\xEF\xBB\xBF")) return DecodeText(bytes);
   const std::string_view whole = WithoutCutCharacter(bytes);
-  if (IsValidUtf8(whole)) return std::string(whole);
+  // One letter alone says little about the encoding.
+  const bool sure = whole.size() == bytes.size() || whole.find_first_of("\xC3\xE2") != std::string_view::npos;
+  if (sure && IsValidUtf8(whole)) return std::string(whole);
   // Who can read the declaration without a mark reads no UTF-16.
   const std::string declared = DeclaredEncoding(bytes);
   if (!declared.starts_with("utf-16") && !declared.starts_with("utf16")) {

@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "base/textEncoding.h"
 #include "import/importErrors.h"
 
 namespace lorelin {
@@ -24,6 +25,8 @@ struct Building {
   MarkupTree tree;
   xmlParserCtxtPtr parser = nullptr;
   std::exception_ptr failure;
+  xmlEntity entity{};
+  std::string entityText;
 
   template <typename F>
   void Do(F step) {
@@ -91,6 +94,23 @@ void OnXmlStart(void* data, const xmlChar* name, const xmlChar*, const xmlChar* 
   });
 }
 
+// The characters that HTML has names for; an entity of the file's own stands for nothing, and what it is
+// declared as is never looked at.
+xmlEntityPtr OnEntity(void* data, const xmlChar* name) {
+  Building& building = Of(data);
+  building.entityText.clear();
+  building.Do([&](MarkupTree&) {
+    if (const htmlEntityDesc* const known = htmlEntityLookup(name))
+      AppendUtf8(building.entityText, known->value);
+  });
+  building.entity.type = XML_ENTITY_DECL;
+  building.entity.etype = XML_INTERNAL_PREDEFINED_ENTITY;
+  building.entity.name = name;
+  building.entity.content = reinterpret_cast<xmlChar*>(building.entityText.data());
+  building.entity.length = static_cast<int>(building.entityText.size());
+  return &building.entity;
+}
+
 void OnXmlEnd(void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
   Of(data).Do([](MarkupTree& tree) { tree.Close(); });
 }
@@ -136,6 +156,7 @@ MarkupTree ParseXml(std::string_view bytes) {
   handlers.initialized = XML_SAX2_MAGIC;
   handlers.startElementNs = &OnXmlStart;
   handlers.endElementNs = &OnXmlEnd;
+  handlers.getEntity = &OnEntity;
   handlers.characters = handlers.ignorableWhitespace = handlers.cdataBlock = &OnText;
   Attach(*parser, building, handlers);
   xmlCtxtUseOptions(parser.get(),

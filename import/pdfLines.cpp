@@ -77,7 +77,8 @@ class Assembly {
       double left = line.left;
       for (const PdfLine& other : page) {
         const double shared = std::min(line.right, other.right) - std::max(line.left, other.left);
-        if (page.size() > kMost || shared <= 0 || !IsSameSize(line.size, other.size)) continue;
+        const double narrower = std::min(line.right - line.left, other.right - other.left);
+        if (page.size() > kMost || shared <= 0.5 * narrower || !IsSameSize(line.size, other.size)) continue;
         right = std::max(right, other.right);
         left = std::min(left, other.left);
       }
@@ -199,18 +200,34 @@ class Assembly {
     }
   }
 
-  // Short paragraphs in larger letters than the text, the largest outermost.
+  // Short paragraphs in larger letters than the text, the largest outermost, then those in bold ones.
   void MarkHeadings() {
     const double body = BodySize();
     std::set<double, std::greater<>> sizes;
     for (const PdfParagraph& p : paragraphs_) {
       if (IsLarge(p, body)) sizes.insert(std::round(p.size));
     }
-    for (PdfParagraph& p : paragraphs_) {
-      if (!IsLarge(p, body)) continue;
-      const auto rank = std::distance(sizes.begin(), sizes.find(std::round(p.size)));
+    for (std::size_t i = 0; i < paragraphs_.size(); ++i) {
+      PdfParagraph& p = paragraphs_[i];
+      const bool large = IsLarge(p, body);
+      if (!large && !IsBoldTitle(i)) continue;
+      const auto rank = std::distance(sizes.begin(), large ? sizes.find(std::round(p.size)) : sizes.end());
       p.heading = static_cast<int>(std::min<std::ptrdiff_t>(rank, 5)) + 1;
     }
+  }
+
+  // Alone above a paragraph that is not bold.
+  [[nodiscard]] bool IsBoldTitle(std::size_t i) const {
+    constexpr std::size_t kLongest = 120;
+    const PdfParagraph& p = paragraphs_[i];
+    if (p.row || p.lines > 2 || i + 1 == paragraphs_.size() || !IsBold(p) || IsBold(paragraphs_[i + 1]))
+      return false;
+    const std::string text = p.Text();
+    return text.size() <= kLongest && text.find_last_of(".:;,") != text.size() - 1;
+  }
+
+  static bool IsBold(const PdfParagraph& p) {
+    return std::all_of(p.pieces.begin(), p.pieces.end(), [](const PdfPiece& piece) { return piece.bold; });
   }
 
   static bool IsLarge(const PdfParagraph& p, double body) {

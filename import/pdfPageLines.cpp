@@ -54,6 +54,9 @@ void Append(PdfLine& line, const PdfWord& word) {
     line.right = word.right;
     line.bottom = word.bottom;
   }
+  // What the file says of blanks is sometimes wrong.
+  if (!line.words.empty() && word.left - line.words.back().right > 0.12 * word.size)
+    line.words.back().spaceAfter = true;
   line.left = std::min(line.left, word.left);
   line.top = std::min(line.top, word.top);
   line.right = std::max(line.right, word.right);
@@ -169,7 +172,8 @@ class RunningLines {
       if (gap < -0.5 * own.size) continue;
       return gap > 0.8 * std::max(own.size, 6.0);
     }
-    return true;
+    // Alone on its page.
+    return i == 0;
   }
 
   void Collect(std::size_t page) {
