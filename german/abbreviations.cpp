@@ -301,7 +301,7 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   if (i >= 2 && word.size() == 1 && tokens.Is(i - 1, ".") && tokens.View(i - 2).size() == 1)
     return std::nullopt;
   if (auto found = Search(tokens, i, word, false)) return found;
-  if (!tokens.IsCapital(i) || !tokens.OpensClause(i)) return std::nullopt;
+  if (!tokens.IsCapital(i) || !(tokens.OpensClause(i) || tokens.OpensLine(i))) return std::nullopt;
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);

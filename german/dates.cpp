@@ -88,10 +88,12 @@ std::optional<DateShape> NamedDateAt(const Tokens& tokens, std::size_t i) {
   return shape;
 }
 
-// "am 14. 3. in den Kinos": the sentence goes on behind the month.
+// "am 14. 3. in den Kinos", "ab 1. 4. Leiter": what follows is counted by neither.
 bool IsDayOfMonth(const Tokens& tokens, std::size_t i, std::size_t behind) {
   const std::size_t next = tokens.Skip(behind);
-  return IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"am", "vom", "zum", "ab", "bis", "dem", "den"}) &&
+  const std::string before = WithLowerStart(tokens.WordBefore(i));
+  if (IsOneOf(before, {"am", "vom", "zum", "ab", "bis"})) return true;
+  return IsOneOf(before, {"dem", "den"}) &&
          (tokens.Is(next, ",") || (tokens.IsWord(next) && !tokens.IsCapital(next)));
 }
 
