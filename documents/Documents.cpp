@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "documents/windowTitle.h"
 #include "import/importFormats.h"
+#include "richtext/chapters.h"
 #include "richtext/rtf.h"
 
 namespace lorelin {
@@ -154,7 +155,9 @@ Documents::Shown Documents::ShowFile(const std::string& path) {
 
 Documents::Shown Documents::ShowImported(const ImportedDocument& document) {
   const LoadingState loading(loading_);
-  parts_.editor.ShowRichText(WriteRtf(document.text));
+  RichText text = document.text;
+  MarkHeadings(text, document.info.chapters);
+  parts_.editor.ShowRichText(WriteRtf(text));
   return {.info = document.info, .copy = true, .notice = document.notice};
 }
 

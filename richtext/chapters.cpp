@@ -51,6 +51,27 @@ bool IsHeading(const ParagraphRun& run) {
 
 }  // namespace
 
+void MarkHeadings(RichText& text, const std::vector<Chapter>& chapters) {
+  if (!text.paragraphs.empty() || chapters.empty()) return;
+  Paragraphs paragraphs(text.text);
+  auto chapter = chapters.begin();
+  while (!paragraphs.AtEnd() && chapter != chapters.end()) {
+    const std::size_t position = paragraphs.Position();
+    const std::string_view paragraph = paragraphs.Next();
+    ParagraphFormat format;
+    for (; chapter != chapters.end() && chapter->position < paragraphs.Position(); ++chapter) {
+      if (chapter->position == position && chapter->level > 0 && chapter->level < 10 &&
+          OneLine(paragraph) == chapter->title)
+        format.outlineLevel = static_cast<std::uint8_t>(chapter->level);
+    }
+    if (!text.paragraphs.empty() && text.paragraphs.back().format == format) {
+      ++text.paragraphs.back().paragraphs;
+    } else {
+      text.paragraphs.push_back({1, format});
+    }
+  }
+}
+
 std::vector<Chapter> ChaptersOf(const RichText& text) {
   std::vector<Chapter> chapters;
   if (std::ranges::none_of(text.paragraphs, IsHeading)) return chapters;

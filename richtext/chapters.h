@@ -10,4 +10,8 @@ namespace lorelin {
 // The headings of a text as its chapters. One without letters is none. Linear in the text. Pure.
 [[nodiscard]] std::vector<Chapter> ChaptersOf(const RichText& text);
 
+// Makes headings of the paragraphs that say the titles of these chapters, so that ChaptersOf finds them
+// again. A text whose paragraphs have formats stays as it is.
+void MarkHeadings(RichText& text, const std::vector<Chapter>& chapters);
+
 }  // namespace lorelin

@@ -26,6 +26,15 @@ TEST(HeadingsTest, AreNoParagraphsWithoutLettersAndNoOrdinaryText) {
   EXPECT_TRUE(ChaptersOf({}).empty());
 }
 
+TEST(HeadingsTest, AreMadeOfTheParagraphsThatSayTheTitles) {
+  RichText text;
+  text.text = "Öl\nText\nZwei  Dinge\nDrei";
+  const std::vector<Chapter> chapters{{"Öl", 1, 0}, {"Anders", 1, 3}, {"Zwei Dinge", 2, 8}};
+  MarkHeadings(text, chapters);
+  EXPECT_EQ(ChaptersOf(text), (std::vector<Chapter>{chapters[0], chapters[2]}));
+  EXPECT_EQ(ChaptersOf(ReadRtf(WriteRtf(text))), ChaptersOf(text));
+}
+
 TEST(HeadingsTest, EndAtTheEndOfATextThatHasFewerParagraphsThanFormats) {
   RichText text;
   text.text = "Eins\nzwei";
