@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "base/textEncoding.h"
@@ -45,6 +46,31 @@ std::string OneLine(std::string_view heading) {
   return title;
 }
 
+// The formats of paragraphs, one after the other; those behind the last have none of their own.
+class FormatsInOrder {
+ public:
+  explicit FormatsInOrder(std::vector<ParagraphRun> runs) : runs_(std::move(runs)) {}
+
+  ParagraphFormat Next() {
+    while (run_ < runs_.size() && done_ >= runs_[run_].paragraphs) {
+      ++run_;
+      done_ = 0;
+    }
+    ++done_;
+    return run_ < runs_.size() ? runs_[run_].format : ParagraphFormat{};
+  }
+
+ private:
+  std::vector<ParagraphRun> runs_;
+  std::size_t run_ = 0;
+  std::size_t done_ = 0;  // of that run
+};
+
+void Add(std::vector<ParagraphRun>& runs, const ParagraphFormat& format) {
+  if (runs.empty() || !(runs.back().format == format)) runs.push_back({0, format});
+  ++runs.back().paragraphs;
+}
+
 bool IsHeading(const ParagraphRun& run) {
   return run.format.outlineLevel != 0;
 }
@@ -52,23 +78,20 @@ bool IsHeading(const ParagraphRun& run) {
 }  // namespace
 
 void MarkHeadings(RichText& text, const std::vector<Chapter>& chapters) {
-  if (!text.paragraphs.empty() || chapters.empty()) return;
+  if (chapters.empty()) return;
+  FormatsInOrder before(std::exchange(text.paragraphs, {}));
   Paragraphs paragraphs(text.text);
   auto chapter = chapters.begin();
-  while (!paragraphs.AtEnd() && chapter != chapters.end()) {
+  while (!paragraphs.AtEnd()) {
     const std::size_t position = paragraphs.Position();
     const std::string_view paragraph = paragraphs.Next();
-    ParagraphFormat format;
+    ParagraphFormat format = before.Next();
     for (; chapter != chapters.end() && chapter->position < paragraphs.Position(); ++chapter) {
       if (chapter->position == position && chapter->level > 0 && chapter->level < 10 &&
           OneLine(paragraph) == chapter->title)
         format.outlineLevel = static_cast<std::uint8_t>(chapter->level);
     }
-    if (!text.paragraphs.empty() && text.paragraphs.back().format == format) {
-      ++text.paragraphs.back().paragraphs;
-    } else {
-      text.paragraphs.push_back({1, format});
-    }
+    Add(text.paragraphs, format);
   }
 }
 

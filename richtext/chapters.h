@@ -11,7 +11,7 @@ namespace lorelin {
 [[nodiscard]] std::vector<Chapter> ChaptersOf(const RichText& text);
 
 // Makes headings of the paragraphs that say the titles of these chapters, so that ChaptersOf finds them
-// again. A text whose paragraphs have formats stays as it is.
+// again.
 void MarkHeadings(RichText& text, const std::vector<Chapter>& chapters);
 
 }  // namespace lorelin

@@ -29,10 +29,14 @@ TEST(HeadingsTest, AreNoParagraphsWithoutLettersAndNoOrdinaryText) {
 TEST(HeadingsTest, AreMadeOfTheParagraphsThatSayTheTitles) {
   RichText text;
   text.text = "Öl\nText\nZwei  Dinge\nDrei";
+  text.paragraphs = {{1, {}}, {2, {.leftIndent = 20}}};
   const std::vector<Chapter> chapters{{"Öl", 1, 0}, {"Anders", 1, 3}, {"Zwei Dinge", 2, 8}};
   MarkHeadings(text, chapters);
   EXPECT_EQ(ChaptersOf(text), (std::vector<Chapter>{chapters[0], chapters[2]}));
   EXPECT_EQ(ChaptersOf(ReadRtf(WriteRtf(text))), ChaptersOf(text));
+  const std::vector<ParagraphRun> expected{
+      {1, {.outlineLevel = 1}}, {1, {.leftIndent = 20}}, {1, {.leftIndent = 20, .outlineLevel = 2}}, {1, {}}};
+  EXPECT_EQ(text.paragraphs, expected);
 }
 
 TEST(HeadingsTest, EndAtTheEndOfATextThatHasFewerParagraphsThanFormats) {
