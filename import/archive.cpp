@@ -2,9 +2,12 @@
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <locale.h>
 
 #include <algorithm>
-#include <charconv>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -19,12 +22,55 @@ constexpr std::size_t kMostBytes = std::size_t{128} << 20U;  // of all together
 
 using Archive = std::unique_ptr<archive, decltype(&archive_read_free)>;
 
+// The library hands names on in the encoding of the locale; what begins as a process has none that knows
+// letters beyond ASCII. For the thread, as long as it lives.
+class Utf8Locale {
+ public:
+  Utf8Locale() : own_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), before_(uselocale(own_)) {}
+  ~Utf8Locale() {
+    uselocale(before_);
+    if (own_ != nullptr) freelocale(own_);
+  }
+  Utf8Locale(const Utf8Locale&) = delete;
+  Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+ private:
+  locale_t own_;
+  locale_t before_;
+};
+
 [[noreturn]] void RefuseEncrypted(const std::string& kind) {
   throw ImportError(
       kind + " ist mit einem Kennwort geschützt. Bitte entfernen Sie den Schutz und speichern Sie neu.");
 }
 
+std::uint64_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
+  std::uint64_t number = 0;
+  for (std::size_t i = size; i-- > 0;) number = number << 8U | static_cast<unsigned char>(bytes[at + i]);
+  return number;
+}
+
+// The table of files at the end of the archive is read whole before the first of them: whether it is of a
+// size that documents have. It may lie about itself, but not about both its length and its beginning.
+bool IsCrowded(const std::string& path) {
+  constexpr std::streamoff kLongestEnd = 65'557;
+  constexpr std::size_t kEnd = 22;
+  constexpr std::uint64_t kLongestTable = std::uint64_t{12} << 20U;
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  const std::streamoff size = file.tellg();
+  const std::streamoff begin = std::max<std::streamoff>(size - kLongestEnd, 0);
+  file.seekg(begin);
+  const std::string end{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const auto at = end.rfind("PK\x05\x06");
+  if (at == std::string::npos || at + kEnd > end.size()) return false;
+  const std::uint64_t place = static_cast<std::uint64_t>(begin) + at;
+  const std::uint64_t table = NumberAt(end, at + 16, 4);
+  const std::uint64_t length = std::max(NumberAt(end, at + 12, 4), table < place ? place - table : 0);
+  return NumberAt(end, at + 10, 2) > kMostFiles || length > kLongestTable;
+}
+
 Archive OpenArchive(const std::string& path, const std::string& kind) {
+  if (IsCrowded(path)) throw DocumentTooLarge();
   Archive reader(archive_read_new(), &archive_read_free);
   if (!reader) throw std::bad_alloc();
   archive_read_support_format_zip_seekable(reader.get());
@@ -86,6 +132,7 @@ std::string WithoutEscapes(std::string_view address) {
 
 ArchiveFiles ReadArchive(const std::string& path, const std::string& kind,
                          const std::function<bool(std::string_view name)>& wanted) {
+  const Utf8Locale locale;
   const Archive reader = OpenArchive(path, kind);
   ArchiveFiles files;
   std::size_t bytes = 0;

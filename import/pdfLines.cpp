@@ -56,6 +56,7 @@ class Assembly {
       MeasureMargins(page);
       std::move(page.begin(), page.end(), std::back_inserter(lines_));
     }
+    WidenMargins(pages);
     MeasurePitch();
   }
 
@@ -86,6 +87,18 @@ class Assembly {
     }
   }
 
+  [[nodiscard]] bool HasFewLines() const { return lines_.size() < 16; }
+
+  // Where hardly a line can be a full one, the text is taken to be as far from the right edge as from the
+  // left.
+  void WidenMargins(const std::vector<PdfPage>& pages) {
+    if (!HasFewLines()) return;
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+      auto& [left, right] = margins_[i];
+      right = std::max(right, pages[lines_[i].page].width - left);
+    }
+  }
+
   // The usual distance of two lines, in sizes of their letters.
   void MeasurePitch() {
     std::vector<double> pitches;
@@ -96,8 +109,10 @@ class Assembly {
       const double pitch = (b.bottom - a.bottom) / b.size;
       if (pitch > 0.7 && pitch < 3) pitches.push_back(pitch);
     }
+    // Of a few lines each may be a paragraph.
+    constexpr double kWide = 1.35;
     pitch_ = Median(std::move(pitches));
-    if (pitch_ <= 0) pitch_ = 1.3;
+    if (pitch_ <= 0 || (HasFewLines() && pitch_ > kWide)) pitch_ = kWide;
   }
 
   [[nodiscard]] bool Breaks(std::size_t i) const {
@@ -113,6 +128,8 @@ class Assembly {
     const PdfLine& a = lines_[i - 1];
     const PdfLine& b = lines_[i];
     if (b.bottom - a.bottom > 1.25 * pitch_ * b.size) return true;
+    const bool outdented = b.left < a.left - 0.7 * b.size;
+    if (outdented && (IsItem(a) || (paragraphs_.back().lines > 1 && !IsItemParagraph()))) return true;
     if (IsItem(b) && (IsBullet(b.words[0].text) || IsShort(i - 1) || IsItemParagraph())) return true;
     const bool indented = b.left > a.left + 0.7 * b.size;
     if (indented && !IsItem(a) && !IsCentred(i)) return true;
@@ -144,16 +161,18 @@ class Assembly {
     return line.words.back().text.ends_with('-') && line.words.back().text.size() > 1;
   }
 
-  // From one column or page to the next.
+  // From one column or page to the next. A sentence may end where the line does; the last line of a paragraph
+  // seldom is as long as the others.
   [[nodiscard]] bool BreaksAcross(std::size_t i) const {
     const PdfLine& a = lines_[i - 1];
     const PdfLine& b = lines_[i];
-    if (HyphenEnds(a)) return false;
+    if (HyphenEnds(a) && BeginsSmall(b)) return false;
     if (IsItem(b)) return true;
-    if (EndsSentence(a.words.back().text)) return true;
     // A part of the same line, or of a table.
     if (a.page == b.page && std::abs(a.bottom - b.bottom) < a.size / 2) return true;
-    return !BeginsSmall(b) && margins_[i - 1].second - a.right > 3 * a.size;
+    const bool ends = EndsSentence(a.words.back().text);
+    if (ends && b.left > margins_[i].first + 0.7 * b.size) return true;
+    return (ends || !BeginsSmall(b)) && IsShort(i - 1);
   }
 
   void Begin(const PdfLine& line) {

