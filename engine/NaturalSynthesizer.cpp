@@ -10,6 +10,7 @@
 #include "engine/Resampler.h"
 #include "engine/modelPatch.h"
 #include "engine/speakableText.h"
+#include "engine/timeScale.h"
 
 namespace lorelin::engine {
 namespace {
@@ -26,16 +27,24 @@ constexpr std::size_t kPassedAtOnce = 2048;
 // before.
 constexpr std::size_t kGrowth = 2;
 
-// The sample that each symbol begins with, by how long the symbols are in the model's own frames; none when
-// that does not fit the samples.
+// How far durations may be from what they are because of how they are computed.
+constexpr double kRounding = 0.001;
+// A length that is so near to the right one is left as it is.
+constexpr double kNearEnough = 0.005;
+
+bool AreDurations(std::span<const float> durations, std::size_t symbols) {
+  return durations.size() == symbols && std::all_of(durations.begin(), durations.end(), [](float duration) {
+           return std::isfinite(duration) && duration >= 0;
+         });
+}
+
+// The sample that each symbol begins with, by how long the symbols are in the model's own frames, of which it
+// makes whole ones; none when that does not fit the samples.
 std::vector<std::uint64_t> SymbolStarts(std::span<const float> durations, std::size_t symbols,
                                         std::size_t samples) {
-  if (durations.size() != symbols) return {};
+  if (!AreDurations(durations, symbols)) return {};
   double frames = 0;
-  for (const float duration : durations) {
-    if (!std::isfinite(duration) || duration < 0) return {};
-    frames += duration;
-  }
+  for (const float duration : durations) frames += std::ceil(duration);
   if (frames < 1) return {};
   const double hop = static_cast<double>(samples) / frames;
   if (std::abs(hop - std::round(hop)) > 1e-6) return {};
@@ -43,9 +52,21 @@ std::vector<std::uint64_t> SymbolStarts(std::span<const float> durations, std::s
   double frame = 0;
   for (const float duration : durations) {
     starts.push_back(static_cast<std::uint64_t>(frame * hop));
-    frame += duration;
+    frame += std::ceil(duration);
   }
   return starts;
+}
+
+// How many times as long the symbols were if their durations had not been made so many times as long before
+// they became whole frames, against what that has made of them.
+double Excess(std::span<const float> durations, double longer) {
+  double frames = 0;
+  double usual = 0;
+  for (const float duration : durations) {
+    frames += std::ceil(duration);
+    usual += std::ceil(duration / longer - kRounding);
+  }
+  return frames < 1 || usual < 1 ? 1 : usual * longer / frames;
 }
 
 }  // namespace
@@ -222,14 +243,21 @@ bool NaturalSynthesizer::SpeakRun(Piece& piece, const Run& run) {
   if (!sound) return cancelled_ ? false : Fail("ihr Modell rechnet falsch");
   lastRun_ = run.ids.size();
   const double step = Current().sampleRate * pitch_ / library_.SampleRate();
+  const double scale = sound->excess / step;
   for (const WordStart& word : run.words) {
     if (word.symbol >= sound->symbolAt.size()) continue;
     piece.Word(word.character,
-               static_cast<std::uint64_t>(static_cast<double>(sound->symbolAt[word.symbol]) / step));
+               static_cast<std::uint64_t>(static_cast<double>(sound->symbolAt[word.symbol]) * scale));
   }
-  if (!piece.Pass(Resampled(sound->samples, step))) return false;
+  if (!piece.Pass(Lengthened(Resampled(sound->samples, step), sound->excess))) return false;
   const double pause = run.endsSentence ? kPauseSeconds * pace_ : 0;
   return piece.Pass(std::vector<float>(static_cast<std::size_t>(pause * library_.SampleRate()), 0));
+}
+
+std::vector<float> NaturalSynthesizer::Lengthened(std::vector<float> samples, double times) const {
+  if (times == 1) return samples;
+  const auto size = static_cast<std::size_t>(std::llround(static_cast<double>(samples.size()) * times));
+  return Stretched(samples, size, library_.SampleRate());
 }
 
 std::optional<NaturalSynthesizer::Sound> NaturalSynthesizer::Compute(Loaded& loaded, const Run& run) const {
@@ -250,7 +278,10 @@ std::optional<NaturalSynthesizer::Sound> NaturalSynthesizer::Compute(Loaded& loa
       !std::all_of(result->output.begin(), result->output.end(), [](float s) { return std::isfinite(s); }))
     return std::nullopt;
   auto starts = SymbolStarts(result->durations, ids.size(), result->output.size());
-  return Sound{.samples = std::move(result->output), .symbolAt = std::move(starts)};
+  const double excess = starts.empty() ? 1 : Excess(result->durations, pitch_);
+  return Sound{.samples = std::move(result->output),
+               .symbolAt = std::move(starts),
+               .excess = std::abs(excess - 1) < kNearEnough ? 1 : excess};
 }
 
 }  // namespace lorelin::engine

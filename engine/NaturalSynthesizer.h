@@ -47,6 +47,7 @@ class NaturalSynthesizer final : public Synthesizer {
   struct Sound {
     std::vector<float> samples;           // at the voice's rate, higher by what Apply told
     std::vector<std::uint64_t> symbolAt;  // the sample that each id begins with; empty when unknown
+    double excess = 1;                    // how many times as long it has to be
   };
   class Piece;
 
@@ -58,6 +59,7 @@ class NaturalSynthesizer final : public Synthesizer {
   bool SpeakPiece(Piece& piece, const std::string& text);
   bool SpeakClause(Piece& piece, RunMaker& maker, const Clause& clause);
   bool SpeakRun(Piece& piece, const Run& run);
+  [[nodiscard]] std::vector<float> Lengthened(std::vector<float> samples, double times) const;
   [[nodiscard]] std::optional<Sound> Compute(Loaded& loaded, const Run& run) const;
 
   EspeakLibrary& library_;

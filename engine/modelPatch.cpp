@@ -118,7 +118,7 @@ void CheckWeights(std::string_view weights) {
 
 void AddNode(Graph& read, Node found) {
   if (found.outputs.empty() || found.outputs.front().empty()) return;
-  if (found.kind == kDurationsOf)
+  if (found.kind == kDurationsOf && found.inputs.size() == 1 && !found.inputs.front().empty())
     read.durations.push_back(std::move(found));
   else if (found.kind == kNoiseOf && found.plain && found.inputs.size() == 1 &&
            read.noises.size() < kMostNoises)
@@ -264,7 +264,7 @@ PatchedModel Patch(std::string_view bytes) {
   std::string added = SteadyNoise(found);
   PatchedModel patched{.bytes = {}, .durations = {}, .hasSpeakers = Has(found.inputs, "sid")};
   if (found.durations.size() == 1) {
-    patched.durations = found.durations.front().outputs.front();
+    patched.durations = found.durations.front().inputs.front();
     if (!Has(found.outputs, patched.durations))
       added += ProtobufBytes(graph::kOutput, ProtobufBytes(kValueName, patched.durations));
   }

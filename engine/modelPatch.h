@@ -9,7 +9,9 @@ namespace lorelin::engine {
 // A model that is ready to be run: what the program needs besides the sound was added to it.
 struct PatchedModel {
   std::string bytes;
-  std::string durations;     // the output that tells how long each symbol lasts; "" when the model has none
+  // The output that tells how long each symbol lasts, in frames, before the model rounds them up; "" when it
+  // has none.
+  std::string durations;
   bool hasSpeakers = false;  // it takes the input "sid"
 };
 

@@ -9,6 +9,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "engine/speakers.h"
 #include "engine/voiceCatalog.h"
 #include "engine/voiceFiles.h"
 
@@ -32,17 +33,6 @@ std::string DisplayName(const NaturalVoice& voice) {
   std::string name = LanguageName(voice.language);
   name += " – " + voice.dataset;
   return voice.quality.empty() ? name : name + " (" + QualityName(voice.quality) + ")";
-}
-
-// Recordings of one person whose name tells who it is.
-std::int32_t Gender(std::string_view dataset) {
-  for (const std::string_view name : {"thorsten", "karlsson", "pavoque", "ryan", "alan", "joe", "john"}) {
-    if (dataset.starts_with(name)) return 1;
-  }
-  for (const std::string_view name : {"kerstin", "eva_k", "ramona", "amy", "lessac", "jenny", "alba"}) {
-    if (dataset.starts_with(name)) return 2;
-  }
-  return 0;
 }
 
 void AddVoice(FoundVoices& found, const fs::path& model) {
@@ -87,7 +77,7 @@ std::optional<std::string> ReadBounded(const fs::path& file, std::uintmax_t most
 std::vector<Voice> OfferedVoices(const NaturalVoice& voice) {
   const std::string name = DisplayName(voice);
   const std::int32_t language = LanguageId(voice.language);
-  if (voice.speakers.size() == 1) return {{name, language, Gender(voice.dataset)}};
+  if (voice.speakers.size() == 1) return {{name, language, GenderOfSpeaker(voice.dataset)}};
   std::vector<Voice> voices;
   for (const auto& speaker : voice.speakers) voices.push_back({name + " – " + speaker.name, language, 0});
   return voices;

@@ -27,7 +27,6 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kHandshake{3000};
 constexpr milliseconds kFarewell{500};
 constexpr int kChildSocket = 3;
 
@@ -204,7 +203,9 @@ std::chrono::microseconds EngineConnection::LastStartLatency() const {
 
 const engine::Capabilities& EngineConnection::WaitForCapabilities() {
   Guard guard(mutex_);
-  told_.wait_for(guard, kHandshake, [this] { return capabilities_ || socket_ < 0; });
+  // One that is given up is followed by another.
+  told_.wait_for(guard, patience_.greeting + patience_.answer,
+                 [this] { return capabilities_ || socket_ < 0; });
   if (!capabilities_) throw RuntimeError(ErrorNumber::AutomationFailed, "Die Sprachausgabe antwortet nicht.");
   return *capabilities_;
 }

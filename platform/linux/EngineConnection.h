@@ -58,7 +58,8 @@ class EngineConnection {
   // Whether a text was under way.
   bool Reset();
   [[nodiscard]] bool Speaking() const;
-  // What the engine told of itself; waits for it 3 s at most. Throws RuntimeError 440.
+  // What the engine told of itself; waits for it as long as it may take, and some time for the one that takes
+  // its place. Throws RuntimeError 440.
   [[nodiscard]] const engine::Capabilities& WaitForCapabilities();
   [[nodiscard]] int ProcessId() const;
   [[nodiscard]] std::chrono::microseconds LastStartLatency() const;

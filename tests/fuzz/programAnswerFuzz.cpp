@@ -20,8 +20,8 @@ void CheckSound(const Sound& sound, std::size_t bytes) {
 
 }  // namespace
 
-// Whatever a program writes as a WAV file or a module of speech-dispatcher answers, no more comes of it than it
-// wrote, and it does not matter how it comes in.
+// Whatever a program writes as a WAV file or a module of speech-dispatcher answers, no more comes of it than
+// it wrote, and it does not matter how it comes in.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   if (const auto sound = ReadWave(bytes)) {

@@ -344,6 +344,12 @@ TEST(StoppedEngine, IsReplacedWhenItNeverSaysAWord) {
   EXPECT_EQ(real.log.lines.size(), 2U);
 }
 
+TEST(StoppedEngine, IsWaitedForAsLongAsItMayTake) {
+  const TemporaryFolder folder;
+  RealEngine real(false, {}, FirstOtherwise(folder, "sleep 3.2"));
+  EXPECT_GT(real.engine.VoiceCount(), 0);
+}
+
 TEST(EngineClient, TellsWhenWhatWasWrongIsOver) {
   RealEngine real;
   real.engine.SetWaveFile(real.folder.File("a.wav"));
