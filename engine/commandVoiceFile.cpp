@@ -25,8 +25,12 @@ struct Wrong {
   std::string text;
 };
 
+// As much of it as is worth being shown.
 std::string Quoted(std::string_view text) {
-  return "„" + std::string(text) + "“";
+  constexpr std::size_t kMostCharacters = 60;
+  const std::string_view rest = FromCharacter(text, kMostCharacters);
+  const std::string shown(text.substr(0, text.size() - rest.size()));
+  return "„" + shown + (rest.empty() ? "“" : "…“");
 }
 
 bool IsBlank(char c) {
@@ -249,7 +253,7 @@ class VoiceReader {
     } else if (key == "voice") {
       voice_.moduleVoice = Name(value);
     } else {
-      throw Wrong{"den Schlüssel " + Quoted(key.substr(0, kLongestName)) + " gibt es nicht"};
+      throw Wrong{"den Schlüssel " + Quoted(key) + " gibt es nicht"};
     }
   }
 

@@ -110,6 +110,16 @@ TEST(CommandVoiceFile, IsRefusedWithTheLineThatIsWrong) {
   EXPECT_EQ(ProblemOf(good + "name = a\x01"), "3: die Zeile enthält ein Steuerzeichen");
 }
 
+TEST(CommandVoiceFile, ShowsTheBeginningOfWhatIsLong) {
+  std::string umlauts;
+  std::string shown;
+  for (int i = 0; i < 200; ++i) umlauts += "ü";
+  for (int i = 0; i < 60; ++i) shown += "ü";
+  EXPECT_EQ(ProblemOf(umlauts + " = x"), "1: den Schlüssel „" + shown + "…“ gibt es nicht");
+  EXPECT_EQ(ProblemOf("language = " + umlauts),
+            "1: „" + shown + "…“ ist keine Sprache wie „de“ oder „en-us“");
+}
+
 TEST(CommandVoiceFile, IsRefusedWhenItsLinesDoNotFitOneAnother) {
   const std::string good = "language = de\ncommand = sprich\n";
   EXPECT_EQ(ProblemOf(good + "output = raw"), "3: zu „output = raw“ gehört eine Zeile „rate = …“");
