@@ -20,6 +20,7 @@ namespace lorelin {
 namespace {
 
 constexpr rlim_t kMemory = rlim_t{512} << 20U;
+constexpr rlim_t kFileOfChild = rlim_t{64} << 20U;
 
 // Made before it is needed: a signal handler may not.
 const std::string& TooSlow() {
@@ -39,11 +40,11 @@ void EndLate(int) {
   _exit(1);
 }
 
-void Limit(__rlimit_resource resource, rlim_t most) {
+void Limit(__rlimit_resource resource, rlim_t most, rlim_t own) {
   rlimit limit{};
   if (getrlimit(resource, &limit) != 0) return;
   limit.rlim_max = std::min(limit.rlim_max, most);
-  limit.rlim_cur = std::min(limit.rlim_cur, limit.rlim_max);
+  limit.rlim_cur = std::min({limit.rlim_cur, limit.rlim_max, own});
   setrlimit(resource, &limit);
 }
 
@@ -62,14 +63,14 @@ bool ReaderIsGone() {
 
 }  // namespace
 
-void Confine() {
+void Confine(bool children) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (ReaderIsGone()) _exit(1);
   prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
   prctl(PR_SET_DUMPABLE, 0);
-  Limit(RLIMIT_CORE, 0);
-  Limit(RLIMIT_FSIZE, 0);
-  if (HasRoom()) Limit(RLIMIT_AS, kMemory);
+  Limit(RLIMIT_CORE, 0, 0);
+  Limit(RLIMIT_FSIZE, children ? kFileOfChild : 0, 0);
+  if (HasRoom()) Limit(RLIMIT_AS, kMemory, kMemory);
 }
 
 void GiveComputingTime(int seconds) {

@@ -1,6 +1,7 @@
 #include "import/textRecognition.h"
 
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -39,6 +40,12 @@ struct Pipe {
 // In the new process: nothing but what a signal handler may do.
 [[noreturn]] void Become(int input, int output) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // It keeps the picture that it reads from a pipe in a file that has no name.
+  rlimit file{};
+  if (getrlimit(RLIMIT_FSIZE, &file) == 0) {
+    file.rlim_cur = file.rlim_max;
+    setrlimit(RLIMIT_FSIZE, &file);
+  }
   dup2(input, STDIN_FILENO);
   dup2(output, STDOUT_FILENO);
   for (int other = STDERR_FILENO + 1; other < 64; ++other) close(other);
