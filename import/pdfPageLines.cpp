@@ -97,21 +97,41 @@ bool BeginsNote(const PdfLine& line, const std::set<std::string>& marks) {
   return end != 0 && end != std::string::npos && marks.contains(text.substr(0, end));
 }
 
-// The smaller lines at the foot of the page, from the first note that has a mark in the text.
-void DropNotes(std::vector<PdfLine>& lines, const std::set<std::string>& marks) {
+// Its number stands higher than the text behind it, as in the text that it belongs to.
+bool HasRaisedNumber(const PdfLine& line) {
+  return line.words.size() > 1 && line.words[0].size <= 0.8 * line.size &&
+         line.words[0].bottom < line.bottom - 0.15 * line.size;
+}
+
+struct NoteSearch {
+  double small = 0;  // smaller than the text
+  double text = 0;   // where what is no note ends
+};
+
+NoteSearch SearchFor(const std::vector<PdfLine>& lines) {
   std::vector<double> sizes;
   for (const PdfLine& line : lines) sizes.insert(sizes.end(), line.words.size(), line.size);
-  const double small = 0.92 * Median(std::move(sizes));
-  double text = 0;  // where what is no note ends
+  NoteSearch search{0.92 * Median(std::move(sizes)), 0};
   for (const PdfLine& line : lines) {
-    if (line.size >= small) text = std::max(text, line.words.size() < 2 ? 0 : line.bottom);
+    if (line.size >= search.small && line.words.size() > 1) search.text = std::max(search.text, line.bottom);
   }
-  double notes = 1e9;
+  return search;
+}
+
+// The lines at the foot of the page from the first note on that has a mark in the text: notes in smaller
+// type, or with raised numbers.
+void DropNotes(std::vector<PdfLine>& lines, const std::set<std::string>& marks) {
+  const NoteSearch search = SearchFor(lines);
+  double smaller = 1e9;
+  double raised = 1e9;
   for (const PdfLine& line : lines) {
-    if (line.size < small && line.top > text - line.size && BeginsNote(line, marks))
-      notes = std::min(notes, line.top);
+    if (!BeginsNote(line, marks)) continue;
+    if (line.size < search.small && line.top > search.text - line.size) smaller = std::min(smaller, line.top);
+    if (HasRaisedNumber(line)) raised = std::min(raised, line.top);
   }
-  std::erase_if(lines, [&](const PdfLine& line) { return line.size < small && line.top >= notes - 1; });
+  std::erase_if(lines, [&](const PdfLine& line) {
+    return line.top >= raised - 1 || (line.size < search.small && line.top >= smaller - 1);
+  });
 }
 
 // Numbers of pages and years differ from page to page.

@@ -90,7 +90,8 @@ TEST_P(Corpus, HasChaptersWhereTheirTitlesStand) {
   for (const Chapter& chapter : document.info.chapters) {
     ASSERT_LE(chapter.position, CharacterCount(document.text.text));
     const std::string_view text = FromCharacter(document.text.text, chapter.position);
-    const bool hand = GetParam().starts_with("hand");  // whose contents may call them otherwise
+    const bool hand = GetParam().starts_with("hand") ||
+                      GetParam() == "groff-verzeichnis.pdf";  // whose contents may call them otherwise
     EXPECT_TRUE(hand || text.starts_with(chapter.title)) << chapter.title << ": " << text.substr(0, 40);
   }
 }
