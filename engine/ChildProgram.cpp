@@ -102,6 +102,7 @@ std::unique_ptr<ChildProgram> ChildProgram::Start(const Command& command) {
   if (!input.Open() || !output.Open() || !errors.Open() || !control.Open()) return nullptr;
   std::vector<std::string> texts = command.arguments;
   std::vector<char*> arguments;
+  arguments.reserve(texts.size() + 1);
   for (std::string& text : texts) arguments.push_back(text.data());
   arguments.push_back(nullptr);
   const pid_t guard = StartGuarded({.file = command.file.c_str(),
