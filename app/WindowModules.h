@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "app/AddressOpening.h"
 #include "app/Chapters.h"
@@ -77,6 +78,8 @@ struct WindowModules {
     std::function<void()> chooseLook;                      // and the choice of how the document is shown
     std::function<bool()> mayClose = [] { return true; };  // asks what the user still has to decide
     std::string homeFolder{};                              // what "~" is in the paths of scripts
+    // Takes files that are a voice, not a document.
+    std::function<bool(const std::vector<std::string>&)> takeVoice = [](const auto&) { return false; };
   };
 
   explicit WindowModules(Edges given);

@@ -72,7 +72,7 @@ class Parser {
         options_.scripts = files_;
         break;
       case Action::Voices:
-        if (count > 0) throw UsageError("„voices“ nimmt keine Datei.");
+        CheckVoices(count);
         break;
       case Action::Registry:
         options_.words = files_;
@@ -81,10 +81,32 @@ class Parser {
       case Action::Version:
         break;
     }
-    if (options_.action != Action::Run && (options_.answer || options_.denyRead || options_.denyDownload)) {
-      throw UsageError("„--yes“, „--no“ und „--deny“ gehören zu „run“.");
+    const bool agrees = options_.voiceOrder == VoiceOrder::Install && options_.answer == MessageAnswer::Yes;
+    if (options_.action != Action::Run &&
+        ((options_.answer && !agrees) || options_.denyRead || options_.denyDownload)) {
+      throw UsageError("„--yes“, „--no“ und „--deny“ gehören zu „run“, „--yes“ auch zu „voices --install“.");
+    }
+    if (options_.voiceOrder != VoiceOrder::List && options_.action != Action::Voices) {
+      throw UsageError("„--available“, „--install“ und „--remove“ gehören zu „voices“.");
     }
     if (options_.table && options_.action != Action::Spell) throw UsageError("„--table“ gehört zu „spell“.");
+  }
+
+  void CheckVoices(std::size_t count) {
+    if (options_.voiceOrder == VoiceOrder::List && count > 0) throw UsageError("„voices“ nimmt keine Datei.");
+    if (options_.voiceOrder == VoiceOrder::Install && count == 0)
+      throw UsageError("Hinter „--install“ fehlt der Name einer Stimme oder eine Datei mit einer Stimme.");
+    if (options_.voiceOrder == VoiceOrder::Remove && count != 1)
+      throw UsageError("Hinter „--remove“ gehört der Name einer Stimme.");
+    if (options_.voiceOrder == VoiceOrder::Available && count > 1)
+      throw UsageError("Hinter „--available“ gehört höchstens ein Wort.");
+    options_.voiceWords = files_;
+  }
+
+  void Order(VoiceOrder order) {
+    if (options_.voiceOrder != VoiceOrder::List)
+      throw UsageError("Nur eines von „--available“, „--install“ und „--remove“ geht.");
+    options_.voiceOrder = order;
   }
 
   void Deny(const std::string& what) {
@@ -156,6 +178,12 @@ class Parser {
       options_.answer = MessageAnswer::Yes;
     } else if (option == "--no") {
       options_.answer = MessageAnswer::No;
+    } else if (option == "--available") {
+      Order(VoiceOrder::Available);
+    } else if (option == "--install") {
+      Order(VoiceOrder::Install);
+    } else if (option == "--remove") {
+      Order(VoiceOrder::Remove);
     } else if (option == "--table") {
       options_.table = true;
     } else if (option == "--verbose") {
@@ -198,6 +226,11 @@ std::string HelpText() {
          "  lorelin-cli spell [--table] [DATEI|-]  schreibt den Text so aus, wie deutsche Stimmen ihn "
          "sprechen\n"
          "  lorelin-cli voices                     nennt die Stimmen\n"
+         "  lorelin-cli voices --available [WORT]  nennt natürliche Stimmen, die man herunterladen kann\n"
+         "  lorelin-cli voices --install NAME      lädt eine davon herunter; statt des Namens auch die "
+         "Dateien\n"
+         "                                         einer Stimme (.onnx, .zip, .tar.gz)\n"
+         "  lorelin-cli voices --remove NAME       entfernt sie wieder\n"
          "  lorelin-cli run [Optionen] SCRIPT.vts  führt ein Taskscript aus\n"
          "  lorelin-cli check SCRIPT.vts ...       nennt Fehler in Taskscripts\n"
          "  lorelin-cli reg query PFAD [NAME]      zeigt einen Schlüssel oder Wert der Registrierung\n"
@@ -212,7 +245,8 @@ std::string HelpText() {
          "  --pitch P      Helligkeit in Prozent, 0 bis 100\n"
          "  --volume P     Lautstärke in Prozent, 0 bis 100\n"
          "  --wav DATEI    schreibt eine WAV-Datei, statt vorzulesen\n"
-         "  --yes, --no    beantwortet alle Fragen eines Taskscripts so\n"
+         "  --yes, --no    beantwortet alle Fragen eines Taskscripts so; „--yes“ nimmt bei „--install“ die\n"
+         "                 Lizenz an\n"
          "  --deny WAS     verbietet dem Taskscript „read“ (Laden, Löschen, Ausführen und Exportieren),\n"
          "                 „download“ (Download) oder „all“ (alles davon); was verboten ist, wird\n"
          "                 übersprungen\n"

@@ -27,6 +27,9 @@ enum class ExitCode : int {
 
 enum class Action { Say, Spell, Voices, Run, Check, Registry, Help, Version };
 
+// What to do with voices.
+enum class VoiceOrder { List, Available, Install, Remove };
+
 struct Options {
   Action action = Action::Help;
   bool verbose = false;
@@ -42,7 +45,9 @@ struct Options {
   std::optional<MessageAnswer> answer;  // to every question of a script; else the user is asked
   bool denyRead = false;
   bool denyDownload = false;
-  bool table = false;  // of Spell: what is replaced, not the text
+  VoiceOrder voiceOrder = VoiceOrder::List;
+  std::vector<std::string> voiceWords;  // a part of a name, the name, or the files of a voice
+  bool table = false;                   // of Spell: what is replaced, not the text
 };
 
 // A command line that is wrong; what() says in German why.

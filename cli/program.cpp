@@ -16,6 +16,7 @@
 #include "cli/consolePorts.h"
 #include "cli/files.h"
 #include "cli/interruption.h"
+#include "cli/manageVoices.h"
 #include "cli/overrideSettings.h"
 #include "cli/reg.h"
 #include "cli/runScript.h"
@@ -125,6 +126,7 @@ ExitCode Perform(const Options& options) {
       std::cout << "Lorelin " << kVersionText << '\n';
       return ExitCode::Done;
     case Action::Voices:
+      if (options.voiceOrder != VoiceOrder::List) return ManageVoices(options);
       return Session(options).ListVoices();
     case Action::Say:
       NoteInterruptions();

@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "app/DroppedVoice.h"
 #include "app/RemoteSession.h"
 #include "app/WindowModules.h"
 #include "app/modAppMain.h"
 #include "app/modFileReg.h"
 #include "app/readingOrder.h"
+#include "base/RuntimeError.h"
 #include "base/paths.h"
 #include "desktop/frmHelpDialogs.h"
 #include "desktop/frmMain.h"
@@ -36,6 +38,8 @@
 #include "ports/Platform.h"
 #include "speech/SpeechModules.h"
 #include "speech/temporaryFiles.h"
+#include "voices/VoiceLibrary.h"
+#include "voices/keptVoice.h"
 
 namespace lorelin {
 
@@ -107,7 +111,8 @@ class App::Program {
                   .createScript = [this] { CreateScript(); },
                   .chooseLook = [this] { ChooseLook(); },
                   .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); },
-                  .homeFolder = services_.paths.homeFolder}),
+                  .homeFolder = services_.paths.homeFolder,
+                  .takeVoice = [this](const auto& paths) { return droppedVoice_.Take(paths); }}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
@@ -126,6 +131,9 @@ class App::Program {
     voiceDialogs_.SetParent(form_.get());
     helpDialogs_.SetParent(form_.get());
     pronunciationDialogs_.SetParent(form_.get());
+    voiceDialogs_.OfferMore({.list = {library_, messageBoxes_, pump_},
+                             .renew = [this] { RenewVoices(); },
+                             .chosen = [this] { PrepareVoice(); }});
   }
 
   ~Program() {
@@ -166,7 +174,8 @@ class App::Program {
             },
         .textmode = [this] { modules_.window.Textmode(); }};
     if (Main(parts, commandLine) != StartResult::Started) return false;
-    if (services_.preparesVoices) spoken_.speech.PrepareVoice();
+    KeepVoice();
+    PrepareVoice();
     remote_.Begin();
     OnMediaKeys(*form_, [this](RemoteRequest request) { remote_.Carry(request); });
     if (readsSelection) remote_.ReadAloud(selected);
@@ -202,6 +211,29 @@ class App::Program {
   void Raise() {
     form_->Iconize(false);
     form_->Raise();
+  }
+
+  // A voice that takes its time to load is ready when the next text is read.
+  void PrepareVoice() {
+    if (services_.preparesVoices) spoken_.speech.PrepareVoice();
+  }
+
+  // Voices came or went: the instances look for them, and the chosen one may have another place in the list.
+  void RenewVoices() {
+    lorelin::RenewVoices(*voice_);
+    lorelin::RenewVoices(*voice2_);
+    KeepVoice();
+    PrepareVoice();
+  }
+
+  void KeepVoice() {
+    try {
+      if (lorelin::KeepVoice(spoken_.settings, *voice_) != KeptVoice::Gone) return;
+      form_->SetMessage("Die gewählte Stimme ist nicht mehr da. Es liest „" +
+                        StoredVoiceName(spoken_.settings, *voice_) + "“.");
+    } catch (const RuntimeError& error) {
+      services_.log->Write(std::string("Stimme: ") + error.what());  // whoever speaks is told
+    }
   }
 
   std::function<void(const std::string&)> Notice(std::size_t instance) {
@@ -279,6 +311,19 @@ class App::Program {
   FrmPronunciationDialogs pronunciationDialogs_{
       spoken_, messageBoxes_,
       [this] { return MakeSpeechInstance(services_, pump_, true, [](const auto&) {}); }};
+  VoiceLibrary library_{{.downloader = *services_.voiceDownloads,
+                         .checksums = *services_.checksums,
+                         .archives = *services_.voiceArchives,
+                         .natural = *services_.naturalVoices,
+                         .files = *services_.fileWriter,
+                         .settings = spoken_.settings,
+                         .clock = *services_.clock,
+                         .log = *services_.log}};
+  DroppedVoice droppedVoice_{{.library = library_,
+                              .messageBoxes = messageBoxes_,
+                              .progress = progress_,
+                              .statusBar = *form_,
+                              .renew = [this] { RenewVoices(); }}};
   WindowModules modules_;
   ModalDialogs dialogs_;
   RemoteSession remote_{

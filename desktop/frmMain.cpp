@@ -195,11 +195,14 @@ void FrmMain::TakeText(const std::string& text) {
   }
 }
 
-// Only the first of several files: there is one document.
+// Only the first of several files: there is one document. A voice is more than one.
+void FrmMain::TakeFiles(const std::vector<std::string>& paths) {
+  if (!modules_->edges.takeVoice(paths)) modules_->opening.Open(paths.front());
+}
+
 void FrmMain::AcceptFiles(wxWindow& window) {
   window.SetDropTarget(new DropTarget(
-      {.files =
-           [this](const std::string& path) { CallAfter([this, path] { modules_->opening.Open(path); }); },
+      {.files = [this](const auto& paths) { CallAfter([this, paths] { TakeFiles(paths); }); },
        .text = [this](const std::string& text) { TakeText(text); }}));
 }
 

@@ -93,6 +93,7 @@ class FrmMain final : public wxFrame,
   void FollowText();
   void AcceptFiles(wxWindow& window);
   void TakeText(const std::string& text);
+  void TakeFiles(const std::vector<std::string>& paths);
   void ShowEditorMenu(const wxContextMenuEvent& event);
   void PointAt(const wxPoint& place);
   void OnEditorClick(wxMouseEvent& event);

@@ -14,10 +14,26 @@ constexpr const char* kSample = "Guten Tag! So klingt die Stimme mit dieser Eins
 
 void FrmVoiceDialogs::ChooseVoice() {
   VoiceSample sample(speech_, makeSample_);
-  FrmVoice dialog(parent_, VoiceChoice(speech_.Voice(), settings_), [&sample](std::int32_t position) {
+  FrmVoice::Actions actions;
+  actions.sample = [&sample](std::int32_t position) {
     sample.Play(kSample, setting::Voice, std::to_string(position));
-  });
+  };
+  if (more_) {
+    actions.natural = [this] { return more_->list.library.Natural().Installed(); };
+    actions.more = [this, &sample](wxWindow* parent) { return GetMore(parent, sample); };
+  }
+  FrmVoice dialog(parent_, VoiceChoice(speech_.Voice(), settings_), std::move(actions));
+  if (dialog.ShowModal() == wxID_OK && more_) more_->chosen();
+}
+
+// The instance that plays samples knows only the voices that there were.
+bool FrmVoiceDialogs::GetMore(wxWindow* parent, VoiceSample& sample) {
+  FrmMoreVoices dialog(parent, more_->list);
   dialog.ShowModal();
+  if (!dialog.Changed()) return false;
+  sample.End();
+  more_->renew();
+  return true;
 }
 
 void FrmVoiceDialogs::ChangeParameter(VoiceParameter parameter) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ports/Automation.h"
+#include "ports/Checksums.h"
 #include "ports/Clock.h"
 #include "ports/DirectSS.h"
 #include "ports/Downloader.h"
@@ -16,14 +17,17 @@
 #include "ports/ForegroundWindow.h"
 #include "ports/ImportProcess.h"
 #include "ports/Log.h"
+#include "ports/NaturalVoices.h"
 #include "ports/ProgramLauncher.h"
 #include "ports/ProgramPaths.h"
 #include "ports/Registry.h"
 #include "ports/RemoteControl.h"
+#include "ports/ResumingDownloader.h"
 #include "ports/SelectedText.h"
 #include "ports/Shell.h"
 #include "ports/SingleInstance.h"
 #include "ports/SystemPorts.h"
+#include "ports/VoiceArchives.h"
 
 namespace lorelin {
 
@@ -46,6 +50,10 @@ struct PlatformServices {
   std::unique_ptr<SingleInstance> singleInstance;
   std::unique_ptr<RemoteControl> remote;
   std::unique_ptr<SelectedText> selectedText;
+  std::unique_ptr<ResumingDownloader> voiceDownloads;
+  std::unique_ptr<Checksums> checksums;
+  std::unique_ptr<VoiceArchives> voiceArchives;
+  std::unique_ptr<NaturalVoices> naturalVoices;
   std::unique_ptr<Registry> registry;
   std::string registryNotice;   // German; "" when the settings are as they should be
   bool settingsLost = false;    // the notice has to be confirmed by a person
@@ -66,6 +74,10 @@ struct PlatformServices {
 [[nodiscard]] std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump,
                                                            bool audible,
                                                            std::function<void(const std::string&)> condition);
+
+// Has an instance of this system look for voices anew, at once or when its text has ended; the next question
+// for its voices waits for the answer.
+void RenewVoices(DirectSS& instance);
 
 // The arguments of the process, its own name left out, as the one string that start-up reads.
 [[nodiscard]] std::string CommandLineText(std::span<char* const> arguments);

@@ -51,6 +51,13 @@ inline constexpr SettingKey ShowPauseMsg{"Settings", "ShowPauseMsg", SettingForm
 inline constexpr SettingKey Survey{"Settings", "Survey", SettingForm::TrueFalse, "true", "offer the survey"};
 inline constexpr SettingKey Voice{"Voice", "Voice", SettingForm::Number, "1",
                                   "position of the voice, from 0"};
+inline constexpr SettingKey VoiceName{"Voice", "VoiceName", SettingForm::Text, "",
+                                      "position and name of the chosen voice, as in 12:Deutsch"};
+inline constexpr SettingKey VoiceAddress{"Voice", "VoiceAddress", SettingForm::Text,
+                                         "https://huggingface.co/rhasspy/piper-voices/resolve/main/",
+                                         "address below which natural voices are fetched"};
+inline constexpr SettingKey VoiceCatalogue{"Voice", "VoiceCatalogue", SettingForm::Path, "",
+                                           "list of natural voices in place of the shipped one"};
 inline constexpr SettingKey Speed{"Voice", "Speed", SettingForm::Number, "25", "speaking rate in per cent"};
 inline constexpr SettingKey Pitch{"Voice", "Pitch", SettingForm::Number, "50", "pitch in per cent"};
 inline constexpr SettingKey Volume{"Voice", "Volume", SettingForm::Number, "100", "volume in per cent"};
@@ -108,6 +115,9 @@ inline constexpr std::array All{
     &ShowPauseMsg,
     &Survey,
     &Voice,
+    &VoiceName,
+    &VoiceAddress,
+    &VoiceCatalogue,
     &Speed,
     &Pitch,
     &Volume,

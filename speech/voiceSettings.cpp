@@ -7,6 +7,7 @@
 #include "base/RuntimeError.h"
 #include "base/conversion.h"
 #include "base/textEncoding.h"
+#include "voices/keptVoice.h"
 
 namespace lorelin {
 namespace {
@@ -117,7 +118,7 @@ std::string VoiceChoice::GenderLabel(std::int32_t position) const {
 }
 
 void VoiceChoice::Save(std::int32_t position) {
-  settings_.Save(setting::Voice, std::to_string(position));
+  StoreVoice(settings_, position, engine_.VoiceName(VoiceNumber(position)));
 }
 
 }  // namespace lorelin

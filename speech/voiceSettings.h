@@ -8,6 +8,7 @@
 #include "ports/DirectSS.h"
 #include "ports/VoiceDialogs.h"
 #include "settings/SettingsStore.h"
+#include "speech/voiceGroups.h"
 
 namespace lorelin {
 
@@ -48,6 +49,14 @@ class VoiceChoice {
   // What the dialog says about the voice. Throw RuntimeError 6 for a position that no list can have.
   [[nodiscard]] std::string LanguageLabel(std::int32_t position) const;
   [[nodiscard]] std::string GenderLabel(std::int32_t position) const;
+  // The same voices in groups, and the position of a natural one to propose; see voiceGroups.h.
+  [[nodiscard]] std::vector<VoiceGroup> Groups(const std::vector<InstalledVoice>& natural) const {
+    return GroupVoices(engine_, natural);
+  }
+  [[nodiscard]] std::int32_t Proposed(const std::vector<InstalledVoice>& natural,
+                                      std::int32_t position) const {
+    return ProposedVoice(engine_, natural, position);
+  }
   void Save(std::int32_t position);
 
  private:

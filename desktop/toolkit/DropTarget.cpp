@@ -20,7 +20,9 @@ wxDragResult DropTarget::OnData(wxCoord, wxCoord, wxDragResult suggested) {
   if (both->GetReceivedFormat().GetType() == wxDF_FILENAME) {
     const wxArrayString names = files_->GetFilenames();
     if (names.empty()) return wxDragNone;
-    actions_.files(FromWx(names.front()));
+    std::vector<std::string> paths;
+    for (const wxString& name : names) paths.push_back(FromWx(name));
+    actions_.files(paths);
   } else {
     actions_.text(FromWx(text_->GetText()));
   }

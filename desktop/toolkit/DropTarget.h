@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace lorelin {
 
@@ -11,7 +12,7 @@ namespace lorelin {
 class DropTarget final : public wxDropTarget {
  public:
   struct Actions {
-    std::function<void(const std::string& path)> files;  // the first of them
+    std::function<void(const std::vector<std::string>& paths)> files;  // one at least
     std::function<void(const std::string& text)> text;
   };
 

@@ -33,10 +33,11 @@ EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock
 EngineClient::~EngineClient() = default;
 
 const engine::Capabilities& EngineClient::Abilities() {
-  if (abilities_ == nullptr) {
-    abilities_ = &connection_->WaitForCapabilities();
-    SetUsualProperties(*abilities_);
+  const bool first = abilities_ == nullptr;
+  if (first || connection_->HasNewCapabilities(abilities_.get())) {
+    abilities_ = connection_->WaitForCapabilities();
   }
+  if (first) SetUsualProperties(*abilities_);
   return *abilities_;
 }
 
@@ -45,6 +46,11 @@ void EngineClient::PropertiesChanged() {
   if (properties_.voice == prepared_) return;
   prepared_ = properties_.voice;
   connection_->Prepare(prepared_);
+}
+
+void EngineClient::RenewVoices() {
+  prepared_ = 0;
+  connection_->Renew();
 }
 
 void EngineClient::StartText(std::string_view text, bool goesOn) {

@@ -39,6 +39,10 @@ class EngineClient final : public SpeechInstance {
   void ResetAudio() override;
   bool Speaking() override;
 
+  // Has another engine process take the place of this one, once no text is under way: it finds the voices
+  // that are there by then.
+  void RenewVoices();
+
   // For measurements and tests: the engine's process (-1 when there is none), and how long the last text took
   // from Speak to its first samples (zero before that).
   [[nodiscard]] int ProcessId() const;
@@ -53,7 +57,7 @@ class EngineClient final : public SpeechInstance {
 
   std::shared_ptr<Condition> condition_;  // posted calls find it, if the object still lives
   std::unique_ptr<EngineConnection> connection_;
-  const engine::Capabilities* abilities_ = nullptr;
+  std::shared_ptr<const engine::Capabilities> abilities_;
   std::int32_t prepared_ = 0;  // the voice that the engine was told of
   std::uint32_t goesOn_ = 0;   // the text of which more is to come
 };

@@ -117,6 +117,7 @@ bool EngineConnection::Start() {
   outbox_.clear();
   sent_ = pings_ = pongs_ = 0;
   greeted_ = false;
+  renewing_ = std::exchange(toRenew_, false) || renewing_;
   startedAt_ = lastPing_ = lastLook_ = steady_clock::now();
   return true;
 }
@@ -181,6 +182,8 @@ bool EngineConnection::Reset() {
   {
     const std::lock_guard guard(mutex_);
     discarded = std::exchange(current_, 0) != 0;
+    if (toRenew_) RemoveUnfinished(discarded ? currentFile_ : std::string());
+    RenewIfIdle();
   }
   Send(engine::Frame(engine::Kind::Reset));
   return discarded;
@@ -201,13 +204,33 @@ std::chrono::microseconds EngineConnection::LastStartLatency() const {
   return startLatency_;
 }
 
-const engine::Capabilities& EngineConnection::WaitForCapabilities() {
+std::shared_ptr<const engine::Capabilities> EngineConnection::WaitForCapabilities() {
   Guard guard(mutex_);
   // One that is given up is followed by another.
   told_.wait_for(guard, patience_.greeting + patience_.answer,
-                 [this] { return capabilities_ || socket_ < 0; });
+                 [this] { return (capabilities_ && !renewing_) || socket_ < 0; });
   if (!capabilities_) throw RuntimeError(ErrorNumber::AutomationFailed, "Die Sprachausgabe antwortet nicht.");
-  return *capabilities_;
+  renewing_ = false;  // whoever asks next does not wait as long again
+  return capabilities_;
+}
+
+bool EngineConnection::HasNewCapabilities(const engine::Capabilities* known) const {
+  const std::lock_guard guard(mutex_);
+  return renewing_ || capabilities_.get() != known;
+}
+
+void EngineConnection::Renew() {
+  const std::lock_guard guard(mutex_);
+  toRenew_ = true;
+  RenewIfIdle();
+}
+
+// No text is lost by it, so it is none of the restarts that are counted.
+void EngineConnection::RenewIfIdle() {
+  if (!toRenew_ || current_ != 0 || socket_ < 0) return;
+  Reap();
+  if (!Start()) log_.Write("Sprachausgabe: " + engineFile_ + " lässt sich nicht starten");
+  Wake();
 }
 
 int EngineConnection::PollTimeout() const {
@@ -299,6 +322,7 @@ void EngineConnection::TellEnd(std::uint32_t utterance, const std::string& reaso
   handlers_.ended(utterance, reason);
   guard.lock();
   if (current_ == utterance) current_ = 0;
+  RenewIfIdle();
 }
 
 void EngineConnection::Restart(Guard&) {
@@ -372,13 +396,14 @@ bool EngineConnection::HandleWord(const engine::Message& message, Guard& guard) 
   return true;
 }
 
-// Callers hold references to the first capabilities; they do not change from one start to the next.
+// A process that took the place of another may have found other voices.
 bool EngineConnection::HandleHello(const engine::Message& message, Guard& guard) {
   auto capabilities = engine::ReadHello(message.fields);
   if (!capabilities) return false;
   greeted_ = true;
   lastPing_ = steady_clock::now();
-  if (!capabilities_) capabilities_ = std::move(capabilities);
+  renewing_ = false;
+  capabilities_ = std::make_shared<const engine::Capabilities>(std::move(*capabilities));
   told_.notify_all();
   SetCondition("", guard);
   return true;

@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -59,8 +59,12 @@ class EngineConnection {
   bool Reset();
   [[nodiscard]] bool Speaking() const;
   // What the engine told of itself; waits for it as long as it may take, and some time for the one that takes
-  // its place. Throws RuntimeError 440.
-  [[nodiscard]] const engine::Capabilities& WaitForCapabilities();
+  // its place. Throws RuntimeError 440 when it never did.
+  [[nodiscard]] std::shared_ptr<const engine::Capabilities> WaitForCapabilities();
+  // Whether the engine has told or is going to tell something else.
+  [[nodiscard]] bool HasNewCapabilities(const engine::Capabilities* known) const;
+  // Another process takes the place of this one, now or when the text that is under way has ended.
+  void Renew();
   [[nodiscard]] int ProcessId() const;
   [[nodiscard]] std::chrono::microseconds LastStartLatency() const;
 
@@ -77,6 +81,7 @@ class EngineConnection {
   void Lost(Guard& guard);
   void Reap();
   void Restart(Guard& guard);
+  void RenewIfIdle();
   // Replaces an engine that hangs. Neither a new text nor a reset gives it more time.
   void WatchPatience(Guard& guard);
   [[nodiscard]] bool Hangs(Time now) const;
@@ -110,7 +115,9 @@ class EngineConnection {
   std::deque<std::string> outbox_;  // frames
   std::size_t sent_ = 0;            // bytes of the first one
   engine::FrameReader inbox_;
-  std::optional<engine::Capabilities> capabilities_;
+  std::shared_ptr<const engine::Capabilities> capabilities_;
+  bool toRenew_ = false;       // another process is to take this one's place
+  bool renewing_ = false;      // it was started and has not told its voices
   std::string condition_;      // what was told last
   std::uint32_t current_ = 0;  // the utterance under way; 0 for none
   std::string currentFile_;

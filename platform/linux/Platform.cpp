@@ -11,10 +11,14 @@
 #include "platform/linux/AtspiForegroundWindow.h"
 #include "platform/linux/AtspiSelectedText.h"
 #include "platform/linux/CurlDownloader.h"
+#include "platform/linux/CurlResumingDownloader.h"
 #include "platform/linux/DBusAutomation.h"
 #include "platform/linux/EngineClient.h"
+#include "platform/linux/EngineVoices.h"
 #include "platform/linux/FlockSingleInstance.h"
+#include "platform/linux/GlibChecksums.h"
 #include "platform/linux/ImportProcessRunner.h"
+#include "platform/linux/LibarchiveVoices.h"
 #include "platform/linux/MprisRemoteControl.h"
 #include "platform/linux/SpawnLauncher.h"
 #include "platform/linux/SqliteRegistry.h"
@@ -52,6 +56,10 @@ PlatformServices MakePlatformServices(bool verbose) {
       services.paths.desktopFolder, *services.fileWriter, *services.launcher, *services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
   services.remote = std::make_unique<MprisRemoteControl>(*services.log);
+  services.voiceDownloads = std::make_unique<CurlResumingDownloader>(*services.log);
+  services.checksums = std::make_unique<GlibChecksums>();
+  services.voiceArchives = std::make_unique<LibarchiveVoices>();
+  services.naturalVoices = std::make_unique<EngineVoices>();
   services.selectedText = std::make_unique<AtspiSelectedText>();
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);
@@ -67,6 +75,10 @@ std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, E
       EngineClient::Options{
           .engineFile = services.paths.engineFile, .audible = audible, .condition = std::move(condition)},
       pump, *services.clock, *services.log);
+}
+
+void RenewVoices(DirectSS& instance) {
+  if (auto* const client = dynamic_cast<EngineClient*>(&instance)) client->RenewVoices();
 }
 
 }  // namespace lorelin

@@ -43,6 +43,7 @@ std::optional<CurlLibrary> Load() {
   functions.Find("curl_easy_init", curl.easyInit)
       .Find("curl_easy_setopt", curl.easySetOption)
       .Find("curl_easy_strerror", curl.easyError)
+      .Find("curl_easy_getinfo", curl.easyInfo)
       .Find("curl_easy_cleanup", curl.easyCleanup);
   functions.Find("curl_multi_init", curl.multiInit)
       .Find("curl_multi_add_handle", curl.multiAdd)

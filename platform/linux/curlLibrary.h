@@ -16,6 +16,7 @@ struct CurlLibrary {
   decltype(&curl_easy_init) easyInit = nullptr;
   decltype(&curl_easy_setopt) easySetOption = nullptr;
   decltype(&curl_easy_strerror) easyError = nullptr;
+  decltype(&curl_easy_getinfo) easyInfo = nullptr;
   decltype(&curl_easy_cleanup) easyCleanup = nullptr;
   decltype(&curl_multi_init) multiInit = nullptr;
   decltype(&curl_multi_add_handle) multiAdd = nullptr;

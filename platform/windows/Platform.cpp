@@ -14,11 +14,13 @@
 #include "platform/windows/AdvapiRegistry.h"
 #include "platform/windows/ComAutomation.h"
 #include "platform/windows/CreateProcessLauncher.h"
+#include "platform/windows/CryptoChecksums.h"
 #include "platform/windows/DirectSSControl.h"
 #include "platform/windows/ExplorerShell.h"
 #include "platform/windows/MissingSpeech.h"
 #include "platform/windows/MutexSingleInstance.h"
 #include "platform/windows/NoImportProcess.h"
+#include "platform/windows/NoNaturalVoices.h"
 #include "platform/windows/NoRemoteControl.h"
 #include "platform/windows/SapiVoice.h"
 #include "platform/windows/ShellFileAssociation.h"
@@ -48,6 +50,10 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.registry = std::move(registry);
   services.remote = std::make_unique<NoRemoteControl>();
   services.selectedText = std::make_unique<NoSelectedText>();
+  services.voiceDownloads = std::make_unique<WholeDownloads>(*services.downloader);
+  services.checksums = std::make_unique<CryptoChecksums>();
+  services.voiceArchives = std::make_unique<NoVoiceArchives>();
+  services.naturalVoices = std::make_unique<NoNaturalVoices>();
   services.singleInstance = std::make_unique<MutexSingleInstance>("Lorelin" + services.paths.lockFile);
   return services;
 }
@@ -60,5 +66,8 @@ std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, E
   if (condition) pump.Post([condition] { condition(MissingSpeech::kReason); });
   return std::make_unique<MissingSpeech>(pump);
 }
+
+// The voices of the system's own engines are not this program's to renew.
+void RenewVoices(DirectSS&) {}
 
 }  // namespace lorelin

@@ -101,9 +101,36 @@ TEST(Options, AreRefusedWhenTheyDoNotFitTheCommand) {
   EXPECT_EQ(Refusal({"run"}), "„run“ führt genau ein Taskscript aus.");
   EXPECT_EQ(Refusal({"run", "a", "b"}), "„run“ führt genau ein Taskscript aus.");
   EXPECT_EQ(Refusal({"check"}), "„check“ braucht mindestens ein Taskscript.");
-  EXPECT_EQ(Refusal({"say", "--yes"}), "„--yes“, „--no“ und „--deny“ gehören zu „run“.");
+  EXPECT_EQ(Refusal({"say", "--yes"}),
+            "„--yes“, „--no“ und „--deny“ gehören zu „run“, „--yes“ auch zu „voices --install“.");
   EXPECT_EQ(Refusal({"run", "a.vts", "--deny", "alles"}),
             "„--deny alles“ geht nicht: erwartet wird „read“, „download“ oder „all“.");
+}
+
+TEST(Options, SayWhatToDoWithVoices) {
+  EXPECT_EQ(Parse({"voices"}).voiceOrder, VoiceOrder::List);
+  EXPECT_EQ(Parse({"voices", "--available"}).voiceOrder, VoiceOrder::Available);
+  EXPECT_EQ(Parse({"voices", "--available", "Deutsch"}).voiceWords, std::vector<std::string>{"Deutsch"});
+  const Options install = Parse({"voices", "--install", "de_DE-thorsten-medium", "--yes"});
+  EXPECT_EQ(install.voiceOrder, VoiceOrder::Install);
+  EXPECT_EQ(install.voiceWords, std::vector<std::string>{"de_DE-thorsten-medium"});
+  EXPECT_EQ(install.answer, MessageAnswer::Yes);
+  EXPECT_EQ(Parse({"voices", "--install", "a.onnx", "a.onnx.json"}).voiceWords.size(), 2U);
+  EXPECT_EQ(Parse({"voices", "--remove", "x"}).voiceOrder, VoiceOrder::Remove);
+}
+
+TEST(Options, RefuseWhatCannotBeDoneWithVoices) {
+  EXPECT_EQ(Refusal({"voices", "x"}), "„voices“ nimmt keine Datei.");
+  EXPECT_EQ(Refusal({"voices", "--install"}),
+            "Hinter „--install“ fehlt der Name einer Stimme oder eine Datei mit einer Stimme.");
+  EXPECT_EQ(Refusal({"voices", "--remove", "a", "b"}), "Hinter „--remove“ gehört der Name einer Stimme.");
+  EXPECT_EQ(Refusal({"voices", "--available", "a", "b"}), "Hinter „--available“ gehört höchstens ein Wort.");
+  EXPECT_EQ(Refusal({"voices", "--available", "--install", "a"}),
+            "Nur eines von „--available“, „--install“ und „--remove“ geht.");
+  EXPECT_EQ(Refusal({"say", "--install", "a"}),
+            "„--available“, „--install“ und „--remove“ gehören zu „voices“.");
+  EXPECT_NE(Refusal({"voices", "--yes"}), "(angenommen)");
+  EXPECT_NE(Refusal({"voices", "--install", "a", "--no"}), "(angenommen)");
 }
 
 TEST(Options, RefuseNumbersThatAreNoneOrOutOfRange) {

@@ -122,9 +122,10 @@ TEST(SettingsTable, GivesEveryDefaultInItsForm) {
       case SettingForm::Number:
         EXPECT_TRUE(std::all_of(text.begin(), text.end(), isdigit)) << key->name;
         break;
-      case SettingForm::Text: {  // nothing, or a colour
+      case SettingForm::Text: {  // nothing, a colour or a web address
         const bool digits = std::all_of(text.begin(), text.end(), isxdigit);
-        EXPECT_TRUE(text.empty() || (text.size() == 6 && digits)) << key->name;
+        EXPECT_TRUE(text.empty() || (text.size() == 6 && digits) || text.starts_with("https://"))
+            << key->name;
         break;
       }
       case SettingForm::Path:

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "voices/DownloadPace.h"
+
+namespace lorelin::cli {
+
+// One line on standard error that tells how a download gets on, only on a terminal.
+class VoiceProgress {
+ public:
+  explicit VoiceProgress(Clock& clock);
+  ~VoiceProgress();
+  VoiceProgress(const VoiceProgress&) = delete;
+  VoiceProgress& operator=(const VoiceProgress&) = delete;
+
+  void Turn(std::uintmax_t there, std::uintmax_t all);
+
+ private:
+  DownloadPace pace_;
+  const bool shows_;
+  bool shown_ = false;
+  std::chrono::steady_clock::time_point next_{};
+};
+
+}  // namespace lorelin::cli

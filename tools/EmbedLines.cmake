@@ -1,0 +1,10 @@
+# Writes one C++ source with the text of a file of lines, as the answer of the function FUNCTION.
+file(STRINGS "${INPUT}" lines ENCODING UTF-8)
+set(body "#include \"${HEADER}\"\n\nnamespace lorelin {\n\nstd::string_view ${FUNCTION}() {\n  return\n")
+foreach(line IN LISTS lines)
+  string(REPLACE "\\" "\\\\" line "${line}")
+  string(REPLACE "\"" "\\\"" line "${line}")
+  string(APPEND body "      \"${line}\\n\"\n")
+endforeach()
+string(APPEND body "      ;\n}\n\n}  // namespace lorelin\n")
+file(WRITE "${OUTPUT}" "${body}")
