@@ -1,14 +1,13 @@
 #include "platform/linux/LibarchiveVoices.h"
 
-#include <archive.h>
-#include <archive_entry.h>
-
+#include <algorithm>
 #include <fstream>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "base/paths.h"
+#include "platform/linux/archiveLibrary.h"
 
 namespace lorelin {
 namespace {
@@ -20,46 +19,48 @@ constexpr int kMostEntries = 1000;
 constexpr std::uintmax_t kMostUnpacked = 2'000'000'000;
 
 struct FreeArchive {
-  void operator()(archive* opened) const { archive_read_free(opened); }
+  void operator()(archive* opened) const { Archives()->readFree(opened); }
 };
 
+// An archive that is read; one of nothing where the library is not installed.
 class OpenArchive {
  public:
-  explicit OpenArchive(const std::string& path) : archive_(archive_read_new()) {
-    archive_read_support_format_zip(archive_.get());
-    archive_read_support_format_tar(archive_.get());
-    archive_read_support_filter_gzip(archive_.get());
-    archive_read_support_filter_xz(archive_.get());
-    open_ = archive_read_open_filename(archive_.get(), NativePath(path).c_str(), kBlock) == ARCHIVE_OK;
+  explicit OpenArchive(const std::string& path) : library_(Archives()) {
+    if (library_ == nullptr) return;
+    archive_.reset(library_->readNew());
+    library_->supportZip(archive_.get());
+    library_->supportTar(archive_.get());
+    library_->supportGzip(archive_.get());
+    library_->supportXz(archive_.get());
+    open_ = library_->openFile(archive_.get(), NativePath(path).c_str(), kBlock) == ARCHIVE_OK;
   }
 
   // The name of the next regular file; none at the end of the archive or of what is read of it.
   std::optional<std::string> Next() {
     while (open_ && entries_++ < kMostEntries) {
       archive_entry* entry = nullptr;
-      if (const int result = archive_read_next_header(archive_.get(), &entry);
+      if (const int result = library_->nextHeader(archive_.get(), &entry);
           result != ARCHIVE_OK && result != ARCHIVE_WARN) {
         break;
       }
-      const char* const name = archive_entry_pathname(entry);
-      const bool regular =
-          archive_entry_filetype(entry) == AE_IFREG && archive_entry_hardlink(entry) == nullptr;
-      if (archive_entry_size_is_set(entry) != 0)
-        unpacked_ += static_cast<std::uintmax_t>(archive_entry_size(entry));
+      unpacked_ += static_cast<std::uintmax_t>(std::max<la_int64_t>(library_->size(entry), 0));
       if (unpacked_ > kMostUnpacked) break;
+      const char* const name = library_->pathname(entry);
+      const bool regular = library_->filetype(entry) == AE_IFREG && library_->hardlink(entry) == nullptr;
       if (name != nullptr && regular) return name;
     }
     return std::nullopt;
   }
   [[nodiscard]] la_ssize_t Read(std::vector<char>& block) {
-    return archive_read_data(archive_.get(), block.data(), block.size());
+    return library_->readData(archive_.get(), block.data(), block.size());
   }
   [[nodiscard]] std::string Problem() const {
-    const char* const text = archive_error_string(archive_.get());
+    const char* const text = library_->errorText(archive_.get());
     return text != nullptr ? text : "unbekannter Fehler";
   }
 
  private:
+  const ArchiveLibrary* library_;
   std::unique_ptr<archive, FreeArchive> archive_;
   bool open_ = false;
   int entries_ = 0;

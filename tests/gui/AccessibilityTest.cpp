@@ -90,7 +90,8 @@ TEST_F(Accessible, DialogsOfTheEditorAndTheVoice) {
   FrmFind find(&form, form.Editor(), form.Browser());
   find.Open(true);
   Check(find, 7);
-  FrmVoice voiceDialog(&form, VoiceChoice(voice, settings), [](std::int32_t) {});
+  FrmVoice voiceDialog(&form, VoiceChoice(voice, settings),
+                       {.sample = [](std::int32_t) {}, .more = {}, .natural = {}});
   Check(voiceDialog, 4);
   for (const auto parameter : {VoiceParameter::Volume, VoiceParameter::Speed, VoiceParameter::Pitch}) {
     FrmSlider slider(&form, SliderDialogFor(parameter), settings, [](std::int32_t) {});
