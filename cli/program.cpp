@@ -24,6 +24,7 @@
 #include "ports/Platform.h"
 #include "speech/SilentVoice.h"
 #include "speech/SpeechModules.h"
+#include "voices/keptVoice.h"
 
 namespace lorelin::cli {
 namespace {
@@ -77,6 +78,7 @@ class Session {
                           .pump = pump_,
                           .programFolder = services_.paths.programFolder,
                           .settingsFolder = services_.paths.settingsFolder});
+    if (!options.voice) (void)KeepVoice(spoken.settings, *engine_);
     OverrideSettings(spoken.settings, options);
     return SpeakToTheEnd(spoken.speech, input);
   }

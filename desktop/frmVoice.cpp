@@ -59,6 +59,13 @@ void FrmVoice::BuildGroups(wxSizer& sizer) {
   groups_->SetName("lstGroups");
   SetAccessibleName(*groups_, "Stimmen nach Klang und Sprache");
   groups_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { GroupSelectionChanged(); });
+  groups_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent& event) {
+    if (groups_->IsContainer(event.GetItem())) {
+      event.Skip();
+    } else {
+      CallAfter([this] { Accept(); });
+    }
+  });
   groups_->Bind(wxEVT_DATAVIEW_ITEM_START_EDITING, [](wxDataViewEvent& event) { event.Veto(); });
   sizer.Add(groups_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
 }
@@ -88,6 +95,7 @@ void FrmVoice::BuildButtons(wxSizer& sizer) {
 }
 
 void FrmVoice::Fill() {
+  items_.clear();
   cmbVoice_->Clear();
   for (const std::string& name : voices_.Names()) cmbVoice_->Append(ToWx(name));
   if (groups_ != nullptr) FillGroups();
@@ -123,7 +131,7 @@ void FrmVoice::ShowProposal() {
 void FrmVoice::Select(std::int32_t position) {
   cmbVoice_->SetSelection(position);
   SelectionChanged();
-  cmbVoice_->SetFocus();
+  groups_->SetFocus();
 }
 
 void FrmVoice::SelectInGroups() {
@@ -132,7 +140,7 @@ void FrmVoice::SelectInGroups() {
   const wxDataViewItem item = items_[static_cast<std::size_t>(position)];
   if (!item.IsOk() || groups_->GetSelection() == item) return;
   groups_->Expand(groups_->GetModel()->GetParent(item));
-  groups_->Select(item);
+  groups_->SetCurrentItem(item);
   groups_->EnsureVisible(item);
 }
 

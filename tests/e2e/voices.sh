@@ -46,6 +46,16 @@ if [ -n "$runtime" ]; then
   printf 'Guten Tag.' >"$home/text.txt"
   check "and speaks" exits 0 "$cli" say --voice probe --wav "$home/a.wav" "$home/text.txt"
   check "a sound" is_wave "$home/a.wav" 1
+  number=$("$cli" voices | awk '/probe/ {print $1}')
+  "$cli" reg add "$settings" Voice $((number - 1))
+  "$cli" reg add "$settings" VoiceName "$((number - 1)):Deutsch – probe (mittel)"
+  "$cli" voices --install de_DE-langsam-high --yes >/dev/null 2>&1
+  check "the chosen voice has another number now" test "$("$cli" voices | awk '/probe/ {print $1}')" -eq $((number + 1))
+  check "and is stored with it" bash -c "'$cli' reg query '$settings' Voice | grep -q $number"
+  check "it reads as before" exits 0 "$cli" say --wav "$home/b.wav" "$home/text.txt"
+  check "with the same samples" cmp "$home/a.wav" "$home/b.wav"
+  "$cli" voices --remove de_DE-langsam-high >/dev/null
+  "$cli" reg delete "$settings" Voice
 fi
 check "it is removed" exits 0 "$cli" voices --remove $name
 check "with all its files" test -z "$(ls "$voices")"

@@ -4,6 +4,8 @@
 
 #include "desktop/frmAbout.h"
 #include "desktop/frmFind.h"
+#include "desktop/frmLicence.h"
+#include "desktop/frmMoreVoices.h"
 #include "desktop/frmSlider.h"
 #include "desktop/frmSurvey.h"
 #include "desktop/frmTask.h"
@@ -11,6 +13,7 @@
 #include "desktop/frmVoice.h"
 #include "desktop/frmXMGR.h"
 #include "tests/gui/FormFixture.h"
+#include "tests/support/FakeVoicePorts.h"
 
 namespace lorelin {
 namespace {
@@ -84,6 +87,24 @@ TEST_F(Accessible, MainWindowInBothModes) {
   Check(form, 8);
   window.Textmode();
   Check(form, 8);
+}
+
+TEST_F(Accessible, DialogsOfNaturalVoices) {
+  FakeResumingDownloader downloads;
+  FakeChecksums checksums;
+  FakeVoiceArchives archives;
+  FakeNaturalVoices natural{folder.File("stimmen")};
+  VoiceLibrary library({downloads, checksums, archives, natural, files, settings, clock, log});
+  FrmMoreVoices list(&form, {library, messageBoxes, pump});
+  Check(list, 8);
+  FrmLicence licence(&form, "Deutsch – probe (mittel)", "63 MB", "License: CC0");
+  Check(licence, 3);
+  natural.installed = {{"probe", "/x", {voice.voices.front().name}, "de-de", "medium", true}};
+  FrmVoice voiceDialog(&form, VoiceChoice(voice, settings),
+                       {.sample = [](std::int32_t) {},
+                        .more = [](wxWindow*) { return false; },
+                        .natural = [&] { return natural.installed; }});
+  Check(voiceDialog, 6);
 }
 
 TEST_F(Accessible, DialogsOfTheEditorAndTheVoice) {
