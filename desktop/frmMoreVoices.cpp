@@ -4,7 +4,9 @@
 
 #include "desktop/frmLicence.h"
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/fontScale.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/toolkit/textField.h"
 #include "voices/voiceTexts.h"
 
 namespace lorelin {
@@ -37,7 +39,7 @@ FrmMoreVoices::FrmMoreVoices(wxWindow* parent, Parts parts)
   BuildButtons(*sizer);
   SetSizer(sizer);
   SetMinSize(FromDIP(wxSize(560, 380)));
-  SetSize(FromDIP(wxSize(820, 520)));
+  SetSize(ScaledByFont(*this, wxSize(860, 520)));
   CentreOnParent();
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { CancelOrClose(); });
   Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -56,8 +58,7 @@ void FrmMoreVoices::BuildList(wxSizer& sizer) {
   const int gap = FromDIP(12);
   auto* const row = new wxBoxSizer(wxHORIZONTAL);
   row->Add(new wxStaticText(this, wxID_ANY, "S&uchen:"), wxSizerFlags().CenterVertical());
-  filter_ = new wxTextCtrl(this, wxID_ANY);
-  filter_->SetName("txtFilter");
+  filter_ = MakeTextField(this, "txtFilter");
   SetAccessibleName(*filter_, "Suchen");
   filter_->SetHint("Sprache oder Sprecher");
   filter_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Fill(""); });
@@ -68,16 +69,16 @@ void FrmMoreVoices::BuildList(wxSizer& sizer) {
   list_->SetName("lstVoices");
   SetAccessibleName(*list_, "Stimmen zum Herunterladen");
   const auto column = [&](const char* title, int width) {
-    list_->AppendTextColumn(ToWx(title), wxDATAVIEW_CELL_INERT, FromDIP(width), wxALIGN_LEFT,
-                            wxDATAVIEW_COL_RESIZABLE);
+    list_->AppendTextColumn(ToWx(title), wxDATAVIEW_CELL_INERT, ScaledByFont(*this, wxSize(width, -1)).x,
+                            wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
   };
   column("Sprache", 150);
   column("Sprecher", 150);
   column("Güte", 80);
   column("Größe", 70);
-  column("Tempo hier", 90);
+  column("Tempo hier", 100);
   column("Lizenz", 100);
-  column("Zustand", 120);
+  column("Zustand", 140);
   list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { SelectionChanged(); });
   list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
     if (download_->IsEnabled()) CallAfter([this] { Download(); });

@@ -36,6 +36,8 @@ std::map<std::string, Known> ByName(const std::vector<InstalledVoice>& natural) 
   return known;
 }
 
+constexpr std::string_view kOthers = "Einfache Stimmen: andere Sprachen";
+
 // The languages that the program names, in all their variants.
 std::string PlainTitle(std::int32_t languageId) {
   constexpr std::int32_t kPrimary = 0x3FF;
@@ -43,7 +45,7 @@ std::string PlainTitle(std::int32_t languageId) {
     if ((named & kPrimary) == (languageId & kPrimary) && languageId != 0)
       return "Einfache Stimmen: " + std::string(LanguageName(named));
   }
-  return "Einfache Stimmen: andere Sprachen";
+  return std::string(kOthers);
 }
 
 void Add(std::vector<VoiceGroup>& groups, const std::string& title, std::int32_t position) {
@@ -76,6 +78,8 @@ std::vector<VoiceGroup> GroupVoices(DirectSS& engine, const std::vector<Installe
     std::stable_sort(group.positions.begin(), group.positions.end(),
                      [&](std::int32_t a, std::int32_t b) { return ranks[a] < ranks[b]; });
   }
+  (void)std::stable_partition(groups.begin(), groups.end(),
+                              [](const VoiceGroup& g) { return g.title != kOthers; });
   first.insert(first.end(), groups.begin(), groups.end());
   return first;
 }

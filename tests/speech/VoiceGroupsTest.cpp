@@ -13,6 +13,7 @@ using testing::SizeIs;
 class VoiceGroups : public testing::Test {
  protected:
   VoiceGroups() {
+    // The voices of the other languages stand between those that are named.
     engine.voices = {{"Deutsch", 1031},
                      {"Deutsch (weiblich)", 1031},
                      {"Englisch (USA)", 1033},
@@ -22,7 +23,8 @@ class VoiceGroups : public testing::Test {
                      {"Deutsch – eva (hoch)", 1031},
                      {"Deutsch – tom (einfach)", 1031},
                      {"Deutsch – zoe (mittel)", 1031},
-                     {"Englisch (USA) – amy (mittel)", 1033}};
+                     {"Englisch (USA) – amy (mittel)", 1033},
+                     {"Italienisch", 1040}};
   }
   static InstalledVoice Natural(const std::string& offered, const std::string& language,
                                 const std::string& quality) {
@@ -39,7 +41,7 @@ class VoiceGroups : public testing::Test {
 
 TEST_F(VoiceGroups, BeginWithNaturalVoicesByLanguageAndQuality) {
   const auto groups = GroupVoices(engine, natural);
-  ASSERT_THAT(groups, SizeIs(5));
+  ASSERT_THAT(groups, SizeIs(6));
   EXPECT_EQ(groups[0].title, "Natürliche Stimmen: Deutsch");
   EXPECT_THAT(groups[0].positions, ElementsAre(8, 6, 7));
   EXPECT_EQ(groups[1].title, "Natürliche Stimmen: Englisch (USA)");
@@ -47,8 +49,9 @@ TEST_F(VoiceGroups, BeginWithNaturalVoicesByLanguageAndQuality) {
   EXPECT_THAT(groups[2].positions, ElementsAre(0, 1));
   EXPECT_EQ(groups[3].title, "Einfache Stimmen: Englisch");
   EXPECT_THAT(groups[3].positions, ElementsAre(2, 3));
-  EXPECT_EQ(groups[4].title, "Einfache Stimmen: andere Sprachen");
-  EXPECT_THAT(groups[4].positions, ElementsAre(4, 5));
+  EXPECT_EQ(groups[4].title, "Einfache Stimmen: Italienisch");
+  EXPECT_EQ(groups[5].title, "Einfache Stimmen: andere Sprachen");
+  EXPECT_THAT(groups[5].positions, ElementsAre(4, 5));
 }
 
 TEST_F(VoiceGroups, HoldEveryVoiceOnce) {
@@ -57,7 +60,7 @@ TEST_F(VoiceGroups, HoldEveryVoiceOnce) {
     all.insert(all.end(), group.positions.begin(), group.positions.end());
   }
   std::sort(all.begin(), all.end());
-  EXPECT_THAT(all, ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9));
+  EXPECT_THAT(all, ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10));
 }
 
 TEST_F(VoiceGroups, ProposeAGermanVoiceOfMediumQuality) {
