@@ -28,6 +28,10 @@ class MarkupTree {
   void AddText(std::string_view text);
   void Close();
 
+  // That the file breaks the rules of its language, so that what follows may be missing.
+  void SetDamaged() { damaged_ = true; }
+  [[nodiscard]] bool IsDamaged() const { return damaged_; }
+
   // The node that holds the outermost elements.
   [[nodiscard]] Node Root() const;
 
@@ -62,6 +66,7 @@ class MarkupTree {
   std::vector<Id> open_;
   std::size_t tooDeep_ = 0;  // elements open below the deepest
   Id latest_ = 0;
+  bool damaged_ = false;
 };
 
 // An element or a text of a tree, which must outlive it; or none.

@@ -285,6 +285,7 @@ ImportedDocument ReadDocx(const ImportRequest& request) {
   DocxWalk walk(builder, styles, lists);
   walk.AddBlocks(tree.Root());
   if (builder.Characters() == 0) throw NoTextInDocument();
+  if (tree.IsDamaged()) builder.Document().notice = kDamagedNotice;
   builder.Info().title = FactOf(facts, "dc:title");
   if (OneLine(builder.Info().title).empty()) builder.Info().title = walk.Title();
   builder.Info().author = FactOf(facts, "dc:creator");

@@ -152,6 +152,7 @@ ImportedDocument Read(std::string_view bytes) {
     if (body.Is("body") && name != "notes" && name != "comments" && name != "footnotes") walk.AddBlocks(body);
   }
   if (builder.Characters() == 0) throw NoTextInDocument();
+  if (tree.IsDamaged()) builder.Document().notice = kDamagedNotice;
   return builder.Finish();
 }
 

@@ -21,6 +21,9 @@ namespace lorelin {
   return ImportError(kind + " ist beschädigt oder unvollständig. Bitte öffnen Sie eine andere Kopie.");
 }
 
+// What is said beside a document that was read in part.
+inline constexpr const char* kDamagedNotice = "Die Datei ist beschädigt. Ein Teil des Textes kann fehlen.";
+
 [[nodiscard]] inline RuntimeError NoTextInDocument() {
   return ImportError("In der Datei wurde kein Text gefunden.");
 }

@@ -162,6 +162,7 @@ MarkupTree ParseXml(std::string_view bytes) {
   xmlCtxtUseOptions(parser.get(),
                     XML_PARSE_RECOVER | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
   xmlParseDocument(parser.get());
+  if (parser->wellFormed == 0) building.tree.SetDamaged();
   return Finish(std::move(building));
 }
 

@@ -319,7 +319,8 @@ std::string FactOf(const std::vector<Node>& places, std::string_view name) {
   return {};
 }
 
-ImportedDocument Read(Node content, Node styleFile, Node meta) {
+ImportedDocument Read(const MarkupTree& tree, Node styleFile, Node meta) {
+  const Node content = tree.Root();
   OdtStyles styles;
   styles.Add(styleFile);
   styles.Add(content);
@@ -329,6 +330,7 @@ ImportedDocument Read(Node content, Node styleFile, Node meta) {
   if (!body) throw DamagedDocument(kKind);
   walk.AddBlocks(body);
   if (builder.Characters() == 0) throw NoTextInDocument();
+  if (tree.IsDamaged()) builder.Document().notice = kDamagedNotice;
   builder.Info().title = FactOf({meta}, "dc:title");
   if (OneLine(builder.Info().title).empty()) builder.Info().title = walk.Title();
   builder.Info().author = FactOf({meta}, "meta:initial-creator");
@@ -360,12 +362,12 @@ ImportedDocument ReadOdt(const ImportRequest& request) {
   const MarkupTree content = ParseXml(FileOf(files, "content.xml"));
   const MarkupTree styles = ParseXml(FileOf(files, "styles.xml"));
   const MarkupTree meta = ParseXml(FileOf(files, "meta.xml"));
-  return Read(content.Root(), styles.Root(), meta.Root());
+  return Read(content, styles.Root(), meta.Root());
 }
 
 ImportedDocument ReadFlatOdt(const ImportRequest& request) {
   const MarkupTree tree = ParseXml(FileBytes(request.path, kMostFlat));
-  return Read(tree.Root(), tree.Root(), tree.Root());
+  return Read(tree, tree.Root(), tree.Root());
 }
 
 }  // namespace lorelin

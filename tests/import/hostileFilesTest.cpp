@@ -200,6 +200,16 @@ TEST_F(HostileFile, OfGarbageIsRefusedUnderEveryEnding) {
   }
 }
 
+TEST(CutFiles, SayThatTextMayBeMissing) {
+  TemporaryFolder folder;
+  WriteFile(folder.File("a.fb2"), "<FictionBook><body><p>Anfang</p><p>Ende</p></body></FictionBook>");
+  EXPECT_EQ(ReadDocument({folder.File("a.fb2"), false, false, {}}, [](int) {}).notice, "");
+  WriteFile(folder.File("a.fb2"), "<FictionBook><body><p>Anfang</p><p>En");
+  const auto document = ReadDocument({folder.File("a.fb2"), false, false, {}}, [](int) {});
+  EXPECT_EQ(document.text.text, "Anfang\n\nEn");
+  EXPECT_EQ(document.notice, "Die Datei ist beschädigt. Ein Teil des Textes kann fehlen.");
+}
+
 // A file that ends too early gives what it has or a sentence.
 void ReadCut(const std::string& file, const std::string& ending, std::string_view bytes) {
   WriteFile(file, bytes);
