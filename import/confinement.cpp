@@ -1,14 +1,19 @@
 #include "import/confinement.h"
 
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
 #include <ctime>
 #include <fstream>
@@ -55,6 +60,16 @@ bool HasRoom() {
   return pages * static_cast<std::uintmax_t>(sysconf(_SC_PAGESIZE)) < kMemory / 2;
 }
 
+// Sockets are refused by the system from here on, to what this process starts as well.
+void RefuseConnections() {
+  std::array<sock_filter, 4> filter{{{BPF_LD | BPF_W | BPF_ABS, 0, 0, offsetof(seccomp_data, nr)},
+                                     {BPF_JMP | BPF_JEQ | BPF_K, 0, 1, SYS_socket},
+                                     {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ERRNO | EPERM},
+                                     {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ALLOW}}};
+  const sock_fprog program{static_cast<unsigned short>(filter.size()), filter.data()};
+  prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program);
+}
+
 // The parent may have ended before this process asked to be told.
 bool ReaderIsGone() {
   pollfd output{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
@@ -67,6 +82,7 @@ void Confine(bool children) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (ReaderIsGone()) _exit(1);
   prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+  RefuseConnections();
   prctl(PR_SET_DUMPABLE, 0);
   Limit(RLIMIT_CORE, 0, 0);
   Limit(RLIMIT_FSIZE, children ? kFileOfChild : 0, 0);

@@ -2,7 +2,8 @@
 
 namespace lorelin {
 
-// From here on the process takes little memory, writes no file, ends with its parent, and gains no rights.
+// From here on the process takes little memory, writes no file, opens no connection, ends with its parent,
+// and gains no rights.
 // With `children`, programs that it starts may give themselves the right to write small ones.
 void Confine(bool children);
 
