@@ -11,6 +11,7 @@
 namespace lorelin {
 namespace {
 
+constexpr std::size_t kNumber = 8;  // bytes
 constexpr std::string_view kDocumentMark = "LorelinDocument1";
 constexpr std::string_view kProblemMark = "LorelinProblem_1";
 
@@ -141,7 +142,7 @@ bool BeginsCharacter(std::string_view text, std::size_t at) {
 
 void ReadRuns(AnswerReader& reader, RichText& text) {
   std::size_t covered = 0;
-  for (std::size_t left = reader.Count(7 * 8); left > 0; --left) {
+  for (std::size_t left = reader.Count(7 * kNumber); left > 0; --left) {
     TextRun& run = text.runs.emplace_back();
     run.bytes = reader.Within<std::size_t>(text.text.size() - covered);
     covered += run.bytes;
@@ -152,7 +153,7 @@ void ReadRuns(AnswerReader& reader, RichText& text) {
 
 void ReadParagraphs(AnswerReader& reader, RichText& text) {
   auto left = static_cast<std::size_t>(std::count(text.text.begin(), text.text.end(), '\n')) + 1;
-  for (std::size_t count = reader.Count(5 * 8); count > 0; --count) {
+  for (std::size_t count = reader.Count(5 * kNumber); count > 0; --count) {
     ParagraphRun& run = text.paragraphs.emplace_back();
     run.paragraphs = reader.Within<std::size_t>(left);
     left -= run.paragraphs;
@@ -167,7 +168,7 @@ RichText ReadText(AnswerReader& reader) {
   RichText text;
   text.text = reader.Text();
   Need(text.text.find('\r') == std::string::npos);
-  const std::size_t fonts = reader.Count(8);
+  const std::size_t fonts = reader.Count(kNumber);
   Need(fonts > 0);
   text.fonts.clear();
   for (std::size_t i = 0; i < fonts; ++i) text.fonts.push_back(reader.Line());
@@ -194,7 +195,7 @@ DocumentInfo ReadInfo(AnswerReader& reader, std::size_t characters) {
   info.author = reader.Line();
   info.language = reader.Line();
   std::size_t before = 0;
-  for (std::size_t left = reader.Count(3 * 8); left > 0; --left) {
+  for (std::size_t left = reader.Count(3 * kNumber); left > 0; --left) {
     Chapter& chapter = info.chapters.emplace_back();
     chapter.title = reader.Line();
     chapter.level = reader.Signed();
