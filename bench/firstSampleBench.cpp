@@ -3,7 +3,7 @@
 #include <chrono>
 #include <thread>
 
-#include "cli/ConsoleEventPump.h"
+#include "base/TaskPump.h"
 #include "platform/linux/EngineClient.h"
 #include "ports/Platform.h"
 
@@ -31,7 +31,7 @@ class Fixture {
   PlatformServices services_;
 
  public:
-  ConsoleEventPump pump;
+  TaskPump pump;
   std::unique_ptr<EngineClient> engine;
 };
 

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "cli/ConsoleEventPump.h"
+#include "base/TaskPump.h"
 #include "platform/linux/EngineClient.h"
 #include "ports/Platform.h"
 #include "speech/SpelledSpeech.h"
@@ -22,7 +22,7 @@ std::string Text(std::size_t bytes) {
 
 void ClickToFirstSample(benchmark::State& state) {
   const PlatformServices services = MakePlatformServices(false);
-  ConsoleEventPump pump;
+  TaskPump pump;
   EngineClient engine({.engineFile = services.paths.engineFile, .audible = true, .condition = {}}, pump,
                       *services.clock, *services.log);
   const auto speller = std::make_shared<const GermanSpeller>();

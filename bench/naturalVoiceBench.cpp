@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "cli/ConsoleEventPump.h"
+#include "base/TaskPump.h"
 #include "platform/linux/EngineClient.h"
 #include "ports/Platform.h"
 
@@ -64,7 +64,7 @@ class Instances {
 
  public:
   const std::string file = std::filesystem::temp_directory_path() / "lorelin-bench.wav";
-  ConsoleEventPump pump;
+  TaskPump pump;
   std::unique_ptr<EngineClient> voice;
   std::unique_ptr<EngineClient> voice2;
   std::int32_t number = 0;

@@ -117,22 +117,20 @@ std::string ReadText(const std::string& input) {
   return input == "-" ? ReadAll(STDIN_FILENO, "Standardeingabe") : ReadNamed(input);
 }
 
-std::string ReadInput(const std::string& input) {
-  std::string text = ReadText(input);
+void RequireSpeakable(const std::string& text) {
   if (text.find_first_not_of(std::string_view(" \t\n\v\f\0", 6)) == std::string::npos) {
     throw Failure(ExitCode::NoInput, "Der Text ist leer: es gibt nichts vorzulesen.");
   }
-  return text;
 }
 
 void RequireTarget(const std::string& target, const std::string& input) {
   const fs::path path = FollowedLinks(NativePath(target));
   std::error_code error;
   if (input != "-" && fs::equivalent(path, NativePath(input), error) && fs::is_regular_file(path, error)) {
-    throw Failure(ExitCode::Usage, "Die WAV-Datei würde den Text „" + input + "“ ersetzen.");
+    throw Failure(ExitCode::Usage, "Die Tondatei würde den Text „" + input + "“ ersetzen.");
   }
   const fs::file_type before = fs::status(path, error).type();
-  // A WAV file is written beside its place and put there when it is whole: nothing for pipes and devices.
+  // A sound file is written beside its place and put there when it is whole: nothing for pipes and devices.
   const bool possible = before == fs::file_type::not_found || before == fs::file_type::regular ||
                         before == fs::file_type::directory;
   if (!possible) throw Unwritable(target, "Das ist keine gewöhnliche Datei");

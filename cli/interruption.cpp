@@ -23,6 +23,8 @@ void NoteInterruptions() {
   action.sa_flags = static_cast<int>(SA_RESETHAND);
   sigaction(SIGINT, &action, nullptr);
   sigaction(SIGTERM, &action, nullptr);
+  // A file that grows beyond what is allowed is an error of writing like others.
+  (void)std::signal(SIGXFSZ, SIG_IGN);
 }
 
 void ThrowIfInterrupted() {

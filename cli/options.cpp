@@ -4,6 +4,9 @@
 #include <array>
 #include <charconv>
 #include <string_view>
+#include <utility>
+
+#include "export/soundFormats.h"
 
 namespace lorelin::cli {
 namespace {
@@ -35,9 +38,10 @@ struct Command {
   Action action;
 };
 
-constexpr std::array kCommands{Command{"say", Action::Say},       Command{"spell", Action::Spell},
-                               Command{"voices", Action::Voices}, Command{"run", Action::Run},
-                               Command{"check", Action::Check},   Command{"reg", Action::Registry}};
+constexpr std::array kCommands{Command{"say", Action::Say},     Command{"text", Action::Text},
+                               Command{"spell", Action::Spell}, Command{"voices", Action::Voices},
+                               Command{"run", Action::Run},     Command{"check", Action::Check},
+                               Command{"reg", Action::Registry}};
 
 class Parser {
  public:
@@ -46,7 +50,7 @@ class Parser {
   Options Parse() {
     while (!rest_.empty()) Take(Next());
     if (!command_)
-      throw UsageError("Es fehlt ein Befehl: „say“, „spell“, „voices“, „run“, „check“ oder „reg“.");
+      throw UsageError("Es fehlt ein Befehl: „say“, „text“, „spell“, „voices“, „run“, „check“ oder „reg“.");
     CheckFiles();
     return options_;
   }
@@ -56,7 +60,15 @@ class Parser {
     const std::size_t count = files_.size();
     switch (options_.action) {
       case Action::Say:
-        if (count > 1) throw UsageError("Es kann nur eine Datei vorgelesen werden.");
+        CheckSound();
+        if (count > 1 && options_.sound.output.empty()) {
+          throw UsageError("Es kann nur eine Datei vorgelesen werden.");
+        }
+        if (count == 1) options_.input = files_.front();
+        options_.inputs = count > 0 ? files_ : std::vector<std::string>{"-"};
+        break;
+      case Action::Text:
+        if (count > 1) throw UsageError("„text“ nimmt nur eine Datei.");
         if (count == 1) options_.input = files_.front();
         break;
       case Action::Spell:
@@ -89,6 +101,12 @@ class Parser {
     if (options_.voiceOrder != VoiceOrder::List && options_.action != Action::Voices) {
       throw UsageError("„--available“, „--install“ und „--remove“ gehören zu „voices“.");
     }
+    if (!soundOption_.empty() && options_.action != Action::Say) {
+      throw UsageError("„" + soundOption_ + "“ gehört zu „say“.");
+    }
+    if (!soundOption_.empty() && options_.sound.output.empty()) {
+      throw UsageError("„" + soundOption_ + "“ braucht „-o“ und eine Datei oder einen Ordner.");
+    }
     if (options_.table && options_.action != Action::Spell) throw UsageError("„--table“ gehört zu „spell“.");
   }
 
@@ -107,6 +125,15 @@ class Parser {
     if (options_.voiceOrder != VoiceOrder::List)
       throw UsageError("Nur eines von „--available“, „--install“ und „--remove“ geht.");
     options_.voiceOrder = order;
+  }
+
+  void CheckSound() const {
+    const SoundOptions& sound = options_.sound;
+    if (sound.output.empty()) return;
+    if (!options_.waveFile.empty()) throw UsageError("„--wav“ und „-o“ gehen nicht zusammen.");
+    if (files_.size() > 1 && !sound.title.empty()) {
+      throw UsageError("„--title“ geht nur mit einer Datei.");
+    }
   }
 
   void Deny(const std::string& what) {
@@ -160,6 +187,61 @@ class Parser {
     options_.voice = named ? std::nullopt : std::optional(WholeNumber(option, voice, 1, kMostVoices));
   }
 
+  template <typename Named>
+  static auto Known(const std::string& option, const std::string& word, const Named& named,
+                    std::string_view expected) {
+    const auto found = named(word);
+    if (!found) {
+      throw UsageError("„" + option + " " + word + "“ geht nicht: erwartet wird " + std::string(expected) +
+                       ".");
+    }
+    return *found;
+  }
+
+  static std::string NotEmpty(const std::string& option, std::string text) {
+    if (text.empty()) throw UsageError("Hinter „" + option + "“ fehlt der Name.");
+    return text;
+  }
+
+  template <typename ValueOf>
+  bool TakeSoundOption(const std::string& option, const ValueOf& value) {
+    SoundOptions& sound = options_.sound;
+    if (option == "-o" || option == "--output") {
+      sound.output = NotEmpty(option, value());
+    } else if (option == "--format") {
+      sound.format = Known(
+          option, value(), [](const std::string& word) { return SoundFormatNamed(word); },
+          "„mp3“, „opus“, „ogg“, „flac“ oder „wav“");
+    } else if (option == "--quality") {
+      sound.quality = Known(
+          option, value(), [](const std::string& word) { return SoundQualityNamed(word); },
+          "„klein“, „mittel“ oder „hoch“");
+    } else if (option == "--subtitles") {
+      sound.subtitles = Known(
+          option, value(), [](const std::string& word) { return SubtitleFormatNamed(word); },
+          "„srt“, „lrc“ oder „vtt“");
+    } else if (option == "--jobs") {
+      sound.jobs = WholeNumber(option, value(), 1, 64);
+    } else if (option == "--chapters") {
+      sound.fileForEachChapter = true;
+    } else {
+      return TakeTag(option, value);
+    }
+    return true;
+  }
+
+  template <typename ValueOf>
+  bool TakeTag(const std::string& option, const ValueOf& value) {
+    for (const auto& [name, tag] :
+         {std::pair{"--title", &SoundOptions::title}, std::pair{"--author", &SoundOptions::author},
+          std::pair{"--language", &SoundOptions::language}}) {
+      if (option != name) continue;
+      options_.sound.*tag = NotEmpty(option, value());
+      return true;
+    }
+    return false;
+  }
+
   template <typename ValueOf>
   void TakeOption(const std::string& option, const ValueOf& value) {
     for (const NumberOption& number : kNumberOptions) {
@@ -167,7 +249,9 @@ class Parser {
       options_.*number.target = WholeNumber(option, value(), number.lowest, number.highest);
       return;
     }
-    if (option == "--voice") {
+    if (TakeSoundOption(option, value)) {
+      soundOption_ = option;
+    } else if (option == "--voice") {
       TakeVoice(option, value());
     } else if (option == "--wav") {
       options_.waveFile = value();
@@ -211,6 +295,7 @@ class Parser {
   bool command_ = false;
   bool onlyFiles_ = false;
   std::vector<std::string> files_;
+  std::string soundOption_;  // one that was given
 };
 
 }  // namespace
@@ -223,6 +308,8 @@ std::string HelpText() {
   return "lorelin-cli liest Texte vor oder schreibt sie als WAV-Datei.\n"
          "\n"
          "  lorelin-cli say [Optionen] [DATEI|-]   liest die Datei vor, ohne Datei die Standardeingabe\n"
+         "  lorelin-cli say -o ZIEL [DATEI|-] ...  schreibt jede Datei als Tondatei\n"
+         "  lorelin-cli text [DATEI|-]             schreibt den Text, der vorgelesen würde\n"
          "  lorelin-cli spell [--table] [DATEI|-]  schreibt den Text so aus, wie deutsche Stimmen ihn "
          "sprechen\n"
          "  lorelin-cli voices                     nennt die Stimmen\n"
@@ -245,6 +332,14 @@ std::string HelpText() {
          "  --pitch P      Helligkeit in Prozent, 0 bis 100\n"
          "  --volume P     Lautstärke in Prozent, 0 bis 100\n"
          "  --wav DATEI    schreibt eine WAV-Datei, statt vorzulesen\n"
+         "  -o ZIEL        schreibt Tondateien, statt vorzulesen; bei mehreren ist ZIEL der Ordner dafür\n"
+         "  --format F     „mp3“, „opus“, „ogg“, „flac“ oder „wav“; sonst, wie ZIEL endet, oder „mp3“\n"
+         "  --quality Q    „klein“, „mittel“ oder „hoch“\n"
+         "  --chapters     eine Datei für jedes Kapitel, sonst stehen die Kapitel in der einen Datei\n"
+         "  --subtitles U  Untertitel daneben: „srt“, „lrc“ oder „vtt“\n"
+         "  --title T, --author A, --language L\n"
+         "                 was die Tondatei von sich sagt; sonst, was die Datei weiß\n"
+         "  --jobs N       so viele Tondateien zugleich, sonst zwei\n"
          "  --yes, --no    beantwortet alle Fragen eines Taskscripts so; „--yes“ nimmt bei „--install“ die\n"
          "                 Lizenz an\n"
          "  --deny WAS     verbietet dem Taskscript „read“ (Laden, Löschen, Ausführen und Exportieren),\n"

@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "export/subtitles.h"
 #include "ports/MessageBoxes.h"
+#include "ports/SoundFile.h"
 
 namespace lorelin::cli {
 
@@ -25,7 +27,20 @@ enum class ExitCode : int {
   Interrupted = 130,  // Ctrl+C
 };
 
-enum class Action { Say, Spell, Voices, Run, Check, Registry, Help, Version };
+enum class Action { Say, Text, Spell, Voices, Run, Check, Registry, Help, Version };
+
+// Of Say: what becomes a sound file of which kind.
+struct SoundOptions {
+  std::string output;  // a file or folder; "" to play aloud
+  std::optional<SoundFormat> format;
+  SoundQuality quality = SoundQuality::Usual;
+  std::optional<SubtitleFormat> subtitles;
+  bool fileForEachChapter = false;
+  std::string title;
+  std::string author;
+  std::string language;
+  std::int32_t jobs = 2;  // at a time
+};
 
 // What to do with voices.
 enum class VoiceOrder { List, Available, Install, Remove };
@@ -33,13 +48,15 @@ enum class VoiceOrder { List, Available, Install, Remove };
 struct Options {
   Action action = Action::Help;
   bool verbose = false;
-  std::optional<std::int32_t> voice;    // from 1
-  std::string voiceName;                // a voice by its name; "" for none
-  std::optional<std::int32_t> speed;    // per cent
-  std::optional<std::int32_t> pitch;    // per cent
-  std::optional<std::int32_t> volume;   // per cent
-  std::string waveFile;                 // "" to play aloud
-  std::string input = "-";              // a file, or "-" for standard input
+  std::optional<std::int32_t> voice;   // from 1
+  std::string voiceName;               // a voice by its name; "" for none
+  std::optional<std::int32_t> speed;   // per cent
+  std::optional<std::int32_t> pitch;   // per cent
+  std::optional<std::int32_t> volume;  // per cent
+  std::string waveFile;                // "" to play aloud
+  std::string input = "-";             // a file, or "-" for standard input
+  SoundOptions sound;
+  std::vector<std::string> inputs;      // of Say into sound files
   std::vector<std::string> scripts;     // of Run (one) and Check
   std::vector<std::string> words;       // of Registry: what to do, and with what
   std::optional<MessageAnswer> answer;  // to every question of a script; else the user is asked

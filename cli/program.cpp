@@ -6,11 +6,12 @@
 #include <iostream>
 
 #include "base/RuntimeError.h"
+#include "base/TaskPump.h"
 #include "base/paths.h"
 #include "base/unfinishedName.h"
 #include "base/version.h"
-#include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
+#include "cli/LoadedDocument.h"
 #include "cli/Progress.h"
 #include "cli/check.h"
 #include "cli/consolePorts.h"
@@ -20,6 +21,7 @@
 #include "cli/overrideSettings.h"
 #include "cli/reg.h"
 #include "cli/runScript.h"
+#include "cli/sayFiles.h"
 #include "cli/spell.h"
 #include "ports/Platform.h"
 #include "speech/SilentVoice.h"
@@ -63,7 +65,7 @@ class Session {
   }
 
   ExitCode Say() {
-    const std::string input = ReadInput(options_.input);
+    const std::string input = LoadSpeakable(options_.input, *services_.importer).text;
     if (!options_.waveFile.empty()) RequireTarget(options_.waveFile, options_.input);
     const Options options = WithChosenVoice(options_, *engine_);
     document_.SetText(input);
@@ -101,7 +103,7 @@ class Session {
 
   const Options& options_;
   PlatformServices services_;
-  ConsoleEventPump pump_;
+  TaskPump pump_;
   ConsoleMessageBoxes messageBoxes_{MessageAnswer::Yes};  // of extensions; nobody is asked
   ConsoleStatusBar statusBar_;
   ConsoleDocument document_;
@@ -132,7 +134,9 @@ ExitCode Perform(const Options& options) {
       return Session(options).ListVoices();
     case Action::Say:
       NoteInterruptions();
-      return Session(options).Say();
+      return options.sound.output.empty() ? Session(options).Say() : SayIntoFiles(options);
+    case Action::Text:
+      return PrintText(options);
     case Action::Spell:
       return Spell(options);
     case Action::Run:

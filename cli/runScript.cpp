@@ -8,9 +8,9 @@
 #include <system_error>
 
 #include "base/RuntimeError.h"
+#include "base/TaskPump.h"
 #include "base/modFile.h"
 #include "base/paths.h"
-#include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
 #include "cli/WaveCollector.h"
 #include "cli/chosenVoice.h"
@@ -124,7 +124,7 @@ ExitCode RunScript(const Options& options) {
 
   const PlatformServices services = MakePlatformServices(options.verbose);
   if (!services.registryNotice.empty()) std::cerr << services.registryNotice << '\n';
-  ConsoleEventPump pump;
+  TaskPump pump;
   ConsoleMessageBoxes messageBoxes(options.answer);
   ConsoleStatusBar statusBar(options.verbose || isatty(STDERR_FILENO) == 1);
   ConsoleDocument document;

@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "base/textEncoding.h"
+#include "engine/EncodingQueue.h"
+#include "engine/SoundFileWriter.h"
 #include "engine/WaveFileWriter.h"
 #include "engine/speakableText.h"
 
@@ -44,6 +46,25 @@ class EngineServer::DeviceSink final : public SampleSink {
  private:
   AudioOutput& audio_;
   const std::uint32_t id_;
+};
+
+// A file whose words are wanted.
+class EngineServer::TellingSink final : public SampleSink {
+ public:
+  TellingSink(std::unique_ptr<SampleSink> file, std::uint32_t id, EngineServer& server)
+      : file_(std::move(file)), id_(id), server_(server) {}
+  bool Write(std::span<const std::int16_t> samples) override { return file_->Write(samples); }
+  void Mark(const WordMark& mark) override {
+    server_.Send(FrameWord({id_, static_cast<std::uint32_t>(mark.begin), static_cast<std::uint32_t>(mark.end),
+                            server_.Milliseconds(mark.sample)}));
+  }
+  bool Finish() override { return file_->Finish(); }
+  [[nodiscard]] std::string Problem() const override { return file_->Problem(); }
+
+ private:
+  const std::unique_ptr<SampleSink> file_;
+  const std::uint32_t id_;
+  EngineServer& server_;
 };
 
 EngineServer::EngineServer(int socket, bool warmUpAudio)
@@ -230,34 +251,47 @@ void EngineServer::Work() {
 }
 
 void EngineServer::Perform(const Utterance& utterance) {
-  std::unique_ptr<SampleSink> sink;
-  if (utterance.waveFile.empty()) {
-    sink = std::make_unique<DeviceSink>(audio_, utterance.id);
-  } else {
-    sink = std::make_unique<WaveFileWriter>(utterance.waveFile,
-                                            static_cast<std::uint32_t>(synthesizers_.SampleRate()));
-  }
-  const std::string reason = Render(utterance, *sink);
+  std::unique_ptr<SampleSink> sink = SinkFor(utterance);
+  Progress progress{.id = utterance.id};
+  const std::string reason = Render(utterance, *sink, progress);
   sink.reset();  // an unfinished file is gone before the end is told
   const std::lock_guard guard(mutex_);
   if (discarded_) return;
   speaking_ = false;
   paused_ = false;
-  Send(FrameEnded({utterance.id, reason}));
+  Send(FrameEnded({utterance.id, reason, Milliseconds(progress.samples)}));
 }
 
-std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink) {
+std::unique_ptr<SampleSink> EngineServer::SinkFor(const Utterance& utterance) {
+  if (utterance.waveFile.empty()) return std::make_unique<DeviceSink>(audio_, utterance.id);
+  const auto rate = static_cast<std::uint32_t>(synthesizers_.SampleRate());
+  std::unique_ptr<SampleSink> file;
+  if (utterance.format == SoundFormat::Wav) {
+    file = std::make_unique<WaveFileWriter>(utterance.waveFile, rate);
+  } else {
+    file = std::make_unique<EncodingQueue>(
+        std::make_unique<SoundFileWriter>(utterance.waveFile, rate, utterance.format, utterance.quality));
+  }
+  if (!utterance.tellsWords) return file;
+  return std::make_unique<TellingSink>(std::move(file), utterance.id, *this);
+}
+
+std::uint32_t EngineServer::Milliseconds(std::uint64_t samples) const {
+  return static_cast<std::uint32_t>(samples * 1000 / static_cast<std::uint64_t>(synthesizers_.SampleRate()));
+}
+
+std::string EngineServer::Render(const Utterance& utterance, SampleSink& sink, Progress& progress) {
   if (!sink.Problem().empty()) return sink.Problem();
   Synthesizer& synthesizer = synthesizers_.Choose(utterance);
   patience_ = synthesizer.Patience().count();
-  const bool spoken = SynthesizeParts(utterance, synthesizer, sink);
+  const bool spoken = SynthesizeParts(utterance, synthesizer, sink, progress);
   if (!sink.Problem().empty()) return sink.Problem();
   if (!spoken) return synthesizer.Problem().empty() ? std::string(kLibraryFailed) : synthesizer.Problem();
   return sink.Finish() ? std::string() : sink.Problem();
 }
 
-bool EngineServer::SynthesizeParts(const Utterance& utterance, Synthesizer& synthesizer, SampleSink& sink) {
-  Progress progress{.id = utterance.id};
+bool EngineServer::SynthesizeParts(const Utterance& utterance, Synthesizer& synthesizer, SampleSink& sink,
+                                   Progress& progress) {
   std::optional<std::string> text = utterance.text.empty() ? NextPart() : utterance.text;
   for (; text && !text->empty(); text = NextPart()) {
     if (!SynthesizePart(*text, synthesizer, sink, progress)) return false;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -32,6 +33,7 @@ class EngineServer {
 
  private:
   class DeviceSink;
+  class TellingSink;
 
   // How much of an utterance went to the sink.
   struct Progress {
@@ -43,8 +45,11 @@ class EngineServer {
   void Work();
   std::optional<Utterance> NextUtterance();
   void Perform(const Utterance& utterance);
-  std::string Render(const Utterance& utterance, SampleSink& sink);
-  bool SynthesizeParts(const Utterance& utterance, Synthesizer& synthesizer, SampleSink& sink);
+  [[nodiscard]] std::unique_ptr<SampleSink> SinkFor(const Utterance& utterance);
+  std::string Render(const Utterance& utterance, SampleSink& sink, Progress& progress);
+  bool SynthesizeParts(const Utterance& utterance, Synthesizer& synthesizer, SampleSink& sink,
+                       Progress& progress);
+  [[nodiscard]] std::uint32_t Milliseconds(std::uint64_t samples) const;
   std::optional<std::string> NextPart();
   bool SynthesizePart(std::string_view part, Synthesizer& synthesizer, SampleSink& sink, Progress& progress);
   bool Pass(SampleSink& sink, std::span<const std::int16_t> samples, std::uint32_t id);

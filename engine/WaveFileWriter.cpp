@@ -1,15 +1,7 @@
 #include "engine/WaveFileWriter.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <bit>
-#include <cerrno>
-#include <utility>
 
-#include "base/unfinishedName.h"
 #include "engine/waveHeader.h"
 
 namespace lorelin::engine {
@@ -17,43 +9,11 @@ namespace {
 
 constexpr std::size_t kBufferSize = 1 << 18;
 
-std::string ReasonFor(int errorNumber) {
-  switch (errorNumber) {
-    case ENOSPC:
-#ifdef EDQUOT
-    case EDQUOT:
-#endif
-      return "Auf dem Datenträger ist kein Speicherplatz mehr frei.";
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return "In die Datei darf nicht geschrieben werden.";
-    case ENOENT:
-    case ENOTDIR:
-      return "Den Ordner gibt es nicht.";
-    case EISDIR:
-      return "Der Name gehört einem Ordner.";
-    case EINVAL:
-      return "Das ist keine gewöhnliche Datei.";
-    case EBUSY:
-      return "Sie wird gerade schon geschrieben.";
-    case EFBIG:
-      return "Das Dateisystem erlaubt keine so große Datei.";
-    default:
-      return "Beim Schreiben trat ein Fehler auf.";
-  }
-}
-
 }  // namespace
 
 WaveFileWriter::WaveFileWriter(const std::string& path, std::uint32_t sampleRate, std::uint64_t maxDataBytes)
-    : target_(FollowedLinks(std::u8string(path.begin(), path.end()))),
-      unfinished_(UnfinishedName(target_)),
-      sampleRate_(sampleRate),
-      maxDataBytes_(maxDataBytes) {
-  int error = CheckTarget();
-  if (error == 0) error = OpenUnfinished();
-  if (error != 0) {
+    : file_(path), sampleRate_(sampleRate), maxDataBytes_(maxDataBytes) {
+  if (const int error = file_.Open(); error != 0) {
     Fail(error);
     return;
   }
@@ -62,68 +22,15 @@ WaveFileWriter::WaveFileWriter(const std::string& path, std::uint32_t sampleRate
   buffer_.assign(header.begin(), header.end());
 }
 
-WaveFileWriter::~WaveFileWriter() {
-  if (descriptor_ < 0) return;
-  unlink(unfinished_.c_str());
-  close(descriptor_);
-}
-
-// A pipe would hold up who opens it, and takes no header at the end; a device takes no other's place.
-int WaveFileWriter::CheckTarget() {
-  struct stat status {};
-  if (stat(target_.c_str(), &status) != 0) return errno == ENOENT ? 0 : errno;
-  replaces_ = true;
-  if (S_ISDIR(status.st_mode)) return EISDIR;
-  if (!S_ISREG(status.st_mode)) return EINVAL;
-  return access(target_.c_str(), W_OK) == 0 ? 0 : errno;
-}
-
-// The lock tells a file that is being written from one that a killed process left behind.
-int WaveFileWriter::OpenUnfinished() {
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-  descriptor_ = open(unfinished_.c_str(), kFlags, 0666);
-  if (descriptor_ < 0 && errno == EEXIST) {
-    if (const int error = ClearStale(); error != 0) return error;
-    descriptor_ = open(unfinished_.c_str(), kFlags, 0666);
-  }
-  if (descriptor_ < 0) return errno;
-  flock(descriptor_, LOCK_EX | LOCK_NB);
-  struct stat status {};
-  if (fstat(descriptor_, &status) != 0) return errno;
-  newMode_ = status.st_mode & 0777;
-  return fchmod(descriptor_, 0600) == 0 ? 0 : errno;
-}
-
-int WaveFileWriter::ClearStale() const {
-  const int stale = open(unfinished_.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (stale < 0) return errno == ENOENT ? 0 : errno;
-  int error = 0;
-  if (flock(stale, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) error = EBUSY;
-  if (error == 0 && unlink(unfinished_.c_str()) != 0 && errno != ENOENT) error = errno;
-  close(stale);
-  return error;
-}
-
 bool WaveFileWriter::Fail(int errorNumber) {
-  problem_ = "Die WAV-Datei konnte nicht geschrieben werden. " + ReasonFor(errorNumber);
+  problem_ = "Die WAV-Datei konnte nicht geschrieben werden. " + WriteProblem(errorNumber);
   return false;
 }
 
-bool WaveFileWriter::WriteBytes(const char* bytes, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = write(descriptor_, bytes, size);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return Fail(written < 0 ? errno : EIO);
-    bytes += written;
-    size -= static_cast<std::size_t>(written);
-  }
-  return true;
-}
-
 bool WaveFileWriter::Flush() {
-  const bool written = WriteBytes(buffer_.data(), buffer_.size());
+  const int error = file_.Write(buffer_.data(), buffer_.size());
   buffer_.clear();
-  return written;
+  return error == 0 || Fail(error);
 }
 
 bool WaveFileWriter::Write(std::span<const std::int16_t> samples) {
@@ -142,32 +49,10 @@ bool WaveFileWriter::Write(std::span<const std::int16_t> samples) {
 bool WaveFileWriter::Finish() {
   if (!problem_.empty() || !Flush()) return false;
   const std::string header = Header();
-  if (lseek(descriptor_, 0, SEEK_SET) != 0) return Fail(errno);
-  if (!WriteBytes(header.data(), header.size())) return false;
-  const int error = PutInPlace();
+  int error = file_.Seek(0);
+  if (error == 0) error = file_.Write(header.data(), header.size());
+  if (error == 0) error = file_.PutInPlace();
   return error == 0 || Fail(error);
-}
-
-// What takes the place of another file has to be on the disk before.
-int WaveFileWriter::PutInPlace() {
-  if (const int error = SetPermissions(); error != 0) return error;
-  if (replaces_ && fsync(descriptor_) != 0) return errno;
-  if (rename(unfinished_.c_str(), target_.c_str()) != 0) return errno;
-  return close(std::exchange(descriptor_, -1)) == 0 ? 0 : errno;
-}
-
-int WaveFileWriter::SetPermissions() const {
-  struct stat status {};
-  mode_t mode = newMode_;
-  if (replaces_ && stat(target_.c_str(), &status) == 0) {
-    (void)!fchown(descriptor_, status.st_uid, status.st_gid);  // only root can give a file away
-    mode = status.st_mode & 07777;
-  } else if (const auto folder = target_.parent_path();
-             stat(folder.empty() ? "." : folder.c_str(), &status) == 0) {
-    if ((status.st_mode & S_IXGRP) == 0) mode &= ~static_cast<mode_t>(S_IRWXG);
-    if ((status.st_mode & S_IXOTH) == 0) mode &= ~static_cast<mode_t>(S_IRWXO);
-  }
-  return fchmod(descriptor_, mode) == 0 ? 0 : errno;
 }
 
 std::string WaveFileWriter::Header() const {

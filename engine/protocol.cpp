@@ -102,6 +102,8 @@ std::string FrameSpeak(const Utterance& utterance) {
   writer.Number(utterance.id).Signed(utterance.voice).Signed(utterance.pitch).Signed(utterance.speed);
   writer.Signed(utterance.volumeLeft).Signed(utterance.volumeRight);
   writer.Text(utterance.waveFile).Text(utterance.text).Number(utterance.goesOn ? 1 : 0);
+  writer.Number(static_cast<std::uint32_t>(utterance.format));
+  writer.Number(static_cast<std::uint32_t>(utterance.quality)).Number(utterance.tellsWords ? 1 : 0);
   return Frame(Kind::Speak, writer.Take());
 }
 
@@ -110,11 +112,14 @@ std::string FrameMore(const TextPart& part) {
 }
 
 std::string FrameEnded(const Ended& ended) {
-  return Frame(Kind::Ended, FieldWriter().Number(ended.id).Text(ended.reason).Take());
+  return Frame(Kind::Ended,
+               FieldWriter().Number(ended.id).Text(ended.reason).Number(ended.milliseconds).Take());
 }
 
 std::string FrameWord(const HeardWord& word) {
-  return Frame(Kind::Word, FieldWriter().Number(word.id).Number(word.begin).Number(word.end).Take());
+  FieldWriter writer;
+  writer.Number(word.id).Number(word.begin).Number(word.end).Number(word.milliseconds);
+  return Frame(Kind::Word, writer.Take());
 }
 
 std::string FrameRemark(std::string_view text) {
@@ -158,7 +163,12 @@ std::optional<Utterance> ReadSpeak(std::string_view fields) {
   utterance.waveFile = reader.Text();
   utterance.text = reader.Text();
   utterance.goesOn = reader.Number() != 0;
-  if (!reader.Complete()) return std::nullopt;
+  const std::uint32_t format = reader.Number();
+  const std::uint32_t quality = reader.Number();
+  utterance.tellsWords = reader.Number() != 0;
+  if (!reader.Complete() || format >= kSoundFormats || quality >= kSoundQualities) return std::nullopt;
+  utterance.format = static_cast<SoundFormat>(format);
+  utterance.quality = static_cast<SoundQuality>(quality);
   return utterance;
 }
 
@@ -177,6 +187,7 @@ std::optional<Ended> ReadEnded(std::string_view fields) {
   Ended ended;
   ended.id = reader.Number();
   ended.reason = reader.Text();
+  ended.milliseconds = reader.Number();
   if (!reader.Complete()) return std::nullopt;
   return ended;
 }
@@ -187,6 +198,7 @@ std::optional<HeardWord> ReadWord(std::string_view fields) {
   word.id = reader.Number();
   word.begin = reader.Number();
   word.end = reader.Number();
+  word.milliseconds = reader.Number();
   if (!reader.Complete()) return std::nullopt;
   return word;
 }

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ports/SoundFile.h"
+
 namespace lorelin::engine {
 
 // What passes between the program and lorelin-engine, over one stream socket. A message is a frame of a
@@ -14,7 +16,7 @@ namespace lorelin::engine {
 // another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
 // filled by its fields.
 
-inline constexpr std::uint32_t kProtocolVersion = 5;
+inline constexpr std::uint32_t kProtocolVersion = 6;
 inline constexpr std::uint32_t kMaxFrame = 256U << 20;
 inline constexpr std::size_t kKindAt = 4;  // of a frame
 
@@ -22,7 +24,7 @@ enum class Kind : std::uint8_t {
   // from the engine
   Hello = 1,    // Capabilities
   Started = 2,  // utterance: its first samples are on their way to the device or file
-  Ended = 3,    // utterance, outcome, reason
+  Ended = 3,    // Ended
   Pong = 4,     // number of the ping
   Notice = 5,   // NoticeCode
   Word = 6,     // HeardWord
@@ -69,7 +71,10 @@ struct Utterance {
   std::int32_t volumeRight = 0;
   std::string waveFile;  // "" for the sound device
   std::string text;
-  bool goesOn = false;  // TextParts follow
+  bool goesOn = false;                    // TextParts follow
+  SoundFormat format = SoundFormat::Wav;  // of the file
+  SoundQuality quality = SoundQuality::Usual;
+  bool tellsWords = false;  // of a file; those that are heard are told anyway
 };
 
 // What follows of a text that goes on.
@@ -81,14 +86,17 @@ struct TextPart {
 
 struct Ended {
   std::uint32_t id = 0;
-  std::string reason;  // German sentence; "" when the whole text was processed
+  std::string reason;              // German sentence; "" when the whole text was processed
+  std::uint32_t milliseconds = 0;  // how long it is
 };
 
-// The word of an utterance that the device has come to; its place in the whole text, in characters.
+// The word of an utterance that the device or the file has come to; its place in the whole text, in
+// characters.
 struct HeardWord {
   std::uint32_t id = 0;
   std::uint32_t begin = 0;
   std::uint32_t end = 0;
+  std::uint32_t milliseconds = 0;  // of a file
 };
 
 struct Message {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -12,12 +13,14 @@ namespace lorelin {
 struct EndOfText {
   bool complete = true;
   std::string reason;
+  std::chrono::milliseconds length{};  // of what was made; 0 where the engine does not tell
 };
 
 // A word of the text that was given, in characters: code points, and bytes that belong to none.
 struct HeardWord {
   std::size_t begin = 0;
   std::size_t end = 0;
+  std::chrono::milliseconds time{};  // since the file's beginning, of a text that is rendered
 
   bool operator==(const HeardWord&) const = default;
 };
@@ -82,7 +85,8 @@ class DirectSS {
   // or could not be; never for a discarded one. One handler; an empty one ends the notification.
   virtual void OnEndOfText(std::function<void(const EndOfText&)> handler) = 0;
   // `handler` runs like that of OnEndOfText when a word begins to be heard, in the order of the text; a text
-  // in parts is one. Nothing is told of a text that is rendered into a file or was discarded, and nothing at
+  // in parts is one. Nothing is told of a text that was discarded or is
+  // rendered into a file (but see SoundRenderer), and nothing at
   // all by an engine that does not know. One handler; an empty one ends the notification.
   virtual void OnWordHeard(std::function<void(const HeardWord&)> handler) = 0;
 };

@@ -26,6 +26,7 @@
 #include "ports/SelectedText.h"
 #include "ports/Shell.h"
 #include "ports/SingleInstance.h"
+#include "ports/SoundRendering.h"
 #include "ports/SystemPorts.h"
 #include "ports/VoiceArchives.h"
 
@@ -54,6 +55,7 @@ struct PlatformServices {
   std::unique_ptr<Checksums> checksums;
   std::unique_ptr<VoiceArchives> voiceArchives;
   std::unique_ptr<NaturalVoices> naturalVoices;
+  std::unique_ptr<SoundRendering> soundRendering;
   std::unique_ptr<Registry> registry;
   std::string registryNotice;   // German; "" when the settings are as they should be
   bool settingsLost = false;    // the notice has to be confirmed by a person

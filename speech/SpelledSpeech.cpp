@@ -53,7 +53,7 @@ void SpelledSpeech::OnWordHeard(std::function<void(const HeardWord&)> handler) {
   engine_.OnWordHeard([this, handler = std::move(handler)](const HeardWord& word) {
     if (!current_) return handler(word);
     const CharacterRange written = WrittenRange(current_->Runs(), {word.begin, word.end});
-    handler({written.begin, written.end});
+    handler({written.begin, written.end, word.time});
   });
 }
 

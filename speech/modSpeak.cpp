@@ -1,6 +1,5 @@
 #include "speech/modSpeak.h"
 
-#include <array>
 #include <cmath>
 #include <exception>
 #include <limits>
@@ -12,6 +11,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/textEncoding.h"
+#include "speech/decoration.h"
 #include "speech/temporaryFiles.h"
 #include "speech/voiceSettings.h"
 
@@ -27,14 +27,6 @@ std::int32_t Checked(std::int64_t number) {
   }
   return static_cast<std::int32_t>(number);
 }
-
-struct Placeholder {
-  std::string_view name;
-  int LocalTime::*field;
-};
-constexpr std::array kPlaceholders{
-    Placeholder{"$Zeit[s]", &LocalTime::second}, Placeholder{"$Zeit[m]", &LocalTime::minute},
-    Placeholder{"$Zeit[h]", &LocalTime::hour}, Placeholder{"$Zeit[w]", &LocalTime::weekday}};
 
 // A count that is one higher as long as this lives, whatever ends it.
 class Counted {
@@ -120,7 +112,7 @@ bool ModSpeak::PrepareAndStart(std::string& text, Source source, const std::stri
     written = parts_.document.Text();
     traced = TracedText(written, 0);
   }
-  Decorate(traced);
+  Decorate(traced, parts_.settings, parts_.clock.Now());
   text = traced.Text();
   ResetBoth();
   parts_.pump.RunPendingEvents();
@@ -185,13 +177,6 @@ void ModSpeak::Release() {
 
 void ModSpeak::TellHolding() {
   if (events_.holds && CurrentText() != nullptr) events_.holds(held_ || paused_);
-}
-
-void ModSpeak::Decorate(TracedText& text) const {
-  text.Surround(parts_.settings.Get(setting::Prefix) + " ", " " + parts_.settings.Get(setting::Suffix));
-  for (const auto& [name, field] : kPlaceholders) {
-    text.Replace(name, std::to_string(parts_.clock.Now().*field));
-  }
 }
 
 bool ModSpeak::HearFrom(std::size_t character) {

@@ -137,7 +137,6 @@ class ModSpeak {
   using Source = std::optional<std::size_t>;  // where a text begins in the document
 
   void SpeakFrom(std::string& text, Source source, bool wait, const std::string& waveFile, bool filter);
-  void Decorate(TracedText& text) const;
   void TellWord(const HeardWord& word);
   void TellHolding();
   void EndReading();

@@ -25,12 +25,12 @@ Utterance SpeechInstance::BeginText() {
 }
 
 void SpeechInstance::TellEnd(const std::weak_ptr<Listener>& listener, std::uint32_t id,
-                             const std::string& reason) {
+                             const EndOfText& end) {
   const auto alive = listener.lock();
   if (!alive || alive->current != id) return;
   alive->current = 0;
   const auto handler = alive->endOfText;
-  if (handler) handler({.complete = reason.empty(), .reason = reason});
+  if (handler) handler(end);
 }
 
 void SpeechInstance::OnEndOfText(std::function<void(const EndOfText&)> handler) {

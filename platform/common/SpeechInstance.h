@@ -61,7 +61,7 @@ class SpeechInstance : public DirectSS {
   [[nodiscard]] std::uint32_t CurrentText() const { return listener_->current; }
   // For a task posted to the user-interface thread: tells the end of text `id`, once, if it is still the
   // current one.
-  static void TellEnd(const std::weak_ptr<Listener>& listener, std::uint32_t id, const std::string& reason);
+  static void TellEnd(const std::weak_ptr<Listener>& listener, std::uint32_t id, const EndOfText& end);
   // The same for a word of the text.
   static void TellWord(const std::weak_ptr<Listener>& listener, std::uint32_t id, const HeardWord& word);
 

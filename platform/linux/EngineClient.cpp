@@ -11,13 +11,20 @@ EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock
   connection_ = std::make_unique<EngineConnection>(
       options.engineFile, options.audible, options.patience,
       EngineConnection::Handlers{.ended =
-                                     [listener, &pump](std::uint32_t id, const std::string& reason) {
-                                       pump.Post([listener, id, reason] { TellEnd(listener, id, reason); });
+                                     [listener, &pump](const engine::Ended& ended) {
+                                       pump.Post([listener, ended] {
+                                         TellEnd(listener, ended.id,
+                                                 {.complete = ended.reason.empty(),
+                                                  .reason = ended.reason,
+                                                  .length = std::chrono::milliseconds(ended.milliseconds)});
+                                       });
                                      },
                                  .heard =
                                      [listener, &pump](const engine::HeardWord& word) {
                                        pump.Post([listener, word] {
-                                         TellWord(listener, word.id, {word.begin, word.end});
+                                         TellWord(listener, word.id,
+                                                  {word.begin, word.end,
+                                                   std::chrono::milliseconds(word.milliseconds)});
                                        });
                                      },
                                  .condition =
@@ -82,6 +89,12 @@ void EngineClient::ResetAudio() {
 
 bool EngineClient::Speaking() {
   return connection_->Speaking();
+}
+
+void EngineClient::SetSoundFormat(SoundFormat format, SoundQuality quality, bool tellsWords) {
+  properties_.format = format;
+  properties_.quality = quality;
+  properties_.tellsWords = tellsWords;
 }
 
 int EngineClient::ProcessId() const {

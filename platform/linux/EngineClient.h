@@ -42,6 +42,8 @@ class EngineClient final : public SpeechInstance {
   // Has another engine process take the place of this one, once no text is under way: it finds the voices
   // that are there by then.
   void RenewVoices();
+  // What the files of the texts that follow are like, and whether their words are told.
+  void SetSoundFormat(SoundFormat format, SoundQuality quality, bool tellsWords);
 
   // For measurements and tests: the engine's process (-1 when there is none), and how long the last text took
   // from Speak to its first samples (zero before that).

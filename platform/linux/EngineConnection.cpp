@@ -162,7 +162,7 @@ void EngineConnection::Speak(const engine::Utterance& utterance) {
     if (socket_ < 0) {
       current_ = 0;
       guard.unlock();
-      handlers_.ended(utterance.id, std::string(kGivenUp));
+      handlers_.ended({.id = utterance.id, .reason = std::string(kGivenUp)});
       return;
     }
   }
@@ -311,17 +311,17 @@ void EngineConnection::Lost(Guard& guard) {
   Restart(guard);
   told_.notify_all();
   const bool givenUp = socket_ < 0;
-  TellEnd(lost, std::string(kCutShort), guard);
+  TellEnd({.id = lost, .reason = std::string(kCutShort)}, guard);
   if (givenUp) SetCondition(kGivenUp, guard);
 }
 
 // The end is on its way before `Speaking` turns false, so that who waits for the one finds the other.
-void EngineConnection::TellEnd(std::uint32_t utterance, const std::string& reason, Guard& guard) {
-  if (utterance == 0) return;
+void EngineConnection::TellEnd(const engine::Ended& end, Guard& guard) {
+  if (end.id == 0) return;
   guard.unlock();
-  handlers_.ended(utterance, reason);
+  handlers_.ended(end);
   guard.lock();
-  if (current_ == utterance) current_ = 0;
+  if (current_ == end.id) current_ = 0;
   RenewIfIdle();
 }
 
@@ -433,7 +433,7 @@ void EngineConnection::SetCondition(std::string_view text, Guard& guard) {
 
 void EngineConnection::HandleEnded(const engine::Message& message, Guard& guard) {
   const auto ended = engine::ReadEnded(message.fields);
-  if (ended && ended->id == current_) TellEnd(ended->id, ended->reason, guard);
+  if (ended && ended->id == current_) TellEnd(*ended, guard);
 }
 
 }  // namespace lorelin

@@ -27,7 +27,7 @@ class EngineConnection {
  public:
   struct Handlers {
     // Called on the connection's thread.
-    std::function<void(std::uint32_t utterance, const std::string& reason)> ended;
+    std::function<void(const engine::Ended&)> ended;
     std::function<void(const engine::HeardWord&)> heard;
     // What is wrong with the instance, and "" when nothing is any more.
     std::function<void(const std::string&)> condition;
@@ -90,7 +90,7 @@ class EngineConnection {
   bool Receive(Guard& guard);
   bool Transmit();
   bool Handle(const engine::Message& message, Guard& guard);
-  void TellEnd(std::uint32_t utterance, const std::string& reason, Guard& guard);
+  void TellEnd(const engine::Ended& end, Guard& guard);
   void HandleEnded(const engine::Message& message, Guard& guard);
   bool HandleWord(const engine::Message& message, Guard& guard);
   bool HandleHello(const engine::Message& message, Guard& guard);

@@ -14,6 +14,7 @@
 #include "platform/linux/CurlResumingDownloader.h"
 #include "platform/linux/DBusAutomation.h"
 #include "platform/linux/EngineClient.h"
+#include "platform/linux/EngineSoundRendering.h"
 #include "platform/linux/EngineVoices.h"
 #include "platform/linux/FlockSingleInstance.h"
 #include "platform/linux/GlibChecksums.h"
@@ -61,6 +62,8 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.voiceArchives = std::make_unique<LibarchiveVoices>();
   services.naturalVoices = std::make_unique<EngineVoices>();
   services.selectedText = std::make_unique<AtspiSelectedText>();
+  services.soundRendering =
+      std::make_unique<EngineSoundRendering>(services.paths.engineFile, *services.clock, *services.log);
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);
   services.registryNotice = std::move(opened.notice);

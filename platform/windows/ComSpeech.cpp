@@ -183,7 +183,9 @@ void ComSpeech::Finished() {
 void ComSpeech::End(const std::string& reason) {
   speaking_ = goesOn_ = false;
   if (!reason.empty()) RemoveWaveFile();
-  pump_.Post([listener = ListenerForTasks(), id = CurrentText(), reason] { TellEnd(listener, id, reason); });
+  pump_.Post([listener = ListenerForTasks(), id = CurrentText(), reason] {
+    TellEnd(listener, id, {.complete = reason.empty(), .reason = reason});
+  });
 }
 
 // An engine that keeps the file open lets it be copied, not moved.

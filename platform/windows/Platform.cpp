@@ -22,6 +22,7 @@
 #include "platform/windows/NoImportProcess.h"
 #include "platform/windows/NoNaturalVoices.h"
 #include "platform/windows/NoRemoteControl.h"
+#include "platform/windows/NoSoundRendering.h"
 #include "platform/windows/SapiVoice.h"
 #include "platform/windows/ShellFileAssociation.h"
 #include "platform/windows/UrlmonDownloader.h"
@@ -49,6 +50,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.fileAssociation = std::make_unique<ShellFileAssociation>(*registry);
   services.registry = std::move(registry);
   services.remote = std::make_unique<NoRemoteControl>();
+  services.soundRendering = std::make_unique<NoSoundRendering>();
   services.selectedText = std::make_unique<NoSelectedText>();
   services.voiceDownloads = std::make_unique<WholeDownloads>(*services.downloader);
   services.checksums = std::make_unique<CryptoChecksums>();

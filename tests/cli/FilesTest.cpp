@@ -8,6 +8,9 @@
 #include <thread>
 
 #include "cli/Failure.h"
+#include "cli/LoadedDocument.h"
+#include "import/importAnswer.h"
+#include "tests/support/FakeImportProcess.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin::cli {
@@ -25,7 +28,7 @@ class CliFiles : public testing::Test {
     }
   }
   std::string Reading(const std::string& path) {
-    return Ending([&] { (void)ReadInput(path); });
+    return Ending([&] { (void)LoadSpeakable(path, importer_); });
   }
   std::string Writing(const std::string& target, const std::string& input = "-") {
     return Ending([&] { RequireTarget(target, input); });
@@ -34,18 +37,46 @@ class CliFiles : public testing::Test {
   static bool Exists(const std::string& path) { return std::filesystem::exists(path); }
 
   TemporaryFolder folder_;
+  FakeImportProcess importer_;
 };
 
 TEST_F(CliFiles, ReadADecodedText) {
   WriteFile(Path("alt.txt"), "Gr\374\337e\r\nEnde");
-  EXPECT_EQ(ReadInput(Path("alt.txt")), "Grüße\nEnde");
+  EXPECT_EQ(LoadSpeakable(Path("alt.txt"), importer_).text, "Grüße\nEnde");
+}
+
+TEST_F(CliFiles, ReadRtfWithoutItsFormats) {
+  WriteFile(Path("brief.rtf"), "{\\rtf1 Gr\\'fc\\'dfe {\\b fett}}");
+  const LoadedDocument document = LoadSpeakable(Path("brief.rtf"), importer_);
+  EXPECT_EQ(document.text, "Grüße fett");
+  EXPECT_EQ(document.name, "brief");
+}
+
+TEST_F(CliFiles, ReadADocumentOfAnotherFormat) {
+  ImportedDocument book;
+  book.text.text = "Eins\nText";
+  book.info.title = "Buch";
+  book.info.chapters = {{"Eins", 1, 0}};
+  importer_.answer = {.bytes = WriteImportAnswer(book), .problem = {}};
+  const LoadedDocument document = LoadSpeakable("ordner/Mein Buch.epub", importer_);
+  EXPECT_EQ(importer_.jobs.at(0).path, "ordner/Mein Buch.epub");
+  EXPECT_EQ(document.text, "Eins\nText");
+  EXPECT_EQ(document.info, book.info);
+  EXPECT_EQ(document.name, "Mein Buch");
+}
+
+TEST_F(CliFiles, TellWhyADocumentCannotBeRead) {
+  importer_.answer = {.bytes = {}, .problem = "Sie ist beschädigt."};
+  EXPECT_EQ(Reading("buch.epub"), "3: „buch.epub“ kann nicht gelesen werden: Sie ist beschädigt.");
+  importer_.answer = {.bytes = "Unsinn", .problem = {}};
+  EXPECT_EQ(Reading("buch.epub").substr(0, 3), "3: ");
 }
 
 TEST_F(CliFiles, ReadAPipeThatHasAName) {
   const std::string pipe = Path("pipe");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   std::thread writer([&] { WriteFile(pipe, "Gr\374\337e\r\nEnde"); });
-  EXPECT_EQ(ReadInput(pipe), "Grüße\nEnde");
+  EXPECT_EQ(LoadSpeakable(pipe, importer_).text, "Grüße\nEnde");
   writer.join();
 }
 

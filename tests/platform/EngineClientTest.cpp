@@ -366,7 +366,7 @@ TEST(EngineClient, TellsWhenWhatWasWrongIsOver) {
 }
 
 TEST(MissingEngine, IsToldInGerman) {
-  ConsoleEventPump pump;
+  TaskPump pump;
   FakeClock clock;
   FakeLog log;
   EngineClient engine({.engineFile = "/gibt/es/nicht", .condition = {}}, pump, clock, log);

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "cli/ConsoleEventPump.h"
+#include "base/TaskPump.h"
 #include "platform/linux/EngineClient.h"
 #include "tests/support/FakePorts.h"
 #include "tests/support/TemporaryFolder.h"
@@ -38,7 +38,7 @@ class RealEngine {
   }
 
   TemporaryFolder folder;
-  ConsoleEventPump pump;
+  TaskPump pump;
   FakeClock clock;
   FakeLog log;
   std::vector<std::string> notices;

@@ -1,4 +1,4 @@
-#include "cli/ConsoleEventPump.h"
+#include "base/TaskPump.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 namespace lorelin {
 namespace {
 
-TEST(ConsoleEventPump, RunsWhatWasPostedInOrder) {
-  ConsoleEventPump pump;
+TEST(TaskPump, RunsWhatWasPostedInOrder) {
+  TaskPump pump;
   std::string order;
   pump.Post([&] { order += "a"; });
   pump.Post([&] { order += "b"; });
@@ -21,16 +21,16 @@ TEST(ConsoleEventPump, RunsWhatWasPostedInOrder) {
   EXPECT_EQ(order, "ab");
 }
 
-TEST(ConsoleEventPump, RunsWhatATaskPosts) {
-  ConsoleEventPump pump;
+TEST(TaskPump, RunsWhatATaskPosts) {
+  TaskPump pump;
   bool ran = false;
   pump.Post([&] { pump.Post([&] { ran = true; }); });
   pump.RunPendingEvents();
   EXPECT_TRUE(ran);
 }
 
-TEST(ConsoleEventPump, MayBePumpedByATask) {
-  ConsoleEventPump pump;
+TEST(TaskPump, MayBePumpedByATask) {
+  TaskPump pump;
   std::string order;
   pump.Post([&] {
     pump.RunPendingEvents();
@@ -41,8 +41,8 @@ TEST(ConsoleEventPump, MayBePumpedByATask) {
   EXPECT_EQ(order, "inner outer");
 }
 
-TEST(ConsoleEventPump, GoesOnBehindATaskThatFails) {
-  ConsoleEventPump pump;
+TEST(TaskPump, GoesOnBehindATaskThatFails) {
+  TaskPump pump;
   bool ran = false;
   pump.Post([] { throw std::runtime_error("task"); });
   pump.Post([&] { ran = true; });
@@ -50,8 +50,8 @@ TEST(ConsoleEventPump, GoesOnBehindATaskThatFails) {
   EXPECT_TRUE(ran);
 }
 
-TEST(ConsoleEventPump, RunsOnItsOwnThreadWhatAnotherOnePosts) {
-  ConsoleEventPump pump;
+TEST(TaskPump, RunsOnItsOwnThreadWhatAnotherOnePosts) {
+  TaskPump pump;
   std::thread::id ranOn;
   std::thread poster([&] { pump.Post([&] { ranOn = std::this_thread::get_id(); }); });
   while (ranOn == std::thread::id()) pump.RunPendingEvents();
@@ -59,8 +59,8 @@ TEST(ConsoleEventPump, RunsOnItsOwnThreadWhatAnotherOnePosts) {
   EXPECT_EQ(ranOn, std::this_thread::get_id());
 }
 
-TEST(ConsoleEventPump, CallsTheTurnEveryTimeAndLetsItsExceptionOut) {
-  ConsoleEventPump pump;
+TEST(TaskPump, CallsTheTurnEveryTimeAndLetsItsExceptionOut) {
+  TaskPump pump;
   int turns = 0;
   pump.OnTurn([&] {
     if (++turns == 2) throw std::runtime_error("turn");

@@ -1,4 +1,4 @@
-#include "cli/ConsoleEventPump.h"
+#include "base/TaskPump.h"
 
 #include <chrono>
 #include <exception>
@@ -11,7 +11,7 @@ constexpr std::chrono::milliseconds kLongestSleep{10};
 
 }  // namespace
 
-void ConsoleEventPump::Post(std::function<void()> task) {
+void TaskPump::Post(std::function<void()> task) {
   {
     const std::lock_guard guard(mutex_);
     tasks_.push_back(std::move(task));
@@ -19,7 +19,7 @@ void ConsoleEventPump::Post(std::function<void()> task) {
   posted_.notify_all();
 }
 
-std::function<void()> ConsoleEventPump::Next() {
+std::function<void()> TaskPump::Next() {
   const std::lock_guard guard(mutex_);
   if (tasks_.empty()) return {};
   auto task = std::move(tasks_.front());
@@ -27,7 +27,7 @@ std::function<void()> ConsoleEventPump::Next() {
   return task;
 }
 
-void ConsoleEventPump::SleepWhenIdle() {
+void TaskPump::SleepWhenIdle() {
   if (idleTurns_ < kIdleTurnsBeforeSleep) {
     ++idleTurns_;
     return;
@@ -36,7 +36,7 @@ void ConsoleEventPump::SleepWhenIdle() {
   posted_.wait_for(guard, kLongestSleep, [this] { return !tasks_.empty(); });
 }
 
-void ConsoleEventPump::RunPendingEvents() {
+void TaskPump::RunPendingEvents() {
   SleepWhenIdle();
   while (const auto task = Next()) {
     idleTurns_ = 0;

@@ -9,9 +9,9 @@
 
 namespace lorelin {
 
-// The event pump of a program without windows: its events are the posted tasks. It sleeps for one only when
-// it is asked again and again: who lets events in between two steps of some work is not held up.
-class ConsoleEventPump final : public EventPump {
+// The event pump of a program or thread without windows: its events are the posted tasks. It sleeps for one
+// only when it is asked again and again: who lets events in between two steps of some work is not held up.
+class TaskPump final : public EventPump {
  public:
   void RunPendingEvents() override;
   void Post(std::function<void()> task) override;

@@ -1,0 +1,144 @@
+#include "export/ExportPlan.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/textEncoding.h"
+#include "export/fileNames.h"
+#include "export/soundFormats.h"
+
+namespace lorelin {
+namespace {
+
+constexpr std::string_view kBeginning = "Anfang";
+
+// The outermost level that has more than one chapter; else the outermost.
+int LevelForFiles(const std::vector<Chapter>& chapters) {
+  std::map<int, std::size_t> counts;
+  for (const Chapter& chapter : chapters) ++counts[chapter.level];
+  for (const auto& [level, count] : counts) {
+    if (count > 1) return level;
+  }
+  return counts.begin()->first;
+}
+
+bool IsBlankUpTo(std::string_view text, std::size_t character) {
+  const std::string_view behind = FromCharacter(text, character);
+  return text.substr(0, text.size() - behind.size()).find_first_not_of(" \t\n") == std::string_view::npos;
+}
+
+PlannedFile MakeFile(std::shared_ptr<const ExportText> text, const ExportChoices& choices) {
+  PlannedFile file;
+  file.text = std::move(text);
+  file.format = choices.format;
+  file.quality = choices.quality;
+  file.subtitles = choices.subtitles;
+  file.tags.author = file.text->info.author;
+  file.tags.language = file.text->info.language;
+  return file;
+}
+
+// What of the spoken text belongs to this part of the document. What was put in front of the text or behind
+// it belongs to the first part and the last.
+CharacterRange SpokenPart(const ExportText& text, CharacterRange written, std::size_t writtenEnd) {
+  const std::size_t begin = written.begin == 0 ? 0 : text.spoken.SpokenFrom(written.begin);
+  const std::size_t end =
+      written.end >= writtenEnd ? CharacterCount(text.spoken.Text()) : text.spoken.SpokenFrom(written.end);
+  return {begin, std::max(begin, end)};
+}
+
+PlannedFile ChapterFile(const std::shared_ptr<const ExportText>& text, const ExportChoices& choices,
+                        const Chapter& chapter, std::size_t end) {
+  PlannedFile file = MakeFile(text, choices);
+  file.written = {chapter.position, end};
+  file.spoken = SpokenPart(*text, file.written, CharacterCount(text->written));
+  file.tags.title = chapter.title;
+  for (const Chapter& inner : text->info.chapters) {
+    if (inner.position >= chapter.position && inner.position < end) file.chapters.push_back(inner);
+  }
+  if (file.chapters.size() == 1) file.chapters.clear();
+  return file;
+}
+
+}  // namespace
+
+std::vector<Chapter> ChaptersForFiles(const std::vector<Chapter>& chapters, std::string_view text) {
+  std::vector<Chapter> parts;
+  if (!chapters.empty()) {
+    const int level = LevelForFiles(chapters);
+    for (const Chapter& chapter : chapters) {
+      // Two at one place are one: a title and its subtitle.
+      if (chapter.level > level || (!parts.empty() && parts.back().position == chapter.position)) continue;
+      parts.push_back(chapter);
+    }
+  }
+  if (parts.empty()) {
+    parts.push_back({.title = {}, .level = 1, .position = 0});
+  } else if (IsBlankUpTo(text, parts.front().position)) {
+    parts.front().position = 0;
+  } else {
+    parts.insert(parts.begin(), {.title = std::string(kBeginning), .level = 1, .position = 0});
+  }
+  return parts;
+}
+
+PlannedFile PlanOneFile(std::shared_ptr<const ExportText> text, const ExportChoices& choices,
+                        const std::string& target) {
+  PlannedFile file = MakeFile(std::move(text), choices);
+  file.written = {0, CharacterCount(file.text->written)};
+  file.spoken = {0, CharacterCount(file.text->spoken.Text())};
+  file.target = target;
+  file.name = PathText(NativePath(target).filename());
+  file.tags.title = file.text->info.title;
+  file.chapters = file.text->info.chapters;
+  return file;
+}
+
+std::vector<PlannedFile> PlanExport(std::shared_ptr<const ExportText> text, const ExportChoices& choices,
+                                    const std::string& folder, const std::string& name) {
+  const std::string_view ending = NameOf(choices.format).ending;
+  const std::string title = text->info.title.empty() ? name : text->info.title;
+  const auto pathOf = [&](const std::string& file) {
+    return PathText(NativePath(folder) / NativePath(file + std::string(ending)));
+  };
+  const std::vector<Chapter> parts = ChaptersForFiles(text->info.chapters, text->written);
+  if (!choices.fileForEachChapter || parts.size() < 2) {
+    PlannedFile whole = PlanOneFile(text, choices, pathOf(SafeFileName(title)));
+    whole.tags.title = title;
+    return {whole};
+  }
+  std::vector<PlannedFile> files;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const std::size_t end = i + 1 < parts.size() ? parts[i + 1].position : CharacterCount(text->written);
+    PlannedFile file = ChapterFile(text, choices, parts[i], end);
+    file.target = pathOf(NumberedName(i + 1, parts.size(), SafeFileName(parts[i].title)));
+    file.name = PathText(NativePath(file.target).filename());
+    file.tags.album = title;
+    file.tags.track = static_cast<int>(i + 1);
+    file.tags.tracks = static_cast<int>(parts.size());
+    files.push_back(std::move(file));
+  }
+  return files;
+}
+
+void MakeTargetsDistinct(std::vector<PlannedFile>& files) {
+  std::set<std::string> taken;
+  for (PlannedFile& file : files) {
+    const std::filesystem::path path = NativePath(file.target);
+    for (int number = 2; !taken.insert(LowerAscii(file.target)).second; ++number) {
+      const std::string stem = PathText(path.stem()) + " (" + std::to_string(number) + ")";
+      file.target = PathText(path.parent_path() / NativePath(stem + PathText(path.extension())));
+      file.name = PathText(NativePath(file.target).filename());
+    }
+  }
+}
+
+std::string SubtitlePath(const PlannedFile& file) {
+  std::filesystem::path path = NativePath(file.target);
+  return PathText(path.replace_extension(NativePath(EndingOf(*file.subtitles))));
+}
+
+}  // namespace lorelin

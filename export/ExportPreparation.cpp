@@ -1,0 +1,25 @@
+#include "export/ExportPreparation.h"
+
+#include <utility>
+
+#include "speech/decoration.h"
+
+namespace lorelin {
+
+std::shared_ptr<const ExportText> ExportPreparation::TextOf(std::string written, DocumentInfo info) {
+  TracedText spoken(written, 0);
+  std::optional<std::string> filtered = parts_.extensions.FilterText(written);
+  if (!filtered) return nullptr;
+  spoken.Rewritten(std::move(*filtered));
+  Decorate(spoken, parts_.settings, parts_.clock.Now());
+  return std::make_shared<const ExportText>(
+      ExportText{.written = std::move(written), .spoken = std::move(spoken), .info = std::move(info)});
+}
+
+std::shared_ptr<const ExportVoice> ExportPreparation::Voice() {
+  return std::make_shared<const ExportVoice>(
+      ExportVoice{.profile = StoredVoiceProfile(parts_.settings),
+                  .speller = parts_.pronunciations.IsOn() ? parts_.pronunciations.Speller() : nullptr});
+}
+
+}  // namespace lorelin
