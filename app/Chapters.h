@@ -49,6 +49,8 @@ class Chapters {
   // The caret may stand elsewhere.
   void CaretMoved();
 
+  // Where they are now, as far as that is known.
+  [[nodiscard]] const std::vector<Chapter>& Current() const { return chapters_; }
   [[nodiscard]] bool Exist() const { return !chapters_.empty(); }
   void Next();
   void Previous();

@@ -232,6 +232,8 @@ void WindowModules::FillCommands() {
 void WindowModules::AddPlaceCommands() {
   commands.Add("ContinueReading", [this] { continued.Continue(); });
   commands.AddCondition("ContinueReading", [this] { return continued.CanContinue(); });
+  commands.Add("ExportSound", [this] { edges.exportSound(); });
+  commands.Add("ShowExports", [this] { edges.showExports(); });
   commands.Add("ReadingLook", [this] {
     window.Textmode();
     edges.chooseLook();

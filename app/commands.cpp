@@ -14,6 +14,8 @@ constexpr std::array kFileMenu{
     MenuEntry{"mnuSaveAs", "&Speichern unter", "SaveAs", "Ctrl+Shift+S"},
     MenuEntry{"mnuSplit", "-", "", ""},
     MenuEntry{"mnuExport", "Exportieren", "ExportDoc", "Ctrl+E"},
+    MenuEntry{"mnuExportSound", "Als &Tondatei exportieren …", "ExportSound", "Ctrl+Shift+E"},
+    MenuEntry{"mnuShowExports", "Tondateien &in Arbeit …", "ShowExports", ""},
     kSeparator,
     MenuEntry{"mnuOpenBook", "&Buch oder Dokument öffnen …", "OpenBook", "Ctrl+Shift+O"},
     MenuEntry{"mnuOpenAddress", "A&dresse öffnen …", "OpenAddress", "Ctrl+L"},

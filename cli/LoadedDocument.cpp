@@ -1,6 +1,7 @@
 #include "cli/LoadedDocument.h"
 
 #include <iostream>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/paths.h"
@@ -9,6 +10,7 @@
 #include "cli/interruption.h"
 #include "import/importAnswer.h"
 #include "import/importFormats.h"
+#include "richtext/chapters.h"
 #include "richtext/rtf.h"
 
 namespace lorelin::cli {
@@ -46,7 +48,11 @@ LoadedDocument LoadDocument(const std::string& input, ImportProcess& importer) {
     return document;
   }
   document.text = ReadText(input);
-  if (IsRtf(document.text)) document.text = ReadRtf(document.text).text;
+  if (IsRtf(document.text)) {
+    RichText formatted = ReadRtf(document.text);
+    document.info.chapters = ChaptersOf(formatted);
+    document.text = std::move(formatted.text);
+  }
   return document;
 }
 

@@ -17,6 +17,7 @@
 #include "desktop/frmMain.h"
 #include "desktop/frmPronunciationDialogs.h"
 #include "desktop/frmReadingLook.h"
+#include "desktop/frmSoundExports.h"
 #include "desktop/frmTaskEditor.h"
 #include "desktop/frmVoiceDialogs.h"
 #include "desktop/toolkit/ModalDialogs.h"
@@ -110,9 +111,11 @@ class App::Program {
                   .settingsFolder = services_.paths.settingsFolder,
                   .createScript = [this] { CreateScript(); },
                   .chooseLook = [this] { ChooseLook(); },
-                  .mayClose = [this] { return taskEditor_ == nullptr || taskEditor_->MayClose(); },
+                  .mayClose = [this] { return MayClose(); },
                   .homeFolder = services_.paths.homeFolder,
-                  .takeVoice = [this](const auto& paths) { return droppedVoice_.Take(paths); }}),
+                  .takeVoice = [this](const auto& paths) { return droppedVoice_.Take(paths); },
+                  .exportSound = [this] { exports_.Ask(); },
+                  .showExports = [this] { exports_.Show(); }}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);
@@ -197,6 +200,15 @@ class App::Program {
                                        .showHelp = [this] { ShowScriptHelp(); }});
     }
     taskEditor_->Open();
+  }
+
+  bool MayClose() { return (taskEditor_ == nullptr || taskEditor_->MayClose()) && exports_.MayClose(); }
+
+  // Chapters move with what is typed.
+  DocumentInfo CurrentInfo() {
+    DocumentInfo info = modules_.documents.Current().info;
+    info.chapters = modules_.chapters.Current();
+    return info;
   }
 
   void ChooseLook() {
@@ -325,6 +337,18 @@ class App::Program {
                               .statusBar = *form_,
                               .renew = [this] { RenewVoices(); }}};
   WindowModules modules_;
+  FrmSoundExports exports_{*form_,
+                           {.document = document_,
+                            .preparation = {.settings = spoken_.settings,
+                                            .extensions = spoken_.extensions,
+                                            .pronunciations = spoken_.pronunciations,
+                                            .clock = *services_.clock},
+                            .rendering = *services_.soundRendering,
+                            .files = *services_.fileWriter,
+                            .messageBoxes = messageBoxes_,
+                            .info = [this] { return CurrentInfo(); },
+                            .name = [this] { return NameForFiles(modules_.documents.Current().shown); }},
+                           [this](const std::string& text) { form_->SetMessage(text); }};
   ModalDialogs dialogs_;
   RemoteSession remote_{
       {.remote = *services_.remote,

@@ -41,24 +41,28 @@ PlannedFile MakeFile(std::shared_ptr<const ExportText> text, const ExportChoices
   return file;
 }
 
+// A whole text, whose lengths are counted once.
+CharacterRange WholeOf(std::string_view text) {
+  return {0, CharacterCount(text)};
+}
+
 // What of the spoken text belongs to this part of the document. What was put in front of the text or behind
 // it belongs to the first part and the last.
-CharacterRange SpokenPart(const ExportText& text, CharacterRange written, std::size_t writtenEnd) {
-  const std::size_t begin = written.begin == 0 ? 0 : text.spoken.SpokenFrom(written.begin);
+CharacterRange SpokenPart(const TracedText& spoken, CharacterRange written, const PlannedFile& whole) {
+  const std::size_t begin = written.begin == 0 ? 0 : spoken.SpokenFrom(written.begin);
   const std::size_t end =
-      written.end >= writtenEnd ? CharacterCount(text.spoken.Text()) : text.spoken.SpokenFrom(written.end);
+      written.end >= whole.written.end ? whole.spoken.end : spoken.SpokenFrom(written.end);
   return {begin, std::max(begin, end)};
 }
 
-PlannedFile ChapterFile(const std::shared_ptr<const ExportText>& text, const ExportChoices& choices,
-                        const Chapter& chapter, std::size_t end) {
-  PlannedFile file = MakeFile(text, choices);
+PlannedFile ChapterFile(const PlannedFile& whole, const Chapter& chapter, std::size_t end) {
+  PlannedFile file = whole;
   file.written = {chapter.position, end};
-  file.spoken = SpokenPart(*text, file.written, CharacterCount(text->written));
+  file.spoken = SpokenPart(whole.text->spoken, file.written, whole);
   file.tags.title = chapter.title;
-  for (const Chapter& inner : text->info.chapters) {
-    if (inner.position >= chapter.position && inner.position < end) file.chapters.push_back(inner);
-  }
+  std::erase_if(file.chapters, [&](const Chapter& inner) {
+    return inner.position < chapter.position || inner.position >= end;
+  });
   if (file.chapters.size() == 1) file.chapters.clear();
   return file;
 }
@@ -88,8 +92,8 @@ std::vector<Chapter> ChaptersForFiles(const std::vector<Chapter>& chapters, std:
 PlannedFile PlanOneFile(std::shared_ptr<const ExportText> text, const ExportChoices& choices,
                         const std::string& target) {
   PlannedFile file = MakeFile(std::move(text), choices);
-  file.written = {0, CharacterCount(file.text->written)};
-  file.spoken = {0, CharacterCount(file.text->spoken.Text())};
+  file.written = WholeOf(file.text->written);
+  file.spoken = WholeOf(file.text->spoken.Text());
   file.target = target;
   file.name = PathText(NativePath(target).filename());
   file.tags.title = file.text->info.title;
@@ -105,15 +109,13 @@ std::vector<PlannedFile> PlanExport(std::shared_ptr<const ExportText> text, cons
     return PathText(NativePath(folder) / NativePath(file + std::string(ending)));
   };
   const std::vector<Chapter> parts = ChaptersForFiles(text->info.chapters, text->written);
-  if (!choices.fileForEachChapter || parts.size() < 2) {
-    PlannedFile whole = PlanOneFile(text, choices, pathOf(SafeFileName(title)));
-    whole.tags.title = title;
-    return {whole};
-  }
+  PlannedFile whole = PlanOneFile(text, choices, pathOf(SafeFileName(title)));
+  whole.tags.title = title;
+  if (!choices.fileForEachChapter || parts.size() < 2) return {whole};
   std::vector<PlannedFile> files;
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    const std::size_t end = i + 1 < parts.size() ? parts[i + 1].position : CharacterCount(text->written);
-    PlannedFile file = ChapterFile(text, choices, parts[i], end);
+    const std::size_t end = i + 1 < parts.size() ? parts[i + 1].position : whole.written.end;
+    PlannedFile file = ChapterFile(whole, parts[i], end);
     file.target = pathOf(NumberedName(i + 1, parts.size(), SafeFileName(parts[i].title)));
     file.name = PathText(NativePath(file.target).filename());
     file.tags.album = title;

@@ -1,12 +1,25 @@
 #include "export/ExportPreparation.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "base/textEncoding.h"
 #include "speech/decoration.h"
 
 namespace lorelin {
 
+namespace {
+
+// A document that was edited may have lost some, or have them in another order.
+void Tidy(std::vector<Chapter>& chapters, std::size_t characters) {
+  std::erase_if(chapters, [&](const Chapter& chapter) { return chapter.position >= characters; });
+  std::ranges::stable_sort(chapters, {}, &Chapter::position);
+}
+
+}  // namespace
+
 std::shared_ptr<const ExportText> ExportPreparation::TextOf(std::string written, DocumentInfo info) {
+  Tidy(info.chapters, CharacterCount(written));
   TracedText spoken(written, 0);
   std::optional<std::string> filtered = parts_.extensions.FilterText(written);
   if (!filtered) return nullptr;

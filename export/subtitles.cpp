@@ -36,6 +36,12 @@ class Characters {
     constexpr std::array<std::string_view, 6> kSigns{",", ";", ":", "–", "—", ")"};
     return std::find(kSigns.begin(), kSigns.end(), At(place)) != kSigns.end();
   }
+  [[nodiscard]] bool HasLineEnd(CharacterRange range) const {
+    for (std::size_t i = range.begin; i < range.end; ++i) {
+      if (At(i) == "\n") return true;
+    }
+    return false;
+  }
   // On one line, blanks as one.
   [[nodiscard]] std::string Text(CharacterRange range) const {
     std::string text;
@@ -103,10 +109,13 @@ std::string_view PartOf(std::string_view text, CharacterRange part) {
 Pieces FindPieces(std::string_view part, std::size_t first, const Characters& characters) {
   SentencePlaces sentences{std::string(part)};
   Pieces pieces(characters);
+  std::size_t end = first;
   for (std::size_t number = 0; sentences.Exists(number); ++number) {
-    const CharacterRange range = sentences.Range(number);
-    const bool begins = number == 0 || sentences.ParagraphOf(number) == number;
-    if (range.begin < range.end) pieces.Add({first + range.begin, first + range.end}, !begins);
+    const CharacterRange found = sentences.Range(number);
+    const CharacterRange range{first + found.begin, first + found.end};
+    if (range.begin >= range.end) continue;
+    pieces.Add(range, !characters.HasLineEnd({end, range.begin}));
+    end = range.end;
   }
   return pieces;
 }

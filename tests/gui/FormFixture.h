@@ -118,6 +118,8 @@ class FormFixture : public testing::Test, protected FakeSystem {
   ModAddin& extensions = spoken.extensions;
   ModSpeak& speech = spoken.speech;
   FakeFileDialogs fileDialogs;
+  std::function<void()> exportSound;  // what the window's commands do
+  std::function<void()> showExports;
   FakeProgressWindow progress;
   FrmVoiceDialogs voiceDialogs{speech, settings,
                                [this] { return std::make_unique<FakeDirectSS>("Probe", calls); }};
@@ -159,7 +161,15 @@ class FormFixture : public testing::Test, protected FakeSystem {
        .settingsFolder = folder.File("settings"),
        .createScript = [this] { ++editorsOpened; },
        .chooseLook =
-           [this] { ChooseReadingLook(&form, settings, form.Editor(), form.Editor().UsualPoints()); }}};
+           [this] { ChooseReadingLook(&form, settings, form.Editor(), form.Editor().UsualPoints()); },
+       .exportSound =
+           [this] {
+             if (exportSound) exportSound();
+           },
+       .showExports =
+           [this] {
+             if (showExports) showExports();
+           }}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;
   Interpreter& interpreter = modules.interpreter;

@@ -34,8 +34,9 @@ class MainMenuTest : public FormFixture {
 TEST_F(MainMenuTest, HasTheseEntries) {
   using Texts = std::vector<std::string>;
   EXPECT_EQ(Captions(MenuAt(0)),
-            (Texts{"Neu", "Öffnen", "Speichern", "Speichern unter", "-", "Exportieren", "-",
-                   "Buch oder Dokument öffnen …", "Adresse öffnen …", "Zuletzt verwendet", "-", "Beenden"}));
+            (Texts{"Neu", "Öffnen", "Speichern", "Speichern unter", "-", "Exportieren",
+                   "Als Tondatei exportieren …", "Tondateien in Arbeit …", "-", "Buch oder Dokument öffnen …",
+                   "Adresse öffnen …", "Zuletzt verwendet", "-", "Beenden"}));
   EXPECT_EQ(Captions(MenuAt(1)), (Texts{"Ausschneiden", "Kopieren", "Einfügen", "Löschen", "-", "Rückgängig",
                                         "Wiederherstellen", "-", "Alles markieren", "Suchen …",
                                         "Weitersuchen", "Ersetzen …", "-", "Aussprache ändern …"}));

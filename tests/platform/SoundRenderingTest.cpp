@@ -5,6 +5,9 @@
 #include <taglib/tpropertymap.h>
 
 #include <gtest/gtest.h>
+#include <algorithm>
+#include <array>
+#include <cstdio>
 #include <filesystem>
 #include <vector>
 
@@ -98,6 +101,40 @@ TEST_F(SoundRenderings, CarryTheirTags) {
     EXPECT_EQ(Tag(read, "CHAPTER002NAME"), "Zwei 中") << name;
   }
   EXPECT_FALSE(std::filesystem::exists(rendered));
+}
+
+// What another program says of a file's chapters: begin and end in milliseconds, and title.
+std::string ChaptersOf(const std::string& file) {
+  const std::string command =
+      "ffprobe -v error -show_chapters -of compact=nokey=1:print_section=0 -show_entries "
+      "chapter=start_time,end_time:chapter_tags=title '" +
+      file + "'";
+  FILE* const answer = popen(command.c_str(), "r");
+  std::string text;
+  std::array<char, 4096> block{};
+  while (const std::size_t size = fread(block.data(), 1, block.size(), answer))
+    text.append(block.data(), size);
+  pclose(answer);
+  return text;
+}
+
+TEST_F(SoundRenderings, HaveChaptersThatOtherProgramsKnow) {
+  Render("Guten Tag. Das ist das Ende.", SoundFormat::Mp3);
+  SoundTags tags;
+  tags.length = ends.back().length;
+  tags.chapters = {{"Eins", milliseconds(0)}, {"Zwei & Ümlaut", milliseconds(600)}};
+  for (int i = 0; i < 300; ++i) tags.chapters.push_back({"Viele", milliseconds(1000 + i)});
+  rendering.PutInPlace(rendered, folder.File("a.mp3"), SoundFormat::Mp3, tags);
+  const std::string mp3 = ChaptersOf(folder.File("a.mp3"));
+  EXPECT_EQ(mp3.substr(0, mp3.find("1.001")),
+            "0.000000|0.600000|Eins\n0.600000|1.000000|Zwei & Ümlaut\n1.000000|")
+      << mp3.substr(0, 200);
+  EXPECT_EQ(std::count(mp3.begin(), mp3.end(), '\n'), 302);
+  ends.clear();
+  Render("Guten Tag. Das ist das Ende.", SoundFormat::Opus);
+  rendering.PutInPlace(rendered, folder.File("a.opus"), SoundFormat::Opus, tags);
+  const std::string opus = ChaptersOf(folder.File("a.opus"));
+  EXPECT_EQ(opus.substr(0, 23), "0.000000|0.600000|Eins\n") << opus.substr(0, 200);
 }
 
 TEST_F(SoundRenderings, KeepThePermissionsOfWhatTheyReplace) {

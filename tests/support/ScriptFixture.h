@@ -37,6 +37,8 @@ class ScriptFixture : public SpeechFixture {
   FakePlaceBar placeBar;
   FakeReadingLookView lookView;
   int looksChosen = 0;
+  int soundExports = 0;
+  int exportsShown = 0;
   FakeAlarm alarm;
   FakeFileSearch recoveryFiles;
   int snapshotsScheduled = 0;
@@ -79,7 +81,9 @@ class ScriptFixture : public SpeechFixture {
                          .createScript = [this] { ++editorsOpened; },
                          .chooseLook = [this] { ++looksChosen; },
                          .mayClose = [this] { return mayClose; },
-                         .homeFolder = folder.Path()}};
+                         .homeFolder = folder.Path(),
+                         .exportSound = [this] { ++soundExports; },
+                         .showExports = [this] { ++exportsShown; }}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;
   ModExport& exporter = modules.exporter;
