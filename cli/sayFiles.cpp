@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -65,15 +66,10 @@ class ProgressLine {
     if (!wanted_ || now < next_) return;
     next_ = now + std::chrono::milliseconds(250);
     const std::vector<ExportItem> items = queue.Items();
-    double done = 0;
-    std::size_t whole = 0;
-    for (const ExportItem& item : items) {
-      done += item.done;
-      whole += item.state == ExportState::Done ? 1 : 0;
-    }
-    std::fprintf(stderr, "\r\033[K%zu von %zu Dateien, %d %%%s", whole, items.size(),
-                 static_cast<int>(done * 100 / static_cast<double>(items.size())),
-                 TimeText(queue.TimeLeft()).c_str());
+    const auto whole = std::count_if(items.begin(), items.end(),
+                                     [](const ExportItem& item) { return item.state == ExportState::Done; });
+    std::fprintf(stderr, "\r\033[K%td von %zu Dateien, %d %%%s", whole, items.size(),
+                 static_cast<int>(DoneOf(items) * 100), TimeText(queue.TimeLeft()).c_str());
     std::fflush(stderr);
     shown_ = true;
   }

@@ -282,6 +282,7 @@ class App::Program {
     if (std::exchange(ending_, true)) return;
     voice_->ResetAudio();
     voice2_->ResetAudio();
+    exports_.End();
     if (pump_.IsWaiting() || atOnce_) {
       voice_.reset();
       voice2_.reset();

@@ -18,12 +18,28 @@ ExportState StateAfter(const RenderingResult& result) {
 
 }  // namespace
 
+double DoneOf(const std::vector<ExportItem>& items) {
+  double done = 0;
+  double all = 0;
+  for (const ExportItem& item : items) {
+    const auto weight = static_cast<double>(item.characters);
+    const bool over = item.state == ExportState::Cancelled || item.state == ExportState::Failed;
+    done += weight * (over ? 1 : item.done);
+    all += weight;
+  }
+  return all == 0 ? 1 : done / all;
+}
+
 ExportQueue::ExportQueue(SoundRendering& rendering, FileWriter& files, Clock& clock, std::size_t jobs)
     : rendering_(rendering), files_(files), clock_(clock) {
   for (std::size_t i = 0; i < std::max<std::size_t>(jobs, 1); ++i) threads_.emplace_back([this] { Work(); });
 }
 
 ExportQueue::~ExportQueue() {
+  End();
+}
+
+void ExportQueue::End() {
   CancelAll();
   {
     const std::lock_guard guard(mutex_);
@@ -31,6 +47,7 @@ ExportQueue::~ExportQueue() {
   }
   changed_.notify_all();
   for (std::thread& thread : threads_) thread.join();
+  threads_.clear();
 }
 
 void ExportQueue::Add(std::vector<PlannedFile> files, const std::shared_ptr<const ExportVoice>& voice) {
@@ -66,6 +83,7 @@ std::vector<ExportItem> ExportQueue::Items() const {
                      .target = entry.file.target,
                      .state = entry.state,
                      .done = static_cast<double>(DoneOf(entry)) / static_cast<double>(entry.characters),
+                     .characters = entry.characters,
                      .result = entry.result});
   }
   return items;

@@ -23,12 +23,16 @@ struct ExportItem {
   std::string name;
   std::string target;
   ExportState state = ExportState::Waiting;
-  double done = 0;  // 0 to 1
+  double done = 0;             // 0 to 1
+  std::size_t characters = 1;  // what it makes of the whole
   RenderingResult result;
 };
 
+// What is done of all of them, 0 to 1; what was given up or failed takes no more time.
+[[nodiscard]] double DoneOf(const std::vector<ExportItem>& items);
+
 // Makes sound files one behind the other, several at a time, each on a thread and with an engine of its own.
-// From any thread; nothing of it waits but the end of the object, which cancels what is left.
+// From any thread; nothing of it waits but its end.
 class ExportQueue {
  public:
   // Owns none of the references. `jobs`: how many at a time.
@@ -43,6 +47,8 @@ class ExportQueue {
   // What was made already stays.
   void Cancel(std::size_t item);
   void CancelAll();
+  // Cancels what is left and waits until nothing of it is there any more; what is added later stays undone.
+  void End();
   // Whether anything waits or runs.
   [[nodiscard]] bool Busy() const;
   // How long what waits and runs is going to take; nothing as long as nobody can tell.

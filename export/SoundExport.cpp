@@ -170,13 +170,4 @@ std::string QueueText(const std::vector<ExportItem>& items, std::optional<std::c
   return text + ".";
 }
 
-double DoneOf(const std::vector<ExportItem>& items) {
-  double sum = 0;
-  for (const ExportItem& item : items) {
-    const bool over = item.state == ExportState::Cancelled || item.state == ExportState::Failed;
-    sum += over ? 1 : item.done;
-  }
-  return items.empty() ? 1 : sum / static_cast<double>(items.size());
-}
-
 }  // namespace lorelin

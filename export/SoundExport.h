@@ -77,7 +77,5 @@ class SoundExport {
 // The whole queue in one sentence.
 [[nodiscard]] std::string QueueText(const std::vector<ExportItem>& items,
                                     std::optional<std::chrono::seconds> left);
-// What is done of it, 0 to 1.
-[[nodiscard]] double DoneOf(const std::vector<ExportItem>& items);
 
 }  // namespace lorelin

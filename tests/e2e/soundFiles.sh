@@ -77,6 +77,35 @@ check "one that is missing" exits 3 "$cli" say --format mp3 -o "$out/rest" "$hom
 check "it is named" says 'fehlt.txt'
 check "the others are made" test "$(ls "$out/rest" | tr '\n' ' ')" = 'eins.mp3 zwei.mp3 '
 
+# A book: its chapters are marked, or files of their own.
+cat >"$home/buch.md" <<'END'
+# Erstes Kapitel
+
+Hier beginnt das Buch mit einem Satz, der eine Weile dauert.
+
+# Zweites: „Kapitel“?
+
+Hier geht es weiter, und zwar ebenso lange wie im ersten Kapitel.
+END
+chapters() { ffprobe -v error -show_entries chapter=start_time:chapter_tags=title -of compact=nokey=1:print_section=0 "$1"; }
+for format in mp3 opus ogg flac; do
+  check "$format: a book becomes one file" exits 0 "$cli" say -o "$out/buch.$format" --subtitles srt "$home/buch.md"
+  check "$format: its chapters are known" test "$(chapters "$out/buch.$format" | cut -d'|' -f2 | tr '\n' ' ')" = 'Erstes Kapitel Zweites: „Kapitel“? '
+  second=$(chapters "$out/buch.$format" | sed -n '2s/|.*//p')
+  check "$format: the second begins with the sound" awk -v at="$second" '$1 - at < 0.1 && at - $1 < 0.1 { found = 1 } END { exit !found }' <(starts "$out/buch.$format")
+done
+check "each chapter becomes a file" exits 0 "$cli" say --chapters --format mp3 --title 'Das Buch' --subtitles srt -o "$out/buch" "$home/buch.md"
+check "numbered" test "$(ls "$out/buch" | tr '\n' '/')" = '01 Erstes Kapitel.mp3/01 Erstes Kapitel.srt/02 Zweites „Kapitel“.mp3/02 Zweites „Kapitel“.srt/'
+check "with the book's name" test "$(field "$out/buch/02 Zweites „Kapitel“.mp3" format_tags=album)" = 'Das Buch'
+check "and number" test "$(field "$out/buch/02 Zweites „Kapitel“.mp3" format_tags=track)" = 2/2
+check "the second begins with its heading" grep -q 'Zweites: „Kapitel“?' "$out/buch/02 Zweites „Kapitel“.srt"
+check "and at its beginning" grep -q '^00:00:00,0' "$out/buch/02 Zweites „Kapitel“.srt"
+both=$(($(milliseconds "$out/buch/01 Erstes Kapitel.mp3") + $(milliseconds "$out/buch/02 Zweites „Kapitel“.mp3")))
+check "both are as long as the whole" near "$both" "$(milliseconds "$out/buch.mp3")" 700
+check "the book is read aloud into a WAV file as well" exits 0 "$cli" say --wav "$out/buch.wav" "$home/buch.md"
+check "without its signs" near "$(milliseconds "$out/buch.wav")" "$(milliseconds "$out/buch.mp3")" 70
+check "a book is printed" bash -c "test \"\$('$cli' text '$home/buch.md' | head -1)\" = 'Erstes Kapitel'"
+
 check "a text is printed as it is read" exits 0 "$cli" text "$home/text.txt"
 check "with what is written" grep -q 'z. B. 4,50 €' "$home/out"
 printf '{\\rtf1 Gr\\'"'"'fc\\'"'"'dfe {\\b fett}}' >"$home/brief.rtf"

@@ -186,6 +186,8 @@ TEST_F(ExportQueues, EndWithTheObject) {
   {
     ExportQueue queue(rendering, files, clock, 2);
     Add(queue, {"a.mp3", "b.mp3", "c.mp3"});
+    queue.End();
+    EXPECT_FALSE(queue.Busy());
   }
   EXPECT_TRUE(rendering.Files().empty());
 }

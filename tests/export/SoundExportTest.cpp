@@ -140,6 +140,9 @@ TEST(ExportTexts, TellHowFarItIs) {
   EXPECT_EQ(StateText(items[3]), "wartet");
   EXPECT_EQ(QueueText(items, seconds(200)), "1 von 4 Dateien fertig, 1 nicht gelungen, noch etwa 3 Minuten.");
   EXPECT_NEAR(DoneOf(items), 0.587, 0.001);
+  items[0].characters = 97;
+  EXPECT_NEAR(DoneOf(items), 0.983, 0.001);
+  EXPECT_EQ(DoneOf({}), 1);
   EXPECT_EQ(QueueText({items[0]}, std::nullopt), "1 von 1 Datei fertig.");
 }
 
