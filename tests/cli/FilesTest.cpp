@@ -139,7 +139,7 @@ TEST_F(CliFiles, RefuseToReplaceTheTextUnderWhateverName) {
   WriteFile(Path("a.txt"), "Text");
   std::filesystem::create_symlink("a.txt", Path("b.wav"));
   EXPECT_EQ(Writing(Path("b.wav"), Path("a.txt")),
-            "2: Die WAV-Datei würde den Text „" + Path("a.txt") + "“ ersetzen.");
+            "2: Die Tondatei würde den Text „" + Path("a.txt") + "“ ersetzen.");
   EXPECT_EQ(ReadFile(Path("a.txt")), "Text");
 }
 

@@ -68,7 +68,7 @@ TEST(Options, ShowHelpAndVersionWhateverElseStandsThere) {
 }
 
 TEST(Options, AreRefusedWithTheReason) {
-  EXPECT_EQ(Refusal({}), "Es fehlt ein Befehl: „say“, „spell“, „voices“, „run“, „check“ oder „reg“.");
+  EXPECT_EQ(Refusal({}), "Es fehlt ein Befehl: „say“, „text“, „spell“, „voices“, „run“, „check“ oder „reg“.");
   EXPECT_EQ(Refusal({"sing"}), "Den Befehl „sing“ gibt es nicht.");
   EXPECT_EQ(Refusal({"say", "--laut"}), "Die Option „--laut“ gibt es nicht.");
   EXPECT_EQ(Refusal({"say", "a", "b"}), "Es kann nur eine Datei vorgelesen werden.");

@@ -75,7 +75,7 @@ TEST_F(SoundExportForm, MakesOneFileAndSaysSo) {
   EXPECT_EQ(made.begin()->first, folder.File("musik/brief.mp3"));
   EXPECT_EQ(made.begin()->second.tags.author, "Jemand");
   EXPECT_EQ(made.begin()->second.tags.chapters.size(), 2U);
-  EXPECT_TRUE(WaitUntil([this] { return Panel(0) == "1 von 1 Datei fertig."; })) << Panel(0);
+  EXPECT_TRUE(WaitUntil([this] { return form.Message() == "1 von 1 Datei fertig."; })) << form.Message();
   EXPECT_EQ(FromWx(FindControl<wxStaticText>(Queue(), "lblState").GetLabel()), "1 von 1 Datei fertig.");
 }
 
@@ -132,7 +132,7 @@ TEST_F(SoundExportForm, CancelsWhatIsSelectedAndWhatIsLeft) {
   EXPECT_NE(State(0), "abgebrochen");
   PressButton(Queue(), "Alle abbrechen");
   ASSERT_TRUE(WaitUntil([this] { return State(0) == "abgebrochen"; }));
-  EXPECT_TRUE(WaitUntil([this] { return Panel(0) == "0 von 2 Dateien fertig."; })) << Panel(0);
+  EXPECT_TRUE(WaitUntil([this] { return form.Message() == "0 von 2 Dateien fertig."; })) << form.Message();
 }
 
 TEST_F(SoundExportForm, GoesOnWhenItsWindowIsClosed) {
