@@ -65,7 +65,8 @@ wxButton* FrmExportQueue::AddButton(wxSizer& row, wxWindowID id, const char* cap
   return button;
 }
 
-void FrmExportQueue::Open() {
+void FrmExportQueue::Open(bool begun) {
+  busy_ = busy_ || begun;
   Refresh();
   Show();
   Raise();

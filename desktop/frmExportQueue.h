@@ -21,8 +21,9 @@ class FrmExportQueue final : public wxDialog {
   // `finished` is told, in a sentence, when nothing waits or runs any more. Does not own the queue.
   FrmExportQueue(wxWindow* parent, ExportQueue& queue, std::function<void(const std::string&)> finished);
 
-  // Shows it with what is in the queue now.
-  void Open();
+  // Shows it with what is in the queue now. `begun`: something was just put there, whose end is to be told
+  // even when it has come already.
+  void Open(bool begun);
 
  private:
   void Build();

@@ -27,7 +27,7 @@ void FrmSoundExports::Ask() {
     offer->title = last_.title;
     offer->author = last_.author;
   }
-  Show();
+  Window().Open(true);
 }
 
 FrmExportQueue& FrmSoundExports::Window() {
@@ -36,7 +36,7 @@ FrmExportQueue& FrmSoundExports::Window() {
 }
 
 void FrmSoundExports::Show() {
-  Window().Open();
+  Window().Open(false);
 }
 
 }  // namespace lorelin

@@ -160,6 +160,7 @@ std::string StateText(const ExportItem& item) {
 }
 
 std::string QueueText(const std::vector<ExportItem>& items, std::optional<std::chrono::seconds> left) {
+  if (items.empty()) return "Es werden keine Tondateien exportiert.";
   const std::size_t done = CountOf(items, ExportState::Done);
   const std::size_t failed = CountOf(items, ExportState::Failed);
   std::string text = std::to_string(done) + " von " +

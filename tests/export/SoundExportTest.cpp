@@ -143,6 +143,7 @@ TEST(ExportTexts, TellHowFarItIs) {
   items[0].characters = 97;
   EXPECT_NEAR(DoneOf(items), 0.983, 0.001);
   EXPECT_EQ(DoneOf({}), 1);
+  EXPECT_EQ(QueueText({}, std::nullopt), "Es werden keine Tondateien exportiert.");
   EXPECT_EQ(QueueText({items[0]}, std::nullopt), "1 von 1 Datei fertig.");
 }
 
