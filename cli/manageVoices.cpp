@@ -7,8 +7,8 @@
 #include <iostream>
 
 #include "base/RuntimeError.h"
+#include "base/TaskPump.h"
 #include "base/textEncoding.h"
-#include "cli/ConsoleEventPump.h"
 #include "cli/Failure.h"
 #include "cli/VoiceProgress.h"
 #include "cli/interruption.h"
@@ -164,7 +164,7 @@ class Session {
 
   const Options& options_;
   PlatformServices services_;
-  ConsoleEventPump pump_;
+  TaskPump pump_;
   SettingsStore settings_;
   VoiceLibrary library_;
 };
