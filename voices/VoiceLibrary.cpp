@@ -98,7 +98,8 @@ void VoiceLibrary::AddInstalled(std::vector<Entry>& entries, const VoiceFolder& 
     } else {
       entry.name = entry.speaker = installed.name;
       entry.language = LanguageText(CodeOf(installed.language));
-      entry.quality = installed.quality;
+      const auto quality = QualityNamed(installed.quality);
+      entry.quality = quality ? std::string(QualityText(*quality)) : installed.quality;
       const auto model = NativePath(installed.folder) / NativePath(installed.name + ".onnx");
       entry.size = SizeText(FileBytes(model));
     }

@@ -53,13 +53,6 @@ bool IsLanguage(std::string_view text) {
          between(3, 'A', 'Z') && between(4, 'A', 'Z');
 }
 
-std::optional<VoiceQuality> Quality(std::string_view text) {
-  static constexpr std::array<std::string_view, 4> kNames{"x_low", "low", "medium", "high"};
-  const auto* const found = std::find(kNames.begin(), kNames.end(), text);
-  if (found == kNames.end()) return std::nullopt;
-  return static_cast<VoiceQuality>(found - kNames.begin());
-}
-
 // A path stays below the address that it is put behind.
 bool IsModelPath(std::string_view path, std::string_view name) {
   if (!path.ends_with("/" + std::string(name) + ".onnx")) return false;
@@ -70,7 +63,7 @@ bool IsModelPath(std::string_view path, std::string_view name) {
 std::optional<CatalogueVoice> ReadLine(std::string_view line) {
   const auto columns = Split(line, '\t');
   if (columns.size() != kColumns) return std::nullopt;
-  const auto quality = Quality(columns[3]);
+  const auto quality = QualityNamed(columns[3]);
   const auto speakers = Number(columns[4], kMostSpeakers);
   const auto modelBytes = Number(columns[6], kMostModelBytes);
   const auto descriptionBytes = Number(columns[8], kMostDescriptionBytes);
@@ -103,6 +96,13 @@ bool Before(const CatalogueVoice& a, const CatalogueVoice& b) {
 }
 
 }  // namespace
+
+std::optional<VoiceQuality> QualityNamed(std::string_view text) {
+  static constexpr std::array<std::string_view, 4> kNames{"x_low", "low", "medium", "high"};
+  const auto* const found = std::find(kNames.begin(), kNames.end(), text);
+  if (found == kNames.end()) return std::nullopt;
+  return static_cast<VoiceQuality>(found - kNames.begin());
+}
 
 ChecksumKind CatalogueFile::Kind() const {
   return checksum.size() == kSha256Digits ? ChecksumKind::Sha256 : ChecksumKind::Md5;

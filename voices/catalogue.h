@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,9 @@ namespace lorelin {
 
 // Steps of size and cost, not only of sound.
 enum class VoiceQuality { VeryLow, Low, Medium, High };
+
+// By its name in voices' files: "x_low", "low", "medium", "high".
+[[nodiscard]] std::optional<VoiceQuality> QualityNamed(std::string_view text);
 
 struct CatalogueFile {
   std::string path;  // below the address of all voices, as it is written in an address
