@@ -80,8 +80,8 @@ struct WindowModules {
     std::string homeFolder{};                              // what "~" is in the paths of scripts
     // Takes files that are a voice, not a document.
     std::function<bool(const std::vector<std::string>&)> takeVoice = [](const auto&) { return false; };
-    std::function<void()> exportSound = [] {};             // asks how, and begins
-    std::function<void()> showExports = [] {};             // what was begun
+    std::function<void()> exportSound = [] {};  // asks how, and begins
+    std::function<void()> showExports = [] {};  // what was begun
   };
 
   explicit WindowModules(Edges given);
