@@ -10,6 +10,26 @@
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
+namespace {
+
+// The toolkit's tree has a picture before every text, which assistive technology finds without a name even
+// where there is none.
+class TextTree final : public wxDataViewTreeStore {
+ public:
+  [[nodiscard]] wxString GetColumnType(unsigned int) const override { return "string"; }
+  void GetValue(wxVariant& value, const wxDataViewItem& item, unsigned int) const override {
+    value = GetItemText(item);
+  }
+};
+
+void ShowTextsOnly(wxDataViewTreeCtrl& tree) {
+  tree.ClearColumns();
+  const wxObjectDataPtr<TextTree> texts(new TextTree);
+  tree.AssociateModel(texts.get());
+  tree.AppendColumn(new wxDataViewColumn(wxEmptyString, new wxDataViewTextRenderer, 0, wxCOL_WIDTH_AUTOSIZE));
+}
+
+}  // namespace
 
 FrmVoice::FrmVoice(wxWindow* parent, VoiceChoice voices, Actions actions)
     : wxDialog(parent, wxID_ANY, ToWx("Stimme wählen"), wxDefaultPosition, wxDefaultSize,
@@ -56,6 +76,7 @@ void FrmVoice::BuildGroups(wxSizer& sizer) {
             wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, gap));
   groups_ = new wxDataViewTreeCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(400, 240)),
                                    wxDV_NO_HEADER | wxDV_SINGLE);
+  ShowTextsOnly(*groups_);
   groups_->SetName("lstGroups");
   SetAccessibleName(*groups_, "Stimmen nach Klang und Sprache");
   groups_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { GroupSelectionChanged(); });
