@@ -101,8 +101,9 @@ PlannedFile PlanOneFile(std::shared_ptr<const ExportText> text, const ExportChoi
   return file;
 }
 
-std::vector<PlannedFile> PlanExport(std::shared_ptr<const ExportText> text, const ExportChoices& choices,
-                                    const std::string& folder, const std::string& name) {
+std::vector<PlannedFile> PlanExport(const std::shared_ptr<const ExportText>& text,
+                                    const ExportChoices& choices, const std::string& folder,
+                                    const std::string& name) {
   const std::string_view ending = NameOf(choices.format).ending;
   const std::string title = text->info.title.empty() ? name : text->info.title;
   const auto pathOf = [&](const std::string& file) {

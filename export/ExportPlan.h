@@ -50,7 +50,7 @@ struct PlannedFile {
 
 // The files of a text in this folder: one named after `name`, or one for each chapter, numbered. `name` is
 // what the document is called where it has no title.
-[[nodiscard]] std::vector<PlannedFile> PlanExport(std::shared_ptr<const ExportText> text,
+[[nodiscard]] std::vector<PlannedFile> PlanExport(const std::shared_ptr<const ExportText>& text,
                                                   const ExportChoices& choices, const std::string& folder,
                                                   const std::string& name);
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/paths.h"
+
 namespace lorelin {
 namespace {
 
@@ -51,7 +53,7 @@ TEST(ExportPlan, MakesOneFileWithMarks) {
   const auto text = TextWith("Eins.\nZwei.", {{"Eins", 1, 0}, {"Zwei", 1, 6}});
   const auto files = PlanExport(text, {.subtitles = SubtitleFormat::Srt}, "/musik", "datei");
   ASSERT_EQ(files.size(), 1U);
-  EXPECT_EQ(files[0].target, "/musik/Das Buch.mp3");
+  EXPECT_EQ(files[0].target, JoinPath("/musik", {"Das Buch.mp3"}));
   EXPECT_EQ(SubtitlePath(files[0]), "/musik/Das Buch.srt");
   EXPECT_EQ(files[0].tags.title, "Das Buch");
   EXPECT_EQ(files[0].tags.author, "Jemand");
@@ -63,7 +65,7 @@ TEST(ExportPlan, MakesAFileForEachChapter) {
   const auto text = TextWith("Eins.\nZwei.\nDrei.", {{"Eins", 1, 0}, {"Zw/ei", 1, 6}, {"Drei", 1, 12}});
   const auto files = PlanExport(text, kEach, "/musik", "datei");
   ASSERT_EQ(files.size(), 3U);
-  EXPECT_EQ(files[1].target, "/musik/02 Zw ei.mp3");
+  EXPECT_EQ(files[1].target, JoinPath("/musik", {"02 Zw ei.mp3"}));
   EXPECT_EQ(files[1].tags.title, "Zw/ei");
   EXPECT_EQ(files[1].tags.album, "Das Buch");
   EXPECT_EQ(files[1].tags.track, 2);
@@ -91,20 +93,20 @@ TEST(ExportPlan, NamesATextWithoutTitleAfterItsFile) {
   auto text = std::make_shared<ExportText>(ExportText{"Text.", TracedText("Text.", 0), {}});
   const auto files = PlanExport(text, kEach, "x", "brief");
   ASSERT_EQ(files.size(), 1U);
-  EXPECT_EQ(files[0].target, "x/brief.mp3");
+  EXPECT_EQ(files[0].target, JoinPath("x", {"brief.mp3"}));
   EXPECT_EQ(files[0].tags.title, "brief");
 }
 
 TEST(ExportPlan, GivesFilesOfTheSameNameNamesOfTheirOwn) {
   std::vector<PlannedFile> files(4);
-  files[0].target = files[1].target = "x/a.b.mp3";
-  files[2].target = "x/A.b.mp3";
-  files[3].target = "x/c.mp3";
+  files[0].target = files[1].target = JoinPath("x", {"a.b.mp3"});
+  files[2].target = JoinPath("x", {"A.b.mp3"});
+  files[3].target = JoinPath("x", {"c.mp3"});
   MakeTargetsDistinct(files);
-  EXPECT_EQ(files[0].target, "x/a.b.mp3");
-  EXPECT_EQ(files[1].target, "x/a.b (2).mp3");
-  EXPECT_EQ(files[2].target, "x/A.b (3).mp3");
-  EXPECT_EQ(files[3].target, "x/c.mp3");
+  EXPECT_EQ(files[0].target, JoinPath("x", {"a.b.mp3"}));
+  EXPECT_EQ(files[1].target, JoinPath("x", {"a.b (2).mp3"}));
+  EXPECT_EQ(files[2].target, JoinPath("x", {"A.b (3).mp3"}));
+  EXPECT_EQ(files[3].target, JoinPath("x", {"c.mp3"}));
 }
 
 }  // namespace

@@ -5,6 +5,9 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
+
+#include "base/paths.h"
 #include "desktop/frmSoundExports.h"
 #include "tests/gui/FormFixture.h"
 #include "tests/gui/findControl.h"
@@ -93,7 +96,9 @@ TEST_F(SoundExportForm, MakesAFileForEachChapterWithSubtitles) {
   });
   ASSERT_TRUE(WaitUntil([this] { return State(0) == "fertig" && State(1) == "fertig"; }));
   EXPECT_EQ(rendering.Files().count(folder.File("musik/02 Zwei.opus")), 1U);
-  EXPECT_EQ(files.files.count(folder.File("musik/02 Zwei.vtt")), 1U);
+  const auto wanted = NativePath(folder.File("musik/02 Zwei.vtt"));  // either separator will do
+  EXPECT_TRUE(
+      std::ranges::any_of(files.files, [&](const auto& file) { return NativePath(file.first) == wanted; }));
 }
 
 TEST_F(SoundExportForm, OffersNoFilesForChaptersWhereThereAreNone) {
