@@ -201,9 +201,9 @@ void FrmMain::TakeFiles(const std::vector<std::string>& paths) {
 }
 
 void FrmMain::AcceptFiles(wxWindow& window) {
-  window.SetDropTarget(new DropTarget(
-      {.files = [this](const auto& paths) { CallAfter([this, paths] { TakeFiles(paths); }); },
-       .text = [this](const std::string& text) { TakeText(text); }}));
+  window.SetDropTarget(
+      new DropTarget({.files = [this](const auto& paths) { CallAfter([this, paths] { TakeFiles(paths); }); },
+                      .text = [this](const std::string& text) { TakeText(text); }}));
 }
 
 void FrmMain::OnCharHook(wxKeyEvent& event) {

@@ -175,7 +175,8 @@ TEST(ReadRichTextFile, TellsHowTheFileStoresItsText) {
   WriteFile(folder.File("a.txt"), "für\r\n");
   const StoredRichText stored = ReadRichTextFile(folder.File("a.txt"));
   EXPECT_EQ(stored.text.text, "für\n");
-  EXPECT_EQ(stored.file.format, (TextFormat{.encoding = TextFormat::Encoding::Utf8, .carriageReturns = true}));
+  EXPECT_EQ(stored.file.format,
+            (TextFormat{.encoding = TextFormat::Encoding::Utf8, .carriageReturns = true}));
 }
 
 TEST(ReadRichTextFile, RefusesWhatIsNoText) {
