@@ -338,7 +338,7 @@ std::string FirstOtherwise(const TemporaryFolder& folder, const std::string& fir
 
 TEST(StoppedEngine, IsReplacedWhenItNeverSaysAWord) {
   const TemporaryFolder folder;
-  RealEngine real(false, {.greeting = std::chrono::milliseconds(500)},
+  RealEngine real(false, {.greeting = std::chrono::seconds(3), .answer = std::chrono::seconds(10)},
                   FirstOtherwise(folder, "exec sleep 1000"));
   EXPECT_GT(real.engine.VoiceCount(), 0);
   EXPECT_EQ(real.log.lines.size(), 2U);
@@ -346,7 +346,7 @@ TEST(StoppedEngine, IsReplacedWhenItNeverSaysAWord) {
 
 TEST(StoppedEngine, IsWaitedForAsLongAsItMayTake) {
   const TemporaryFolder folder;
-  RealEngine real(false, {}, FirstOtherwise(folder, "sleep 3.2"));
+  RealEngine real(false, {.greeting = std::chrono::seconds(8)}, FirstOtherwise(folder, "sleep 3.2"));
   EXPECT_GT(real.engine.VoiceCount(), 0);
 }
 
