@@ -1,19 +1,18 @@
 #include "app/AddressOpening.h"
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <system_error>
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "documents/LateProgress.h"
 #include "import/importFormats.h"
 
 namespace lorelin {
 namespace {
 
 constexpr std::string_view kTitle = "Adresse öffnen";
-constexpr auto kPatience = std::chrono::milliseconds(400);  // what is shorter shows no window
 
 std::string_view Trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
@@ -91,16 +90,14 @@ void AddressOpening::Open(const std::string& typed) {
 }
 
 bool AddressOpening::Fetch(const std::string& address, const std::string& file) {
-  const auto begin = parts_.clock.Steady();
-  bool shown = false;
   bool cancelled = false;
-  const std::string failure = parts_.downloader.Download(address, file, [&] {
-    if (parts_.clock.Steady() - begin < kPatience) return true;
-    shown = true;
-    cancelled = !parts_.progress.Show("Die Seite wird geladen …", 0);
-    return !cancelled;
-  });
-  if (shown) parts_.progress.Close();
+  const std::string failure = [&] {
+    LateProgress progress(parts_.progress, parts_.clock);
+    return parts_.downloader.Download(address, file, [&] {
+      cancelled = !progress.Show("Die Seite wird geladen …", 0);
+      return !cancelled;
+    });
+  }();
   if (!failure.empty() && !cancelled)
     Tell("Die Adresse „" + WithoutCredentials(address) + "“ kann nicht geladen werden: " + failure);
   return failure.empty();

@@ -17,7 +17,7 @@ class DroppedVoice {
  public:
   // What it works with; it owns none of it.
   struct Parts {
-    VoiceLibrary& library;
+    VoiceLibrary& voiceLibrary;
     MessageBoxes& messageBoxes;
     ProgressWindow& progress;
     StatusBar& statusBar;

@@ -332,7 +332,7 @@ class App::Program {
                          .settings = spoken_.settings,
                          .clock = *services_.clock,
                          .log = *services_.log}};
-  DroppedVoice droppedVoice_{{.library = library_,
+  DroppedVoice droppedVoice_{{.voiceLibrary = library_,
                               .messageBoxes = messageBoxes_,
                               .progress = progress_,
                               .statusBar = *form_,

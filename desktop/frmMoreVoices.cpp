@@ -32,7 +32,7 @@ FrmMoreVoices::FrmMoreVoices(wxWindow* parent, Parts parts)
     : wxDialog(parent, wxID_ANY, kTitle, wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "frmMoreVoices"),
       parts_(parts),
-      pace_(parts.library.UsedClock()) {
+      pace_(parts.voiceLibrary.UsedClock()) {
   auto* const sizer = new wxBoxSizer(wxVERTICAL);
   BuildList(*sizer);
   BuildProgress(*sizer);
@@ -116,7 +116,7 @@ void FrmMoreVoices::BuildButtons(wxSizer& sizer) {
 }
 
 void FrmMoreVoices::Fill(const std::string& select) {
-  shown_ = parts_.library.Entries(FromWx(filter_->GetValue()));
+  shown_ = parts_.voiceLibrary.Entries(FromWx(filter_->GetValue()));
   list_->DeleteAllItems();
   int chosen = shown_.empty() ? wxNOT_FOUND : 0;
   for (std::size_t row = 0; row < shown_.size(); ++row) {
@@ -135,14 +135,15 @@ const VoiceLibrary::Entry* FrmMoreVoices::Selected() const {
 
 void FrmMoreVoices::SelectionChanged() {
   const VoiceLibrary::Entry* const selected = Selected();
-  const NaturalVoices& natural = parts_.library.Natural();
+  const NaturalVoices& natural = parts_.voiceLibrary.Natural();
   download_->Enable(!busy_ && selected != nullptr && selected->CanInstall() && natural.Supported());
   remove_->Enable(!busy_ && selected != nullptr && selected->CanRemove());
   std::string hint = natural.Obstacle();
   if (hint.empty() && selected != nullptr && selected->offered != nullptr)
     hint = QualityAdvice(selected->offered->quality);
   if (shown_.empty()) hint = "Keine Stimme passt dazu.";
-  for (const std::string& problem : parts_.library.Problems()) hint += (hint.empty() ? "" : "\n") + problem;
+  for (const std::string& problem : parts_.voiceLibrary.Problems())
+    hint += (hint.empty() ? "" : "\n") + problem;
   hint_->SetLabel(ToWx(hint));
   hint_->Wrap(GetClientSize().x - FromDIP(24));
   Layout();
@@ -184,7 +185,7 @@ bool FrmMoreVoices::Agrees(const CatalogueVoice& voice, const std::string& card)
 }
 
 VoiceOutcome FrmMoreVoices::Fetch(const CatalogueVoice& voice) {
-  VoiceInstaller installer = parts_.library.Installer();
+  VoiceInstaller installer = parts_.voiceLibrary.Installer();
   std::string card;
   Tell("Die Lizenz wird geholt …");
   VoiceOutcome outcome = installer.FetchCard(voice, card, [this](auto, auto) {
@@ -230,7 +231,7 @@ void FrmMoreVoices::Remove() {
       MessageAnswer::Yes) {
     return;
   }
-  const VoiceOutcome outcome = parts_.library.Installer().Remove(name);
+  const VoiceOutcome outcome = parts_.voiceLibrary.Installer().Remove(name);
   changed_ = true;
   gauge_->SetValue(0);
   Fill(name);

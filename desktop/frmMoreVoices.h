@@ -23,7 +23,7 @@ class FrmMoreVoices final : public wxDialog {
  public:
   // What it works with; it owns none of it.
   struct Parts {
-    VoiceLibrary& library;
+    VoiceLibrary& voiceLibrary;
     MessageBoxes& messageBoxes;
     EventPump& pump;
   };

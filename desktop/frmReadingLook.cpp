@@ -10,6 +10,7 @@
 
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/colours.h"
+#include "desktop/toolkit/labelledControl.h"
 #include "desktop/toolkit/text.h"
 
 namespace lorelin {
@@ -72,7 +73,7 @@ void FrmReadingLook::Build() {
   cboFont_ = AddChoice(*grid, "&Schrift:", "cboFont", FontEntries(parts_.fonts));
   txtPoints_ = new wxSpinCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxSP_ARROW_KEYS, kFewestPoints, kMostPoints, parts_.usualPoints, "txtPoints");
-  Label(*txtPoints_, *grid, "&Größe in Punkt:");
+  AddLabelled(*txtPoints_, *grid, "&Größe in Punkt:");
   txtPoints_->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { Changed(); });
   cboLines_ = AddSteps(*grid, "&Zeilenabstand:", "cboLines", kLines);
   cboLetters_ = AddSteps(*grid, "&Buchstabenabstand:", "cboLetters", kLetters);
@@ -105,21 +106,11 @@ void FrmReadingLook::BuildButtons(wxSizer& sizer) {
   sizer.Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
 }
 
-void FrmReadingLook::Label(wxWindow& control, wxSizer& grid, const char* caption) {
-  auto* const label = new wxStaticText(this, wxID_ANY, ToWx(caption));
-  label->MoveBeforeInTabOrder(&control);  // so that its key leads there
-  grid.Add(label, wxSizerFlags().CenterVertical());
-  grid.Add(&control, wxSizerFlags().Expand());
-  std::string name = FromWx(wxControl::RemoveMnemonics(ToWx(caption)));
-  name.pop_back();
-  SetAccessibleName(control, name);
-}
-
 wxChoice* FrmReadingLook::AddChoice(wxSizer& grid, const char* caption, const char* name,
                                     const wxArrayString& entries) {
   auto* const choice =
       new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, entries, 0, wxDefaultValidator, name);
-  Label(*choice, grid, caption);
+  AddLabelled(*choice, grid, caption);
   choice->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { Changed(); });
   return choice;
 }
@@ -136,7 +127,7 @@ wxChoice* FrmReadingLook::AddSteps(wxSizer& grid, const char* caption, const cha
 wxColourPickerCtrl* FrmReadingLook::AddColour(wxSizer& grid, const char* caption, const char* name) {
   auto* const picker = new wxColourPickerCtrl(this, wxID_ANY, *wxBLACK, wxDefaultPosition, wxDefaultSize,
                                               wxCLRP_DEFAULT_STYLE, wxDefaultValidator, name);
-  Label(*picker, grid, caption);
+  AddLabelled(*picker, grid, caption);
   picker->Bind(wxEVT_COLOURPICKER_CHANGED, [this](wxColourPickerEvent&) { Changed(); });
   return picker;
 }

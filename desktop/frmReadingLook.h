@@ -37,7 +37,6 @@ class FrmReadingLook final : public wxDialog {
 
   void Build();
   void BuildButtons(wxSizer& sizer);
-  void Label(wxWindow& control, wxSizer& grid, const char* caption);
   wxChoice* AddChoice(wxSizer& grid, const char* caption, const char* name, const wxArrayString& entries);
   wxChoice* AddSteps(wxSizer& grid, const char* caption, const char* name, const std::vector<Step>& steps);
   wxColourPickerCtrl* AddColour(wxSizer& grid, const char* caption, const char* name);

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/toolkit/accessibility.h"
+#include "desktop/toolkit/labelledControl.h"
 #include "desktop/toolkit/text.h"
 #include "export/soundFormats.h"
 
@@ -94,20 +95,10 @@ void FrmSoundExport::BuildButtons(wxSizer& sizer) {
   sizer.Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
 }
 
-void FrmSoundExport::Label(wxWindow& control, wxSizer& grid, const char* caption) {
-  auto* const label = new wxStaticText(this, wxID_ANY, ToWx(caption));
-  label->MoveBeforeInTabOrder(&control);  // so that its key leads there
-  grid.Add(label, wxSizerFlags().CenterVertical());
-  grid.Add(&control, wxSizerFlags().Expand());
-  std::string name = FromWx(wxControl::RemoveMnemonics(ToWx(caption)));
-  name.pop_back();
-  SetAccessibleName(control, name);
-}
-
 wxTextCtrl* FrmSoundExport::AddText(wxSizer& grid, const char* caption, const char* name) {
   auto* const text = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize, 0,
                                     wxDefaultValidator, name);
-  Label(*text, grid, caption);
+  AddLabelled(*text, grid, caption);
   return text;
 }
 
@@ -115,7 +106,7 @@ wxChoice* FrmSoundExport::AddChoice(wxSizer& grid, const char* caption, const ch
                                     const wxArrayString& entries) {
   auto* const choice =
       new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, entries, 0, wxDefaultValidator, name);
-  Label(*choice, grid, caption);
+  AddLabelled(*choice, grid, caption);
   return choice;
 }
 

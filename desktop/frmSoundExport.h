@@ -24,7 +24,6 @@ class FrmSoundExport final : public wxDialog {
   void Build();
   void BuildFolder(wxSizer& grid);
   void BuildButtons(wxSizer& sizer);
-  void Label(wxWindow& control, wxSizer& grid, const char* caption);
   wxTextCtrl* AddText(wxSizer& grid, const char* caption, const char* name);
   wxChoice* AddChoice(wxSizer& grid, const char* caption, const char* name, const wxArrayString& entries);
   void Fill(const ExportOrder& order);

@@ -19,7 +19,7 @@ void FrmVoiceDialogs::ChooseVoice() {
     sample.Play(kSample, setting::Voice, std::to_string(position));
   };
   if (more_) {
-    actions.natural = [this] { return more_->list.library.Natural().Installed(); };
+    actions.natural = [this] { return more_->list.voiceLibrary.Natural().Installed(); };
     actions.more = [this, &sample](wxWindow* parent) { return GetMore(parent, sample); };
   }
   FrmVoice dialog(parent_, VoiceChoice(speech_.Voice(), settings_), std::move(actions));
