@@ -8,6 +8,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/TaskPump.h"
+#include "base/sizeText.h"
 #include "base/textEncoding.h"
 #include "cli/Failure.h"
 #include "cli/VoiceProgress.h"

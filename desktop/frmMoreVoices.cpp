@@ -2,6 +2,7 @@
 
 #include <wx/sizer.h>
 
+#include "base/sizeText.h"
 #include "desktop/frmLicence.h"
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/fontScale.h"

@@ -31,9 +31,7 @@ double DoneOf(const std::vector<ExportItem>& items) {
 }
 
 ExportQueue::ExportQueue(SoundRendering& rendering, FileWriter& files, Clock& clock, std::size_t jobs)
-    : rendering_(rendering), files_(files), clock_(clock) {
-  for (std::size_t i = 0; i < std::max<std::size_t>(jobs, 1); ++i) threads_.emplace_back([this] { Work(); });
-}
+    : rendering_(rendering), files_(files), clock_(clock), jobs_(std::max<std::size_t>(jobs, 1)) {}
 
 ExportQueue::~ExportQueue() {
   End();
@@ -67,6 +65,7 @@ void ExportQueue::Add(std::vector<PlannedFile> files, const std::shared_ptr<cons
       entry.voice = voice;
     }
   }
+  while (!closing_ && threads_.size() < jobs_) threads_.emplace_back([this] { Work(); });
   changed_.notify_all();
 }
 

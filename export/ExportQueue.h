@@ -78,7 +78,8 @@ class ExportQueue {
   std::chrono::steady_clock::time_point since_;
   std::size_t doneBefore_ = 0;  // characters that were done at that time
   bool closing_ = false;
-  std::vector<std::thread> threads_;
+  std::size_t jobs_;
+  std::vector<std::thread> threads_;  // from the first file on
 };
 
 }  // namespace lorelin

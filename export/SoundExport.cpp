@@ -1,8 +1,6 @@
 #include "export/SoundExport.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -10,6 +8,7 @@
 #include "base/RuntimeError.h"
 #include "base/modFile.h"
 #include "base/paths.h"
+#include "base/sizeText.h"
 #include "base/textEncoding.h"
 #include "export/fileNames.h"
 #include "export/soundFormats.h"
@@ -19,14 +18,6 @@ namespace lorelin {
 namespace {
 
 constexpr std::size_t kJobs = 2;
-
-std::string SizeText(std::uint64_t bytes) {
-  std::array<char, 32> text{};
-  const double megabytes = static_cast<double>(bytes) / 1e6;
-  std::snprintf(text.data(), text.size(), megabytes < 10 ? "%.1f MB" : "%.0f MB", megabytes);
-  std::replace(text.begin(), text.end(), '.', ',');
-  return text.data();
-}
 
 std::string Counted(long long count, const char* one, const char* several) {
   return count == 1 ? one : std::to_string(count) + " " + several;

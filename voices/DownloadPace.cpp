@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/sizeText.h"
 #include "voices/voiceTexts.h"
 
 namespace lorelin {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/paths.h"
+#include "base/sizeText.h"
 #include "base/textEncoding.h"
 #include "voices/voiceTexts.h"
 

@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "base/modFile.h"
 #include "base/paths.h"
+#include "base/sizeText.h"
 #include "base/text.h"
 #include "voices/speedRating.h"
 #include "voices/voiceTexts.h"

@@ -73,8 +73,6 @@ constexpr std::array kLanguages{Language{"ar_JO", "Arabisch (Jordanien)"},
                                 Language{"vi_VN", "Vietnamesisch"},
                                 Language{"zh_CN", "Chinesisch (Mandarin)"}};
 
-constexpr double kMegabyte = 1e6;
-
 std::string_view Trimmed(std::string_view text) {
   const auto begin = text.find_first_not_of(" \t\r*#-");
   if (begin == std::string_view::npos) return {};
@@ -113,12 +111,6 @@ std::string VoiceText(const CatalogueVoice& voice) {
 std::string OneDecimal(double number) {
   const auto tenths = static_cast<long long>(std::llround(std::max(number, 0.0) * 10));
   return std::to_string(tenths / 10) + "," + std::to_string(tenths % 10);
-}
-
-std::string SizeText(std::uintmax_t bytes) {
-  const double megabytes = static_cast<double>(bytes) / kMegabyte;
-  constexpr double kRound = 10;
-  return (megabytes < kRound ? OneDecimal(megabytes) : std::to_string(std::llround(megabytes))) + " MB";
 }
 
 std::string LicenceOf(std::string_view card) {

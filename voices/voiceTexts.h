@@ -25,9 +25,6 @@ namespace lorelin {
 // "Deutsch – thorsten (mittel)"
 [[nodiscard]] std::string VoiceText(const CatalogueVoice& voice);
 
-// In megabytes of a million bytes: "63 MB", "0,4 MB".
-[[nodiscard]] std::string SizeText(std::uintmax_t bytes);
-
 // A number with one digit behind the comma.
 [[nodiscard]] std::string OneDecimal(double number);
 

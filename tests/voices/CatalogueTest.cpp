@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "base/sizeText.h"
 #include "voices/voiceTexts.h"
 
 namespace lorelin {
