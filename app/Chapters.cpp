@@ -1,6 +1,7 @@
 #include "app/Chapters.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "base/textEncoding.h"
@@ -28,7 +29,14 @@ void Chapters::DocumentChanged() {
   marked_.reset();
   const std::string text = now.empty() ? "" : parts_.document.Text();
   characters_ = CharacterCount(text);
-  for (const Chapter& chapter : now) anchors_.push_back(AnchorAt(text, chapter.position));
+  std::string_view rest = text;  // from the chapter before on: a book has many
+  std::size_t begin = 0;
+  for (const Chapter& chapter : now) {
+    rest = FromCharacter(rest, chapter.position - begin);
+    begin = chapter.position;
+    anchors_.push_back(AnchorAt(rest, 0));
+    anchors_.back().character = begin;
+  }
   parts_.list.ShowChapters(chapters_);
   CaretMoved();
 }
