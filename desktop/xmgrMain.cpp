@@ -1,8 +1,10 @@
 #include <wx/app.h>
 
 #include <memory>
+#include <string_view>
 
 #include "base/RuntimeError.h"
+#include "base/consoleAnswers.h"
 #include "base/paths.h"
 #include "desktop/frmXMGR.h"
 #include "desktop/toolkit/WxEventPump.h"
@@ -75,7 +77,22 @@ class ManagerApp final : public wxApp {
 }  // namespace
 }  // namespace lorelin
 
+namespace {
+
+constexpr std::string_view kHelp =
+    "XMGR verwaltet die Erweiterungen von Lorelin: Programme, die jeden Text sehen, bevor er vorgelesen "
+    "wird.\n"
+    "\n"
+    "  XMGR  öffnet das Fenster\n"
+    "\n"
+    "Optionen:\n"
+    "  --help     zeigt diese Hilfe\n"
+    "  --version  nennt die Version\n";
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  if (lorelin::AnswerOnConsole(argc, argv, kHelp)) return 0;
   lorelin::SetUserLocale();
   wxApp::SetInstance(new lorelin::ManagerApp);
   return wxEntry(argc, argv);

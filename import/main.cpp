@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "base/consoleAnswers.h"
 #include "import/confinement.h"
 #include "import/importAnswer.h"
 #include "import/readDocument.h"
@@ -69,9 +70,25 @@ std::string Answer(const ImportRequest& request) {
 
 }  // namespace
 
+constexpr std::string_view kHelp =
+    "lorelin-import liest ein Dokument und schreibt es für lorelin und lorelin-cli auf; diese starten es "
+    "selbst.\n"
+    "\n"
+    "  lorelin-import [--article] [--recognise] [--source ADRESSE] -- DATEI\n"
+    "\n"
+    "Optionen:\n"
+    "  --article         nimmt von einer Webseite nur den Artikel\n"
+    "  --recognise       erkennt den Text auf Bildern von Seiten\n"
+    "  --source ADRESSE  woher die Webseite kommt\n"
+    "  --help            zeigt diese Hilfe\n"
+    "  --version         nennt die Version\n"
+    "\n"
+    "Der Prozess kann nichts schreiben und nichts aus dem Netz holen; Speicher und Zeit sind begrenzt.\n";
+
 // lorelin-import [--article] [--recognise] [--source ADDRESS] -- FILE: writes the document of the file for
 // the program that reads its output.
 int main(int argc, char** argv) {
+  if (lorelin::AnswerOnConsole(argc, argv, kHelp)) return 0;
   const auto request = ReadArguments(argc, argv);
   if (!request) {
     std::fputs("lorelin-import is started by lorelin and lorelin-cli.\n", stderr);

@@ -10,7 +10,9 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "base/consoleAnswers.h"
 #include "extensions/german/abbreviationFilter.h"
 
 namespace {
@@ -139,7 +141,21 @@ int Serve(const fs::path& home) {
 
 }  // namespace
 
+constexpr std::string_view kHelp =
+    "lorelin-abkuerzungen ist eine Erweiterung von Lorelin: Sie schreibt Zahlen und Abkürzungen aus.\n"
+    "\n"
+    "  lorelin-abkuerzungen                wartet auf dem Sitzungsbus, einige Minuten nach dem letzten "
+    "Aufruf\n"
+    "                                      endet sie\n"
+    "  lorelin-abkuerzungen --install      sagt dem Bus, wie er sie startet\n"
+    "  lorelin-abkuerzungen --home ORDNER  die eigenen Wörter liegen dort\n"
+    "\n"
+    "Optionen:\n"
+    "  --help     zeigt diese Hilfe\n"
+    "  --version  nennt die Version\n";
+
 int main(int argc, char** argv) {
+  if (lorelin::AnswerOnConsole(argc, argv, kHelp)) return 0;
   const std::string wish = argc > 1 ? argv[1] : "";
   if (wish == "--install") return Install(NamedFolder());
   return Serve(wish == "--home" && argc > 2 ? fs::path(argv[2]) : NamedFolder());

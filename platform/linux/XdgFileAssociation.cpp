@@ -7,60 +7,10 @@
 #include "base/modFile.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "platform/linux/desktopFiles.h"
 
 namespace lorelin {
 namespace {
-
-constexpr std::string_view kMimeType =
-    R"(<?xml version="1.0" encoding="UTF-8"?>
-<mime-info xmlns="http://www.freedesktop.org/standards/shared-mime-info">
-  <mime-type type="application/x-lorelin-vts">
-    <comment>Lorelin task script</comment>
-    <comment xml:lang="de">Lorelin-Taskscript</comment>
-    <sub-class-of type="text/plain"/>
-    <icon name="application-x-lorelin-vts"/>
-    <glob pattern="*.vts"/>
-  </mime-type>
-</mime-info>
-)";
-
-constexpr std::string_view kEntry =
-    R"([Desktop Entry]
-Type=Application
-Name=Lorelin
-GenericName=Text Reader
-GenericName[de]=Vorleseprogramm
-Comment=Reads texts aloud
-Comment[de]=Liest Texte vor
-Exec=%1 %f
-Icon=lorelin
-Terminal=false
-Categories=Utility;Accessibility;
-MimeType=application/x-lorelin-vts;text/plain;application/rtf;text/rtf;
-StartupNotify=true
-StartupWMClass=lorelin
-Actions=ReadSelection;
-
-[Desktop Action ReadSelection]
-Name=Read the selection aloud
-Name[de]=Markiertes vorlesen
-Exec=%1 --auswahl
-)";
-
-// For the context menu of KDE's file managers (KIO service menus). In a user's own folder such an entry has
-// to be executable.
-constexpr std::string_view kServiceMenu =
-    R"([Desktop Entry]
-Type=Service
-MimeType=text/plain;application/rtf;text/rtf;
-Actions=ReadFiles;
-
-[Desktop Action ReadFiles]
-Name=Read aloud with Lorelin
-Name[de]=Mit Lorelin vorlesen
-Icon=lorelin
-Exec=%1 --auswahl %F
-)";
 
 // GNOME's file manager lists these scripts in its context menu and passes the paths of the selected files.
 constexpr std::string_view kNautilusScript =
@@ -92,18 +42,25 @@ std::string WithProgram(std::string_view form, const std::string& program) {
   return text;
 }
 
+// An entry as the package has it, for a program that lies elsewhere.
+std::string EntryFor(std::string_view entry, const std::string& argument) {
+  std::string text(entry);
+  ReplaceAll(text, "Exec=lorelin", "Exec=" + argument);
+  return text;
+}
+
 }  // namespace
 
 void XdgFileAssociation::Publish(const FileAssociationData& data) {
   if (dataFolder_.empty()) return;
   try {
     const std::string argument = ExecArgument(data.programFile);
-    const std::string entry = WithProgram(kEntry, argument);
+    const std::string entry = EntryFor(kDesktopEntry, argument);
     Write({"icons", "hicolor", "scalable", "apps", "lorelin.svg"}, data.programDrawing);
     Write({"icons", "hicolor", "scalable", "mimetypes", "application-x-lorelin-vts.svg"}, data.scriptDrawing);
-    if (Write({"mime", "packages", "lorelin.xml"}, kMimeType)) Rebuild("update-mime-database", "mime");
+    if (Write({"mime", "packages", "lorelin.xml"}, kMimeTypes)) Rebuild("update-mime-database", "mime");
     if (Write({"applications", "lorelin.desktop"}, entry)) Rebuild("update-desktop-database", "applications");
-    WriteExecutable({"kio", "servicemenus", "lorelin.desktop"}, WithProgram(kServiceMenu, argument));
+    WriteExecutable({"kio", "servicemenus", "lorelin.desktop"}, EntryFor(kServiceMenu, argument));
     if (std::filesystem::is_directory(NativePath(JoinPath(dataFolder_, {"nautilus"})))) {
       WriteExecutable({"nautilus", "scripts", "Mit Lorelin vorlesen"},
                       WithProgram(kNautilusScript, ShellWord(data.programFile)));

@@ -1,0 +1,11 @@
+# Writes one C++ header with the text of every file, each a constant named after its file: NAME=VARIABLE;...
+set(body "#pragma once\n\n#include <string_view>\n\nnamespace lorelin {\n\n")
+foreach(pair IN LISTS FILES)
+  string(REPLACE "=" ";" parts "${pair}")
+  list(GET parts 0 variable)
+  list(GET parts 1 file)
+  file(READ "${file}" text)
+  string(APPEND body "inline constexpr std::string_view ${variable} = R\"file(${text})file\";\n")
+endforeach()
+string(APPEND body "\n}  // namespace lorelin\n")
+file(WRITE "${OUTPUT}" "${body}")
