@@ -11,9 +11,22 @@
 #include <fstream>
 #include <string_view>
 
+#include "base/consoleAnswers.h"
 #include "engine/EngineServer.h"
 
 namespace {
+
+constexpr std::string_view kHelp =
+    "lorelin-engine spricht für lorelin und lorelin-cli; diese starten es selbst.\n"
+    "\n"
+    "  lorelin-engine SOCKET [audio]\n"
+    "                 gibt aus, was über den verbundenen Socket dieser Nummer kommt: als Datei, mit „audio“ "
+    "auch\n"
+    "                 hörbar\n"
+    "\n"
+    "Optionen:\n"
+    "  --help     zeigt diese Hilfe\n"
+    "  --version  nennt die Version\n";
 
 // What renders into files gives way to what is heard.
 void GiveWay() {
@@ -40,6 +53,7 @@ void LimitMemory() {
 // lorelin-engine SOCKET [audio]: speaks for the program at the other end of the connected socket with this
 // number.
 int main(int argc, char** argv) {
+  if (lorelin::AnswerOnConsole(argc, argv, kHelp)) return 0;
   int socket = -1;
   if (argc >= 2) std::from_chars(argv[1], argv[1] + std::strlen(argv[1]), socket);
   if (socket < 3) {

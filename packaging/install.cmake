@@ -19,41 +19,42 @@ install(FILES packaging/vts.ico DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin)
 install(DIRECTORY hypertext packaging/scripts DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin)
 install(DIRECTORY LICENSES DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lorelin)
 
-# What desktops, buses and shells look for.
-install(FILES packaging/linux/lorelin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(PROGRAMS packaging/linux/serviceMenu.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/kio/servicemenus RENAME lorelin.desktop)
-install(FILES packaging/linux/lorelin.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
-install(FILES packaging/linux/org.lorelin.lorelin.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES packaging/icons/lorelin.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES packaging/icons/speak.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps RENAME lorelin-symbolic.svg)
-install(FILES packaging/icons/vts.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes
-        RENAME application-x-lorelin-vts.svg)
+# What desktops, buses and shells look for. Which folder the programs are in is known only when they are installed.
+set(ENTRIES ${CMAKE_BINARY_DIR}/entries)
+install(CODE "set(ENTRIES \"${ENTRIES}\")\nset(SOURCES \"${CMAKE_SOURCE_DIR}/packaging/linux\")\nset(BIN_FOLDER \"${CMAKE_INSTALL_BINDIR}\")")
+install(SCRIPT packaging/linux/entries.cmake)
+install(FILES ${ENTRIES}/org.lorelin.Abkuerzungen.service DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
 install(FILES packaging/linux/lorelin-cli.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME lorelin-cli)
-configure_file(packaging/linux/org.lorelin.Abkuerzungen.service.in ${CMAKE_BINARY_DIR}/org.lorelin.Abkuerzungen.service @ONLY)
-install(FILES ${CMAKE_BINARY_DIR}/org.lorelin.Abkuerzungen.service DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
 install(DIRECTORY DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin/voices)
+if(TARGET lorelin)
+  install(FILES ${ENTRIES}/lorelin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${ENTRIES}/serviceMenu.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/kio/servicemenus RENAME lorelin.desktop)
+  install(FILES packaging/linux/lorelin.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+  install(FILES packaging/linux/org.lorelin.lorelin.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+  set(DRAWINGS ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+  install(FILES packaging/icons/lorelin.svg DESTINATION ${DRAWINGS}/scalable/apps)
+  install(FILES packaging/linux/lorelin-symbolic.svg DESTINATION ${DRAWINGS}/symbolic/apps)
+  install(FILES packaging/icons/vts.svg DESTINATION ${DRAWINGS}/scalable/mimetypes RENAME application-x-lorelin-vts.svg)
+endif()
 
 # The manual pages say what the programs say of themselves.
-find_program(HELP2MAN help2man)
-if(HELP2MAN)
-  set(MANUALS "")
-  foreach(pair IN ITEMS "lorelin=liest Texte vor" "XMGR=verwaltet Erweiterungen von Lorelin"
-          "lorelin-cli=liest Texte ohne Fenster vor" "lorelin-abkuerzungen=schreibt Abkürzungen für Lorelin aus"
-          "lorelin-import=liest Dokumente für Lorelin ein")
-    string(REPLACE "=" ";" parts "${pair}")
-    list(GET parts 0 program)
-    list(GET parts 1 summary)
-    if(NOT TARGET ${program})
-      continue()
-    endif()
-    set(manual ${CMAKE_BINARY_DIR}/man/${program}.1)
-    add_custom_command(OUTPUT ${manual}
-      COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/man
-      COMMAND ${CMAKE_COMMAND} -E env LC_ALL=C.UTF-8 ${HELP2MAN} --no-info --name=${summary} --source=Lorelin
-              --output=${manual} $<TARGET_FILE:${program}>
-      DEPENDS ${program} VERBATIM)
-    list(APPEND MANUALS ${manual})
-  endforeach()
-  add_custom_target(lorelin_manuals ALL DEPENDS ${MANUALS})
-  install(FILES ${MANUALS} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-endif()
+set(MANUALS "")
+function(add_manual program summary)
+  if(NOT TARGET ${program})
+    return()
+  endif()
+  set(manual ${CMAKE_BINARY_DIR}/man/${program}.1)
+  add_custom_command(OUTPUT ${manual}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/man
+    COMMAND ${CMAKE_SOURCE_DIR}/tools/make-manual $<TARGET_FILE:${program}> ${summary} ${manual}
+    DEPENDS ${program} tools/make-manual VERBATIM)
+  set(MANUALS ${MANUALS} ${manual} PARENT_SCOPE)
+endfunction()
+add_manual(lorelin "liest Texte vor")
+add_manual(XMGR "verwaltet die Erweiterungen von Lorelin")
+add_manual(lorelin-cli "liest Texte ohne Fenster vor")
+add_manual(lorelin-abkuerzungen "schreibt Abkürzungen für Lorelin aus")
+add_manual(lorelin-import "liest Dokumente für Lorelin ein")
+add_manual(lorelin-engine "spricht für Lorelin")
+add_custom_target(lorelin_manuals ALL DEPENDS ${MANUALS})
+install(FILES ${MANUALS} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

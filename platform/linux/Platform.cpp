@@ -53,8 +53,10 @@ PlatformServices MakePlatformServices(bool verbose) {
   } else {
     services.foreground = std::make_unique<XcbForegroundWindow>(*services.log);
   }
+  const char* const dataFolders = std::getenv("XDG_DATA_DIRS");
   services.fileAssociation = std::make_unique<XdgFileAssociation>(
-      services.paths.desktopFolder, *services.fileWriter, *services.launcher, *services.log);
+      services.paths.desktopFolder, dataFolders != nullptr ? dataFolders : "", *services.fileWriter,
+      *services.launcher, *services.log);
   services.singleInstance = std::make_unique<FlockSingleInstance>(services.paths.lockFile);
   services.remote = std::make_unique<MprisRemoteControl>(*services.log);
   services.voiceDownloads = std::make_unique<CurlResumingDownloader>(*services.log);

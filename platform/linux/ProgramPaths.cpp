@@ -98,12 +98,6 @@ fs::path SeededFolder(const fs::path& wanted, const fs::path& beside, const Syst
   return folder;
 }
 
-// Whether the package that the program came with has told the desktop of it.
-bool IsPublished(const fs::path& beside) {
-  std::error_code error;
-  return fs::exists(beside.parent_path() / "share" / "applications" / "lorelin.desktop", error);
-}
-
 }  // namespace
 
 ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
@@ -129,9 +123,8 @@ ProgramPaths ChooseProgramPaths(const SystemFacts& facts) {
           .cacheFolder = PathText(moved ? home / "cache" : BaseFolder(facts, "XDG_CACHE_HOME", ".cache")),
           .lockFile = PathText(settings / "lorelin.lock"),
           .homeFolder = PathText(facts.home),
-          .desktopFolder = moved || IsPublished(beside)
-                               ? ""
-                               : PathText(BaseFolder(facts, "XDG_DATA_HOME", ".local/share").parent_path())};
+          .desktopFolder =
+              moved ? "" : PathText(BaseFolder(facts, "XDG_DATA_HOME", ".local/share").parent_path())};
 }
 
 ProgramPaths FindProgramPaths() {

@@ -30,13 +30,19 @@ class Association : public testing::Test {
   void Publish(const std::string& program = "/opt/lorelin/lorelin") {
     association.Publish({.programFile = program, .programDrawing = "<svg/>", .scriptDrawing = "<svg></svg>"});
   }
+  // As a package installs it, whose program is returned.
+  std::string Install(const std::string& prefix) {
+    std::filesystem::create_directories(folder.File(prefix + "/share/applications"));
+    WriteFile(folder.File(prefix + "/share/applications/lorelin.desktop"), "");
+    return folder.File(prefix + "/bin/lorelin");
+  }
   std::string Entry() { return ReadFile(folder.File("applications/lorelin.desktop")); }
 
   TemporaryFolder folder;
   AtomicFileWriter files;
   FakeProgramLauncher launcher;
   FakeLog log;
-  XdgFileAssociation association{folder.Path(), files, launcher, log};
+  XdgFileAssociation association{folder.Path(), folder.File("usr/share"), files, launcher, log};
 };
 
 TEST_F(Association, WritesEntryTypeAndDrawings) {
@@ -52,7 +58,7 @@ TEST_F(Association, WritesEntryTypeAndDrawings) {
 
 TEST_F(Association, OffersWhatIsSelectedAsAnActionOfTheEntry) {
   Publish();
-  EXPECT_NE(Entry().find("Actions=ReadSelection;\n"), std::string::npos);
+  EXPECT_NE(Entry().find("Actions=NewText;ReadSelection;\n"), std::string::npos);
   EXPECT_NE(Entry().find("Exec=\"/opt/lorelin/lorelin\" --auswahl\n"), std::string::npos);
 }
 
@@ -110,9 +116,49 @@ TEST_F(Association, LogsAFolderThatCannotBeWritten) {
 }
 
 TEST_F(Association, PublishesNothingWithoutAFolder) {
-  XdgFileAssociation none("", files, launcher, log);
+  XdgFileAssociation none("", "", files, launcher, log);
   none.Publish({.programFile = "/x", .programDrawing = "", .scriptDrawing = ""});
   EXPECT_TRUE(launcher.started.empty());
+}
+
+TEST_F(Association, LeavesTheDesktopToThePackage) {
+  Publish(Install("usr"));
+  EXPECT_TRUE(launcher.started.empty());
+  EXPECT_FALSE(std::filesystem::exists(folder.File("applications")));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("mime")));
+}
+
+TEST_F(Association, PublishesAProgramThatIsInstalledWhereNoDesktopLooks) {
+  Publish(Install("opt"));
+  EXPECT_FALSE(Entry().empty());
+}
+
+TEST_F(Association, WritesTheFileManagersScriptForAPackageToo) {
+  std::filesystem::create_directories(folder.File("nautilus"));
+  Publish(Install("usr"));
+  EXPECT_TRUE(std::filesystem::exists(folder.File("nautilus/scripts/Mit Lorelin vorlesen")));
+}
+
+TEST_F(Association, RemovesTheEntriesOfAProgramThatThePackageReplaced) {
+  Publish(folder.File("unpacked/lorelin"));
+  Publish(Install("usr"));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("applications/lorelin.desktop")));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("mime/packages/lorelin.xml")));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("kio/servicemenus/lorelin.desktop")));
+}
+
+TEST_F(Association, KeepsTheEntriesOfAnotherProgramThatIsStillThere) {
+  WriteFile(folder.File("other"), "");
+  Publish(folder.File("other"));
+  Publish(Install("usr"));
+  EXPECT_FALSE(Entry().empty());
+}
+
+TEST_F(Association, KeepsTheEntryThatTheUserWroteHimself) {
+  std::filesystem::create_directories(folder.File("applications"));
+  WriteFile(folder.File("applications/lorelin.desktop"), "[Desktop Entry]\nExec=lorelin /t\n");
+  Publish(Install("usr"));
+  EXPECT_FALSE(Entry().empty());
 }
 
 }  // namespace
