@@ -1,7 +1,7 @@
 #include "cli/Progress.h"
 
-#include <unistd.h>
-
+#include <array>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -17,24 +17,19 @@ constexpr std::uintmax_t kBytesPerSecond = 44100;
 }  // namespace
 
 Progress::Progress(std::string file)
-    : file_(isatty(STDERR_FILENO) == 1 ? std::move(file) : std::string()),
-      next_(std::chrono::steady_clock::now() + kFirst) {}
-
-Progress::~Progress() {
-  if (shown_) std::fputs("\r\033[K", stderr);
-}
+    : file_(std::move(file)), next_(std::chrono::steady_clock::now() + kFirst) {}
 
 void Progress::Turn() {
-  if (file_.empty() || std::chrono::steady_clock::now() < next_) return;
+  if (file_.empty() || !line_.Wanted() || std::chrono::steady_clock::now() < next_) return;
   next_ = std::chrono::steady_clock::now() + kInterval;
   std::error_code error;
   const std::uintmax_t size = std::filesystem::file_size(file_, error);
   if (error) return;
   const std::uintmax_t seconds = size / kBytesPerSecond;
-  std::fprintf(stderr, "\r\033[K%ju:%02ju:%02ju Sprache, %ju MB", seconds / 3600, seconds / 60 % 60,
-               seconds % 60, size / 1000000);
-  std::fflush(stderr);
-  shown_ = true;
+  std::array<char, 96> text{};
+  std::snprintf(text.data(), text.size(), "%ju:%02ju:%02ju Sprache, %ju MB", seconds / 3600,
+                seconds / 60 % 60, seconds % 60, size / 1000000);
+  line_.Show(text.data());
 }
 
 }  // namespace lorelin::cli

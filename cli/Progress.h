@@ -3,6 +3,8 @@
 #include <chrono>
 #include <string>
 
+#include "cli/TerminalLine.h"
+
 namespace lorelin::cli {
 
 // One line on standard error that tells how much of a WAV file is there, from the file's size; it appears
@@ -10,15 +12,11 @@ namespace lorelin::cli {
 class Progress {
  public:
   explicit Progress(std::string file);
-  ~Progress();
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-
   void Turn();
 
  private:
   std::string file_;
-  bool shown_ = false;
+  TerminalLine line_;
   std::chrono::steady_clock::time_point next_;
 };
 

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 
+#include "cli/TerminalLine.h"
 #include "voices/DownloadPace.h"
 
 namespace lorelin::cli {
@@ -11,16 +12,11 @@ namespace lorelin::cli {
 class VoiceProgress {
  public:
   explicit VoiceProgress(Clock& clock);
-  ~VoiceProgress();
-  VoiceProgress(const VoiceProgress&) = delete;
-  VoiceProgress& operator=(const VoiceProgress&) = delete;
-
   void Turn(std::uintmax_t there, std::uintmax_t all);
 
  private:
   DownloadPace pace_;
-  const bool shows_;
-  bool shown_ = false;
+  TerminalLine line_;
   std::chrono::steady_clock::time_point next_{};
 };
 

@@ -1,13 +1,12 @@
 #include "cli/consolePorts.h"
 
-#include <unistd.h>
-
 #include <iostream>
 #include <utility>
 
 #include "base/text.h"
 #include "cli/interruption.h"
 #include "documents/richTextFile.h"
+#include "platform/common/console.h"
 #include "richtext/rtf.h"
 
 namespace lorelin {
@@ -15,7 +14,7 @@ namespace lorelin {
 MessageAnswer ConsoleMessageBoxes::Show(std::string_view text, std::string_view title, MessageIcon,
                                         MessageButtons buttons) {
   std::cerr << title << ": " << text << '\n';
-  const bool asked = !answer_ && isatty(STDIN_FILENO) == 1;
+  const bool asked = !answer_ && InputIsTerminal();
   if (buttons == MessageButtons::Ok) {
     if (asked) (void)cli::AskOnTerminal("Weiter mit der Eingabetaste ");
     return MessageAnswer::Ok;

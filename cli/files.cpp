@@ -1,13 +1,11 @@
 #include "cli/files.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <array>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/modFile.h"
@@ -16,6 +14,7 @@
 #include "base/unfinishedName.h"
 #include "cli/Failure.h"
 #include "cli/interruption.h"
+#include "platform/common/console.h"
 
 namespace lorelin::cli {
 namespace {
@@ -39,7 +38,9 @@ std::string Reason(int errorNumber) {
     case ENAMETOOLONG:
       return ErrorText(ErrorNumber::BadFileName);
     case ENOSPC:
+#ifdef EDQUOT
     case EDQUOT:
+#endif
       return ErrorText(ErrorNumber::DiskFull);
     default:
       return ErrorText(ErrorNumber::PathFileAccess);
@@ -54,28 +55,13 @@ Failure Unwritable(const std::string& target, const std::string& reason) {
   return {ExitCode::NoTarget, "„" + target + "“ kann nicht geschrieben werden: " + reason + "."};
 }
 
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  [[nodiscard]] int Number() const { return number_; }
-
- private:
-  int number_;
-};
-
-std::string ReadAll(int descriptor, const std::string& name) {
+std::string ReadAll(ByteStream& stream, const std::string& name) {
   std::string bytes;
-  std::array<char, 1 << 16> block{};
+  std::vector<char> block(1 << 16);
   while (true) {
-    const ssize_t size = read(descriptor, block.data(), block.size());
+    const std::ptrdiff_t size = stream.Read(block);
     ThrowIfInterrupted();
-    if (size < 0 && errno == EINTR) continue;
-    if (size < 0) throw Unreadable(name, Reason(errno));
+    if (size < 0) throw Unreadable(name, Reason(static_cast<int>(-size)));
     if (size == 0) return WithPlainLineEnds(DecodeText(bytes));
     bytes.append(block.data(), static_cast<std::size_t>(size));
     if (bytes.size() > kMostBytes) throw Unreadable(name, "Der Text ist zu lang");
@@ -83,10 +69,13 @@ std::string ReadAll(int descriptor, const std::string& name) {
 }
 
 std::string ReadPipe(const fs::path& path, const std::string& name) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  ThrowIfInterrupted();
-  if (file.Number() < 0) throw Unreadable(name, Reason(errno));
-  return ReadAll(file.Number(), name);
+  ByteStream stream(path);
+  return ReadAll(stream, name);
+}
+
+std::string ReadInput() {
+  ByteStream stream;
+  return ReadAll(stream, "Standardeingabe");
 }
 
 std::string ReadNamed(const std::string& name) {
@@ -114,7 +103,7 @@ std::string ReadNamed(const std::string& name) {
 }  // namespace
 
 std::string ReadText(const std::string& input) {
-  return input == "-" ? ReadAll(STDIN_FILENO, "Standardeingabe") : ReadNamed(input);
+  return input == "-" ? ReadInput() : ReadNamed(input);
 }
 
 void RequireSpeakable(const std::string& text) {
@@ -131,11 +120,14 @@ void RequireTarget(const std::string& target, const std::string& input) {
   }
   const fs::file_type before = fs::status(path, error).type();
   // A sound file is written beside its place and put there when it is whole: nothing for pipes and devices.
-  const bool possible = before == fs::file_type::not_found || before == fs::file_type::regular ||
-                        before == fs::file_type::directory;
-  if (!possible) throw Unwritable(target, "Das ist keine gewöhnliche Datei");
-  const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
-  if (file.Number() < 0) throw Unwritable(target, Reason(errno));
+  const bool isFolder = before == fs::file_type::directory;
+  if (before != fs::file_type::not_found && before != fs::file_type::regular && !isFolder)
+    throw Unwritable(target, "Das ist keine gewöhnliche Datei");
+  if (isFolder) throw Unwritable(target, Reason(EISDIR));
+  errno = 0;
+  std::ofstream file(path, std::ios::binary | std::ios::app);
+  if (!file) throw Unwritable(target, Reason(errno));
+  file.close();
   if (before == fs::file_type::not_found) fs::remove(path, error);
 }
 

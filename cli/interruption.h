@@ -8,10 +8,6 @@ namespace lorelin::cli {
 // Thrown where the program may be left: by Ctrl+C, or because the system wants it to end.
 struct Interruption {};
 
-// From now on the first such signal is only noted, so that what was begun can be cleaned up; a system call
-// that waits returns with EINTR. The second signal ends the program at once.
-void NoteInterruptions();
-
 // Throws Interruption when one was noted.
 void ThrowIfInterrupted();
 

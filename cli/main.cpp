@@ -1,9 +1,7 @@
-#include <string>
-#include <vector>
-
 #include "cli/program.h"
+#include "platform/common/console.h"
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return static_cast<int>(lorelin::cli::Run(arguments));
+  const lorelin::ConsoleText console;
+  return static_cast<int>(lorelin::cli::Run(lorelin::ProgramArguments(argc, argv)));
 }

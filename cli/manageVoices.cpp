@@ -1,8 +1,5 @@
 #include "cli/manageVoices.h"
 
-#include <unistd.h>
-
-#include <csignal>
 #include <iomanip>
 #include <iostream>
 
@@ -13,6 +10,7 @@
 #include "cli/Failure.h"
 #include "cli/VoiceProgress.h"
 #include "cli/interruption.h"
+#include "platform/common/console.h"
 #include "ports/Platform.h"
 #include "voices/VoiceLibrary.h"
 #include "voices/keptVoice.h"
@@ -120,7 +118,7 @@ class Session {
     if (const std::string_view advice = QualityAdvice(voice.quality); !advice.empty())
       std::cerr << "Güte „" << QualityText(voice.quality) << "“: " << advice << '\n';
     if (options_.answer == MessageAnswer::Yes) return;
-    if (isatty(STDIN_FILENO) != 1) {
+    if (!InputIsTerminal()) {
       throw Failure(ExitCode::Usage,
                     "Wer mit der Lizenz einverstanden ist, sagt es mit „--yes“. Es wurde nichts geladen.");
     }
@@ -173,7 +171,6 @@ class Session {
 }  // namespace
 
 ExitCode ManageVoices(const Options& options) {
-  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is a full disk, told as such
   NoteInterruptions();
   Session session(options);
   switch (options.voiceOrder) {

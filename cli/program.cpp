@@ -23,6 +23,7 @@
 #include "cli/runScript.h"
 #include "cli/sayFiles.h"
 #include "cli/spell.h"
+#include "platform/common/console.h"
 #include "ports/Platform.h"
 #include "speech/SilentVoice.h"
 #include "speech/SpeechModules.h"
@@ -92,6 +93,7 @@ class Session {
     Progress progress(options_.waveFile.empty() ? std::string()
                                                 : UnfinishedName(NativePath(options_.waveFile)).string());
     pump_.OnTurn([&] {
+      HandleSystemEvents();
       progress.Turn();
       ThrowIfInterrupted();  // nothing inside Speak holds what would have to be undone
     });

@@ -1,7 +1,5 @@
 #include "cli/runScript.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -18,6 +16,7 @@
 #include "cli/files.h"
 #include "cli/interruption.h"
 #include "cli/overrideSettings.h"
+#include "platform/common/console.h"
 #include "ports/Platform.h"
 #include "scripts/interpreter.h"
 #include "speech/SilentVoice.h"
@@ -88,7 +87,7 @@ void RequireScript(const std::string& script) {
 class RenderingFolder {
  public:
   explicit RenderingFolder(const std::string& cacheFolder)
-      : folder_(NativePath(cacheFolder) / ("run-" + std::to_string(getpid()))) {
+      : folder_(NativePath(cacheFolder) / ("run-" + std::to_string(ProcessNumber()))) {
     for (const fs::path& folder : {folder_.parent_path(), folder_, folder_ / "temp"})
       MakePrivateFolder(folder);
   }
@@ -126,7 +125,7 @@ ExitCode RunScript(const Options& options) {
   if (!services.registryNotice.empty()) std::cerr << services.registryNotice << '\n';
   TaskPump pump;
   ConsoleMessageBoxes messageBoxes(options.answer);
-  ConsoleStatusBar statusBar(options.verbose || isatty(STDERR_FILENO) == 1);
+  ConsoleStatusBar statusBar(options.verbose || ErrorIsTerminal());
   ConsoleDocument document;
   ConsoleClipboard clipboard;
   const RenderingFolder renderingFolder(services.paths.cacheFolder);
@@ -158,7 +157,10 @@ ExitCode RunScript(const Options& options) {
                            .homeFolder = services.paths.homeFolder,
                            .stopKey = "Strg+C",
                            .mayExport = !options.denyRead});
-  pump.OnTurn([] { ThrowIfInterrupted(); });
+  pump.OnTurn([] {
+    HandleSystemEvents();
+    ThrowIfInterrupted();
+  });
   spoken.speech.SetWaveFile("");
   interpreter.SetCurrentScriptFile(name);
   spoken.extensions.TaskScript(name);

@@ -1,19 +1,18 @@
 #include "cli/sayFiles.h"
 
-#include <poll.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
+#include <thread>
 
 #include "base/TaskPump.h"
 #include "base/paths.h"
 #include "cli/Failure.h"
 #include "cli/LoadedDocument.h"
+#include "cli/TerminalLine.h"
 #include "cli/chosenVoice.h"
 #include "cli/files.h"
 #include "cli/interruption.h"
@@ -54,24 +53,15 @@ void Complain(const std::string& text) {
 // A line on standard error, when that is a terminal.
 class ProgressLine {
  public:
-  ~ProgressLine() {
-    if (shown_) std::fputs("\r\033[K", stderr);
-  }
-  ProgressLine() = default;
-  ProgressLine(const ProgressLine&) = delete;
-  ProgressLine& operator=(const ProgressLine&) = delete;
-
   void Show(const ExportQueue& queue) {
     const auto now = std::chrono::steady_clock::now();
-    if (!wanted_ || now < next_) return;
+    if (!line_.Wanted() || now < next_) return;
     next_ = now + std::chrono::milliseconds(250);
     const std::vector<ExportItem> items = queue.Items();
     const auto whole = std::count_if(items.begin(), items.end(),
                                      [](const ExportItem& item) { return item.state == ExportState::Done; });
-    std::fprintf(stderr, "\r\033[K%td von %zu Dateien, %d %%%s", whole, items.size(),
-                 static_cast<int>(DoneOf(items) * 100), TimeText(queue.TimeLeft()).c_str());
-    std::fflush(stderr);
-    shown_ = true;
+    line_.Show(std::to_string(whole) + " von " + std::to_string(items.size()) + " Dateien, " +
+               std::to_string(static_cast<int>(DoneOf(items) * 100)) + " %" + TimeText(queue.TimeLeft()));
   }
 
  private:
@@ -83,9 +73,8 @@ class ProgressLine {
     return text.data();
   }
 
-  const bool wanted_ = isatty(STDERR_FILENO) == 1;
+  TerminalLine line_;
   std::chrono::steady_clock::time_point next_ = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-  bool shown_ = false;
 };
 
 // The program's objects, in the order in which they need each other.
@@ -174,7 +163,7 @@ class Export {
     while (queue.Busy()) {
       ThrowIfInterrupted();
       line.Show(queue);
-      poll(nullptr, 0, 10);
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
   }
 

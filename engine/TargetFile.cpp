@@ -91,35 +91,8 @@ int TargetFile::Write(const char* bytes, std::size_t size) {
   return 0;
 }
 
-int TargetFile::Seek(off_t place) {
+int TargetFile::Seek(std::int64_t place) {
   return lseek(descriptor_, place, SEEK_SET) == place ? 0 : errno;
-}
-
-std::string WriteProblem(int errorNumber) {
-  switch (errorNumber) {
-    case ENOSPC:
-#ifdef EDQUOT
-    case EDQUOT:
-#endif
-      return "Auf dem Datenträger ist kein Speicherplatz mehr frei.";
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return "In die Datei darf nicht geschrieben werden.";
-    case ENOENT:
-    case ENOTDIR:
-      return "Den Ordner gibt es nicht.";
-    case EISDIR:
-      return "Der Name gehört einem Ordner.";
-    case EINVAL:
-      return "Das ist keine gewöhnliche Datei.";
-    case EBUSY:
-      return "Sie wird gerade schon geschrieben.";
-    case EFBIG:
-      return "Das Dateisystem erlaubt keine so große Datei.";
-    default:
-      return "Beim Schreiben trat ein Fehler auf.";
-  }
 }
 
 }  // namespace lorelin::engine

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -22,18 +21,18 @@ class TargetFile {
 
   [[nodiscard]] int Open();
   [[nodiscard]] int Write(const char* bytes, std::size_t size);
-  [[nodiscard]] int Seek(off_t place);
+  [[nodiscard]] int Seek(std::int64_t place);
   [[nodiscard]] int PutInPlace();
 
  private:
   [[nodiscard]] int CheckTarget();
   [[nodiscard]] int ClearStale() const;
-  [[nodiscard]] int SetPermissions() const;
+  [[nodiscard]] int SetPermissions() const;  // where they are not those of the folder
 
   const std::filesystem::path target_;
   const std::filesystem::path unfinished_;
   int descriptor_ = -1;
-  mode_t newMode_ = 0;     // what a new file gets here
+  unsigned newMode_ = 0;   // what a new file gets here
   bool replaces_ = false;  // a file that is there
 };
 

@@ -1,11 +1,9 @@
 #include "cli/files.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
 #include <functional>
-#include <thread>
 
 #include "cli/Failure.h"
 #include "cli/LoadedDocument.h"
@@ -72,14 +70,6 @@ TEST_F(CliFiles, TellWhyADocumentCannotBeRead) {
   EXPECT_EQ(Reading("buch.epub").substr(0, 3), "3: ");
 }
 
-TEST_F(CliFiles, ReadAPipeThatHasAName) {
-  const std::string pipe = Path("pipe");
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  std::thread writer([&] { WriteFile(pipe, "Gr\374\337e\r\nEnde"); });
-  EXPECT_EQ(LoadSpeakable(pipe, importer_).text, "Grüße\nEnde");
-  writer.join();
-}
-
 TEST_F(CliFiles, TellWhyATextCannotBeRead) {
   EXPECT_EQ(Reading(Path("fehlt")),
             "3: „" + Path("fehlt") + "“ kann nicht gelesen werden: Datei nicht gefunden.");
@@ -92,14 +82,6 @@ TEST_F(CliFiles, RefuseABlankText) {
     WriteFile(Path("leer.txt"), text);
     EXPECT_EQ(Reading(Path("leer.txt")), "3: Der Text ist leer: es gibt nichts vorzulesen.");
   }
-}
-
-TEST_F(CliFiles, GiveUpADeviceWithoutEndAndAFileAsLong) {
-  EXPECT_EQ(Reading("/dev/zero"), "3: „/dev/zero“ kann nicht gelesen werden: Der Text ist zu lang.");
-  WriteFile(Path("lang.txt"), "");
-  std::filesystem::resize_file(Path("lang.txt"), std::uintmax_t{1} << 40);
-  EXPECT_EQ(Reading(Path("lang.txt")),
-            "3: „" + Path("lang.txt") + "“ kann nicht gelesen werden: Der Text ist zu lang.");
 }
 
 TEST_F(CliFiles, LeaveATargetAsItWas) {
@@ -115,32 +97,6 @@ TEST_F(CliFiles, TellWhyATargetCannotBeWritten) {
             "4: „" + Path("fehlt/a.wav") + "“ kann nicht geschrieben werden: Pfad nicht gefunden.");
   EXPECT_EQ(Writing(folder_.Path()),
             "4: „" + folder_.Path() + "“ kann nicht geschrieben werden: Das ist ein Ordner.");
-}
-
-TEST_F(CliFiles, RefuseAPipeAsTarget) {
-  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
-  EXPECT_EQ(Writing(Path("pipe")),
-            "4: „" + Path("pipe") + "“ kann nicht geschrieben werden: Das ist keine gewöhnliche Datei.");
-}
-
-TEST_F(CliFiles, RefuseADeviceAsTarget) {
-  EXPECT_EQ(Writing("/dev/full"),
-            "4: „/dev/full“ kann nicht geschrieben werden: Das ist keine gewöhnliche Datei.");
-}
-
-TEST_F(CliFiles, LeaveALinkToAFileThatIsNotThere) {
-  std::filesystem::create_symlink("neu.wav", Path("link.wav"));
-  EXPECT_EQ(Writing(Path("link.wav")), "(gelungen)");
-  EXPECT_TRUE(std::filesystem::is_symlink(Path("link.wav")));
-  EXPECT_FALSE(Exists(Path("neu.wav")));
-}
-
-TEST_F(CliFiles, RefuseToReplaceTheTextUnderWhateverName) {
-  WriteFile(Path("a.txt"), "Text");
-  std::filesystem::create_symlink("a.txt", Path("b.wav"));
-  EXPECT_EQ(Writing(Path("b.wav"), Path("a.txt")),
-            "2: Die Tondatei würde den Text „" + Path("a.txt") + "“ ersetzen.");
-  EXPECT_EQ(ReadFile(Path("a.txt")), "Text");
 }
 
 }  // namespace
