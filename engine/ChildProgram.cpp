@@ -36,14 +36,14 @@ Descriptor Raised(int number) {
   return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, kFirstOther));
 }
 
-struct Ends {
+struct BothEnds {
   Descriptor here;
   Descriptor there;
 
   [[nodiscard]] bool Open() const { return here.IsOpen() && there.IsOpen(); }
 };
 
-Ends MakePipe(bool writesHere) {
+BothEnds MakePipe(bool writesHere) {
   std::array<int, 2> ends{-1, -1};
   if (pipe2(ends.data(), O_CLOEXEC) != 0) return {};
   if (writesHere) std::swap(ends[0], ends[1]);
@@ -51,7 +51,7 @@ Ends MakePipe(bool writesHere) {
   return {Raised(ends[0]), Raised(ends[1])};
 }
 
-Ends MakeControl() {
+BothEnds MakeControl() {
   std::array<int, 2> ends{-1, -1};
   if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) return {};
   return {Raised(ends[0]), Raised(ends[1])};
@@ -95,31 +95,46 @@ ChildProgram::ChildProgram(pid_t guard, Descriptor input, Descriptor output, Des
       control_(std::move(control)) {}
 
 std::unique_ptr<ChildProgram> ChildProgram::Start(const Command& command) {
-  Ends input = MakePipe(true);
-  Ends output = MakePipe(false);
-  Ends errors = MakePipe(false);
-  Ends control = MakeControl();
+  return StartWith([&](const Ends& ends) { return StartBehind(command, ends); });
+}
+
+std::unique_ptr<ChildProgram> ChildProgram::StartWith(const std::function<pid_t(const Ends&)>& start) {
+  BothEnds input = MakePipe(true);
+  BothEnds output = MakePipe(false);
+  BothEnds errors = MakePipe(false);
+  BothEnds control = MakeControl();
   if (!input.Open() || !output.Open() || !errors.Open() || !control.Open()) return nullptr;
-  std::vector<std::string> texts = command.arguments;
-  std::vector<char*> arguments;
-  arguments.reserve(texts.size() + 1);
-  for (std::string& text : texts) arguments.push_back(text.data());
-  arguments.push_back(nullptr);
-  const pid_t guard = StartGuarded({.file = command.file.c_str(),
-                                    .arguments = arguments.data(),
-                                    .folder = command.folder.c_str(),
-                                    .input = input.there.Number(),
-                                    .output = output.there.Number(),
-                                    .errors = errors.there.Number(),
-                                    .control = control.there.Number()});
+  const pid_t guard =
+      start({input.there.Number(), output.there.Number(), errors.there.Number(), control.there.Number()});
   if (guard < 0) return nullptr;
   return std::unique_ptr<ChildProgram>(new ChildProgram(guard, std::move(input.here), std::move(output.here),
                                                         std::move(errors.here), std::move(control.here)));
 }
 
+pid_t ChildProgram::StartBehind(const Command& command, const Ends& ends) {
+  std::vector<std::string> texts = command.arguments;
+  std::vector<char*> arguments;
+  arguments.reserve(texts.size() + 1);
+  for (std::string& text : texts) arguments.push_back(text.data());
+  arguments.push_back(nullptr);
+  return StartGuarded({.file = command.file.c_str(),
+                       .arguments = arguments.data(),
+                       .folder = command.folder.c_str(),
+                       .input = ends.input,
+                       .output = ends.output,
+                       .errors = ends.errors,
+                       .control = ends.control});
+}
+
+// The guard closes its end when nothing of the program's group is left.
 ChildProgram::~ChildProgram() {
-  control_.Close();
-  while (waitpid(guard_, nullptr, 0) < 0 && errno == EINTR) {
+  shutdown(control_.Number(), SHUT_WR);
+  GuardMessage message;
+  ssize_t size = 0;
+  do {
+    size = recv(control_.Number(), &message, sizeof message, 0);
+  } while (size > 0 || (size < 0 && errno == EINTR));
+  while (guard_ > 0 && waitpid(guard_, nullptr, 0) < 0 && errno == EINTR) {
   }
 }
 

@@ -43,9 +43,23 @@ class ChildProgram {
     int number = 0;  // exit code, signal or errno
   };
 
+  // The program's ends of what leads to it.
+  struct Ends {
+    int input = -1;
+    int output = -1;
+    int errors = -1;
+    int control = -1;
+  };
+
   // Null when the system has no room for another process.
   [[nodiscard]] static std::unique_ptr<ChildProgram> Start(const Command& command);
-  // Kills it.
+  // One that `start` starts: it answers with the number of a guard that is a child of this process, 0 when
+  // it is somebody else's, -1 when there is none.
+  [[nodiscard]] static std::unique_ptr<ChildProgram> StartWith(
+      const std::function<pid_t(const Ends&)>& start);
+  // Starts the program between such ends; its guard's number.
+  [[nodiscard]] static pid_t StartBehind(const Command& command, const Ends& ends);
+  // Kills it, and waits until it is gone.
   ~ChildProgram();
   ChildProgram(const ChildProgram&) = delete;
   ChildProgram& operator=(const ChildProgram&) = delete;

@@ -90,11 +90,10 @@ bool CommandProgram::FailedByEnd(ChildProgram& program, const Fate& fate) {
   }
 }
 
-std::unique_ptr<ChildProgram> CommandProgram::Start(const CommandVoice& voice,
-                                                    const std::vector<std::string>& command) {
-  const auto file = FindProgram(command.front(), voice.folder);
-  if (file.empty()) return Fail("wurde nicht gefunden"), nullptr;
-  auto program = ChildProgram::Start({.file = file, .arguments = command, .folder = voice.folder});
+std::unique_ptr<ChildProgram> CommandProgram::Start(const CommandVoice& voice, const Utterance& utterance) {
+  std::unique_ptr<ChildProgram> program;
+  const auto outcome = starter_.Start(voice, utterance, program);
+  if (outcome == ProgramStarter::Outcome::NotFound) return Fail("wurde nicht gefunden"), nullptr;
   if (!program) Fail("lässt sich nicht starten");
   return program;
 }
@@ -118,7 +117,7 @@ std::optional<SaidSentence> CommandProgram::Say(const CommandVoice& voice, const
 
 std::optional<SaidSentence> CommandProgram::SayOnce(const CommandVoice& voice, const Utterance& utterance,
                                                     const std::string& line, Time until) {
-  const auto program = Start(voice, FilledCommand(voice, utterance));
+  const auto program = Start(voice, utterance);
   if (!program) return std::nullopt;
   const Outcome outcome = program->Exchange(
       line, true, [] { return false; }, until, interruption_);
@@ -148,7 +147,7 @@ bool CommandProgram::Open(const CommandVoice& voice, const Utterance& utterance,
   const bool same = stayingCommand_ == command && stayingFolder_ == voice.folder;
   if (staying_ && same && staying_->Output().empty() && staying_->IsThere()) return true;
   staying_.reset();
-  staying_ = Start(voice, command);
+  staying_ = Start(voice, utterance);
   stayingCommand_ = std::move(command);
   stayingFolder_ = voice.folder;
   return staying_ && (voice.mode != CommandVoice::Mode::Module || GreetModule(voice, until));

@@ -9,6 +9,7 @@
 
 #include "engine/ChildProgram.h"
 #include "engine/Interruption.h"
+#include "engine/ProgramStarter.h"
 #include "engine/SpeechModule.h"
 #include "engine/commandVoices.h"
 #include "engine/waveReading.h"
@@ -29,8 +30,9 @@ struct SaidSentence {
 // The programs that speak for command voices. One of those that stay is kept.
 class CommandProgram {
  public:
-  // The interruption must outlive the object.
-  explicit CommandProgram(const Interruption& interruption) : interruption_(interruption) {}
+  // Both must outlive the object; the voices are those of the starter.
+  CommandProgram(const ProgramStarter& starter, const Interruption& interruption)
+      : starter_(starter), interruption_(interruption) {}
 
   // The sentence's sound; nothing when it failed, for which Problem() tells the reason, or was interrupted.
   [[nodiscard]] std::optional<SaidSentence> Say(const CommandVoice& voice, const Utterance& utterance,
@@ -46,7 +48,7 @@ class CommandProgram {
  private:
   using Time = ChildProgram::Time;
 
-  std::unique_ptr<ChildProgram> Start(const CommandVoice& voice, const std::vector<std::string>& command);
+  std::unique_ptr<ChildProgram> Start(const CommandVoice& voice, const Utterance& utterance);
   bool Open(const CommandVoice& voice, const Utterance& utterance, Time until);
   bool GreetModule(const CommandVoice& voice, Time until);
   std::optional<SaidSentence> SayOnce(const CommandVoice& voice, const Utterance& utterance,
@@ -59,6 +61,7 @@ class CommandProgram {
   bool FailedBy(ChildProgram& program, ChildProgram::Outcome outcome);
   bool FailedByEnd(ChildProgram& program, const ChildProgram::Fate& fate);
 
+  const ProgramStarter& starter_;
   const Interruption& interruption_;
   std::unique_ptr<ChildProgram> staying_;
   std::vector<std::string> stayingCommand_;

@@ -7,6 +7,7 @@
 
 #include "engine/CommandProgram.h"
 #include "engine/Interruption.h"
+#include "engine/ProgramStarter.h"
 #include "engine/Synthesizer.h"
 #include "engine/commandVoices.h"
 
@@ -35,8 +36,9 @@ class CommandSynthesizer final : public Synthesizer {
 
   const std::vector<CommandVoice> voices_;
   const int sampleRate_;
+  const ProgramStarter starter_{voices_};
   Interruption interruption_;
-  CommandProgram program_{interruption_};
+  CommandProgram program_{starter_, interruption_};
   Utterance utterance_;  // its parameters
   std::size_t voice_ = 0;
   std::string problem_;

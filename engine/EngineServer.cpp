@@ -77,9 +77,17 @@ EngineServer::~EngineServer() {
   close(socket_);
 }
 
-int EngineServer::Run() {
-  if (!Send(FrameHello(synthesizers_.Describe()))) return 0;
+bool EngineServer::Greet() {
+  if (!Send(FrameHello(synthesizers_.Describe()))) return false;
   for (const std::string& remark : synthesizers_.Remarks()) Send(FrameRemark(remark));
+  return true;
+}
+
+void EngineServer::TellUnconfined() {
+  Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(NoticeCode::Unconfined)));
+}
+
+int EngineServer::Run() {
   worker_ = std::thread([this] { Work(); });
   teller_ = std::thread([this] { TellWords(); });
   FrameReader reader;

@@ -28,7 +28,12 @@ class EngineServer {
   EngineServer(const EngineServer&) = delete;
   EngineServer& operator=(const EngineServer&) = delete;
 
-  // Returns the process's exit code when the other end has closed the connection or broken the protocol.
+  // Tells what there is to speak with; false when nobody is there any more.
+  [[nodiscard]] bool Greet();
+  // That the system allows this process more than it needs.
+  void TellUnconfined();
+  // After Greet. Returns the process's exit code when the other end has closed the connection or broken the
+  // protocol.
   int Run();
 
  private:

@@ -13,6 +13,7 @@
 
 #include "base/consoleAnswers.h"
 #include "engine/EngineServer.h"
+#include "engine/engineRights.h"
 
 namespace {
 
@@ -50,8 +51,8 @@ void LimitMemory() {
 
 }  // namespace
 
-// lorelin-engine SOCKET [audio]: speaks for the program at the other end of the connected socket with this
-// number.
+// lorelin-engine SOCKET [audio|files [FOLDER]]: speaks for the program at the other end of the connected
+// socket with this number, and writes files into this folder.
 int main(int argc, char** argv) {
   if (lorelin::AnswerOnConsole(argc, argv, kHelp)) return 0;
   int socket = -1;
@@ -69,6 +70,9 @@ int main(int argc, char** argv) {
     if (!audible) GiveWay();
     LimitMemory();
     lorelin::engine::EngineServer server(socket, audible);
+    // Whoever waits for the greeting need not wait for what follows; no text has been read yet.
+    if (!server.Greet()) return 0;
+    if (!lorelin::engine::KeepEngineRights(argc >= 4 ? argv[3] : "")) server.TellUnconfined();
     return server.Run();
   } catch (const std::exception&) {
     return 1;

@@ -16,7 +16,7 @@ namespace lorelin::engine {
 // another version in Hello ends the connection, and so does a frame that is too long, of unknown kind or not
 // filled by its fields.
 
-inline constexpr std::uint32_t kProtocolVersion = 6;
+inline constexpr std::uint32_t kProtocolVersion = 7;
 inline constexpr std::uint32_t kMaxFrame = 256U << 20;
 inline constexpr std::size_t kKindAt = 4;  // of a frame
 
@@ -42,6 +42,7 @@ enum class Kind : std::uint8_t {
 enum class NoticeCode : std::uint32_t {
   NoAudioDevice = 1,  // texts pass in silence from now on
   AudioDevice = 2,    // and are heard again
+  Unconfined = 3,     // the system does not refuse the engine what it does not need
 };
 
 struct Voice {

@@ -1,24 +1,21 @@
 #include "import/confinement.h"
 
-#include <linux/filter.h>
-#include <linux/seccomp.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/syscall.h>
 #include <sys/time.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
 #include <csignal>
-#include <cstddef>
 #include <cstdint>
 #include <ctime>
 #include <fstream>
 #include <string>
+#include <system_error>
+#include <utility>
 
+#include "confinement/calls.h"
+#include "confinement/files.h"
 #include "import/importAnswer.h"
 
 namespace lorelin {
@@ -45,14 +42,6 @@ void EndLate(int) {
   _exit(1);
 }
 
-void Limit(__rlimit_resource resource, rlim_t most, rlim_t own) {
-  rlimit limit{};
-  if (getrlimit(resource, &limit) != 0) return;
-  limit.rlim_max = std::min(limit.rlim_max, most);
-  limit.rlim_cur = std::min({limit.rlim_cur, limit.rlim_max, own});
-  setrlimit(resource, &limit);
-}
-
 // What a checking build reserves at its start is more than the limit already.
 bool HasRoom() {
   std::uintmax_t pages = 0;
@@ -60,14 +49,14 @@ bool HasRoom() {
   return pages * static_cast<std::uintmax_t>(sysconf(_SC_PAGESIZE)) < kMemory / 2;
 }
 
-// Sockets are refused by the system from here on, to what this process starts as well.
-void RefuseConnections() {
-  std::array<sock_filter, 4> filter{{{BPF_LD | BPF_W | BPF_ABS, 0, 0, offsetof(seccomp_data, nr)},
-                                     {BPF_JMP | BPF_JEQ | BPF_K, 0, 1, SYS_socket},
-                                     {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ERRNO | EPERM},
-                                     {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ALLOW}}};
-  const sock_fprog program{static_cast<unsigned short>(filter.size()), filter.data()};
-  prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program);
+// Whoever recognises pages is another program, and keeps them in a file for a while.
+void KeepFilesOfReading(const std::filesystem::path& document, bool children) {
+  KeptFiles kept{.readable = {document}, .runnable = {}, .writable = {}};
+  auto& system = children ? kept.runnable : kept.readable;
+  for (auto& folder : SystemFolders()) system.push_back(std::move(folder));
+  std::error_code error;
+  if (children) kept.writable = {"/tmp", std::filesystem::temp_directory_path(error), "/dev/null"};
+  (void)KeepFiles(kept);
 }
 
 // The parent may have ended before this process asked to be told.
@@ -78,15 +67,15 @@ bool ReaderIsGone() {
 
 }  // namespace
 
-void Confine(bool children) {
+void Confine(const std::filesystem::path& document, bool children) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (ReaderIsGone()) _exit(1);
-  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-  RefuseConnections();
+  KeepFilesOfReading(document, children);
+  (void)KeepCalls({.programs = children});
   prctl(PR_SET_DUMPABLE, 0);
-  Limit(RLIMIT_CORE, 0, 0);
-  Limit(RLIMIT_FSIZE, children ? kFileOfChild : 0, 0);
-  if (HasRoom()) Limit(RLIMIT_AS, kMemory, kMemory);
+  LimitResource(RLIMIT_CORE, 0, 0);
+  LimitResource(RLIMIT_FSIZE, children ? kFileOfChild : 0, 0);
+  if (HasRoom()) LimitResource(RLIMIT_AS, kMemory, kMemory);
 }
 
 void GiveComputingTime(int seconds) {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <filesystem>
+
 namespace lorelin {
 
-// From here on the process takes little memory, writes no file, opens no connection, ends with its parent,
-// and gains no rights.
-// With `children`, programs that it starts may give themselves the right to write small ones.
-void Confine(bool children);
+// From here on the process takes little memory, reads the document and what belongs to the system, writes no
+// file, opens no connection, starts no program, looks into no other process, ends with its parent, and gains
+// no rights. With `children` it may start programs, which may give themselves the right to write small
+// temporary files.
+void Confine(const std::filesystem::path& document, bool children);
 
 // The process ends with an answer that says so when it computes for so long; each call begins anew, 0 ends
 // the watch.

@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
   }
   // Whoever no longer reads ends the writing, not the process.
   std::signal(SIGPIPE, SIG_IGN);
-  lorelin::Confine(request->recognisePages);
+  lorelin::Confine(request->path, request->recognisePages);
   lorelin::GiveComputingTime(kSeconds);
   const std::string answer = Answer(*request);
   lorelin::GiveComputingTime(0);

@@ -9,7 +9,7 @@ EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock
   const std::weak_ptr<Listener> listener = ListenerForTasks();
   const std::weak_ptr<Condition> condition = condition_;
   connection_ = std::make_unique<EngineConnection>(
-      options.engineFile, options.audible, options.patience,
+      options.engineFile, options.audible, options.folder, options.patience,
       EngineConnection::Handlers{.ended =
                                      [listener, &pump](const engine::Ended& ended) {
                                        pump.Post([listener, ended] {

@@ -21,6 +21,9 @@ class EngineClient final : public SpeechInstance {
   struct Options {
     std::string engineFile;
     bool audible = false;  // this instance is going to play: it prepares the sound device
+    // Where its sound files are going to be, as the system takes it; an engine that writes them elsewhere
+    // has to be started anew.
+    std::string folder{};
     // What is wrong with the instance, in German for the status bar, and "" when nothing is any more; on the
     // pump's thread.
     std::function<void(const std::string&)> condition;

@@ -5,6 +5,7 @@
 #include <spawn.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,8 +44,9 @@ void RemoveUnfinished(const std::string& waveFile) {
   if (!waveFile.empty()) std::filesystem::remove(UnfinishedName(NativePath(waveFile)), error);
 }
 
-// Spawns the engine with `socket` as its descriptor 3; its process number or -1.
-pid_t Spawn(const std::string& file, bool audible, int socket) {
+// Spawns the engine with `socket` as its descriptor 3, to write files into the folder; its process number or
+// -1.
+pid_t Spawn(const std::string& file, bool audible, const std::string& folder, int socket) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, socket, kChildSocket);
@@ -52,12 +54,18 @@ pid_t Spawn(const std::string& file, bool audible, int socket) {
   posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   std::string program = file;
   std::string number = std::to_string(kChildSocket);
-  std::string audio = "audio";
-  std::array<char*, 4> arguments{program.data(), number.data(), audible ? audio.data() : nullptr, nullptr};
+  std::string use = audible ? "audio" : "files";
+  std::string into = folder;
+  std::array<char*, 5> arguments{program.data(), number.data(), use.data(), into.data(), nullptr};
   pid_t process = -1;
   const int error = posix_spawn(&process, file.c_str(), &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   return error == 0 ? process : -1;
+}
+
+// The folder that a sound file is written into, itself or through a link.
+std::string FolderOf(const std::string& waveFile) {
+  return waveFile.empty() ? std::string() : FollowedLinks(NativePath(waveFile)).parent_path().string();
 }
 
 // Waits for the process, and kills it when it takes too long to end by itself.
@@ -75,14 +83,15 @@ void WaitFor(pid_t process, milliseconds time) {
 
 }  // namespace
 
-EngineConnection::EngineConnection(std::string engineFile, bool audible, Patience patience, Handlers handlers,
-                                   Clock& clock, Log& log)
+EngineConnection::EngineConnection(std::string engineFile, bool audible, const std::string& folder,
+                                   Patience patience, Handlers handlers, Clock& clock, Log& log)
     : engineFile_(std::move(engineFile)),
       audible_(audible),
       patience_(patience),
       handlers_(std::move(handlers)),
       clock_(clock),
       log_(log),
+      place_(PlaceOf(folder)),
       wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
   if (!Start()) log_.Write("Sprachausgabe: " + engineFile_ + " lässt sich nicht starten");
   thread_ = std::thread([this] { Run(); });
@@ -104,7 +113,7 @@ EngineConnection::~EngineConnection() {
 bool EngineConnection::Start() {
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return false;
-  const pid_t process = Spawn(engineFile_, audible_, ends[1]);
+  const pid_t process = Spawn(engineFile_, audible_, place_.folder, ends[1]);
   close(ends[1]);
   if (process < 0) {
     close(ends[0]);
@@ -155,6 +164,7 @@ void EngineConnection::Queue(std::string frame) {
 void EngineConnection::Speak(const engine::Utterance& utterance) {
   {
     Guard guard(mutex_);
+    MoveTo(PlaceOf(FolderOf(utterance.waveFile)));
     current_ = utterance.id;
     currentFile_ = utterance.waveFile;
     spokenAt_ = steady_clock::now();
@@ -167,6 +177,23 @@ void EngineConnection::Speak(const engine::Utterance& utterance) {
     }
   }
   Send(engine::FrameSpeak(utterance));
+}
+
+// A folder that was made anew is another one.
+EngineConnection::Place EngineConnection::PlaceOf(const std::string& folder) {
+  struct stat status {};
+  if (folder.empty() || stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return {};
+  return {folder, status.st_dev, status.st_ino};
+}
+
+// An engine writes only into the folder that it was started for; another takes its place.
+void EngineConnection::MoveTo(Place place) {
+  if (place.folder.empty() || place == place_) return;
+  place_ = std::move(place);
+  if (socket_ < 0) return;
+  Reap();
+  if (current_ != 0) RemoveUnfinished(currentFile_);
+  (void)Start();
 }
 
 void EngineConnection::Continue(const engine::TextPart& part) {
@@ -410,6 +437,8 @@ bool EngineConnection::HandleHello(const engine::Message& message, Guard& guard)
 }
 
 void EngineConnection::HandleNotice(std::uint32_t code, Guard& guard) {
+  if (code == static_cast<std::uint32_t>(engine::NoticeCode::Unconfined))
+    return log_.Write("Sprachausgabe: Dieses System beschränkt den Prozess nicht auf das Nötige");
   const bool silent = code == static_cast<std::uint32_t>(engine::NoticeCode::NoAudioDevice);
   SetCondition(silent ? kNoDevice : "", guard);
 }

@@ -39,8 +39,9 @@ class EngineConnection {
     std::chrono::milliseconds answer{2000};    // to a question, and to take in what it is sent
   };
 
-  EngineConnection(std::string engineFile, bool audible, Patience patience, Handlers handlers, Clock& clock,
-                   Log& log);
+  // `folder` is where sound files are going to be written, "" when that is not known yet.
+  EngineConnection(std::string engineFile, bool audible, const std::string& folder, Patience patience,
+                   Handlers handlers, Clock& clock, Log& log);
   // Ends the process and waits for it.
   ~EngineConnection();
   EngineConnection(const EngineConnection&) = delete;
@@ -72,6 +73,15 @@ class EngineConnection {
   using Time = std::chrono::steady_clock::time_point;
   using Guard = std::unique_lock<std::mutex>;
 
+  // The folder that the engine may write into; "" for none.
+  struct Place {
+    std::string folder;
+    dev_t device = 0;
+    ino_t number = 0;
+
+    bool operator==(const Place&) const = default;
+  };
+
   void Run();
   void Send(std::string frame);
   void Queue(std::string frame);
@@ -79,6 +89,8 @@ class EngineConnection {
   bool Start();
   // The process is gone or given up: tells the end of its text and starts another while the budget lasts.
   void Lost(Guard& guard);
+  [[nodiscard]] static Place PlaceOf(const std::string& folder);
+  void MoveTo(Place place);
   void Reap();
   void Restart(Guard& guard);
   void RenewIfIdle();
@@ -105,6 +117,7 @@ class EngineConnection {
   Clock& clock_;
   Log& log_;
 
+  Place place_;
   mutable std::mutex mutex_;
   std::condition_variable told_;
   RestartBudget budget_;

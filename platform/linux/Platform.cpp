@@ -78,7 +78,10 @@ std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, E
                                              std::function<void(const std::string&)> condition) {
   return std::make_unique<EngineClient>(
       EngineClient::Options{
-          .engineFile = services.paths.engineFile, .audible = audible, .condition = std::move(condition)},
+          .engineFile = services.paths.engineFile,
+          .audible = audible,
+          .folder = audible ? std::string() : (NativePath(services.paths.programFolder) / "temp").string(),
+          .condition = std::move(condition)},
       pump, *services.clock, *services.log);
 }
 

