@@ -2,7 +2,6 @@
 
 #include <wx/evtloop.h>
 #include <wx/filename.h>
-#include <wx/log.h>
 
 #include <utility>
 
@@ -18,7 +17,6 @@ constexpr int kPause = 200;  // milliseconds; whoever copies files copies severa
 WxFolderWatch::WxFolderWatch(std::string folder, std::function<void()> changed)
     : folder_(std::move(folder)), changed_(std::move(changed)) {
   pause_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { changed_(); });
-  Bind(wxEVT_FSWATCHER, [this](wxFileSystemWatcherEvent&) { pause_.StartOnce(kPause); });
   begin_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Begin(); });
   CallAfter([this] { Begin(); });
 }
@@ -31,12 +29,9 @@ void WxFolderWatch::Begin() {
     begin_.StartOnce(kPause);
     return;
   }
-  const wxLogNull quiet;
-  const wxFileName folder = wxFileName::DirName(ToWx(folder_));
-  if (!folder.DirExists()) return;
-  watcher_ = std::make_unique<wxFileSystemWatcher>();
-  watcher_->SetOwner(this);
-  watcher_->Add(folder, wxFSW_EVENT_CREATE | wxFSW_EVENT_DELETE | wxFSW_EVENT_RENAME);
+  const wxString folder = ToWx(folder_);
+  if (wxFileName::DirExists(folder))
+    events_ = TellOfNames(folder, *this, [this] { pause_.StartOnce(kPause); });
 }
 
 }  // namespace lorelin

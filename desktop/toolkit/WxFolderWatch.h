@@ -1,12 +1,13 @@
 #pragma once
 
 #include <wx/event.h>
-#include <wx/fswatcher.h>
 #include <wx/timer.h>
 
 #include <functional>
 #include <memory>
 #include <string>
+
+#include "desktop/toolkit/folderEvents.h"
 
 namespace lorelin {
 
@@ -25,7 +26,7 @@ class WxFolderWatch final : public wxEvtHandler {
 
   std::string folder_;
   std::function<void()> changed_;
-  std::unique_ptr<wxFileSystemWatcher> watcher_;
+  std::unique_ptr<FolderEvents> events_;
   wxTimer begin_;
   wxTimer pause_;
 };

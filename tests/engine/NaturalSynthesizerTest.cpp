@@ -116,11 +116,11 @@ class Natural : public testing::Test {
   std::vector<WordMark> marks;
 };
 
-constexpr const char* kText = "Guten Tag, Herr Müller. Ja!";
+constexpr const char* kSentence = "Guten Tag, Herr Müller. Ja!";
 
 TEST_F(Natural, SpeaksEverySoundOfATextAndNoOther) {
-  ASSERT_TRUE(Speak("probe", kText)) << Synthesizer().Problem();
-  ExpectTones(Expected("probe", kText), 1);
+  ASSERT_TRUE(Speak("probe", kSentence)) << Synthesizer().Problem();
+  ExpectTones(Expected("probe", kSentence), 1);
 }
 
 TEST_F(Natural, HasTheLengthOfItsSymbolsAndPauses) {
@@ -131,57 +131,57 @@ TEST_F(Natural, HasTheLengthOfItsSymbolsAndPauses) {
 }
 
 TEST_F(Natural, SpeaksTheSameAtTheEnginesRate) {
-  ASSERT_TRUE(Speak("– hoch", kText)) << Synthesizer().Problem();
-  ExpectTones(Expected("paar", kText), 1);
+  ASSERT_TRUE(Speak("– hoch", kSentence)) << Synthesizer().Problem();
+  ExpectTones(Expected("paar", kSentence), 1);
   const double other = static_cast<double>(samples.size());
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   const double pauses = 2 * 22050.0 / 5;
   EXPECT_NEAR((other - pauses) / (static_cast<double>(samples.size()) - pauses), 22050.0 / 16000, 0.001);
 }
 
 TEST_F(Natural, SpeaksWithEverySpeakerOfAModel) {
-  ASSERT_TRUE(Speak("– tief", kText));
-  ExpectTones(Expected("paar", kText), 0.5);
+  ASSERT_TRUE(Speak("– tief", kSentence));
+  ExpectTones(Expected("paar", kSentence), 0.5);
 }
 
 TEST_F(Natural, IsFasterWithoutBeingHigher) {
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   const auto usual = static_cast<double>(samples.size());
   utterance.speed = 350;
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   EXPECT_NEAR(static_cast<double>(samples.size()) / usual, 0.5, 0.01);
-  ExpectTones(Expected("probe", kText), 1);
+  ExpectTones(Expected("probe", kSentence), 1);
 }
 
 TEST_F(Natural, IsHigherWithoutBeingFaster) {
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   const auto usual = static_cast<double>(samples.size());
   for (const int pitch : {0, 60, 75, 100}) {
     utterance.pitch = pitch;
-    ASSERT_TRUE(Speak("probe", kText));
+    ASSERT_TRUE(Speak("probe", kSentence));
     EXPECT_NEAR(static_cast<double>(samples.size()) / usual, 1, 0.01) << pitch;
-    ExpectTones(Expected("probe", kText), std::exp2((pitch - 50) / 100.0));
+    ExpectTones(Expected("probe", kSentence), std::exp2((pitch - 50) / 100.0));
   }
 }
 
 TEST_F(Natural, IsAsLoudAsItIsTold) {
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   const double loud = *std::max_element(samples.begin(), samples.end());
   utterance.volumeLeft = 25;
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   EXPECT_NEAR(*std::max_element(samples.begin(), samples.end()) / loud, 0.25, 0.01);
   utterance.volumeLeft = 0;
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   EXPECT_EQ(*std::max_element(samples.begin(), samples.end()), 0);
 }
 
 TEST_F(Natural, SpeaksATextTheSameWayEveryTime) {
-  ASSERT_TRUE(Speak("rausch", kText));
+  ASSERT_TRUE(Speak("rausch", kSentence));
   const auto first = samples;
   ASSERT_TRUE(Speak("rausch", "Etwas anderes."));
-  ASSERT_TRUE(Speak("rausch", kText));
+  ASSERT_TRUE(Speak("rausch", kSentence));
   EXPECT_EQ(samples, first);
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   EXPECT_NE(samples, first);
 }
 
@@ -215,10 +215,10 @@ TEST_F(Natural, SaysWhyAVoiceCannotSpeak) {
         std::pair{"kaputt_riesig", "ihr Modell rechnet falsch."},
 #endif
         std::pair{"kaputt_fremd", "die ONNX Runtime kann ihr Modell nicht ausführen."}}) {
-    EXPECT_FALSE(Speak(voice, kText)) << voice;
+    EXPECT_FALSE(Speak(voice, kSentence)) << voice;
     EXPECT_EQ(Synthesizer().Problem(), "Die Stimme „de_DE-" + std::string(voice) + end + reason);
   }
-  ASSERT_TRUE(Speak("probe", kText));
+  ASSERT_TRUE(Speak("probe", kSentence));
   EXPECT_EQ(Synthesizer().Problem(), "");
 }
 
@@ -233,7 +233,7 @@ TEST_F(Natural, EndsWhenNobodyTakesItsSamples) {
   Synthesizer().Apply(Number("probe"), utterance);
   int calls = 0;
   EXPECT_FALSE(Synthesizer().Speak(
-      kText, [&](auto) { return ++calls < 3; }, [](const WordMark&) {}));
+      kSentence, [&](auto) { return ++calls < 3; }, [](const WordMark&) {}));
   EXPECT_EQ(calls, 3);
 }
 

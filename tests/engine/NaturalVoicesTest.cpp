@@ -17,12 +17,12 @@ Json Description(const std::string& name) {
   return Json::parse(ReadFile((TestVoices() / (name + ".onnx.json")).string()));
 }
 
-std::string Refusal(const Json& json) {
+std::string VoiceRefusal(const Json& json) {
   std::string problem;
   return ReadNaturalVoice(json.dump(), problem) ? "(angenommen)" : problem;
 }
 
-std::string Refusal(const std::string& json) {
+std::string VoiceRefusal(const std::string& json) {
   std::string problem;
   return ReadNaturalVoice(json, problem) ? "(angenommen)" : problem;
 }
@@ -56,15 +56,15 @@ TEST(NaturalVoice, IsOfferedOnceForEachSpeaker) {
 
 TEST(NaturalVoice, IsRefusedWithAReason) {
   const Json good = Description("de_DE-paar-low");
-  EXPECT_EQ(Refusal(good), "(angenommen)");
-  EXPECT_EQ(Refusal(std::string()), "sie ist kein JSON");
-  EXPECT_EQ(Refusal(good.dump().substr(0, 300)), "sie ist kein JSON");
-  EXPECT_EQ(Refusal(std::string(100000, '[')), "sie ist kein JSON");
-  EXPECT_EQ(Refusal(std::string("[1]")), "sie ist kein JSON-Objekt");
+  EXPECT_EQ(VoiceRefusal(good), "(angenommen)");
+  EXPECT_EQ(VoiceRefusal(std::string()), "sie ist kein JSON");
+  EXPECT_EQ(VoiceRefusal(good.dump().substr(0, 300)), "sie ist kein JSON");
+  EXPECT_EQ(VoiceRefusal(std::string(100000, '[')), "sie ist kein JSON");
+  EXPECT_EQ(VoiceRefusal(std::string("[1]")), "sie ist kein JSON-Objekt");
   const auto changed = [&](const char* pointer, const Json& value) {
     Json json = good;
     json[Json::json_pointer(pointer)] = value;
-    return Refusal(json);
+    return VoiceRefusal(json);
   };
   EXPECT_EQ(changed("/audio/sample_rate", 4294967296), "die Abtastrate ist falsch");
   EXPECT_EQ(changed("/audio/sample_rate", -1), "die Abtastrate ist falsch");

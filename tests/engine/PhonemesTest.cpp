@@ -22,7 +22,7 @@ std::string Text(const std::u32string& symbols) {
 }
 
 // "0:Guten 6:Tag": where each known word begins, and the first sounds there.
-std::string Words(const Clause& clause) {
+std::string ClauseWords(const Clause& clause) {
   std::string words;
   for (const WordStart& word : clause.words) {
     words += (words.empty() ? "" : " ") + std::to_string(word.character) + ":" +
@@ -47,16 +47,16 @@ TEST(Phonemes, ComeClauseByClauseWithTheirSigns) {
 TEST(Phonemes, KnowWhereTheirWordsStand) {
   const auto clauses = Clauses("Guten Tag, Müller! Öl");
   ASSERT_EQ(clauses.size(), 3U);
-  EXPECT_EQ(Words(clauses[0]), "0:ɡˈu 6:tˈɑ");
-  EXPECT_EQ(Words(clauses[1]), "11:mˈy");
-  EXPECT_EQ(Words(clauses[2]), "19:ˈøː");
+  EXPECT_EQ(ClauseWords(clauses[0]), "0:ɡˈu 6:tˈɑ");
+  EXPECT_EQ(ClauseWords(clauses[1]), "11:mˈy");
+  EXPECT_EQ(ClauseWords(clauses[2]), "19:ˈøː");
 }
 
 TEST(Phonemes, FindWordsBehindNumbersAndDashes) {
   const auto clauses = Clauses("Im Jahr 1984 sind es – nicht „wahr“ - 3,5.");
   ASSERT_EQ(clauses.size(), 2U);
-  EXPECT_EQ(Words(clauses[0]), "0:ɪm  3:jˈɑ 8:ˈaɪ 13:zɪn 18:ɛs");
-  EXPECT_EQ(Words(clauses[1]), "23:nˈɪ 29:vˈɑ 38:dɾˈ");
+  EXPECT_EQ(ClauseWords(clauses[0]), "0:ɪm  3:jˈɑ 8:ˈaɪ 13:zɪn 18:ɛs");
+  EXPECT_EQ(ClauseWords(clauses[1]), "23:nˈɪ 29:vˈɑ 38:dɾˈ");
 }
 
 TEST(Phonemes, AreDecomposedAndWithoutMarksOfLanguages) {

@@ -20,9 +20,9 @@
 namespace lorelin::engine {
 namespace {
 
-constexpr std::uint32_t kRate = 22050;
+constexpr std::uint32_t kFileRate = 22050;
 
-std::vector<std::int16_t> Tone(double hertz, double seconds, double rate = kRate) {
+std::vector<std::int16_t> Tone(double hertz, double seconds, double rate = kFileRate) {
   std::vector<std::int16_t> samples(static_cast<std::size_t>(seconds * rate));
   for (std::size_t i = 0; i < samples.size(); ++i) {
     const double angle = 2 * std::numbers::pi * hertz * static_cast<double>(i) / rate;
@@ -31,13 +31,13 @@ std::vector<std::int16_t> Tone(double hertz, double seconds, double rate = kRate
   return samples;
 }
 
-struct Sound {
+struct DecodedSound {
   double seconds = 0;
   double loudness = 0;  // root of the mean square
   double hertz = 0;     // by the changes of sign
 };
 
-Sound Decoded(const std::string& path) {
+DecodedSound Decoded(const std::string& path) {
   SF_INFO info{};
   SNDFILE* const file = sf_open(path.c_str(), SFM_READ, &info);
   if (file == nullptr) return {};
@@ -46,7 +46,7 @@ Sound Decoded(const std::string& path) {
   while (const auto count = sf_read_short(file, block.data(), 4096))
     samples.insert(samples.end(), block.begin(), block.begin() + count);
   sf_close(file);
-  Sound sound;
+  DecodedSound sound;
   sound.seconds = static_cast<double>(samples.size()) / info.samplerate;
   double sum = 0;
   int changes = 0;
@@ -78,12 +78,12 @@ INSTANTIATE_TEST_SUITE_P(Every, SoundFiles,
 
 TEST_P(SoundFiles, HoldWhatWasWritten) {
   for (const SoundQuality quality : {SoundQuality::Small, SoundQuality::Usual, SoundQuality::High}) {
-    SoundFileWriter file(path, kRate, GetParam(), quality);
+    SoundFileWriter file(path, kFileRate, GetParam(), quality);
     const auto tone = Tone(440, 3);
     for (std::size_t at = 0; at < tone.size(); at += 1000)
       ASSERT_TRUE(file.Write(std::span(tone).subspan(at, std::min<std::size_t>(1000, tone.size() - at))));
     ASSERT_TRUE(file.Finish()) << file.Problem();
-    const Sound sound = Decoded(path);
+    const DecodedSound sound = Decoded(path);
     EXPECT_NEAR(sound.seconds, 3, 0.08);
     EXPECT_NEAR(sound.loudness, 10000 / std::sqrt(2), 700);
     EXPECT_NEAR(sound.hertz, 440, 12);
@@ -94,7 +94,7 @@ TEST_P(SoundFiles, HoldWhatWasWritten) {
 TEST_P(SoundFiles, TakeLessRoomTheLowerTheQuality) {
   std::vector<std::uintmax_t> sizes;
   for (const SoundQuality quality : {SoundQuality::Small, SoundQuality::Usual, SoundQuality::High}) {
-    SoundFileWriter file(path, kRate, GetParam(), quality);
+    SoundFileWriter file(path, kFileRate, GetParam(), quality);
     ASSERT_TRUE(file.Write(Tone(440, 3)));
     ASSERT_TRUE(file.Finish());
     sizes.push_back(std::filesystem::file_size(path));
@@ -106,7 +106,7 @@ TEST_P(SoundFiles, TakeLessRoomTheLowerTheQuality) {
 TEST_P(SoundFiles, ThatAreNotFinishedLeaveWhatWasThere) {
   WriteFile(path, "alt");
   {
-    SoundFileWriter file(path, kRate, GetParam(), SoundQuality::Usual);
+    SoundFileWriter file(path, kFileRate, GetParam(), SoundQuality::Usual);
     ASSERT_TRUE(file.Write(Tone(440, 1)));
   }
   EXPECT_EQ(ReadFile(path), "alt");
@@ -114,7 +114,7 @@ TEST_P(SoundFiles, ThatAreNotFinishedLeaveWhatWasThere) {
 }
 
 TEST_P(SoundFiles, CannotLieInAFolderThatIsNotThere) {
-  SoundFileWriter file(folder.File("fehlt/a"), kRate, GetParam(), SoundQuality::Usual);
+  SoundFileWriter file(folder.File("fehlt/a"), kFileRate, GetParam(), SoundQuality::Usual);
   EXPECT_EQ(file.Problem(), "Die Tondatei konnte nicht geschrieben werden. Den Ordner gibt es nicht.");
   EXPECT_FALSE(file.Write(Tone(440, 1)));
   EXPECT_FALSE(file.Finish());
@@ -126,7 +126,7 @@ TEST_P(SoundFiles, ThatDoNotFitAreNoFiles) {
   WriteFile(path, "alt");
   std::uintmax_t whole = 0;
   {
-    SoundFileWriter file(folder.File("ganz"), kRate, GetParam(), SoundQuality::High);
+    SoundFileWriter file(folder.File("ganz"), kFileRate, GetParam(), SoundQuality::High);
     ASSERT_TRUE(file.Write(Tone(440, 30)));
     ASSERT_TRUE(file.Finish());
     whole = std::filesystem::file_size(folder.File("ganz"));
@@ -136,7 +136,7 @@ TEST_P(SoundFiles, ThatDoNotFitAreNoFiles) {
   getrlimit(RLIMIT_FSIZE, &old);
   for (const std::uintmax_t most : {std::uintmax_t{100}, whole / 2, whole - 1}) {
     const rlimit small{most, old.rlim_max};
-    SoundFileWriter file(path, kRate, GetParam(), SoundQuality::High);
+    SoundFileWriter file(path, kFileRate, GetParam(), SoundQuality::High);
     setrlimit(RLIMIT_FSIZE, &small);
     const bool finished = file.Write(Tone(440, 30)) && file.Finish();
     setrlimit(RLIMIT_FSIZE, &old);
@@ -149,7 +149,7 @@ TEST_P(SoundFiles, ThatDoNotFitAreNoFiles) {
 }
 
 TEST_P(SoundFiles, HoldNothingForNothing) {
-  SoundFileWriter file(path, kRate, GetParam(), SoundQuality::Usual);
+  SoundFileWriter file(path, kFileRate, GetParam(), SoundQuality::Usual);
   EXPECT_TRUE(file.Finish()) << file.Problem();
   EXPECT_LT(Decoded(path).seconds, 0.2);
 }
@@ -158,10 +158,10 @@ TEST(StreamResampler, GivesWhatTheWholeGives) {
   const auto tone = Tone(1000, 2);
   const std::vector<float> whole(tone.begin(), tone.end());
   for (const std::uint32_t to : {24000U, 48000U, 16000U, 11025U, 22050U}) {
-    const auto expected = Resampled(whole, static_cast<double>(kRate) / to);
+    const auto expected = Resampled(whole, static_cast<double>(kFileRate) / to);
     for (const std::size_t block : {std::size_t{1}, std::size_t{777}, std::size_t{9000}, tone.size()}) {
       if (block == 1 && to != 24000) continue;  // it is slow
-      StreamResampler resampler(kRate, to);
+      StreamResampler resampler(kFileRate, to);
       std::vector<std::int16_t> samples;
       const auto add = [&](const std::vector<std::int16_t>& more) {
         samples.insert(samples.end(), more.begin(), more.end());
@@ -232,7 +232,7 @@ TEST(EncodingQueue, FailsAtTheEndWhenOnlyTheLastBlockFails) {
 
 TEST(EncodingQueue, KnowsAtOnceOfAFileThatCannotBe) {
   TemporaryFolder folder;
-  EncodingQueue queue(std::make_unique<SoundFileWriter>(folder.File("fehlt/a"), kRate, SoundFormat::Mp3,
+  EncodingQueue queue(std::make_unique<SoundFileWriter>(folder.File("fehlt/a"), kFileRate, SoundFormat::Mp3,
                                                         SoundQuality::Usual));
   EXPECT_FALSE(queue.Problem().empty());
   EXPECT_FALSE(queue.Write(Tone(440, 1)));

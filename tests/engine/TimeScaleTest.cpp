@@ -8,13 +8,13 @@
 namespace lorelin::engine {
 namespace {
 
-constexpr int kRate = 22050;
+constexpr int kScaleRate = 22050;
 
-std::vector<float> Tone(double hertz, double seconds) {
-  std::vector<float> samples(static_cast<std::size_t>(seconds * kRate));
+std::vector<float> ScaledTone(double hertz, double seconds) {
+  std::vector<float> samples(static_cast<std::size_t>(seconds * kScaleRate));
   for (std::size_t i = 0; i < samples.size(); ++i)
-    samples[i] =
-        static_cast<float>(0.5 * std::sin(2 * std::numbers::pi * hertz * static_cast<double>(i) / kRate));
+    samples[i] = static_cast<float>(
+        0.5 * std::sin(2 * std::numbers::pi * hertz * static_cast<double>(i) / kScaleRate));
   return samples;
 }
 
@@ -27,7 +27,7 @@ double Hertz(const std::vector<float>& samples) {
     if (rises++ == 0) first = i;
     last = i;
   }
-  return rises < 2 ? 0 : (rises - 1) * static_cast<double>(kRate) / static_cast<double>(last - first);
+  return rises < 2 ? 0 : (rises - 1) * static_cast<double>(kScaleRate) / static_cast<double>(last - first);
 }
 
 double Loudness(const std::vector<float>& samples) {
@@ -38,10 +38,10 @@ double Loudness(const std::vector<float>& samples) {
 
 TEST(TimeScale, ChangesTheLengthAndNotTheHeight) {
   for (const double hertz : {90.0, 220.0, 1000.0}) {
-    const auto tone = Tone(hertz, 1);
+    const auto tone = ScaledTone(hertz, 1);
     for (const double factor : {0.39, 0.71, 0.97, 1.03, 1.41, 2.2}) {
-      const auto size = static_cast<std::size_t>(factor * kRate);
-      const auto scaled = Stretched(tone, size, kRate);
+      const auto size = static_cast<std::size_t>(factor * kScaleRate);
+      const auto scaled = Stretched(tone, size, kScaleRate);
       EXPECT_EQ(scaled.size(), size);
       EXPECT_NEAR(Hertz(scaled) / hertz, 1, 0.01) << hertz << " x " << factor;
       EXPECT_NEAR(Loudness(scaled) / Loudness(tone), 1, 0.05) << hertz << " x " << factor;
@@ -50,24 +50,24 @@ TEST(TimeScale, ChangesTheLengthAndNotTheHeight) {
 }
 
 TEST(TimeScale, LeavesASoundOfTheRightLengthAsItIs) {
-  const auto tone = Tone(220, 0.3);
-  EXPECT_EQ(Stretched(tone, tone.size(), kRate), tone);
+  const auto tone = ScaledTone(220, 0.3);
+  EXPECT_EQ(Stretched(tone, tone.size(), kScaleRate), tone);
 }
 
 TEST(TimeScale, KeepsWhatHappensInItsPlace) {
-  std::vector<float> samples(kRate, 0);
-  const auto tone = Tone(440, 0.2);
-  std::copy(tone.begin(), tone.end(), samples.begin() + kRate / 2);
-  const auto scaled = Stretched(samples, kRate * 3 / 2, kRate);
+  std::vector<float> samples(kScaleRate, 0);
+  const auto tone = ScaledTone(440, 0.2);
+  std::copy(tone.begin(), tone.end(), samples.begin() + kScaleRate / 2);
+  const auto scaled = Stretched(samples, kScaleRate * 3 / 2, kScaleRate);
   const auto begin = std::find_if(scaled.begin(), scaled.end(), [](float s) { return std::abs(s) > 0.1F; });
-  EXPECT_NEAR(static_cast<double>(begin - scaled.begin()) / kRate, 0.75, 0.02);
+  EXPECT_NEAR(static_cast<double>(begin - scaled.begin()) / kScaleRate, 0.75, 0.02);
 }
 
 TEST(TimeScale, TakesShortSoundsAndNone) {
-  EXPECT_TRUE(Stretched({}, 0, kRate).empty());
-  EXPECT_EQ(Stretched({}, 10, kRate), std::vector<float>(10));
-  EXPECT_TRUE(Stretched(Tone(440, 0.01), 0, kRate).empty());
-  EXPECT_EQ(Stretched(std::vector<float>{0.5F}, 3, kRate).size(), 3U);
+  EXPECT_TRUE(Stretched({}, 0, kScaleRate).empty());
+  EXPECT_EQ(Stretched({}, 10, kScaleRate), std::vector<float>(10));
+  EXPECT_TRUE(Stretched(ScaledTone(440, 0.01), 0, kScaleRate).empty());
+  EXPECT_EQ(Stretched(std::vector<float>{0.5F}, 3, kScaleRate).size(), 3U);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ struct Told {
 };
 
 // The words at the marks, one behind the other.
-std::string Words(std::string_view text, const std::vector<WordMark>& marks) {
+std::string MarkedWords(std::string_view text, const std::vector<WordMark>& marks) {
   std::string words;
   for (const WordMark& mark : marks) {
     const std::string_view begin = FromCharacter(text, mark.begin);
@@ -63,7 +63,7 @@ TEST(WordMarker, NeverGoesBack) {
   marker.Event(0, 200, told.Take());
   marker.Event(4, 300, told.Take());
   marker.Event(6, 400, told.Take());
-  EXPECT_EQ(Words("ab cd ef", told.marks), "ab|cd|ef");
+  EXPECT_EQ(MarkedWords("ab cd ef", told.marks), "ab|cd|ef");
   EXPECT_EQ(told.marks.back().sample, 400U);
 }
 
@@ -80,7 +80,7 @@ TEST(WordMarker, LeavesOutTheSignsAroundAWord) {
   Told told;
   WordMarker marker(text);
   marker.End(100, told.Take());
-  EXPECT_EQ(Words(text, told.marks), "Öko-Anbau|5|%|&|so|😀");
+  EXPECT_EQ(MarkedWords(text, told.marks), "Öko-Anbau|5|%|&|so|😀");
 }
 
 TEST(WordMarker, HasNothingToTellOfSignsAlone) {
@@ -115,7 +115,7 @@ class RealWords : public testing::Test {
           return true;
         },
         told.Take());
-    return Words(text, told.marks);
+    return MarkedWords(text, told.marks);
   }
   static Synthesizer& Library() {
     static EspeakSynthesizer synthesizer(TheEspeakLibrary());

@@ -5,11 +5,11 @@
 namespace lorelin {
 namespace {
 
-std::unique_ptr<Registry> MakeFake() {
+std::unique_ptr<Registry> MakeFakeRegistry() {
   return std::make_unique<FakeRegistry>();
 }
 
-INSTANTIATE_TEST_SUITE_P(Fake, RegistryContract, testing::Values(&MakeFake));
+INSTANTIATE_TEST_SUITE_P(Fake, RegistryContract, testing::Values(&MakeFakeRegistry));
 
 }  // namespace
 }  // namespace lorelin

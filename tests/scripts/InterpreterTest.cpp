@@ -8,7 +8,7 @@
 namespace lorelin {
 namespace {
 
-constexpr const char* kEnd = "Ausführung des Taskscripts beendet.";
+constexpr const char* kScriptEnded = "Ausführung des Taskscripts beendet.";
 
 class InterpreterTest : public ScriptFixture {
  protected:
@@ -36,8 +36,9 @@ class InterpreterTest : public ScriptFixture {
 
 TEST_F(InterpreterTest, TellsHowToEndItAndThatItEnded) {
   Run("# nichts\r\n\r\n");
-  EXPECT_EQ(statusBar.messages,
-            (std::vector<std::string>{"Drücken Sie ESC um die Ausführung von 'a.vts' zu beenden.", kEnd}));
+  EXPECT_EQ(
+      statusBar.messages,
+      (std::vector<std::string>{"Drücken Sie ESC um die Ausführung von 'a.vts' zu beenden.", kScriptEnded}));
 }
 
 TEST_F(InterpreterTest, LeavesTheStatusBarWhenScriptsAreForbidden) {
@@ -93,7 +94,7 @@ TEST_F(InterpreterTest, ReadsTheFileAnewToRepeat) {
   Run("Meldung(eins);\r\nWiederholen();\r\nMeldung(nie);");
   ASSERT_EQ(messageBoxes.boxes.size(), 2U);
   EXPECT_EQ(messageBoxes.boxes[1].text, "zwei");
-  EXPECT_EQ(statusBar.messages.back(), kEnd);
+  EXPECT_EQ(statusBar.messages.back(), kScriptEnded);
 }
 
 TEST_F(InterpreterTest, AsksForThePermissionAnewToRepeat) {
@@ -101,7 +102,7 @@ TEST_F(InterpreterTest, AsksForThePermissionAnewToRepeat) {
   Run("Meldung(eins);\r\nWiederholen();");
   ASSERT_EQ(messageBoxes.boxes.size(), 2U);
   EXPECT_EQ(messageBoxes.boxes[1].title, "Warnung");
-  EXPECT_EQ(statusBar.messages.back(), kEnd);
+  EXPECT_EQ(statusBar.messages.back(), kScriptEnded);
 }
 
 TEST_F(InterpreterTest, TakesAFileThatIsGoneForAFailureOfTheRepetition) {
@@ -111,7 +112,7 @@ TEST_F(InterpreterTest, TakesAFileThatIsGoneForAFailureOfTheRepetition) {
   EXPECT_EQ(messageBoxes.boxes[1].title, "Fehler");
   EXPECT_EQ(messageBoxes.boxes[1].buttons, MessageButtons::YesNo);
   EXPECT_EQ(messageBoxes.boxes[1].icon, MessageIcon::Critical);
-  EXPECT_EQ(statusBar.messages.back(), kEnd);
+  EXPECT_EQ(statusBar.messages.back(), kScriptEnded);
 }
 
 TEST_F(InterpreterTest, RepeatsUntilItIsCancelled) {
@@ -119,7 +120,7 @@ TEST_F(InterpreterTest, RepeatsUntilItIsCancelled) {
   Run("Wenn(a,a);\r\nWiederholen();");
   EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
   EXPECT_EQ(statusBar.messages.size(), 11U);  // a hint for each round, and the end
-  EXPECT_EQ(statusBar.messages.back(), kEnd);
+  EXPECT_EQ(statusBar.messages.back(), kScriptEnded);
 }
 
 TEST_F(InterpreterTest, RepeatsNothingButARepetitionUntilItIsCancelled) {
@@ -140,7 +141,7 @@ TEST_F(InterpreterTest, EndsWithoutAQuestionWhenEscapeMakesACommandGiveUp) {
   EXPECT_EQ(document.text, "alt");
   EXPECT_EQ(interpreter.LastEnd(), ScriptEnd::Cancelled);
   EXPECT_TRUE(messageBoxes.boxes.empty());
-  EXPECT_EQ(statusBar.messages.back(), kEnd);
+  EXPECT_EQ(statusBar.messages.back(), kScriptEnded);
 }
 
 TEST_F(InterpreterTest, AsksWhetherToGoOnWhenSomethingElseMadeACommandGiveUp) {
@@ -207,7 +208,7 @@ TEST_F(InterpreterTest, TellsThatAnExportFailed) {
   pump.onTurn = [&] { voice2.Finish({.complete = false, .reason = "Kein Platz."}), voice.Finish(); };
   document.text = "Text";
   Run("Exportieren(aus.wav);\r\nSprechen();");
-  EXPECT_EQ(statusBar.message, kEnd);
+  EXPECT_EQ(statusBar.message, kScriptEnded);
   EXPECT_EQ(statusBar.notices["reading"], "„aus.wav“ wurde nicht gespeichert.");
   EXPECT_EQ(runLog.lines[2], "a.vts: Exportieren misslang 1-mal");
 }

@@ -8,7 +8,7 @@ namespace lorelin {
 namespace {
 
 // The parts as "C:Sprechen P:x", comments as #, variables as $.
-std::string Parts(std::string_view text) {
+std::string ColouredParts(std::string_view text) {
   std::string all;
   for (const ColouredSpan& span : ColourScript(text)) {
     const std::string_view from = FromCharacter(text, span.begin);
@@ -19,26 +19,26 @@ std::string Parts(std::string_view text) {
 }
 
 TEST(ColourScript, TellsCommandsParametersVariablesAndCommentsApart) {
-  EXPECT_EQ(Parts("# Kommentar\nSprechen2(Es ist $Zeit Uhr);\n//auch(\n"),
+  EXPECT_EQ(ColouredParts("# Kommentar\nSprechen2(Es ist $Zeit Uhr);\n//auch(\n"),
             "#:# Kommentar|C:Sprechen2|P:Es ist |$:$Zeit|P: Uhr|#://auch(|");
 }
 
 TEST(ColourScript, CountsCharacters) {
-  EXPECT_EQ(Parts("# Grüße\nLöschen(Übung🎉.txt);"), "#:# Grüße|C:Löschen|P:Übung🎉.txt|");
+  EXPECT_EQ(ColouredParts("# Grüße\nLöschen(Übung🎉.txt);"), "#:# Grüße|C:Löschen|P:Übung🎉.txt|");
 }
 
 TEST(ColourScript, LeavesWhatIsNoCommand) {
-  EXPECT_EQ(Parts("sprechen();\nText\n\n (x);\n # kein Kommentar"), "");
+  EXPECT_EQ(ColouredParts("sprechen();\nText\n\n (x);\n # kein Kommentar"), "");
 }
 
 TEST(ColourScript, StopsAtASecondParenthesis) {
-  EXPECT_EQ(Parts("  Sprechen2 (a (b));"), "C:Sprechen2|P:a |");
+  EXPECT_EQ(ColouredParts("  Sprechen2 (a (b));"), "C:Sprechen2|P:a |");
 }
 
 TEST(ColourScript, TakesAnUnfinishedLine) {
-  EXPECT_EQ(Parts("Text("), "C:Text|");
-  EXPECT_EQ(Parts("Text($"), "C:Text|P:$|");
-  EXPECT_EQ(Parts("Text($Datum"), "C:Text|$:$Datum|");
+  EXPECT_EQ(ColouredParts("Text("), "C:Text|");
+  EXPECT_EQ(ColouredParts("Text($"), "C:Text|P:$|");
+  EXPECT_EQ(ColouredParts("Text($Datum"), "C:Text|$:$Datum|");
 }
 
 }  // namespace

@@ -11,10 +11,14 @@
 
 namespace lorelin {
 
+// On a machine that does ten other things at once.
+constexpr EngineConnection::Patience kLongPatience = {.greeting = std::chrono::seconds(30),
+                                                      .answer = std::chrono::seconds(10)};
+
 // The real engine's process behind its client, with a clock that the test turns.
 class RealEngine {
  public:
-  explicit RealEngine(bool audible = false, EngineConnection::Patience patience = {},
+  explicit RealEngine(bool audible = false, EngineConnection::Patience patience = kLongPatience,
                       const std::string& engineFile = LORELIN_BIN_DIR "/lorelin-engine")
       : engine({.engineFile = engineFile,
                 .audible = audible,
