@@ -2,7 +2,6 @@
 
 #include <archive.h>
 #include <archive_entry.h>
-#include <locale.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -11,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+#include "base/paths.h"
+#include "import/archiveFile.h"
 #include "import/importErrors.h"
 
 namespace lorelin {
@@ -21,23 +22,6 @@ constexpr std::size_t kLargestFile = std::size_t{48} << 20U;
 constexpr std::size_t kMostBytes = std::size_t{128} << 20U;  // of all together
 
 using Archive = std::unique_ptr<archive, decltype(&archive_read_free)>;
-
-// The library hands names on in the encoding of the locale; what begins as a process has none that knows
-// letters beyond ASCII. For the thread, as long as it lives.
-class Utf8Locale {
- public:
-  Utf8Locale() : own_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), before_(uselocale(own_)) {}
-  ~Utf8Locale() {
-    uselocale(before_);
-    if (own_ != nullptr) freelocale(own_);
-  }
-  Utf8Locale(const Utf8Locale&) = delete;
-  Utf8Locale& operator=(const Utf8Locale&) = delete;
-
- private:
-  locale_t own_;
-  locale_t before_;
-};
 
 [[noreturn]] void RefuseEncrypted(const std::string& kind) {
   throw ImportError(
@@ -56,7 +40,7 @@ bool IsCrowded(const std::string& path) {
   constexpr std::streamoff kLongestEnd = 65'557;
   constexpr std::size_t kEnd = 22;
   constexpr std::uint64_t kLongestTable = std::uint64_t{12} << 20U;
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  std::ifstream file(NativePath(path), std::ios::binary | std::ios::ate);
   const std::streamoff size = file.tellg();
   const std::streamoff begin = std::max<std::streamoff>(size - kLongestEnd, 0);
   file.seekg(begin);
@@ -74,9 +58,7 @@ Archive OpenArchive(const std::string& path, const std::string& kind) {
   Archive reader(archive_read_new(), &archive_read_free);
   if (!reader) throw std::bad_alloc();
   archive_read_support_format_zip_seekable(reader.get());
-  constexpr std::size_t kBlock = std::size_t{64} * 1024;
-  if (archive_read_open_filename(reader.get(), path.c_str(), kBlock) != ARCHIVE_OK)
-    throw DamagedDocument(kind);
+  if (!OpenArchiveFile(reader.get(), NativePath(path))) throw DamagedDocument(kind);
   return reader;
 }
 
@@ -132,7 +114,7 @@ std::string WithoutEscapes(std::string_view address) {
 
 ArchiveFiles ReadArchive(const std::string& path, const std::string& kind,
                          const std::function<bool(std::string_view name)>& wanted) {
-  const Utf8Locale locale;
+  const ArchiveNames names;
   const Archive reader = OpenArchive(path, kind);
   ArchiveFiles files;
   std::size_t bytes = 0;
@@ -142,12 +124,12 @@ ArchiveFiles ReadArchive(const std::string& path, const std::string& kind,
     if (result == ARCHIVE_EOF) return files;
     if (result < ARCHIVE_WARN) throw DamagedDocument(kind);
     if (count >= kMostFiles) throw DocumentTooLarge();
-    const char* const name = archive_entry_pathname(entry);
-    if (name == nullptr || !wanted(name)) continue;
+    const auto name = names.Of(entry);
+    if (!name || !wanted(*name)) continue;
     if (archive_entry_is_encrypted(entry) != 0) RefuseEncrypted(kind);
     std::string content = ReadEntry(reader.get(), std::min(kLargestFile, kMostBytes - bytes), kind);
     bytes += content.size();
-    files.insert_or_assign(name, std::move(content));
+    files.insert_or_assign(*name, std::move(content));
   }
 }
 

@@ -27,10 +27,7 @@ constexpr rlim_t kFileOfChild = rlim_t{64} << 20U;
 // Made before it is needed: a signal handler may not.
 const std::string& TooSlow() {
   static const std::string output = [] {
-    const std::string answer = WriteImportProblem(
-        "Das Einlesen wurde abgebrochen, weil es zu lange dauerte. Wahrscheinlich ist die Datei beschädigt "
-        "oder "
-        "viel zu groß.");
+    const std::string answer = WriteImportProblem(kTooSlowAnswer);
     return "answer " + std::to_string(answer.size()) + "\n" + answer;
   }();
   return output;
@@ -66,6 +63,9 @@ bool ReaderIsGone() {
 }
 
 }  // namespace
+
+const char* const kConfinementText =
+    "Der Prozess kann nichts schreiben und nichts aus dem Netz holen; Speicher und Zeit sind begrenzt.\n";
 
 void Confine(const std::filesystem::path& document, bool children) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);

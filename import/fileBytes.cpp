@@ -1,33 +1,33 @@
 #include "import/fileBytes.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
-#include <memory>
+#include <fstream>
+#include <system_error>
 
+#include "base/paths.h"
 #include "import/importErrors.h"
 
 namespace lorelin {
 namespace {
 
-using File = std::unique_ptr<std::FILE, decltype(&std::fclose)>;
-
-File Open(const std::string& path) {
+std::ifstream Open(const std::string& path) {
+  const std::filesystem::path name = NativePath(path);
   std::error_code error;
-  const auto status = std::filesystem::status(path, error);
+  const auto status = std::filesystem::status(name, error);
   if (!std::filesystem::exists(status)) throw ImportError("Die Datei wurde nicht gefunden.");
   if (!std::filesystem::is_regular_file(status))
     throw ImportError("Das ist keine Datei, die sich öffnen lässt.");
-  File file(std::fopen(path.c_str(), "rb"), &std::fclose);
+  std::ifstream file(name, std::ios::binary);
   if (!file) throw ImportError("Die Datei darf nicht gelesen werden.");
   return file;
 }
 
 std::string Read(const std::string& path, std::size_t most) {
-  const File file = Open(path);
+  std::ifstream file = Open(path);
   std::string bytes(most, '\0');
-  const std::size_t size = std::fread(bytes.data(), 1, most, file.get());
-  if (std::ferror(file.get()) != 0) throw ImportError("Beim Lesen der Datei ist ein Fehler aufgetreten.");
+  file.read(bytes.data(), static_cast<std::streamsize>(most));
+  const auto size = static_cast<std::size_t>(file.gcount());
+  if (file.bad()) throw ImportError("Beim Lesen der Datei ist ein Fehler aufgetreten.");
   if (size == 0) throw ImportError("Die Datei ist leer.");
   bytes.resize(size);
   return bytes;
@@ -37,7 +37,7 @@ std::string Read(const std::string& path, std::size_t most) {
 
 std::string FileBytes(const std::string& path, std::size_t most) {
   std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
+  const auto size = std::filesystem::file_size(NativePath(path), error);
   if (!error && size > most) throw DocumentTooLarge();
   return Read(path, error ? most : static_cast<std::size_t>(size) + 1);
 }

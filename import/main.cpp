@@ -1,18 +1,17 @@
-#include <unistd.h>
-
-#include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/consoleAnswers.h"
+#include "base/paths.h"
 #include "import/confinement.h"
 #include "import/importAnswer.h"
+#include "import/processStart.h"
 #include "import/readDocument.h"
 
 namespace {
@@ -21,35 +20,29 @@ using lorelin::ImportRequest;
 
 constexpr int kSeconds = 9;
 
-std::optional<ImportRequest> ReadArguments(int argc, char** argv) {
+std::optional<ImportRequest> ReadArguments(const std::vector<std::string>& arguments) {
   ImportRequest request;
-  int next = 1;
-  for (; next < argc && std::string_view(argv[next]) != "--"; ++next) {
-    const std::string_view argument = argv[next];
+  std::size_t next = 0;
+  for (; next < arguments.size() && arguments[next] != "--"; ++next) {
+    const std::string& argument = arguments[next];
     if (argument == "--article") {
       request.articleOnly = true;
     } else if (argument == "--recognise") {
       request.recognisePages = true;
-    } else if (argument == "--source" && next + 1 < argc) {
-      request.source = argv[++next];
+    } else if (argument == "--source" && next + 1 < arguments.size()) {
+      request.source = arguments[++next];
     } else {
       return {};
     }
   }
-  if (next + 2 != argc) return {};
-  request.path = argv[next + 1];
+  if (next + 2 != arguments.size()) return {};
+  request.path = arguments[next + 1];
   return request;
 }
 
 // False when nobody reads any more.
 bool Write(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t size = write(STDOUT_FILENO, bytes.data(), bytes.size());
-    if (size < 0 && errno == EINTR) continue;
-    if (size <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(size));
-  }
-  return true;
+  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
 }
 
 std::string Answer(const ImportRequest& request) {
@@ -82,21 +75,18 @@ constexpr std::string_view kHelp =
     "  --source ADRESSE  woher die Webseite kommt\n"
     "  --help            zeigt diese Hilfe\n"
     "  --version         nennt die Version\n"
-    "\n"
-    "Der Prozess kann nichts schreiben und nichts aus dem Netz holen; Speicher und Zeit sind begrenzt.\n";
+    "\n";
 
 // lorelin-import [--article] [--recognise] [--source ADDRESS] -- FILE: writes the document of the file for
 // the program that reads its output.
 int main(int argc, char** argv) {
-  if (lorelin::AnswerOnConsole(argc, argv, kHelp)) return 0;
-  const auto request = ReadArguments(argc, argv);
+  if (lorelin::AnswerOnConsole(argc, argv, std::string(kHelp) + lorelin::kConfinementText)) return 0;
+  const auto request = ReadArguments(lorelin::StartProcess(argc, argv));
   if (!request) {
     std::fputs("lorelin-import is started by lorelin and lorelin-cli.\n", stderr);
     return 2;
   }
-  // Whoever no longer reads ends the writing, not the process.
-  std::signal(SIGPIPE, SIG_IGN);
-  lorelin::Confine(request->path, request->recognisePages);
+  lorelin::Confine(lorelin::NativePath(request->path), request->recognisePages);
   lorelin::GiveComputingTime(kSeconds);
   const std::string answer = Answer(*request);
   lorelin::GiveComputingTime(0);

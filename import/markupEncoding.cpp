@@ -1,16 +1,12 @@
 #include "import/markupEncoding.h"
 
-#include <iconv.h>
-
 #include <algorithm>
-#include <array>
 #include <cctype>
-#include <cerrno>
-#include <memory>
 
 #include "base/text.h"
 #include "base/textEncoding.h"
 #include "base/utf16.h"
+#include "import/namedEncoding.h"
 
 namespace lorelin {
 namespace {
@@ -74,42 +70,6 @@ std::string_view WithoutCutCharacter(std::string_view bytes) {
   return bytes;
 }
 
-class Converter {
- public:
-  explicit Converter(const std::string& encoding) : handle_(iconv_open("UTF-8", encoding.c_str())) {}
-  ~Converter() {
-    if (IsKnown()) iconv_close(handle_);
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  // Opening fails with the value -1, as the system documents it.
-  [[nodiscard]] bool IsKnown() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
-
-  std::string Convert(std::string_view bytes) {
-    std::string text;
-    std::string source(bytes);
-    char* from = source.data();
-    std::size_t left = source.size();
-    std::array<char, 8192> buffer{};
-    while (left > 0) {
-      char* to = buffer.data();
-      std::size_t room = buffer.size();
-      const bool failed = iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1);
-      const int error = errno;
-      text.append(buffer.data(), buffer.size() - room);
-      if (!failed || error == E2BIG) continue;
-      text += kReplacement;
-      ++from;
-      --left;
-    }
-    return text;
-  }
-
- private:
-  iconv_t handle_;
-};
-
 bool IsNamePart(char c) {
   return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '-' || c == '_' || c == ':' || c == '.';
 }
@@ -120,8 +80,13 @@ std::string DecodeNamed(std::string_view bytes, std::string_view encoding) {
   const std::string name = MeantEncoding(LowerAscii(encoding));
   if (name.empty() || !std::all_of(name.begin(), name.end(), &IsNamePart)) return {};
   if (name == "utf-8" || name == "utf8") return Repaired(bytes);
-  Converter converter(name);
-  return converter.IsKnown() ? Repaired(converter.Convert(bytes)) : std::string();
+  const auto decoded = DecodedBySystem(bytes, name);
+  return decoded ? Repaired(*decoded) : std::string();
+}
+
+std::string DecodeXml(std::string_view bytes) {
+  const std::string declared = DeclaredEncoding(bytes);
+  return declared.empty() || declared.starts_with("utf") ? std::string() : DecodeNamed(bytes, declared);
 }
 
 std::string DecodeMarkup(std::string_view bytes) {

@@ -12,6 +12,10 @@ namespace lorelin {
 // Bytes in the encoding of that name; what fits none becomes U+FFFD. "" for a name that is not known.
 [[nodiscard]] std::string DecodeNamed(std::string_view bytes, std::string_view encoding);
 
+// Markup that names its encoding, in UTF-8; "" for one that is in UTF-8 or UTF-16, or names none that is
+// known.
+[[nodiscard]] std::string DecodeXml(std::string_view bytes);
+
 // Whether the bytes, whatever their encoding, can be a text that a person wrote.
 [[nodiscard]] bool LooksLikeText(std::string_view bytes);
 

@@ -14,6 +14,7 @@
 
 #include "base/textEncoding.h"
 #include "import/importErrors.h"
+#include "import/markupEncoding.h"
 
 namespace lorelin {
 namespace {
@@ -150,6 +151,9 @@ MarkupTree Finish(Building building) {
 MarkupTree ParseXml(std::string_view bytes) {
   Building building;
   if (bytes.empty()) return {};
+  // The library itself knows few encodings where it has no help.
+  const std::string decoded = DecodeXml(bytes);
+  if (!decoded.empty()) bytes = decoded;
   const Context parser(xmlCreateMemoryParserCtxt(bytes.data(), Size(bytes)), &xmlFreeParserCtxt);
   if (!parser) throw std::bad_alloc();
   xmlSAXHandler handlers{};
@@ -159,8 +163,8 @@ MarkupTree ParseXml(std::string_view bytes) {
   handlers.getEntity = &OnEntity;
   handlers.characters = handlers.ignorableWhitespace = handlers.cdataBlock = &OnText;
   Attach(*parser, building, handlers);
-  xmlCtxtUseOptions(parser.get(),
-                    XML_PARSE_RECOVER | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+  xmlCtxtUseOptions(parser.get(), XML_PARSE_RECOVER | XML_PARSE_NONET | XML_PARSE_NOERROR |
+                                      XML_PARSE_NOWARNING | (decoded.empty() ? 0 : XML_PARSE_IGNORE_ENC));
   xmlParseDocument(parser.get());
   if (parser->wellFormed == 0) building.tree.SetDamaged();
   return Finish(std::move(building));

@@ -1,6 +1,6 @@
 if(WIN32)
   # One folder that can lie anywhere.
-  install(TARGETS lorelin XMGR lorelin-cli lorelin-abkuerzungen RUNTIME DESTINATION .)
+  install(TARGETS lorelin XMGR lorelin-cli lorelin-import lorelin-abkuerzungen RUNTIME DESTINATION .)
   install(FILES packaging/vts.ico LICENSE packaging/windows/THIRD-PARTY.txt DESTINATION .)
   install(DIRECTORY hypertext packaging/scripts LICENSES DESTINATION .)
   return()

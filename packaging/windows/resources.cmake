@@ -9,6 +9,7 @@ function(lorelin_add_resources program)
 endfunction()
 
 lorelin_add_resources(lorelin-cli Lorelin Befehlszeile)
+lorelin_add_resources(lorelin-import Lorelin liest Dokumente ein)
 if(LORELIN_WINDOW)
   lorelin_add_resources(lorelin Lorelin)
   lorelin_add_resources(XMGR Lorelin Erweiterungsverwaltung)

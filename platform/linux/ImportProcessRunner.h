@@ -1,23 +1,18 @@
 #pragma once
 
-#include <chrono>
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
 
+#include "platform/common/importConversation.h"
 #include "ports/ImportProcess.h"
 
 namespace lorelin {
 
-// Runs lorelin-import as a child that writes to a pipe: lines "progress N", then a line "answer BYTES" and
-// that many bytes. It ends with its parent.
+// Runs lorelin-import as a child that writes to a pipe. It ends with its parent.
 class ImportProcessRunner final : public ImportProcess {
  public:
-  struct Limits {
-    std::chrono::milliseconds silence{60000};  // without a line of progress
-    std::size_t answer = std::size_t{256} << 20U;
-  };
+  using Limits = ImportLimits;
 
   explicit ImportProcessRunner(std::string importFile)
       : ImportProcessRunner(std::move(importFile), Limits{}) {}

@@ -17,9 +17,9 @@
 #include "platform/windows/CryptoChecksums.h"
 #include "platform/windows/DirectSSControl.h"
 #include "platform/windows/ExplorerShell.h"
+#include "platform/windows/ImportJobRunner.h"
 #include "platform/windows/MissingSpeech.h"
 #include "platform/windows/MutexSingleInstance.h"
-#include "platform/windows/NoImportProcess.h"
 #include "platform/windows/NoNaturalVoices.h"
 #include "platform/windows/NoRemoteControl.h"
 #include "platform/windows/NoSoundRendering.h"
@@ -41,7 +41,8 @@ PlatformServices MakePlatformServices(bool verbose) {
       PathText(NativePath(services.paths.programFile).parent_path()), *services.log);
   services.launcher = std::make_unique<CreateProcessLauncher>();
   services.downloader = std::make_unique<UrlmonDownloader>(*services.log);
-  services.importer = std::make_unique<NoImportProcess>();
+  services.importer = std::make_unique<ImportJobRunner>(
+      PathText(NativePath(services.paths.programFile).replace_filename("lorelin-import.exe")));
   services.fileWriter = std::make_unique<AtomicFileWriter>();
   services.scriptLog = std::make_unique<LogFile>(services.paths.scriptLogFile, *services.clock, verbose);
   services.automation = std::make_unique<ComAutomation>(*services.log);

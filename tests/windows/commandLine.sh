@@ -11,9 +11,6 @@ unset LORELIN_HOME
 export WINEPREFIX=$home/wine
 cli() { "$source/tools/with-wine" "$build/bin/lorelin-cli.exe" "$@"; }
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
-# Lines as Linux has them.
-printed() { tr -d '\r' <"$home/out"; }
-text() { printf '%s' "$2" >"$home/$1"; }
 
 "$source/tools/with-wine" regsvr32.exe /s "$(windows_path "$build/bin/testservers.dll")"
 folder="$home/Grüße an Łódź"
@@ -38,6 +35,14 @@ check "in words" grep -q 'kosten fünf Kilogramm Mehl „zum Beispiel“ vier Eu
 check "standard input is spelled out" bash -c "printf 'Er wiegt 5 kg\r\n' | '$source/tools/with-wine' '$build/bin/lorelin-cli.exe' spell - | grep -q 'Er wiegt fünf Kilogramm'"
 check "what would be read is printed" exits 0 cli text "$brief"
 check "as it is written" grep -q '4,50 €' "$home/out"
+
+corpus=$source/tests/import/corpus
+for document in ebenen.epub ebenen.docx ebenen.odt ebenen.html ebenen.md ebenen.fb2; do
+  check "$document is read" exits 0 cli text "$(windows_path "$corpus/$document")"
+  check "its text is there" test "$(wc -w <"$home/out")" -ge 8
+done
+check "PDF is not read" exits 3 cli text "$(windows_path "$corpus/ebenen.pdf")"
+check "which is told" says "PDF-Dokumente kann Lorelin unter Windows nicht öffnen"
 
 wave=$home/Ausgabe-ł.wav
 check "voices are listed" exits 0 cli voices

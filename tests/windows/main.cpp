@@ -14,6 +14,7 @@
 // The tests, and what some of them start as another program:
 //   --arguments FILE ARGUMENT...    writes the arguments to the file
 //   --command-line FILE ...         writes what start-up reads to the file
+//   -- FILE                         writes its number to the file and hangs
 //   --hold NAME FILE                claims the single instance, says so in the file and stays
 namespace {
 
@@ -39,6 +40,11 @@ int main(int argc, char** argv) {
   }
   if (wish == L"--command-line") {
     Report(arguments[2], lorelin::CommandLineText({}));
+    return 0;
+  }
+  if (wish == L"--") {
+    Report(arguments[2], std::to_string(GetCurrentProcessId()));
+    Sleep(600000);
     return 0;
   }
   if (wish == L"--hold" && count > 3) {
