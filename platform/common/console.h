@@ -64,5 +64,7 @@ void HandleSystemEvents();
 
 // No other process has this number as long as this one lives.
 [[nodiscard]] unsigned long ProcessNumber();
+// Whether a process has this number. Any thread.
+[[nodiscard]] bool ProcessIsThere(unsigned long number);
 
 }  // namespace lorelin

@@ -8,6 +8,7 @@
 #include "platform/common/DirectorySearch.h"
 #include "platform/common/LogFile.h"
 #include "platform/common/SystemClock.h"
+#include "platform/common/abandonedRuns.h"
 #include "platform/linux/AtspiForegroundWindow.h"
 #include "platform/linux/AtspiSelectedText.h"
 #include "platform/linux/CurlDownloader.h"
@@ -26,7 +27,6 @@
 #include "platform/linux/XcbForegroundWindow.h"
 #include "platform/linux/XdgFileAssociation.h"
 #include "platform/linux/XdgShell.h"
-#include "platform/linux/abandonedRuns.h"
 
 namespace lorelin {
 

@@ -79,4 +79,9 @@ unsigned long ProcessNumber() {
   return static_cast<unsigned long>(getpid());
 }
 
+bool ProcessIsThere(unsigned long number) {
+  const auto process = static_cast<pid_t>(number);
+  return process > 0 && (kill(process, 0) == 0 || errno != ESRCH);
+}
+
 }  // namespace lorelin

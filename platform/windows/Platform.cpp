@@ -10,6 +10,7 @@
 #include "platform/common/DirectorySearch.h"
 #include "platform/common/LogFile.h"
 #include "platform/common/SystemClock.h"
+#include "platform/common/abandonedRuns.h"
 #include "platform/common/caseFold.h"
 #include "platform/windows/AdvapiRegistry.h"
 #include "platform/windows/ComAutomation.h"
@@ -35,6 +36,7 @@ PlatformServices MakePlatformServices(bool verbose) {
   PlatformServices services;
   services.paths = FindProgramPaths();
   services.clock = std::make_unique<SystemClock>();
+  RemoveAbandonedRuns(services.paths.cacheFolder);
   services.log = std::make_unique<LogFile>(services.paths.logFile, *services.clock, verbose);
   services.fileSearch = std::make_unique<DirectorySearch>(&FoldCase);
   services.shell = std::make_unique<ExplorerShell>(

@@ -230,4 +230,13 @@ unsigned long ProcessNumber() {
   return GetCurrentProcessId();
 }
 
+// Somebody may still hold a process that has ended.
+bool ProcessIsThere(unsigned long number) {
+  const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, number);
+  if (process == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
+  const bool lives = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+  CloseHandle(process);
+  return lives;
+}
+
 }  // namespace lorelin

@@ -1,4 +1,4 @@
-#include "platform/linux/abandonedRuns.h"
+#include "platform/common/abandonedRuns.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>

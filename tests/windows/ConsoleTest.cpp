@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "base/paths.h"
+#include "platform/common/abandonedRuns.h"
 #include "platform/windows/executable.h"
 #include "platform/windows/wideText.h"
 #include "tests/support/TemporaryFolder.h"
@@ -107,6 +109,28 @@ TEST_F(Console, InterruptsWhoWaitsForAPipe) {
   EXPECT_EQ(code, 130U);
   CloseHandle(input);
   CloseHandle(held);
+}
+
+TEST(AbandonedRuns, GoOnceNobodyUsesThem) {
+  std::wstring line = L"lorelin-cli --version";
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  const auto program = ExecutableFile().replace_filename(L"lorelin-cli.exe");
+  ASSERT_NE(CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                           nullptr, &startup, &process),
+            FALSE);
+  WaitForSingleObject(process.hProcess, kPatience);
+  const TemporaryFolder cache;
+  const std::string dead = cache.File("run-" + std::to_string(process.dwProcessId));
+  const std::string own = cache.File("run-" + std::to_string(ProcessNumber()));
+  std::filesystem::create_directories(NativePath(dead) / "temp");
+  std::filesystem::create_directories(NativePath(own) / "temp");
+  RemoveAbandonedRuns(cache.Path());
+  EXPECT_FALSE(std::filesystem::exists(NativePath(dead)));
+  EXPECT_TRUE(std::filesystem::exists(NativePath(own)));
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
 }
 
 }  // namespace

@@ -14,13 +14,13 @@
 namespace lorelin {
 namespace {
 
-constexpr DWORD kPatience = 60000;
+constexpr DWORD kLongestEnding = 60000;
 
 std::string Importer() {
   return PathText(ExecutableFile().replace_filename(L"lorelin-import.exe"));
 }
 
-ImportProcess::Answer Read(const std::string& path) {
+ImportProcess::Answer ReadWithJob(const std::string& path) {
   ImportJobRunner runner(Importer());
   return runner.Run({.path = path}, [](int) { return true; });
 }
@@ -33,7 +33,7 @@ TEST(ImportJobRunner, ReadsABookWhoseNameTheCodePageDoesNotHave) {
   const TemporaryFolder folder;
   const std::string book = folder.File("Łódź ü.epub");
   std::filesystem::copy_file(NativePath(Corpus("ebenen.epub")), NativePath(book));
-  const ImportProcess::Answer answer = Read(book);
+  const ImportProcess::Answer answer = ReadWithJob(book);
   EXPECT_EQ(answer.problem, "");
   const ImportedDocument document = ReadImportAnswer(answer.bytes);
   EXPECT_FALSE(document.text.text.empty());
@@ -41,7 +41,7 @@ TEST(ImportJobRunner, ReadsABookWhoseNameTheCodePageDoesNotHave) {
 }
 
 TEST(ImportJobRunner, SaysThatItReadsNoPdf) {
-  const ImportProcess::Answer answer = Read(Corpus("ebenen.pdf"));
+  const ImportProcess::Answer answer = ReadWithJob(Corpus("ebenen.pdf"));
   EXPECT_EQ(answer.problem, "");
   try {
     (void)ReadImportAnswer(answer.bytes);
@@ -72,7 +72,7 @@ TEST(ImportJobRunner, EndsAProcessThatHangs) {
   });
   EXPECT_EQ(answer.problem, "");
   ASSERT_NE(process, nullptr);
-  EXPECT_EQ(WaitForSingleObject(process, kPatience), WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(process, kLongestEnding), WAIT_OBJECT_0);
   CloseHandle(process);
 }
 

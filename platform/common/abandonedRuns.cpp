@@ -1,16 +1,13 @@
-#include "platform/linux/abandonedRuns.h"
+#include "platform/common/abandonedRuns.h"
 
-#include <sys/types.h>
-
-#include <cerrno>
 #include <charconv>
-#include <csignal>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include "base/paths.h"
+#include "platform/common/console.h"
 
 namespace lorelin {
 namespace {
@@ -21,11 +18,11 @@ constexpr std::string_view kPrefix = "run-";
 
 bool IsAbandoned(const std::string& name) {
   if (!name.starts_with(kPrefix)) return false;
-  pid_t process = 0;
+  unsigned long process = 0;
   const char* const end = name.data() + name.size();
   const auto result = std::from_chars(name.data() + kPrefix.size(), end, process);
-  if (result.ec != std::errc() || result.ptr != end || process <= 0) return false;
-  return kill(process, 0) != 0 && errno == ESRCH;
+  if (result.ec != std::errc() || result.ptr != end || process == 0) return false;
+  return !ProcessIsThere(process);
 }
 
 }  // namespace
