@@ -124,6 +124,14 @@ WindowModules::WindowModules(Edges given)
                  .taskPane = edges.taskPane,
                  .statusBar = edges.statusBar,
                  .modes = modes}),
+      privateData({.recent = recent,
+                   .places = readingPlaces,
+                   .recovery = edges.recovery,
+                   .settings = edges.spoken.settings,
+                   .messageBoxes = edges.messageBoxes,
+                   .statusBar = edges.statusBar,
+                   .files = PrivateFilesOf(edges.privateFolders),
+                   .folders = PrivateFoldersOf(edges.privateFolders)}),
       chapters({.list = edges.chapterList,
                 .documents = documents,
                 .document = edges.document,
@@ -232,6 +240,7 @@ void WindowModules::FillCommands() {
 void WindowModules::AddPlaceCommands() {
   commands.Add("ContinueReading", [this] { continued.Continue(); });
   commands.AddCondition("ContinueReading", [this] { return continued.CanContinue(); });
+  commands.Add("ClearPrivate", [this] { privateData.Ask(); });
   commands.Add("ExportSound", [this] { edges.exportSound(); });
   commands.Add("ShowExports", [this] { edges.showExports(); });
   commands.Add("ReadingLook", [this] {

@@ -10,6 +10,7 @@
 #include "app/FileOpening.h"
 #include "app/MainWindow.h"
 #include "app/Modes.h"
+#include "app/PrivateData.h"
 #include "app/SleepTimer.h"
 #include "app/TaskItems.h"
 #include "app/TextSize.h"
@@ -82,6 +83,7 @@ struct WindowModules {
     std::function<bool(const std::vector<std::string>&)> takeVoice = [](const auto&) { return false; };
     std::function<void()> exportSound = [] {};  // asks how, and begins
     std::function<void()> showExports = [] {};  // what was begun
+    PrivateFolders privateFolders{};
   };
 
   explicit WindowModules(Edges given);
@@ -110,6 +112,7 @@ struct WindowModules {
   ReadingProgress readingProgress;
   ReadingPlaces readingPlaces;
   ContinuedReading continued;
+  PrivateData privateData;
   Chapters chapters;
   SleepTimer sleep;
   TaskItems taskItems;

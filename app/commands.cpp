@@ -20,6 +20,7 @@ constexpr std::array kFileMenu{
     MenuEntry{"mnuOpenBook", "&Buch oder Dokument öffnen …", "OpenBook", "Ctrl+Shift+O"},
     MenuEntry{"mnuOpenAddress", "A&dresse öffnen …", "OpenAddress", "Ctrl+L"},
     MenuEntry{"mnuRecent", "&Zuletzt verwendet", "OpenRecent", ""},
+    MenuEntry{"mnuPrivate", "&Privates löschen …", "ClearPrivate", ""},
     MenuEntry{"mnuStrich", "-", "", ""},
     MenuEntry{"mnuExit", "&Beenden", "ExitLo", "Ctrl+Q"},
 };

@@ -115,7 +115,11 @@ class App::Program {
                   .homeFolder = services_.paths.homeFolder,
                   .takeVoice = [this](const auto& paths) { return droppedVoice_.Take(paths); },
                   .exportSound = [this] { exports_.Ask(); },
-                  .showExports = [this] { exports_.Show(); }}),
+                  .showExports = [this] { exports_.Show(); },
+                  .privateFolders = {.programFolder = services_.paths.programFolder,
+                                     .cacheFolder = services_.paths.cacheFolder,
+                                     .logFile = services_.paths.logFile,
+                                     .scriptLogFile = services_.paths.scriptLogFile}}),
         fileTypes_(*services_.registry, messageBoxes_, services_.paths.programFolder,
                    services_.paths.programFile) {
     PrepareToolkit(*services_.log);

@@ -120,6 +120,15 @@ void ReadingPlaces::Forget(const std::string& path) {
   if (Remove(path)) Write();
 }
 
+bool ReadingPlaces::Clear() {
+  FinishWriting();
+  entries_.clear();
+  loaded_ = true;
+  std::error_code error;
+  std::filesystem::remove(NativePath(File()), error);
+  return !error;
+}
+
 void ReadingPlaces::Write() {
   std::string bytes;
   for (const Entry& entry : entries_) {

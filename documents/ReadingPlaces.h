@@ -35,6 +35,9 @@ class ReadingPlaces {
   // forgotten.
   void Keep(const std::string& path, std::string_view text, std::size_t character);
   void Forget(const std::string& path);
+  // All of them, and the file; false when it cannot be removed.
+  bool Clear();
+  [[nodiscard]] std::string File() const;
   void FinishWriting() {
     if (writing_.valid()) writing_.wait();
   }
@@ -47,7 +50,6 @@ class ReadingPlaces {
   };
 
   [[nodiscard]] static std::optional<Entry> ParseLine(std::string_view line);
-  [[nodiscard]] std::string File() const;
   void Load();
   [[nodiscard]] bool Remove(const std::string& path);
   void Write();

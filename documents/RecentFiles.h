@@ -23,6 +23,7 @@ class RecentFiles {
   [[nodiscard]] std::vector<std::string> Paths() const;
   void Add(const std::string& path);
   void Remove(const std::string& path);
+  void Clear() { Store({}); }
 
  private:
   void Store(const std::vector<std::string>& paths);

@@ -29,8 +29,11 @@ void KeepSmall(const fs::path& path) {
 
 LogFile::LogFile(const std::string& path, Clock& clock, bool copyToStandardError)
     : path_(NativePath(path)), clock_(clock), copyToStandardError_(copyToStandardError) {
+  const fs::path folder = path_.parent_path();
   std::error_code error;
-  fs::create_directories(path_.parent_path(), error);
+  const bool made = fs::create_directories(folder, error);
+  // One that somebody named, or the program's own beside it, is what it is.
+  if (made || folder.filename() == "lorelin") (void)MakePrivateFolder(folder);
 }
 
 std::string LogFile::WithTime(std::string_view line) {

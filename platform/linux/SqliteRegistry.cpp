@@ -90,6 +90,8 @@ int RememberLoss(sqlite3* database, const std::string& notice) {
 int CreateSchema(sqlite3* database, int version, const std::string& lossNotice) {
   int code = ExecutePatiently(database, "PRAGMA journal_mode = WAL");
   if (code == SQLITE_OK) code = ExecutePatiently(database, "PRAGMA synchronous = NORMAL");
+  // What is removed is not to be found in the file any more.
+  if (code == SQLITE_OK) code = ExecutePatiently(database, "PRAGMA secure_delete = ON");
   if (code != SQLITE_OK || version == kSchemaVersion) return code;
   code = ExecutePatiently(database, "BEGIN IMMEDIATE");
   if (code == SQLITE_OK) code = ExecutePatiently(database, kSchema);

@@ -36,7 +36,7 @@ TEST_F(MainMenuTest, HasTheseEntries) {
   EXPECT_EQ(Captions(MenuAt(0)),
             (Texts{"Neu", "Öffnen", "Speichern", "Speichern unter", "-", "Exportieren",
                    "Als Tondatei exportieren …", "Tondateien in Arbeit …", "-", "Buch oder Dokument öffnen …",
-                   "Adresse öffnen …", "Zuletzt verwendet", "-", "Beenden"}));
+                   "Adresse öffnen …", "Zuletzt verwendet", "Privates löschen …", "-", "Beenden"}));
   EXPECT_EQ(Captions(MenuAt(1)), (Texts{"Ausschneiden", "Kopieren", "Einfügen", "Löschen", "-", "Rückgängig",
                                         "Wiederherstellen", "-", "Alles markieren", "Suchen …",
                                         "Weitersuchen", "Ersetzen …", "-", "Aussprache ändern …"}));

@@ -8,6 +8,7 @@
 #include <map>
 
 #include "platform/linux/SystemFacts.h"
+#include "speech/Pronunciations.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {
@@ -51,6 +52,20 @@ TEST_F(ProgramFolders, OfAnInstallationLieBelowTheUsersHome) {
   EXPECT_EQ(paths.lockFile, folder.File("home/.config/lorelin/lorelin.lock"));
   EXPECT_EQ(paths.logFile, folder.File("home/.local/state/lorelin/lorelin.log"));
   EXPECT_EQ(paths.cacheFolder, folder.File("home/.cache/lorelin"));
+}
+
+TEST_F(ProgramFolders, AreThoseThatThePageOnPrivateThingsTells) {
+  const ProgramPaths paths = Choose();
+  const std::string page = ReadFile(LORELIN_BIN_DIR "/hypertext/privates.htm");
+  for (const std::string& path :
+       {paths.registryFile, paths.settingsFolder + "/reading-places",
+        paths.settingsFolder + "/" + std::string(Pronunciations::kWordsFile),
+        paths.settingsFolder + "/" + std::string(Pronunciations::kRulesFile),
+        paths.programFolder + "/recovery", paths.programFolder + "/temp", paths.programFolder + "/scripts",
+        paths.programFolder + "/voices", paths.scriptLogFile, paths.logFile, paths.cacheFolder}) {
+    const std::string told = "<code>~" + path.substr(folder.File("home").size()) + "</code>";
+    EXPECT_NE(page.find(told), std::string::npos) << told;
+  }
 }
 
 TEST_F(ProgramFolders, FollowTheEnvironment) {

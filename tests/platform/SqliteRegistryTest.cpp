@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "tests/support/FakePorts.h"
 #include "tests/support/RegistryContract.h"
@@ -53,6 +54,17 @@ class SqliteRegistryTest : public testing::Test {
     return names;
   }
 };
+
+TEST_F(SqliteRegistryTest, KeepsNothingOfWhatWasReplaced) {
+  const std::string secret = "/home/anna/Kuendigung.txt";
+  Write(*Open().registry, secret + std::string(3000, 'x'));
+  Write(*Open().registry, "");
+  for (const std::string& name : {file, file + "-wal"}) {
+    std::ifstream stream(name, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_EQ(bytes.find(secret), std::string::npos) << name;
+  }
+}
 
 TEST_F(SqliteRegistryTest, IsForItsOwnerAlone) {
   const auto expectClosed = [&] {

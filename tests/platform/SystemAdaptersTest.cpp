@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -126,6 +127,16 @@ TEST(LogFile, WritesOneLineAnEntryWithTheTime) {
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2);
   EXPECT_NE(text.find(" erste Zeile\n"), std::string::npos);
   EXPECT_TRUE(text.starts_with("20"));
+}
+
+TEST(LogFile, LiesInAFolderThatIsClosedWhateverTheMask) {
+  TemporaryFolder folder;
+  SystemClock clock;
+  const mode_t mask = umask(0);
+  const LogFile log(folder.File("state/lorelin/lorelin.log"), clock);
+  umask(mask);
+  EXPECT_EQ(std::filesystem::status(folder.File("state/lorelin")).permissions(),
+            std::filesystem::perms::owner_all);
 }
 
 TEST(LogFile, IsNobodyElsesBusiness) {

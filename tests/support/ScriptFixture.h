@@ -83,7 +83,11 @@ class ScriptFixture : public SpeechFixture {
                          .mayClose = [this] { return mayClose; },
                          .homeFolder = folder.Path(),
                          .exportSound = [this] { ++soundExports; },
-                         .showExports = [this] { ++exportsShown; }}};
+                         .showExports = [this] { ++exportsShown; },
+                         .privateFolders = {.programFolder = folder.Path(),
+                                            .cacheFolder = folder.File("cache"),
+                                            .logFile = folder.File("lorelin.log"),
+                                            .scriptLogFile = folder.File("taskscripts.log")}}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;
   ModExport& exporter = modules.exporter;
