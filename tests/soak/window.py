@@ -41,11 +41,14 @@ class Answers(threading.Thread):
         self.all = []
         self.since = None  # when the question was asked that has no answer yet
         self.counted = False
+        self.turns = 0  # how often that changed
+        self.ended = False
 
     def ask(self):
         begin = time.monotonic()
         with self.lock:
             self.since = begin
+            turn = self.turns
         try:
             self.bus.call_sync(*PLAYER, "org.freedesktop.DBus.Properties", "Get",
                                GLib.Variant("(ss)", ("org.mpris.MediaPlayer2.Player", "PlaybackStatus")), None,
@@ -57,13 +60,13 @@ class Answers(threading.Thread):
         with self.lock:
             took = time.monotonic() - begin
             self.since = None
-            if self.counted:
+            if self.counted and turn == self.turns:
                 self.longest = max(self.longest, took)
                 self.all.append(took)
         return True
 
     def run(self):
-        while True:
+        while not self.ended:
             self.ask()
             time.sleep(0.05)
 
@@ -71,7 +74,9 @@ class Answers(threading.Thread):
         """From now on answers count, or no longer."""
         with self.lock:
             self.counted = counted
+            self.turns += 1
             self.longest = 0.0
+            self.since = None
 
     def take_longest(self):
         with self.lock:
