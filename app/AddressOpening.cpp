@@ -14,6 +14,9 @@ namespace {
 
 constexpr std::string_view kTitle = "Adresse öffnen";
 
+// More than any page or book that is read aloud; what has no end is given up here.
+constexpr std::uintmax_t kMostMegabytes = 64;
+
 std::string_view Trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t begin = text.find_first_not_of(kBlanks);
@@ -85,22 +88,26 @@ void AddressOpening::Open(const std::string& typed) {
   if (!address)
     return Tell("„" + typed + "“ ist keine Adresse im Internet. Sie beginnt mit „https://“ oder „http://“.");
   const Fetched file(JoinPath(parts_.folder, {NameFor(*address)}));
-  if (Fetch(*address, file.Path()) && parts_.documents.OpenPage(file.Path(), *address))
-    parts_.modes.Textmode();
+  const auto page = Fetch(*address, file.Path());
+  if (page && parts_.documents.OpenPage(file.Path(), *address, page->charset)) parts_.modes.Textmode();
 }
 
-bool AddressOpening::Fetch(const std::string& address, const std::string& file) {
+std::optional<Downloader::Page> AddressOpening::Fetch(const std::string& address, const std::string& file) {
   bool cancelled = false;
-  const std::string failure = [&] {
+  Downloader::Page page = [&] {
     LateProgress progress(parts_.progress, parts_.clock);
-    return parts_.downloader.Download(address, file, [&] {
+    return parts_.downloader.FetchPage(address, file, kMostMegabytes << 20U, [&] {
       cancelled = !progress.Show("Die Seite wird geladen …", 0);
       return !cancelled;
     });
   }();
-  if (!failure.empty() && !cancelled)
-    Tell("Die Adresse „" + WithoutCredentials(address) + "“ kann nicht geladen werden: " + failure);
-  return failure.empty();
+  if (page.problem.empty()) return page;
+  if (cancelled) return std::nullopt;
+  const std::string reason = page.tooLarge
+                                 ? "Was dort liegt, ist größer als " + std::to_string(kMostMegabytes) + " MB."
+                                 : page.problem;
+  Tell("Die Adresse „" + WithoutCredentials(address) + "“ kann nicht geladen werden: " + reason);
+  return std::nullopt;
 }
 
 void AddressOpening::Tell(const std::string& text) {

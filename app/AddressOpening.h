@@ -39,7 +39,8 @@ class AddressOpening {
   void Open(const std::string& address);
 
  private:
-  [[nodiscard]] bool Fetch(const std::string& address, const std::string& file);
+  // Nothing when there is nothing to show.
+  [[nodiscard]] std::optional<Downloader::Page> Fetch(const std::string& address, const std::string& file);
   void Tell(const std::string& text);
 
   Parts parts_;

@@ -194,12 +194,12 @@ void Documents::Become(const std::string& path, const FileStamp& stamp, Shown sh
   if (!shown.notice.empty()) parts_.statusBar.SetMessage(shown.notice);
 }
 
-bool Documents::OpenPage(const std::string& file, const std::string& address) {
+bool Documents::OpenPage(const std::string& file, const std::string& address, const std::string& charset) {
   parts_.pump.RunPendingEvents();
   parts_.extensions.OpenFile(address);
   try {
-    ImportedDocument page =
-        parts_.import.Run({.path = file, .articleOnly = file.ends_with(".html"), .source = address});
+    ImportedDocument page = parts_.import.Run(
+        {.path = file, .articleOnly = file.ends_with(".html"), .source = address, .charset = charset});
     if (page.text.text.empty())
       throw RuntimeError(ErrorNumber::InvalidFileFormat, "Die Seite enthält keinen Text.");
     Become("", {}, ShowImported(page));

@@ -50,8 +50,9 @@ class Documents {
   bool OpenPath(const std::string& path);
   // The same for a file that was chosen among those that can be read.
   bool OpenReadable(const std::string& path);
-  // Shows the article of a page of the web, which was fetched into this file; a new document.
-  bool OpenPage(const std::string& file, const std::string& address);
+  // Shows the article of a page of the web, which was fetched into this file; a new document. `charset`: as
+  // its server says, or "".
+  bool OpenPage(const std::string& file, const std::string& address, const std::string& charset);
   // Always asks for a name; false when the user cancelled or it could not be saved.
   bool SaveDoc();
   // Writes the plain text to the current path; asks for a name when there is none, and before it overwrites

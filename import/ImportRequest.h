@@ -10,7 +10,8 @@ struct ImportRequest {
   std::string path;  // as the system takes it
   bool articleOnly = false;
   bool recognisePages = false;
-  std::string source;
+  std::string source{};
+  std::string charset{};
 };
 
 // Told the per cent that are done.

@@ -48,7 +48,7 @@ void DescribePage(DocumentInfo& info, Node top) {
 ImportedDocument ReadHtml(std::string_view bytes, const ImportRequest& request) {
   if (!LooksLikeText(bytes))
     throw ImportError("Die Datei ist keine Webseite. Bitte prüfen Sie, ob sie die richtige Endung hat.");
-  const MarkupTree tree = ParseHtml(DecodeMarkup(bytes));
+  const MarkupTree tree = ParseHtml(DecodeMarkup(bytes, request.charset));
   DocumentBuilder builder;
   DescribePage(builder.Info(), tree.Root());
   if (request.articleOnly) {

@@ -31,6 +31,8 @@ std::optional<ImportRequest> ReadArguments(const std::vector<std::string>& argum
       request.recognisePages = true;
     } else if (argument == "--source" && next + 1 < arguments.size()) {
       request.source = arguments[++next];
+    } else if (argument == "--charset" && next + 1 < arguments.size()) {
+      request.charset = arguments[++next];
     } else {
       return {};
     }
@@ -67,18 +69,19 @@ constexpr std::string_view kHelp =
     "lorelin-import liest ein Dokument und schreibt es für lorelin und lorelin-cli auf; diese starten es "
     "selbst.\n"
     "\n"
-    "  lorelin-import [--article] [--recognise] [--source ADRESSE] -- DATEI\n"
+    "  lorelin-import [--article] [--recognise] [--source ADRESSE] [--charset NAME] -- DATEI\n"
     "\n"
     "Optionen:\n"
     "  --article         nimmt von einer Webseite nur den Artikel\n"
     "  --recognise       erkennt den Text auf Bildern von Seiten\n"
     "  --source ADRESSE  woher die Webseite kommt\n"
+    "  --charset NAME    in welcher Kodierung sie laut ihrem Server geschrieben ist\n"
     "  --help            zeigt diese Hilfe\n"
     "  --version         nennt die Version\n"
     "\n";
 
-// lorelin-import [--article] [--recognise] [--source ADDRESS] -- FILE: writes the document of the file for
-// the program that reads its output.
+// lorelin-import [--article] [--recognise] [--source ADDRESS] [--charset NAME] -- FILE: writes the document
+// of the file for the program that reads its output.
 int main(int argc, char** argv) {
   if (lorelin::AnswerOnConsole(argc, argv, std::string(kHelp) + lorelin::kConfinementText)) return 0;
   const auto request = ReadArguments(lorelin::StartProcess(argc, argv));

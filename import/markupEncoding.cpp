@@ -89,16 +89,18 @@ std::string DecodeXml(std::string_view bytes) {
   return declared.empty() || declared.starts_with("utf") ? std::string() : DecodeNamed(bytes, declared);
 }
 
-std::string DecodeMarkup(std::string_view bytes) {
+std::string DecodeMarkup(std::string_view bytes, std::string_view served) {
   if (Utf16Order(bytes) || bytes.starts_with("\xEF\xBB\xBF")) return DecodeText(bytes);
   const std::string_view whole = WithoutCutCharacter(bytes);
   // One letter alone says little about the encoding.
   const bool sure = whole.size() == bytes.size() || whole.find_first_of("\xC3\xE2") != std::string_view::npos;
-  if (sure && IsValidUtf8(whole)) return std::string(whole);
-  // Who can read the declaration without a mark reads no UTF-16.
-  const std::string declared = DeclaredEncoding(bytes);
-  if (!declared.starts_with("utf-16") && !declared.starts_with("utf16")) {
-    std::string text = DecodeNamed(bytes, declared);
+  // An encoding of seven bits looks like UTF-8 as well.
+  const bool sevenBits = LowerAscii(served).starts_with("iso-2022-");
+  if (sure && !sevenBits && IsValidUtf8(whole)) return std::string(whole);
+  for (const std::string& name : {std::string(served), DeclaredEncoding(bytes)}) {
+    // Who can read a declaration without a mark reads no UTF-16.
+    if (LowerAscii(name).starts_with("utf-16") || LowerAscii(name).starts_with("utf16")) continue;
+    std::string text = DecodeNamed(bytes, name);
     if (!text.empty()) return text;
   }
   return DecodeText(bytes);

@@ -5,9 +5,9 @@
 
 namespace lorelin {
 
-// The text of a page's bytes in UTF-8. A byte-order mark counts first, then what the page declares of itself;
-// else it is read as other texts are.
-[[nodiscard]] std::string DecodeMarkup(std::string_view bytes);
+// The text of a page's bytes in UTF-8. A byte-order mark counts first, then that it is UTF-8, then what its
+// server says ("" for nothing), then what the page declares of itself; else it is read as other texts are.
+[[nodiscard]] std::string DecodeMarkup(std::string_view bytes, std::string_view served = {});
 
 // Bytes in the encoding of that name; what fits none becomes U+FFFD. "" for a name that is not known.
 [[nodiscard]] std::string DecodeNamed(std::string_view bytes, std::string_view encoding);

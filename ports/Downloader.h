@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -16,6 +17,16 @@ class Downloader {
   // "" when all went well. What `keepGoing` throws ends the download and reaches the caller.
   virtual std::string Download(const std::string& url, const std::string& targetFile,
                                const std::function<bool()>& keepGoing) = 0;
+
+  // How fetching a page ended.
+  struct Page {
+    std::string problem;    // as from Download
+    bool tooLarge = false;  // that is the problem
+    std::string charset;    // in which the server says that it is written; "" when it does not say so
+  };
+  // Fetches a page for reading, as Download does. What is larger than `mostBytes` is fetched no further.
+  virtual Page FetchPage(const std::string& url, const std::string& targetFile, std::uintmax_t mostBytes,
+                         const std::function<bool()>& keepGoing) = 0;
 };
 
 }  // namespace lorelin

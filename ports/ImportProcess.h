@@ -13,6 +13,7 @@ class ImportProcess {
     bool articleOnly = false;     // of a page of the web: what surrounds the article is left out
     bool recognisePages = false;  // pictures of pages are read by the system's text recognition
     std::string source{};         // the address that a page of the web came from, "" for none
+    std::string charset{};        // in which its server says that it is written, "" when it does not say so
   };
   struct Answer {
     std::string bytes;    // what the process answered, see ReadImportAnswer

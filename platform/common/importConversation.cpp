@@ -76,6 +76,7 @@ std::vector<std::string> ImportArguments(const std::string& program, const Impor
   if (job.articleOnly) arguments.emplace_back("--article");
   if (job.recognisePages) arguments.emplace_back("--recognise");
   if (!job.source.empty()) arguments.insert(arguments.end(), {"--source", job.source});
+  if (!job.charset.empty()) arguments.insert(arguments.end(), {"--charset", job.charset});
   arguments.emplace_back("--");
   arguments.push_back(PathText(NativePath(job.path)));
   return arguments;

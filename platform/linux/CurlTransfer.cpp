@@ -87,6 +87,12 @@ long CurlTransfer::Status() const {
   return status;
 }
 
+std::string CurlTransfer::ContentType() const {
+  const char* type = nullptr;
+  curl_.easyInfo(easy_.get(), CURLINFO_CONTENT_TYPE, &type);
+  return type != nullptr ? type : "";
+}
+
 void CurlTransfer::Prepare() {
   headers_.reset(curl_.listAppend(headers_.release(), "Cache-Control: no-cache"));
   headers_.reset(curl_.listAppend(headers_.release(), "Pragma: no-cache"));

@@ -36,6 +36,8 @@ class CurlTransfer {
   [[nodiscard]] CURLcode Code() const { return code_; }
   [[nodiscard]] int WriteError() const { return writeError_; }
   [[nodiscard]] long Status() const;
+  // What the server says of what it sent; "" when it says nothing.
+  [[nodiscard]] std::string ContentType() const;
 
  private:
   template <auto Function>

@@ -8,11 +8,13 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <thread>
 
 #include "base/RuntimeError.h"
+#include "base/contentType.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "platform/common/AtomicFileWriter.h"
@@ -51,10 +53,20 @@ std::wstring TemporaryFile() {
   return file;
 }
 
+// What stands behind this name, in lower case and with its colon, in the head of an answer.
+std::string HeaderOf(const std::string& head, std::string_view name) {
+  const std::string lines = "\n" + LowerAscii(head);
+  const std::size_t at = lines.find("\n" + std::string(name));
+  if (at == std::string::npos) return {};
+  const std::size_t begin = at + 1 + name.size();
+  return lines.substr(begin, lines.find_first_of("\r\n", begin) - begin);
+}
+
 // What the caller and the thread share; it outlives the caller while a silent server holds up the thread.
 class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
  public:
-  Transfer(std::string url, std::wstring file) : url_(std::move(url)), file_(std::move(file)) {}
+  Transfer(std::string url, std::wstring file, std::uintmax_t mostBytes)
+      : url_(std::move(url)), file_(std::move(file)), mostBytes_(mostBytes) {}
   virtual ~Transfer() { DeleteFileW(file_.c_str()); }
 
   void Run() {
@@ -80,6 +92,12 @@ class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
   }
   [[nodiscard]] DWORD Status() const { return status_; }
   [[nodiscard]] const std::wstring& File() const { return file_; }
+  [[nodiscard]] bool TooLarge() const { return tooLarge_; }
+  // What the server said of what it sent.
+  [[nodiscard]] std::string ContentType() {
+    const std::lock_guard guard(mutex_);
+    return contentType_;
+  }
 
   // The thread's reference and the caller's are counted by shared pointers; urlmon's end within Run.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -94,8 +112,9 @@ class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
   HRESULT STDMETHODCALLTYPE OnStartBinding(DWORD, IBinding*) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE GetPriority(LONG*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE OnLowResource(DWORD) override { return S_OK; }
-  HRESULT STDMETHODCALLTYPE OnProgress(ULONG, ULONG, ULONG, LPCWSTR) override {
-    return cancelled_ ? E_ABORT : S_OK;
+  HRESULT STDMETHODCALLTYPE OnProgress(ULONG there, ULONG all, ULONG, LPCWSTR) override {
+    if (there > mostBytes_ || all > mostBytes_) tooLarge_ = true;
+    return cancelled_ || tooLarge_ ? E_ABORT : S_OK;
   }
   HRESULT STDMETHODCALLTYPE OnStopBinding(HRESULT, LPCWSTR) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE GetBindInfo(DWORD* flags, BINDINFO*) override {
@@ -106,20 +125,25 @@ class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
   HRESULT STDMETHODCALLTYPE OnObjectAvailable(REFIID, IUnknown*) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE BeginningTransaction(LPCWSTR, LPCWSTR, DWORD, LPWSTR*) override { return S_OK; }
   // A server's page about what it does not have is not what was asked for.
-  HRESULT STDMETHODCALLTYPE OnResponse(DWORD code, LPCWSTR, LPCWSTR, LPWSTR*) override {
+  HRESULT STDMETHODCALLTYPE OnResponse(DWORD code, LPCWSTR headers, LPCWSTR, LPWSTR*) override {
     status_ = code;
+    const std::lock_guard guard(mutex_);
+    contentType_ = headers != nullptr ? HeaderOf(Utf8(headers), "content-type:") : std::string();
     return S_OK;
   }
 
  private:
   std::string url_;
   std::wstring file_;
+  const std::uintmax_t mostBytes_;
   std::atomic<bool> cancelled_{false};
+  std::atomic<bool> tooLarge_{false};
   std::atomic<DWORD> status_{0};  // of HTTP; 0 when it was not told
   std::mutex mutex_;
   std::condition_variable ended_;
   bool done_ = false;
   HRESULT result_ = E_PENDING;
+  std::string contentType_;
 };
 
 // Ends the transfer when its caller leaves, in whatever way.
@@ -138,20 +162,27 @@ class Cancelling {
 
 std::string UrlmonDownloader::Download(const std::string& url, const std::string& targetFile,
                                        const std::function<bool()>& keepGoing) {
-  const auto fail = [&](std::string reason) {
+  return FetchPage(url, targetFile, std::numeric_limits<std::uintmax_t>::max(), keepGoing).problem;
+}
+
+Downloader::Page UrlmonDownloader::FetchPage(const std::string& url, const std::string& targetFile,
+                                             std::uintmax_t mostBytes,
+                                             const std::function<bool()>& keepGoing) {
+  const auto fail = [&](std::string reason, bool tooLarge = false) {
     log_.Write("Download " + PublicAddress(url) + " nach " + targetFile + ": " + reason);
-    return reason;
+    return Page{.problem = std::move(reason), .tooLarge = tooLarge, .charset = {}};
   };
   if (!IsWebAddress(url)) return fail("keine Adresse im Web");
   if (targetFile.empty()) return fail("kein Dateiname");
   const std::wstring file = TemporaryFile();
   if (file.empty()) return fail(SystemErrorText(GetLastError()));
-  const auto transfer = std::make_shared<Transfer>(url, file);
+  const auto transfer = std::make_shared<Transfer>(url, file, mostBytes);
   const Cancelling cancelling(*transfer);
   std::thread([transfer] { transfer->Run(); }).detach();
   do {
     if (!keepGoing()) return fail("abgebrochen");
   } while (!transfer->WaitForEnd(kTurn));
+  if (transfer->TooLarge()) return fail("zu groß", true);
   if (const HRESULT result = transfer->Result(); FAILED(result)) {
     return fail(SystemErrorText(static_cast<unsigned long>(result)));
   }
@@ -162,7 +193,7 @@ std::string UrlmonDownloader::Download(const std::string& url, const std::string
   } catch (const RuntimeError& error) {
     return fail(error.what());
   }
-  return {};
+  return {.problem = {}, .charset = CharsetOfContentType(transfer->ContentType())};
 }
 
 }  // namespace lorelin

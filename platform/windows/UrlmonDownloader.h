@@ -13,6 +13,8 @@ class UrlmonDownloader final : public Downloader {
   explicit UrlmonDownloader(Log& log) : log_(log) {}
   std::string Download(const std::string& url, const std::string& targetFile,
                        const std::function<bool()>& keepGoing) override;
+  Page FetchPage(const std::string& url, const std::string& targetFile, std::uintmax_t mostBytes,
+                 const std::function<bool()>& keepGoing) override;
 
  private:
   Log& log_;

@@ -213,6 +213,27 @@ TEST_F(Addresses, ShowTheArticleOfThePage) {
   EXPECT_EQ(view.title, "Schlagzeile – Lorelin");
 }
 
+TEST_F(Addresses, AreReadInTheEncodingThatTheirServerTells) {
+  Answers(Book());
+  downloader.charset = "windows-1251";
+  modules.addresses.Open("https://a.de/seite");
+  ASSERT_EQ(importer.jobs.size(), 1U);
+  EXPECT_EQ(importer.jobs[0].charset, "windows-1251");
+}
+
+TEST_F(Addresses, AreNotLoadedBeyondAllMeasure) {
+  Answers(Book());
+  downloader.pageBytes = (64U << 20U) + 1;
+  modules.addresses.Open("https://a.de/endlos");
+  EXPECT_TRUE(importer.jobs.empty());
+  EXPECT_EQ(
+      messageBoxes.boxes.back().text,
+      "Die Adresse „https://a.de/endlos“ kann nicht geladen werden: Was dort liegt, ist größer als 64 MB.");
+  downloader.pageBytes = 64U << 20U;
+  modules.addresses.Open("https://a.de/gross");
+  EXPECT_EQ(importer.jobs.size(), 1U);
+}
+
 TEST_F(Addresses, ShowADocumentThatLiesThere) {
   Answers(Book());
   modules.addresses.Open("https://a.de/buch.epub?x=1");

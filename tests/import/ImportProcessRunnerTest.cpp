@@ -63,9 +63,12 @@ TEST_F(ImportRunner, HandsOnTheJobAsArgumentsOfTheirOwn) {
   job = {.path = "/tmp/$(id) \"x\".html",
          .articleOnly = true,
          .recognisePages = true,
-         .source = "https://a/?b c"};
+         .source = "https://a/?b c",
+         .charset = "koi8-r"};
   const auto answer = RunScript(R"(text=$(printf '<%s>' "$@"); printf 'answer %s\n%s' ${#text} "$text")");
-  EXPECT_EQ(answer.bytes, "<--article><--recognise><--source><https://a/?b c><--></tmp/$(id) \"x\".html>");
+  EXPECT_EQ(
+      answer.bytes,
+      "<--article><--recognise><--source><https://a/?b c><--charset><koi8-r><--></tmp/$(id) \"x\".html>");
 }
 
 TEST_F(ImportRunner, SaysWhenTheProgramCannotBeStarted) {

@@ -65,6 +65,15 @@ TEST(MarkupEncoding, IsWhatThePageSays) {
   EXPECT_EQ(DecodeMarkup("Größ\xC3"), "Größ");
 }
 
+TEST(MarkupEncoding, IsWhatTheServerSaysBeforeWhatThePageSays) {
+  EXPECT_EQ(DecodeMarkup("<p>\xC0", "windows-1251"), "<p>А");
+  EXPECT_EQ(DecodeMarkup("<meta charset='koi8-r'>\xC0", "Windows-1251"), "<meta charset='koi8-r'>А");
+  EXPECT_EQ(DecodeMarkup("<meta charset='koi8-r'>\xC0", "no-such"), "<meta charset='koi8-r'>ю");
+  EXPECT_EQ(DecodeMarkup("\x1B$B$\"\x1B(B", "ISO-2022-JP"), "あ");
+  // Many servers say so of pages that they never looked at.
+  EXPECT_EQ(DecodeMarkup("<p>Größe", "iso-8859-1"), "<p>Größe");
+}
+
 TEST(MarkupParser, ReadsNoEntitiesThatAFileDeclares) {
   const auto tree = ParseXml(
       "<!DOCTYPE a [<!ENTITY x \"boom\"><!ENTITY y SYSTEM "

@@ -16,6 +16,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// 20000 letters, as gzip packs them.
+const std::string kPacked(
+    "\x1F\x8B\x08\x00\x00\x00\x00\x00\x02\x03\xED\xC1\x31\x01\x00\x00\x00\xC2\xA0\xDA\x8B\x6F\x0D"
+    "\x0F\xA0\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x78\x30"
+    "\x03\x47\x65\x41\x20\x4E\x00\x00",
+    54);
+
 class DownloaderTest : public testing::Test {
  protected:
   // A proxy of the environment would stand between the test and its server.
@@ -29,6 +36,8 @@ class DownloaderTest : public testing::Test {
     if (path == "/fehlt") return HttpAnswer("404 Not Found", "gibt es nicht");
     if (path == "/kurz") return "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nabgerissen";
     if (path == "/still") return "";
+    if (path == "/seite") return HttpAnswer("200 OK", "\xC1", "Content-Type: text/html; charset=KOI8-R\r\n");
+    if (path == "/gepackt") return HttpAnswer("200 OK", kPacked, "Content-Encoding: gzip\r\n");
     return HttpAnswer("200 OK", "Guten Tag");
   }
   void Download(const std::string& url) {
@@ -123,6 +132,29 @@ TEST_F(DownloaderTest, KeepsPasswordsOutOfTheLog) {
   ASSERT_EQ(log.lines.size(), 1U);
   EXPECT_EQ(log.lines[0].find("geheim"), std::string::npos);
   EXPECT_NE(log.lines[0].find("/fehlt"), std::string::npos);
+}
+
+TEST_F(DownloaderTest, TellsTheEncodingOfAPage) {
+  const auto page = downloader.FetchPage(server.Url("/seite"), target, 1000, [] { return true; });
+  EXPECT_EQ(page.problem, "");
+  EXPECT_EQ(page.charset, "koi8-r");
+  EXPECT_EQ(ReadFile(target), "\xC1");
+}
+
+TEST_F(DownloaderTest, FetchesNoMoreOfAPageThanIsWanted) {
+  WriteFile(target, "alt");
+  const auto page = downloader.FetchPage(server.Url("/gross"), target, (5U << 20U) - 1, [] { return true; });
+  EXPECT_TRUE(page.tooLarge);
+  EXPECT_NE(page.problem, "");
+  EXPECT_EQ(ReadFile(target), "alt");
+  EXPECT_FALSE(downloader.FetchPage(server.Url("/gross"), target, 5U << 20U, [] { return true; }).tooLarge);
+  EXPECT_EQ(fs::file_size(target), std::uintmax_t{5} << 20);
+}
+
+TEST_F(DownloaderTest, CountsWhatAPackedPageBecomes) {
+  const auto page = downloader.FetchPage(server.Url("/gepackt"), target, 10000, [] { return true; });
+  EXPECT_TRUE(page.tooLarge);
+  EXPECT_TRUE(NothingIsLeft());
 }
 
 TEST_F(DownloaderTest, NotesTheAddressAtTheFile) {

@@ -243,7 +243,15 @@ class FakeDownloader final : public Downloader {
     if (failure.empty()) fetched.emplace_back(url, targetFile);
     return failure;
   }
+  Page FetchPage(const std::string& url, const std::string& targetFile, std::uintmax_t mostBytes,
+                 const std::function<bool()>& keepGoing) override {
+    const bool tooLarge = mostBytes < pageBytes;
+    if (tooLarge) return {.problem = "zu groß", .tooLarge = true, .charset = {}};
+    return {.problem = Download(url, targetFile, keepGoing), .charset = charset};
+  }
   std::string failure;
+  std::string charset;           // of the page
+  std::uintmax_t pageBytes = 0;  // its size
   std::vector<std::pair<std::string, std::string>> fetched;
   int turns = 1;
 };
