@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/text.h"
 #include "export/soundFormats.h"
 
 namespace lorelin::cli {
@@ -127,9 +128,15 @@ class Parser {
     options_.voiceOrder = order;
   }
 
-  void CheckSound() const {
-    const SoundOptions& sound = options_.sound;
+  void CheckSound() {
+    SoundOptions& sound = options_.sound;
     if (sound.output.empty()) return;
+    sound.book = sound.book || (!sound.format && LowerAscii(sound.output).ends_with(kBookEnding));
+    if (sound.book && (sound.subtitles || sound.fileForEachChapter)) {
+      throw UsageError(
+          "Ein EPUB enthält seinen Text und alle Kapitel: „--subtitles“ und „--chapters“ gehen damit nicht "
+          "zusammen.");
+    }
     if (!options_.waveFile.empty()) throw UsageError("„--wav“ und „-o“ gehen nicht zusammen.");
     if (files_.size() > 1 && !sound.title.empty()) {
       throw UsageError("„--title“ geht nur mit einer Datei.");
@@ -203,15 +210,24 @@ class Parser {
     return text;
   }
 
+  void TakeFormat(const std::string& option, const std::string& word) {
+    SoundOptions& sound = options_.sound;
+    sound.book = LowerAscii(word) == kBookWord;
+    sound.format = Known(
+        option, word,
+        [&](const std::string& name) {
+          return sound.book ? std::optional(SoundFormat::Mp3) : SoundFormatNamed(name);
+        },
+        "„mp3“, „opus“, „ogg“, „flac“, „wav“ oder „epub“");
+  }
+
   template <typename ValueOf>
   bool TakeSoundOption(const std::string& option, const ValueOf& value) {
     SoundOptions& sound = options_.sound;
     if (option == "-o" || option == "--output") {
       sound.output = NotEmpty(option, value());
     } else if (option == "--format") {
-      sound.format = Known(
-          option, value(), [](const std::string& word) { return SoundFormatNamed(word); },
-          "„mp3“, „opus“, „ogg“, „flac“ oder „wav“");
+      TakeFormat(option, value());
     } else if (option == "--quality") {
       sound.quality = Known(
           option, value(), [](const std::string& word) { return SoundQualityNamed(word); },
@@ -333,7 +349,9 @@ std::string HelpText() {
          "  --volume P     Lautstärke in Prozent, 0 bis 100\n"
          "  --wav DATEI    schreibt eine WAV-Datei, statt vorzulesen\n"
          "  -o ZIEL        schreibt Tondateien, statt vorzulesen; bei mehreren ist ZIEL der Ordner dafür\n"
-         "  --format F     „mp3“, „opus“, „ogg“, „flac“ oder „wav“; sonst, wie ZIEL endet, oder „mp3“\n"
+         "  --format F     „mp3“, „opus“, „ogg“, „flac“, „wav“ oder „epub“ (ein Buch mit Text und Ton); "
+         "sonst,\n"
+         "                 wie ZIEL endet, oder „mp3“\n"
          "  --quality Q    „klein“, „mittel“ oder „hoch“\n"
          "  --chapters     eine Datei für jedes Kapitel, sonst stehen die Kapitel in der einen Datei\n"
          "  --subtitles U  Untertitel daneben: „srt“, „lrc“ oder „vtt“\n"

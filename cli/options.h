@@ -33,6 +33,7 @@ enum class Action { Say, Text, Spell, Voices, Run, Check, Registry, Help, Versio
 struct SoundOptions {
   std::string output;  // a file or folder; "" to play aloud
   std::optional<SoundFormat> format;
+  bool book = false;  // an EPUB with the sound of its text
   SoundQuality quality = SoundQuality::Usual;
   std::optional<SubtitleFormat> subtitles;
   bool fileForEachChapter = false;

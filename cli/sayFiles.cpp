@@ -148,7 +148,8 @@ class Export {
     const ExportChoices choices{.format = FormatOf(sound),
                                 .quality = sound.quality,
                                 .fileForEachChapter = sound.fileForEachChapter,
-                                .subtitles = sound.subtitles};
+                                .subtitles = sound.subtitles,
+                                .book = sound.book};
     std::vector<PlannedFile> files = folder ? PlanExport(text, choices, sound.output, document.name)
                                             : std::vector{PlanOneFile(text, choices, sound.output)};
     for (const PlannedFile& file : files) {

@@ -5,6 +5,7 @@
 #include <wx/stattext.h>
 
 #include <algorithm>
+#include <array>
 
 #include "desktop/toolkit/accessibility.h"
 #include "desktop/toolkit/labelledControl.h"
@@ -14,13 +15,16 @@
 namespace lorelin {
 namespace {
 
-// The format of the document's own sound file has its own menu entry, and needs no encoding.
-constexpr SoundFormat kFormats[] = {SoundFormat::Mp3, SoundFormat::Opus, SoundFormat::Vorbis,
-                                    SoundFormat::Flac, SoundFormat::Wav};
+// The format of the document's own sound file has its own menu entry, and needs no encoding. Behind them
+// stands the book.
+constexpr std::array kFormats{SoundFormat::Mp3, SoundFormat::Opus, SoundFormat::Vorbis, SoundFormat::Flac,
+                              SoundFormat::Wav};
+constexpr int kBook = static_cast<int>(kFormats.size());
 
 wxArrayString FormatEntries() {
   wxArrayString entries;
   for (const SoundFormat format : kFormats) entries.Add(ToWx(NameOf(format).caption));
+  entries.Add(ToWx(kBookCaption));
   return entries;
 }
 
@@ -37,7 +41,8 @@ wxArrayString SubtitleEntries() {
 FrmSoundExport::FrmSoundExport(wxWindow* parent, const ExportOffer& offer, const ExportOrder& order)
     : wxDialog(parent, wxID_ANY, "Als Tondatei exportieren", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "frmSoundExport"),
-      offer_(offer) {
+      offer_(offer),
+      first_(order) {
   Build();
   Fill(order);
   SetEscapeId(wxID_CANCEL);
@@ -54,7 +59,10 @@ void FrmSoundExport::Build() {
   auto* const grid = new wxFlexGridSizer(2, FromDIP(8), FromDIP(8));
   grid->AddGrowableCol(1);
   cboFormat_ = AddChoice(*grid, "&Format:", "cboFormat", FormatEntries());
-  cboFormat_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowSizes(); });
+  cboFormat_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) {
+    ShowSizes();
+    ShowWhatApplies();
+  });
   cboQuality_ = AddChoice(*grid, "&Qualität:", "cboQuality", {});
   cboSubtitles_ = AddChoice(*grid, "&Untertitel:", "cboSubtitles", SubtitleEntries());
   txtTitle_ = AddText(*grid, "&Titel:", "txtTitle");
@@ -111,13 +119,14 @@ wxChoice* FrmSoundExport::AddChoice(wxSizer& grid, const char* caption, const ch
 }
 
 void FrmSoundExport::Fill(const ExportOrder& order) {
-  const auto* const format = std::find(std::begin(kFormats), std::end(kFormats), order.choices.format);
-  cboFormat_->SetSelection(static_cast<int>(format - std::begin(kFormats)));
+  const auto* const format = std::find(kFormats.begin(), kFormats.end(), order.choices.format);
+  cboFormat_->SetSelection(order.choices.book ? kBook : static_cast<int>(format - kFormats.begin()));
   ShowSizes();
   cboQuality_->SetSelection(static_cast<int>(order.choices.quality));
   const auto& subtitles = order.choices.subtitles;
   cboSubtitles_->SetSelection(subtitles ? 1 + static_cast<int>(*subtitles) : 0);
   chkChapters_->SetValue(offer_.files > 1 && order.choices.fileForEachChapter);
+  ShowWhatApplies();
   txtTitle_->ChangeValue(ToWx(offer_.title));
   txtAuthor_->ChangeValue(ToWx(offer_.author));
   txtFolder_->ChangeValue(ToWx(order.folder));
@@ -126,13 +135,29 @@ void FrmSoundExport::Fill(const ExportOrder& order) {
 // The quality that was chosen stays chosen.
 void FrmSoundExport::ShowSizes() {
   const int before = std::max(cboQuality_->GetSelection(), 0);
-  const SoundFormat format = kFormats[std::max(cboFormat_->GetSelection(), 0)];
+  const SoundFormat format = Format();
   wxArrayString entries;
   for (int quality = 0; quality < kSoundQualities; ++quality)
     entries.Add(ToWx(QualityText(format, static_cast<SoundQuality>(quality), offer_.length)));
   cboQuality_->Set(entries);
   cboQuality_->SetSelection(before);
   cboQuality_->Enable(NameOf(format).hasQualities);
+}
+
+// A book is one file, and its text is in it.
+void FrmSoundExport::ShowWhatApplies() {
+  cboSubtitles_->Enable(!WantsBook());
+  chkChapters_->Enable(!WantsBook() && offer_.files > 1);
+}
+
+bool FrmSoundExport::WantsBook() const {
+  return cboFormat_->GetSelection() == kBook;
+}
+
+// Of the sound, which in a book is MP3.
+SoundFormat FrmSoundExport::Format() const {
+  const int format = cboFormat_->GetSelection();
+  return format >= 0 && format < kBook ? kFormats.at(static_cast<std::size_t>(format)) : SoundFormat::Mp3;
 }
 
 void FrmSoundExport::ChooseFolder() {
@@ -142,9 +167,12 @@ void FrmSoundExport::ChooseFolder() {
 
 ExportOrder FrmSoundExport::Order() const {
   ExportOrder order;
-  order.choices.format = kFormats[std::max(cboFormat_->GetSelection(), 0)];
+  order.choices.format = Format();
+  order.choices.book = WantsBook();
   order.choices.quality = static_cast<SoundQuality>(std::max(cboQuality_->GetSelection(), 0));
-  order.choices.fileForEachChapter = chkChapters_->GetValue();
+  // What does not apply this time stays as it was wanted before.
+  order.choices.fileForEachChapter =
+      chkChapters_->IsEnabled() ? chkChapters_->GetValue() : first_.choices.fileForEachChapter;
   if (const int subtitles = cboSubtitles_->GetSelection(); subtitles > 0)
     order.choices.subtitles = static_cast<SubtitleFormat>(subtitles - 1);
   order.title = FromWx(txtTitle_->GetValue());

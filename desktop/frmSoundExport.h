@@ -28,9 +28,13 @@ class FrmSoundExport final : public wxDialog {
   wxChoice* AddChoice(wxSizer& grid, const char* caption, const char* name, const wxArrayString& entries);
   void Fill(const ExportOrder& order);
   void ShowSizes();
+  void ShowWhatApplies();
+  [[nodiscard]] bool WantsBook() const;
+  [[nodiscard]] SoundFormat Format() const;
   void ChooseFolder();
 
   const ExportOffer offer_;
+  const ExportOrder first_;  // what was shown at first
   wxTextCtrl* txtTitle_ = nullptr;
   wxTextCtrl* txtAuthor_ = nullptr;
   wxChoice* cboFormat_ = nullptr;

@@ -6,27 +6,32 @@
 
 #include "desktop/frmSoundExport.h"
 #include "desktop/toolkit/text.h"
+#include "export/storedExportOrder.h"
 
 namespace lorelin {
 
 FrmSoundExports::FrmSoundExports(wxWindow& parent, SoundExport::Parts parts,
                                  std::function<void(const std::string&)> tell)
-    : parent_(parent), export_(std::move(parts)), tell_(std::move(tell)) {
-  last_.folder = FromWx(wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Music));
-}
+    : parent_(parent),
+      settings_(parts.preparation.settings),
+      export_(std::move(parts)),
+      tell_(std::move(tell)) {}
 
 // What was typed stays until it could be carried out.
 void FrmSoundExports::Ask() {
   auto offer = export_.Offer();
   if (!offer) return;
+  const auto music = FromWx(wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Music));
+  ExportOrder order = StoredExportOrder(settings_, music);
   while (true) {
-    FrmSoundExport dialog(&parent_, *offer, last_);
+    FrmSoundExport dialog(&parent_, *offer, order);
     if (dialog.ShowModal() != wxID_OK) return;
-    last_ = dialog.Order();
-    if (export_.Start(last_)) break;
-    offer->title = last_.title;
-    offer->author = last_.author;
+    order = dialog.Order();
+    if (export_.Start(order)) break;
+    offer->title = order.title;
+    offer->author = order.author;
   }
+  StoreExportOrder(settings_, order);
   Window().Open(true);
 }
 

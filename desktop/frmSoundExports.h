@@ -26,9 +26,9 @@ class FrmSoundExports {
   [[nodiscard]] FrmExportQueue& Window();
 
   wxWindow& parent_;
+  SettingsStore& settings_;
   SoundExport export_;
   std::function<void(const std::string&)> tell_;
-  ExportOrder last_;                  // what was wanted last time
   FrmExportQueue* window_ = nullptr;  // goes with the parent
 };
 

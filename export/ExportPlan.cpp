@@ -33,9 +33,10 @@ bool IsBlankUpTo(std::string_view text, std::size_t character) {
 PlannedFile MakeFile(std::shared_ptr<const ExportText> text, const ExportChoices& choices) {
   PlannedFile file;
   file.text = std::move(text);
-  file.format = choices.format;
+  file.book = choices.book;
+  file.format = choices.book ? SoundFormat::Mp3 : choices.format;
   file.quality = choices.quality;
-  file.subtitles = choices.subtitles;
+  if (!choices.book) file.subtitles = choices.subtitles;
   file.tags.author = file.text->info.author;
   file.tags.language = file.text->info.language;
   return file;
@@ -68,6 +69,19 @@ PlannedFile ChapterFile(const PlannedFile& whole, const Chapter& chapter, std::s
 }
 
 }  // namespace
+
+std::string_view EndingOf(const ExportChoices& choices) {
+  return choices.book ? kBookEnding : NameOf(choices.format).ending;
+}
+
+std::vector<PlannedFile> PartsOf(const PlannedFile& whole, const std::vector<Chapter>& parts) {
+  std::vector<PlannedFile> files;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const std::size_t end = i + 1 < parts.size() ? parts[i + 1].position : whole.written.end;
+    files.push_back(ChapterFile(whole, parts[i], end));
+  }
+  return files;
+}
 
 std::vector<Chapter> ChaptersForFiles(const std::vector<Chapter>& chapters, std::string_view text) {
   std::vector<Chapter> parts;
@@ -104,7 +118,7 @@ PlannedFile PlanOneFile(std::shared_ptr<const ExportText> text, const ExportChoi
 std::vector<PlannedFile> PlanExport(const std::shared_ptr<const ExportText>& text,
                                     const ExportChoices& choices, const std::string& folder,
                                     const std::string& name) {
-  const std::string_view ending = NameOf(choices.format).ending;
+  const std::string_view ending = EndingOf(choices);
   const std::string title = text->info.title.empty() ? name : text->info.title;
   const auto pathOf = [&](const std::string& file) {
     return PathText(NativePath(folder) / NativePath(file + std::string(ending)));
@@ -112,17 +126,15 @@ std::vector<PlannedFile> PlanExport(const std::shared_ptr<const ExportText>& tex
   const std::vector<Chapter> parts = ChaptersForFiles(text->info.chapters, text->written);
   PlannedFile whole = PlanOneFile(text, choices, pathOf(SafeFileName(title)));
   whole.tags.title = title;
-  if (!choices.fileForEachChapter || parts.size() < 2) return {whole};
-  std::vector<PlannedFile> files;
+  if (choices.book || !choices.fileForEachChapter || parts.size() < 2) return {whole};
+  std::vector<PlannedFile> files = PartsOf(whole, parts);
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    const std::size_t end = i + 1 < parts.size() ? parts[i + 1].position : whole.written.end;
-    PlannedFile file = ChapterFile(whole, parts[i], end);
+    PlannedFile& file = files[i];
     file.target = pathOf(NumberedName(i + 1, parts.size(), SafeFileName(parts[i].title)));
     file.name = PathText(NativePath(file.target).filename());
     file.tags.album = title;
     file.tags.track = static_cast<int>(i + 1);
     file.tags.tracks = static_cast<int>(parts.size());
-    files.push_back(std::move(file));
   }
   return files;
 }

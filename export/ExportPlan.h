@@ -19,6 +19,8 @@ struct ExportChoices {
   SoundQuality quality = SoundQuality::Usual;
   bool fileForEachChapter = false;
   std::optional<SubtitleFormat> subtitles;
+  bool book =
+      false;  // an EPUB with the sound of its text in it, which is MP3; none of the others but quality
 
   bool operator==(const ExportChoices&) const = default;
 };
@@ -42,6 +44,7 @@ struct PlannedFile {
   std::optional<SubtitleFormat> subtitles;
   SoundTags tags;                 // without the times, which are not known yet
   std::vector<Chapter> chapters;  // that are marked in it
+  bool book = false;              // an EPUB with the sound of its text
 };
 
 // The one file at `target`, with the chapters as marks in it.
@@ -53,6 +56,12 @@ struct PlannedFile {
 [[nodiscard]] std::vector<PlannedFile> PlanExport(const std::shared_ptr<const ExportText>& text,
                                                   const ExportChoices& choices, const std::string& folder,
                                                   const std::string& name);
+
+// The ending of the files: ".mp3".
+[[nodiscard]] std::string_view EndingOf(const ExportChoices& choices);
+
+// A file for each of these parts of the whole, without a target.
+[[nodiscard]] std::vector<PlannedFile> PartsOf(const PlannedFile& whole, const std::vector<Chapter>& parts);
 
 // The chapters that get a file each: those of the outermost level of which there are several, what stands in
 // front of the first one as one of its own. Whole text: one chapter.

@@ -20,6 +20,11 @@ struct SoundFormatName {
   bool hasQualities;
 };
 
+// A book with its sound, which is listed with them.
+inline constexpr std::string_view kBookWord = "epub";
+inline constexpr std::string_view kBookEnding = ".epub";
+inline constexpr std::string_view kBookCaption = "EPUB mit Ton, zum Mitlesen";
+
 [[nodiscard]] const std::array<SoundFormatName, kSoundFormats>& SoundFormatNames();
 [[nodiscard]] const SoundFormatName& NameOf(SoundFormat format);
 // By its word or, with its dot, by the ending of a file; in whatever case.

@@ -1,10 +1,17 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace lorelin {
+
+// What a file is put together of: these bytes, or else what is in a file (UTF-8, either separator).
+struct FilePiece {
+  std::string bytes{};
+  std::string file{};  // "" for none
+};
 
 // Port: writing a file so that a crash, a kill or a full disk leaves the old content or the new, never a
 // part. Any thread.
@@ -22,6 +29,8 @@ class FileWriter {
   // RuntimeError like Replace, and 53 when there is no file at `from`.
   virtual bool Copy(const std::string& from, const std::string& to,
                     const std::function<bool(double done)>& keepGoing) = 0;
+  // Makes a file of any size of pieces, one behind the other, in the same way. Throws RuntimeError like Copy.
+  virtual void Join(const std::string& path, std::span<const FilePiece> pieces) = 0;
 };
 
 }  // namespace lorelin

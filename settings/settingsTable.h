@@ -94,6 +94,17 @@ inline constexpr SettingKey ReadingText{"Window", "ReadingText", SettingForm::Te
                                         "own colour of the letters, as in RRGGBB"};
 inline constexpr SettingKey ReadingGround{"Window", "ReadingGround", SettingForm::Text, "FFFFFF",
                                           "own colour of the ground"};
+inline constexpr SettingKey ExportFormat{
+    "Export", "Format", SettingForm::Text, "mp3",
+    "what sound files were made last: mp3, opus, ogg, flac, wav or epub"};
+inline constexpr SettingKey ExportQuality{"Export", "Quality", SettingForm::Text, "mittel",
+                                          "their quality: klein, mittel or hoch"};
+inline constexpr SettingKey ExportSubtitles{"Export", "Subtitles", SettingForm::Text, "",
+                                            "subtitles beside them: srt, lrc or vtt; else none"};
+inline constexpr SettingKey ExportChapters{"Export", "FileForEachChapter", SettingForm::OneZero, "0",
+                                           "each chapter became a file of its own"};
+inline constexpr SettingKey ExportFolder{"Export", "Folder", SettingForm::Path, "",
+                                         "where they went; empty for the folder for music"};
 
 // Every setting, in the order above.
 inline constexpr std::array All{
@@ -137,6 +148,11 @@ inline constexpr std::array All{
     &ReadingColours,
     &ReadingText,
     &ReadingGround,
+    &ExportFormat,
+    &ExportQuality,
+    &ExportSubtitles,
+    &ExportChapters,
+    &ExportFolder,
 };
 
 }  // namespace setting

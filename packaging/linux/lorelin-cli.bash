@@ -14,7 +14,7 @@ _lorelin_cli() {
   esac
   case $prev in
     --deny) mapfile -t COMPREPLY < <(compgen -W "read download all" -- "$cur") && return ;;
-    --format) mapfile -t COMPREPLY < <(compgen -W "wav mp3 opus ogg flac" -- "$cur") && return ;;
+    --format) mapfile -t COMPREPLY < <(compgen -W "wav mp3 opus ogg flac epub" -- "$cur") && return ;;
     --subtitles) mapfile -t COMPREPLY < <(compgen -W "srt lrc vtt" -- "$cur") && return ;;
     --speed | --pitch | --volume | --jobs | --voice) return ;;
   esac

@@ -150,4 +150,14 @@ TEST(Options, SayWhatADenialCovers) {
 }
 
 }  // namespace
+TEST(Options, MakeABookWhereItIsNamed) {
+  EXPECT_TRUE(Parse({"say", "--format", "EPUB", "-o", "x", "a.txt"}).sound.book);
+  EXPECT_TRUE(Parse({"say", "-o", "x.epub", "a.txt"}).sound.book);
+  EXPECT_FALSE(Parse({"say", "--format", "mp3", "-o", "x.epub", "a.txt"}).sound.book);
+  EXPECT_FALSE(Parse({"say", "--format", "epub", "--format", "flac", "-o", "x", "a.txt"}).sound.book);
+  EXPECT_TRUE(Refusal({"say", "-o", "x.epub", "--chapters", "a.txt"}).starts_with("Ein EPUB enthält"));
+  EXPECT_TRUE(Refusal({"say", "--format", "epub", "-o", "x", "--subtitles", "srt", "a.txt"})
+                  .starts_with("Ein EPUB enthält"));
+}
+
 }  // namespace lorelin::cli

@@ -102,6 +102,18 @@ check "the second begins with its heading" grep -q 'Zweites: „Kapitel“?' "$o
 check "and at its beginning" grep -q '^00:00:00,0' "$out/buch/02 Zweites „Kapitel“.srt"
 both=$(($(milliseconds "$out/buch/01 Erstes Kapitel.mp3") + $(milliseconds "$out/buch/02 Zweites „Kapitel“.mp3")))
 check "both are as long as the whole" near "$both" "$(milliseconds "$out/buch.mp3")" 700
+# The same with its text, sentence by sentence.
+check "it becomes an EPUB" exits 0 "$cli" say -o "$out/buch.epub" --title 'Das & Buch' --language de "$home/buch.md"
+check "nothing is said about it" test ! -s "$home/err"
+check "other programs read it" python3 "$top/tests/e2e/spokenBook.py" "$out/buch.epub" 2
+check "nothing unfinished is left" nothing_unfinished "$out"
+check "it can be read aloud again" bash -c "'$cli' text '$out/buch.epub' | grep -q 'Hier beginnt das Buch mit einem Satz'"
+check "sentences become an EPUB" exits 0 "$cli" say --format epub -o "$out/saetze.epub" "$home/saetze.txt"
+check "they are within a tenth of a second of the sound" python3 "$top/tests/e2e/spokenBook.py" "$out/saetze.epub" 1 0.1
+printf '# Eins\n\nEin Satz.\n\n# ***\n\n…\n\n# Drei\n\nNoch ein Satz.\n' >"$home/still.md"
+check "a chapter without words does no harm" exits 0 "$cli" say --format epub -o "$out/still.epub" "$home/still.md"
+check "other programs read it" python3 "$top/tests/e2e/spokenBook.py" "$out/still.epub" 3
+check "an EPUB needs no subtitles" exits 2 "$cli" say -o "$out/a.epub" --subtitles srt "$home/text.txt"
 check "the book is read aloud into a WAV file as well" exits 0 "$cli" say --wav "$out/buch.wav" "$home/buch.md"
 check "without its signs" near "$(milliseconds "$out/buch.wav")" "$(milliseconds "$out/buch.mp3")" 70
 check "a book is printed" bash -c "test \"\$('$cli' text '$home/buch.md' | head -1)\" = 'Erstes Kapitel'"
@@ -159,6 +171,17 @@ kill -KILL $process
 check "a killed program leaves no engine" within 10 no_engine_left "$bin"
 check "and nothing unfinished" within 5 nothing_unfinished "$out"
 check "what was there is still there" test "$(cat "$out/lang.mp3")" = alt
+
+{ printf '# Eins\n\nEin Satz.\n\n# Zwei\n\n' && cat "$home/lang.txt"; } >"$home/lang.md"
+printf alt >"$out/lang.epub"
+"$cli" say -o "$out/lang.epub" "$home/lang.md" 2>"$home/err" &
+process=$!
+check "the second chapter grows" within 20 test -s "$out/.part-.part-lang.epub.2.mp3"
+kill -INT $process
+wait $process
+check "Ctrl+C ends with 130" test $? -eq 130
+check "nothing unfinished is left" within 5 nothing_unfinished "$out"
+check "what was there is still there" test "$(cat "$out/lang.epub")" = alt
 
 # One of several is cancelled with the rest; what is done stays.
 "$cli" say --jobs 1 -o "$out/teils" "$home/eins.txt" "$home/lang.txt" 2>"$home/err" &

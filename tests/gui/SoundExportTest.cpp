@@ -51,8 +51,7 @@ class SoundExportForm : public FormFixture {
 
   FakeSoundRendering rendering;
   DocumentInfo info;
-  FrmSoundExports exports{form,
-                          {.document = document,
+  SoundExport::Parts parts{.document = document,
                            .preparation = {.settings = settings,
                                            .extensions = extensions,
                                            .pronunciations = spoken.pronunciations,
@@ -61,8 +60,8 @@ class SoundExportForm : public FormFixture {
                            .files = files,
                            .messageBoxes = messageBoxes,
                            .info = [this] { return info; },
-                           .name = [] { return std::string("brief"); }},
-                          [this](const std::string& text) { form.SetMessage(text); }};
+                           .name = [] { return std::string("brief"); }};
+  FrmSoundExports exports{form, parts, [this](const std::string& text) { form.SetMessage(text); }};
 };
 
 TEST_F(SoundExportForm, MakesOneFileAndSaysSo) {
@@ -159,6 +158,46 @@ TEST_F(SoundExportForm, SaysWhyThereIsNothingToExport) {
   Choose("Datei", "Als Tondatei exportieren …");
   ASSERT_EQ(messageBoxes.boxes.size(), 1U);
   EXPECT_EQ(messageBoxes.boxes[0].text, "Das Dokument ist leer: Es gibt nichts zu exportieren.");
+}
+
+TEST_F(SoundExportForm, RemembersWhatWasChosen) {
+  Asking([this](wxDialog& dialog) {
+    FindControl<wxCheckBox>(dialog, "chkChapters").SetValue(true);
+    Select(dialog, "cboFormat", 1);
+    Select(dialog, "cboQuality", 2);
+    Select(dialog, "cboSubtitles", 3);
+    InFolder(dialog);
+    PressButton(dialog, "Exportieren");
+  });
+  ASSERT_TRUE(WaitUntil([this] { return State(0) == "fertig"; }));
+  FrmSoundExports later(form, parts, [](const std::string&) {});
+  exportSound = [&later] { later.Ask(); };
+  Asking([this](wxDialog& dialog) {
+    EXPECT_TRUE(FindControl<wxCheckBox>(dialog, "chkChapters").GetValue());
+    EXPECT_EQ(FindControl<wxChoice>(dialog, "cboFormat").GetSelection(), 1);
+    EXPECT_EQ(FindControl<wxChoice>(dialog, "cboQuality").GetSelection(), 2);
+    EXPECT_EQ(FindControl<wxChoice>(dialog, "cboSubtitles").GetSelection(), 3);
+    EXPECT_EQ(FromWx(FindControl<wxTextCtrl>(dialog, "txtFolder").GetValue()), folder.File("musik"));
+    PressButton(dialog, "Abbrechen");
+  });
+}
+
+TEST_F(SoundExportForm, MakesABookWithItsSound) {
+  rendering.writesFiles = true;
+  Asking([this](wxDialog& dialog) {
+    FindControl<wxCheckBox>(dialog, "chkChapters").SetValue(true);
+    Select(dialog, "cboFormat", 5);
+    EXPECT_EQ(FromWx(FindControl<wxChoice>(dialog, "cboFormat").GetStringSelection()),
+              "EPUB mit Ton, zum Mitlesen");
+    EXPECT_FALSE(FindControl<wxCheckBox>(dialog, "chkChapters").IsEnabled());
+    EXPECT_FALSE(FindControl<wxChoice>(dialog, "cboSubtitles").IsEnabled());
+    InFolder(dialog);
+    PressButton(dialog, "Exportieren");
+  });
+  ASSERT_TRUE(WaitUntil([this] { return State(0) == "fertig"; })) << State(0);
+  const auto wanted = NativePath(folder.File("musik/brief.epub"));  // either separator will do
+  EXPECT_TRUE(
+      std::ranges::any_of(files.files, [&](const auto& file) { return NativePath(file.first) == wanted; }));
 }
 
 }  // namespace

@@ -114,5 +114,21 @@ TEST_F(FileWriterTest, RefusesWhatTheUserMayNotWrite) {
   EXPECT_EQ(ReadFile(folder.File("a.txt")), "alt");
 }
 
+TEST_F(FileWriterTest, PutsPiecesTogether) {
+  WriteFile(folder.File("stueck"), std::string(9 << 20, 'x'));
+  const std::vector<FilePiece> pieces{
+      {.bytes = "vorn "}, {.file = folder.File("stueck")}, {.bytes = " hinten"}};
+  writer.Join(folder.File("ganz"), pieces);
+  EXPECT_EQ(ReadFile(folder.File("ganz")), "vorn " + std::string(9 << 20, 'x') + " hinten");
+}
+
+TEST_F(FileWriterTest, LeavesWhatWasThereWhenAPieceIsMissing) {
+  WriteFile(folder.File("ganz"), "alt");
+  const std::vector<FilePiece> pieces{{.bytes = "vorn "}, {.file = folder.File("fehlt")}};
+  EXPECT_THROW(writer.Join(folder.File("ganz"), pieces), RuntimeError);
+  EXPECT_EQ(ReadFile(folder.File("ganz")), "alt");
+  EXPECT_EQ(FilesInFolder(), 1U);
+}
+
 }  // namespace
 }  // namespace lorelin

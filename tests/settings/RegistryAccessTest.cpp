@@ -23,6 +23,7 @@ class PlainFileWriter final : public FileWriter {
   bool Copy(const std::string&, const std::string&, const std::function<bool(double)>&) override {
     return false;
   }
+  void Join(const std::string&, std::span<const FilePiece>) override {}
 };
 
 class RegistryAccess : public testing::Test {

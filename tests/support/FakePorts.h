@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "base/modFile.h"
 #include "base/textEncoding.h"
 #include "ports/Automation.h"
 #include "ports/BrowserPane.h"
@@ -272,6 +273,14 @@ class FakeFileWriter final : public FileWriter {
     }
     copies.emplace_back(from, to);
     return true;
+  }
+  // Of files that are really there.
+  void Join(const std::string& path, std::span<const FilePiece> pieces) override {
+    if (error) throw RuntimeError(*error);
+    std::string whole;
+    for (const FilePiece& piece : pieces)
+      whole += piece.bytes + (piece.file.empty() ? std::string() : ReadFileBytes(piece.file));
+    files[path] = whole;
   }
   std::vector<std::pair<std::string, std::string>> copies;
   std::map<std::string, std::string> files;

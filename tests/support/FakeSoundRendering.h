@@ -12,6 +12,7 @@
 #include "base/textEncoding.h"
 #include "ports/SoundRendering.h"
 #include "tests/support/FakeDirectSS.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace lorelin {
 
@@ -48,6 +49,7 @@ class FakeSoundRendering final : public SoundRendering {
   std::string missing;
   std::string failsAt;               // "" for never
   bool holds = false;                // texts do not end
+  bool writesFiles = false;          // what is rendered is really there, as its text
   std::optional<ErrorNumber> error;  // of putting in place
 
  private:
@@ -73,6 +75,7 @@ class FakeSoundRendering final : public SoundRendering {
       if (whole) {
         rendering_.rendered_[path_].text = text;
         rendering_.rendered_[path_].quality = quality_;
+        if (rendering_.writesFiles) WriteFile(path_, text);
       }
       voice_.Finish(
           {.complete = whole, .reason = whole ? "" : "Abgebrochen.", .length = TimeOf(CharacterCount(text))});
