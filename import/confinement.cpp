@@ -8,8 +8,10 @@
 
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
 #include <ctime>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -46,12 +48,25 @@ bool HasRoom() {
   return pages * static_cast<std::uintmax_t>(sysconf(_SC_PAGESIZE)) < kMemory / 2;
 }
 
+// The folder in which the system finds what recognises pages; "" for none.
+std::filesystem::path FolderOfRecognition() {
+  const char* const path = std::getenv("PATH");
+  std::istringstream folders(path != nullptr ? path : "");
+  std::error_code error;
+  for (std::string folder; std::getline(folders, folder, ':');) {
+    if (!folder.empty() && std::filesystem::exists(std::filesystem::path(folder) / "tesseract", error))
+      return folder;
+  }
+  return {};
+}
+
 // Whoever recognises pages is another program, and keeps them in a file for a while.
 void KeepFilesOfReading(const std::filesystem::path& document, bool children) {
   KeptFiles kept{.readable = {document}, .runnable = {}, .writable = {}};
   auto& system = children ? kept.runnable : kept.readable;
   for (auto& folder : SystemFolders()) system.push_back(std::move(folder));
   std::error_code error;
+  if (children) kept.runnable.push_back(FolderOfRecognition());
   if (children) kept.writable = {"/tmp", std::filesystem::temp_directory_path(error), "/dev/null"};
   (void)KeepFiles(kept);
 }

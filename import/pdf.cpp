@@ -229,7 +229,8 @@ void AddText(DocumentBuilder& builder, const std::vector<PdfParagraph>& paragrap
 
 ImportedDocument ReadPdf(const ImportRequest& request, const ImportProgress& progress) {
   const PopplerDocumentPointer document = Open(request.path);
-  Reading reading = ReadPages(*document, progress);
+  // Beside recognising pages, reading them takes no time that is worth telling.
+  Reading reading = ReadPages(*document, request.recognisePages ? ImportProgress([](int) {}) : progress);
   if (request.recognisePages) Recognise(*document, reading, progress);
   const std::vector<PdfParagraph> paragraphs = AssemblePdf(reading.pages);
   DocumentBuilder builder;

@@ -237,5 +237,27 @@ TEST(CutFiles, AreReadAsFarAsTheyGoOrRefused) {
   }
 }
 
+// Of every format; read in this process, as each is read many times.
+TEST(TruncatedFile, IsReadOrRefusedWhereverItEnds) {
+  constexpr std::size_t kStep = 1024;
+  const TemporaryFolder folder;
+  for (const char* const name :
+       {"reise.epub", "noten-2.epub", "reise.docx", "tabelle-lo.docx", "reise.odt", "noten.fb2",
+        "hand.fb2.zip", "reise.html", "reise.md", "reise.pdf", "groff-zwei.pdf"}) {
+    const std::string whole = ReadFile(std::string(LORELIN_IMPORT_CORPUS "/") + name);
+    ASSERT_FALSE(whole.empty()) << name;
+    const std::string path = folder.File(name);
+    for (std::size_t size = 0; size < whole.size(); size += kStep) {
+      WriteFile(path, whole.substr(0, size));
+      try {
+        (void)ReadDocument({.path = path}, [](int) {});
+      } catch (const RuntimeError& error) {
+        EXPECT_TRUE(std::string_view(error.what()).ends_with("."))
+            << name << ' ' << size << ": " << error.what();
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace lorelin
