@@ -50,7 +50,7 @@ void Watch() {
 }  // namespace
 
 const char* const kConfinementText =
-    "Der Prozess kann kein anderes Programm starten; Speicher und Zeit sind begrenzt.\n";
+    "Lorelin gibt dem Prozess wenig Speicher und Zeit und lässt ihn kein anderes Programm starten.\n";
 
 // The job that the process was started in holds it, see ImportJobRunner. No window tells of a failure.
 void Confine(const std::filesystem::path&, bool) {

@@ -1,6 +1,9 @@
 if(WIN32)
   # One folder that can lie anywhere.
-  install(TARGETS lorelin XMGR lorelin-cli lorelin-import lorelin-abkuerzungen RUNTIME DESTINATION .)
+  install(TARGETS lorelin-cli lorelin-import lorelin-abkuerzungen RUNTIME DESTINATION .)
+  if(TARGET lorelin)
+    install(TARGETS lorelin XMGR RUNTIME DESTINATION .)
+  endif()
   install(FILES packaging/vts.ico LICENSE packaging/windows/THIRD-PARTY.txt DESTINATION .)
   install(DIRECTORY hypertext packaging/scripts LICENSES DESTINATION .)
   return()
