@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <regex>
 
 #include "base/text.h"
 
@@ -70,23 +71,10 @@ std::string NumberText(std::size_t part) {
   return text.data();
 }
 
-// "de", "en-GB".
-bool IsLanguage(std::string_view text) {
-  std::size_t length = 0;
-  bool first = true;
-  for (const char c : text) {
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    if (c == '-') {
-      if (length < 1 || (first && length < 2)) return false;
-      first = false;
-      length = 0;
-    } else if (!letter && (first || c < '0' || c > '9')) {
-      return false;
-    } else if (++length > (first ? 3U : 8U)) {
-      return false;
-    }
-  }
-  return first ? length >= 2 : length >= 1;
+// "de", "en-GB". Whoever wrote the book may have written anything here.
+bool IsLanguage(const std::string& text) {
+  static const std::regex kForm("[A-Za-z]{2,3}(-[A-Za-z0-9]{1,8})*");
+  return text.size() <= 40 && std::regex_match(text, kForm);
 }
 
 std::string LanguageOf(const SpokenBook& book) {
@@ -149,9 +137,10 @@ std::string OverlayOf(const SpokenPart& part, std::size_t number) {
     for (const SpokenSentence& sentence : paragraph.sentences) {
       const std::string id = std::to_string(++sentences);
       if (!sentence.clip || sentence.clip->end <= sentence.clip->begin) continue;
-      overlay += "<par id=\"p" + id + "\"><text src=\"" + page + "#s" + id + "\"/><audio src=\"../audio/" +
-                 name + ".mp3\" clipBegin=\"" + TimeText(sentence.clip->begin) + "\" clipEnd=\"" +
-                 TimeText(sentence.clip->end) + "\"/></par>\n";
+      overlay.append("<par id=\"p").append(id).append("\"><text src=\"").append(page).append("#s").append(id);
+      overlay.append("\"/><audio src=\"../audio/").append(name).append(".mp3\" clipBegin=\"");
+      overlay.append(TimeText(sentence.clip->begin)).append("\" clipEnd=\"");
+      overlay.append(TimeText(sentence.clip->end)).append("\"/></par>\n");
     }
   }
   return overlay + "</seq>\n</body>\n</smil>\n";

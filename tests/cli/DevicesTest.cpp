@@ -1,43 +1,14 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <functional>
 #include <thread>
 
-#include "cli/Failure.h"
-#include "cli/LoadedDocument.h"
-#include "cli/files.h"
-#include "tests/support/FakeImportProcess.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/cli/CliFilesFixture.h"
 
 namespace lorelin::cli {
 namespace {
 
 // Pipes, devices and links, as Linux has them.
-class CliDevices : public testing::Test {
- protected:
-  // The code and the text that `work` fails with.
-  static std::string Ending(const std::function<void()>& work) {
-    try {
-      work();
-      return "(gelungen)";
-    } catch (const Failure& failure) {
-      return std::to_string(static_cast<int>(failure.Code())) + ": " + failure.what();
-    }
-  }
-  std::string Reading(const std::string& path) {
-    return Ending([&] { (void)LoadSpeakable(path, importer_); });
-  }
-  std::string Writing(const std::string& target, const std::string& input = "-") {
-    return Ending([&] { RequireTarget(target, input); });
-  }
-  std::string Path(const std::string& name) { return folder_.File(name); }
-  static bool Exists(const std::string& path) { return std::filesystem::exists(path); }
-
-  TemporaryFolder folder_;
-  FakeImportProcess importer_;
-};
+class CliDevices : public CliFiles {};
 
 TEST_F(CliDevices, ReadAPipeThatHasAName) {
   const std::string pipe = Path("pipe");

@@ -47,8 +47,8 @@ TEST_F(PlaceLineTest, HasRoomInTheStatusBar) {
   Read("Eins gilt. Zwei gilt. Drei gilt. Vier gilt.");
   Hear("Zwei");
   EXPECT_TRUE(WaitUntil([this] { return Line().GetSize().x >= form.FromDIP(60); }));
-  const wxRect bar = form.GetStatusBar()->GetScreenRect();
-  EXPECT_TRUE(WaitUntil([&] { return bar.Contains(Line().GetScreenRect()); }));
+  EXPECT_TRUE(
+      WaitUntil([this] { return form.GetStatusBar()->GetScreenRect().Contains(Line().GetScreenRect()); }));
 }
 
 TEST_F(PlaceLineTest, MovesTheVoice) {
