@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <regex>
 
+#include "base/clockTime.h"
 #include "base/text.h"
 
 namespace lorelin {
@@ -58,11 +59,7 @@ std::string Element(std::string_view name, std::string_view attributes, std::str
 }
 
 std::string TimeText(milliseconds time) {
-  std::array<char, 48> text{};
-  const long long all = time.count();
-  std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld.%03lld", all / 3600000, all / 60000 % 60,
-                all / 1000 % 60, all % 1000);
-  return text.data();
+  return ClockTime(time, 1);
 }
 
 std::string NumberText(std::size_t part) {

@@ -15,6 +15,8 @@
 #include <string_view>
 #include <utility>
 
+#include "base/clockTime.h"
+
 namespace lorelin {
 namespace {
 
@@ -100,19 +102,11 @@ void AddField(TagLib::Ogg::XiphComment& comment, const char* name, const std::st
   if (!value.empty()) comment.addField(name, Utf8(value));
 }
 
-std::string ClockTime(milliseconds time) {
-  std::array<char, 40> text{};
-  const long long all = time.count();
-  std::snprintf(text.data(), text.size(), "%02lld:%02lld:%02lld.%03lld", all / 3600000, all / 60000 % 60,
-                all / 1000 % 60, all % 1000);
-  return text.data();
-}
-
 void AddChapters(TagLib::Ogg::XiphComment& comment, const std::vector<SoundChapter>& chapters) {
   for (std::size_t i = 0; i < chapters.size(); ++i) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "CHAPTER%03zu", i + 1);
-    comment.addField(name.data(), Utf8(ClockTime(chapters[i].begin)));
+    comment.addField(name.data(), Utf8(ClockTime(chapters[i].begin, 2)));
     comment.addField(std::string(name.data()) + "NAME", Utf8(chapters[i].title));
   }
 }
