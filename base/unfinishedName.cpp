@@ -30,7 +30,7 @@ fs::path UnfinishedName(const fs::path& target) {
   std::u8string name = followed.filename().u8string();
   if (name.size() > kMostOfTheName) name.erase(0, name.size() - kMostOfTheName);
   while (!name.empty() && (name.front() & 0xC0) == 0x80) name.erase(0, 1);  // no half of a character
-  return followed.parent_path() / (u8".part-" + name);
+  return followed.parent_path() / (std::u8string(kUnfinishedPrefix.begin(), kUnfinishedPrefix.end()) + name);
 }
 
 }  // namespace lorelin

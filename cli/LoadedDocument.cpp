@@ -44,6 +44,7 @@ LoadedDocument LoadDocument(const std::string& input, ImportProcess& importer) {
     ImportedDocument imported = Import(input, importer);
     if (!imported.notice.empty()) std::cerr << imported.notice << '\n';
     document.text = std::move(imported.text.text);
+    document.formats = std::move(imported.text.runs);
     document.info = std::move(imported.info);
     return document;
   }
@@ -52,6 +53,7 @@ LoadedDocument LoadDocument(const std::string& input, ImportProcess& importer) {
     RichText formatted = ReadRtf(document.text);
     document.info.chapters = ChaptersOf(formatted);
     document.text = std::move(formatted.text);
+    document.formats = std::move(formatted.runs);
   }
   return document;
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "ports/DocumentInfo.h"
 #include "ports/ImportProcess.h"
+#include "richtext/RichText.h"
 
 namespace lorelin::cli {
 
@@ -11,7 +13,8 @@ namespace lorelin::cli {
 struct LoadedDocument {
   std::string text;
   DocumentInfo info;
-  std::string name;  // of the file, without its ending
+  std::vector<TextRun> formats;  // of the text
+  std::string name;              // of the file, without its ending
 };
 
 // The document of a file, of a pipe, or of standard input ("-"): what the importer reads, RTF without its

@@ -143,7 +143,8 @@ class Export {
     if (!sound.title.empty()) document.info.title = sound.title;
     if (!sound.author.empty()) document.info.author = sound.author;
     if (!sound.language.empty()) document.info.language = sound.language;
-    const auto text = preparation_.TextOf(std::move(document.text), std::move(document.info));
+    const auto text =
+        preparation_.TextOf(std::move(document.text), std::move(document.info), std::move(document.formats));
     if (!text) throw Interruption{};
     const ExportChoices choices{.format = FormatOf(sound),
                                 .quality = sound.quality,

@@ -9,6 +9,7 @@
 #include "export/subtitles.h"
 #include "ports/DocumentInfo.h"
 #include "ports/SoundFile.h"
+#include "richtext/RichText.h"
 #include "speech/TracedText.h"
 
 namespace lorelin {
@@ -30,6 +31,7 @@ struct ExportText {
   std::string written;  // the document's text
   TracedText spoken;    // whose source it is
   DocumentInfo info;
+  std::vector<TextRun> formats{};  // of the document's text; none where nobody wants to see them
 };
 
 // One sound file that is to be made.

@@ -18,15 +18,18 @@ void Tidy(std::vector<Chapter>& chapters, std::size_t characters) {
 
 }  // namespace
 
-std::shared_ptr<const ExportText> ExportPreparation::TextOf(std::string written, DocumentInfo info) {
+std::shared_ptr<const ExportText> ExportPreparation::TextOf(std::string written, DocumentInfo info,
+                                                            std::vector<TextRun> formats) {
   Tidy(info.chapters, CharacterCount(written));
   TracedText spoken(written, 0);
   std::optional<std::string> filtered = parts_.extensions.FilterText(written);
   if (!filtered) return nullptr;
   spoken.Rewritten(std::move(*filtered));
   Decorate(spoken, parts_.settings, parts_.clock.Now());
-  return std::make_shared<const ExportText>(
-      ExportText{.written = std::move(written), .spoken = std::move(spoken), .info = std::move(info)});
+  return std::make_shared<const ExportText>(ExportText{.written = std::move(written),
+                                                       .spoken = std::move(spoken),
+                                                       .info = std::move(info),
+                                                       .formats = std::move(formats)});
 }
 
 std::shared_ptr<const ExportVoice> ExportPreparation::Voice() {

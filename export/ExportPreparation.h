@@ -28,7 +28,8 @@ class ExportPreparation {
 
   // Chapters beyond the text's end are dropped. Through the extensions' filter, with prefix, suffix and the
   // time. Null when the user did not want to wait for the filter any longer.
-  [[nodiscard]] std::shared_ptr<const ExportText> TextOf(std::string written, DocumentInfo info);
+  [[nodiscard]] std::shared_ptr<const ExportText> TextOf(std::string written, DocumentInfo info,
+                                                         std::vector<TextRun> formats = {});
   // Throws RuntimeError 13 or 6 when a stored value is no number.
   [[nodiscard]] std::shared_ptr<const ExportVoice> Voice();
 

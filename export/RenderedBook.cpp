@@ -92,7 +92,7 @@ class BookRendering {
     if (!end->complete) return RenderingResult{RenderingEnd::CutShort, end->reason};
     book_.parts.push_back(
         {part.tags.title, MakeSpokenParagraphs(file_.text->written, part.written, rendering.Words(),
-                                               end->length, book_.chapters)});
+                                               end->length, book_.chapters, file_.text->formats)});
     return std::nullopt;
   }
 

@@ -12,6 +12,7 @@
 #include "base/textEncoding.h"
 #include "export/fileNames.h"
 #include "export/soundFormats.h"
+#include "richtext/rtf.h"
 #include "speech/voiceSettings.h"
 
 namespace lorelin {
@@ -78,7 +79,9 @@ bool SoundExport::Start(const ExportOrder& order) {
   info.title = order.title;
   info.author = order.author;
   try {
-    const auto text = preparation_.TextOf(parts_.document.Text(), std::move(info));
+    std::string written = parts_.document.Text();
+    std::vector<TextRun> formats = order.choices.book ? FormatsOf(written) : std::vector<TextRun>();
+    const auto text = preparation_.TextOf(std::move(written), std::move(info), std::move(formats));
     if (!text) return false;
     std::vector<PlannedFile> files = PlanExport(text, order.choices, order.folder, parts_.name());
     MakeTargetsDistinct(files);
@@ -89,6 +92,12 @@ bool SoundExport::Start(const ExportOrder& order) {
     Tell(problem.what());
     return false;
   }
+}
+
+// None when the editor shows the text otherwise than it says it.
+std::vector<TextRun> SoundExport::FormatsOf(const std::string& written) {
+  RichText formatted = ReadRtf(parts_.document.RichText());
+  return formatted.text == written ? std::move(formatted.runs) : std::vector<TextRun>();
 }
 
 bool SoundExport::MayReplace(const std::vector<PlannedFile>& files) {

@@ -57,6 +57,7 @@ class SoundExport {
   [[nodiscard]] bool MayClose();
 
  private:
+  [[nodiscard]] std::vector<TextRun> FormatsOf(const std::string& written);
   [[nodiscard]] bool MayReplace(const std::vector<PlannedFile>& files);
   void Tell(const std::string& text);
 

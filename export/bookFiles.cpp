@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <regex>
+#include <utility>
 
 #include "base/clockTime.h"
 #include "base/text.h"
@@ -102,23 +103,72 @@ std::string MarksOf(const SpokenParagraph& paragraph) {
   return marks;
 }
 
+// The text with what stands out in it; a heading is bold anyway.
+std::string SentenceText(const SpokenSentence& sentence, bool heading) {
+  const std::string_view text = sentence.text;
+  std::string page;
+  std::size_t done = 0;
+  for (const Emphasis& piece : sentence.emphasis) {
+    const bool bold = piece.bold && !heading;
+    page += EscapedLines(text.substr(done, piece.begin - done));
+    page.append(bold ? "<strong>" : "").append(piece.italic ? "<em>" : "");
+    page += EscapedLines(text.substr(piece.begin, piece.end - piece.begin));
+    page.append(piece.italic ? "</em>" : "").append(bold ? "</strong>" : "");
+    done = piece.end;
+  }
+  return page + EscapedLines(text.substr(done));
+}
+
+// Opens and closes lists around the paragraphs that are their items.
+class ListTags {
+ public:
+  // What goes before the paragraph.
+  std::string Before(const ListItem& item) {
+    const bool goesOn =
+        item.kind == last_.kind && (item.kind != ListKind::Numbers || item.number == last_.number + 1);
+    std::string tags = goesOn ? std::string() : End();
+    if (!goesOn && item.kind == ListKind::Bullets) tags += "<ul>\n";
+    if (!goesOn && item.kind == ListKind::Numbers) {
+      tags += item.number == 1 ? "<ol>\n" : "<ol start=\"" + std::to_string(item.number) + "\">\n";
+    }
+    last_ = item;
+    return tags;
+  }
+  // What goes behind the last one.
+  std::string End() {
+    const ListKind kind = std::exchange(last_, {}).kind;
+    if (kind == ListKind::None) return {};
+    return kind == ListKind::Bullets ? "</ul>\n" : "</ol>\n";
+  }
+
+ private:
+  ListItem last_;
+};
+
+std::string ElementOf(const SpokenParagraph& paragraph) {
+  if (paragraph.item.kind != ListKind::None) return "li";
+  const int level = std::clamp(paragraph.level, 0, kLowestHeading);
+  return level > 0 ? "h" + std::to_string(level) : "p";
+}
+
 std::string PageOf(const SpokenBook& book, std::size_t number) {
   std::string page = PageHead(book, TitleOf(book, number), "../style.css") +
                      "<body>\n<section epub:type=\"bodymatter chapter\" id=\"teil\">\n";
   std::size_t sentences = 0;
+  ListTags lists;
   for (const SpokenParagraph& paragraph : book.parts[number].paragraphs) {
-    const int level = std::clamp(paragraph.level, 0, kLowestHeading);
-    const std::string name = level > 0 ? "h" + std::to_string(level) : "p";
-    page += "<" + name;
+    const std::string name = ElementOf(paragraph);
+    page += lists.Before(paragraph.item) + "<" + name;
     if (!paragraph.chapters.empty()) page += " id=\"k" + std::to_string(paragraph.chapters.front()) + "\"";
     page += ">" + MarksOf(paragraph);
     for (const SpokenSentence& sentence : paragraph.sentences) {
       if (&sentence != &paragraph.sentences.front()) page += ' ';
-      page += "<span id=\"s" + std::to_string(++sentences) + "\">" + EscapedLines(sentence.text) + "</span>";
+      page += "<span id=\"s" + std::to_string(++sentences) + "\">" +
+              SentenceText(sentence, paragraph.level > 0) + "</span>";
     }
     page += "</" + name + ">\n";
   }
-  return page + "</section>\n</body>\n</html>\n";
+  return page + lists.End() + "</section>\n</body>\n</html>\n";
 }
 
 std::string OverlayOf(const SpokenPart& part, std::size_t number) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/textEncoding.h"
+#include "export/listItems.h"
 #include "speech/SentencePlaces.h"
 
 namespace lorelin {
@@ -10,23 +11,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Without blanks at the ends of lines and signs that no page may hold; blanks as one.
-std::string Tidied(std::string_view text) {
-  std::string tidied;
-  for (const char c : text) {
-    const bool blank = c == '\t' || c == ' ';
-    if (c != '\n' && !blank && static_cast<unsigned char>(c) < 0x20) continue;
-    if (c == '\n' && !tidied.empty() && tidied.back() == ' ') tidied.pop_back();
-    const bool begins = tidied.empty() || tidied.back() == ' ' || tidied.back() == '\n';
-    if (begins && (blank || c == '\n')) continue;
-    tidied += blank ? ' ' : c;
-  }
-  tidied.erase(tidied.find_last_not_of(" \n") + 1);
-  return tidied;
-}
-
 std::string OnOneLine(std::string_view text) {
-  std::string line = Tidied(text);
+  std::string line = Tidied(text, 0).text;
   std::ranges::replace(line, '\n', ' ');
   return line;
 }
@@ -76,18 +62,29 @@ std::vector<std::size_t> HeadingEdges(std::string_view text, CharacterRange part
   return edges;
 }
 
+// Where a sentence ends even when it seems to go on.
+std::vector<std::size_t> Edges(std::string_view text, CharacterRange part,
+                               std::span<const Chapter> chapters) {
+  std::vector<std::size_t> edges = HeadingEdges(text, part, chapters);
+  const std::vector<std::size_t> lines = LinesOfLists(text, part.begin);
+  edges.insert(edges.end(), lines.begin(), lines.end());
+  std::ranges::sort(edges);
+  return edges;
+}
+
 class Paragraphs {
  public:
   Paragraphs(std::span<const TimedWord> words, std::span<const Chapter> chapters)
       : words_(words), chapters_(chapters) {}
 
-  void Add(CharacterRange place, std::string text, bool begins) {
+  void Add(CharacterRange place, SpokenSentence sentence, bool begins) {
     if (begins || all_.empty()) {
       all_.emplace_back();
       ends_.push_back(place.end);
     }
     ends_.back() = place.end;
-    all_.back().sentences.push_back({std::move(text), ClipOf(place)});
+    sentence.clip = ClipOf(place);
+    all_.back().sentences.push_back(std::move(sentence));
   }
   // The chapters that begin in a paragraph or in the gap in front of it.
   void Mark(std::size_t first, std::size_t behind) {
@@ -138,14 +135,20 @@ class Paragraphs {
 // Goes through the sentences of a part.
 class Reader {
  public:
-  Reader(std::string_view text, CharacterRange part, std::span<const TimedWord> words,
-         std::span<const Chapter> chapters)
-      : walk_(text, part.begin), edges_(HeadingEdges(text, part, chapters)), paragraphs_(words, chapters) {}
+  // `whole` holds the text, and has the formats.
+  Reader(std::string_view whole, std::string_view text, CharacterRange part, std::span<const TimedWord> words,
+         std::span<const Chapter> chapters, std::span<const TextRun> formats)
+      : whole_(whole),
+        walk_(text, part.begin),
+        edges_(Edges(text, part, chapters)),
+        paragraphs_(words, chapters),
+        emphases_(formats) {}
 
   void Read(CharacterRange sentence) {
     begins_ |= walk_.To(sentence.begin).find('\n') != std::string_view::npos;
-    for (const std::size_t edge : edges_) {
-      if (edge <= sentence.begin || edge >= sentence.end) continue;
+    for (; next_ < edges_.size() && edges_[next_] < sentence.end; ++next_) {
+      const std::size_t edge = edges_[next_];
+      if (edge <= sentence.begin) continue;
       Add({sentence.begin, edge});
       sentence.begin = edge;
       begins_ = true;
@@ -156,15 +159,20 @@ class Reader {
 
  private:
   void Add(CharacterRange place) {
-    std::string text = Tidied(walk_.To(place.end));
-    if (text.empty()) return;
-    paragraphs_.Add(place, std::move(text), begins_);
+    const std::string_view raw = walk_.To(place.end);
+    SourcedText text = Tidied(raw, static_cast<std::size_t>(raw.data() - whole_.data()));
+    if (text.text.empty()) return;
+    std::vector<Emphasis> emphasis = emphases_.Of(text);
+    paragraphs_.Add(place, {std::move(text.text), std::nullopt, std::move(emphasis)}, begins_);
     begins_ = false;
   }
 
+  const std::string_view whole_;
   Walk walk_;
   const std::vector<std::size_t> edges_;
+  std::size_t next_ = 0;  // of the edges
   Paragraphs paragraphs_;
+  Emphases emphases_;
   bool begins_ = true;
 };
 
@@ -172,16 +180,19 @@ class Reader {
 
 std::vector<SpokenParagraph> MakeSpokenParagraphs(std::string_view text, CharacterRange part,
                                                   std::span<const TimedWord> words, milliseconds end,
-                                                  std::span<const Chapter> chapters) {
+                                                  std::span<const Chapter> chapters,
+                                                  std::span<const TextRun> formats) {
   const std::string_view wanted = Between(text, part.begin, part.end);
   SentencePlaces sentences{std::string(wanted)};
-  Reader reader(wanted, part, words, chapters);
+  Reader reader(text, wanted, part, words, chapters, formats);
   for (std::size_t number = 0; sentences.Exists(number); ++number) {
     const CharacterRange found = sentences.Range(number);
     reader.Read({part.begin + found.begin, part.begin + found.end});
   }
   reader.Found().Mark(part.begin, part.end);
-  return reader.Found().Finish(end);
+  std::vector<SpokenParagraph> paragraphs = reader.Found().Finish(end);
+  FindListItems(paragraphs);
+  return paragraphs;
 }
 
 }  // namespace lorelin

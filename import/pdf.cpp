@@ -16,6 +16,7 @@
 
 #include "base/text.h"
 #include "base/textEncoding.h"
+#include "import/ComputingBudget.h"
 #include "import/DocumentBuilder.h"
 #include "import/confinement.h"
 #include "import/importErrors.h"
@@ -116,7 +117,8 @@ Reading ReadPages(const poppler::document& document, const ImportProgress& progr
   Reading reading;
   reading.all = static_cast<std::size_t>(document.pages());
   int told = -1;
-  for (std::size_t i = 0; i < reading.all && (i == 0 || ComputingTime() < kSeconds); ++i) {
+  const ComputingBudget budget(kSeconds);
+  for (std::size_t i = 0; i < reading.all && (i == 0 || budget.IsLeft()); ++i) {
     const PopplerPagePointer page(document.create_page(static_cast<int>(i)));
     reading.pages.push_back(page ? ReadPage(*page) : PdfPage());
     if (reading.pages.back().words.empty()) reading.empty.push_back(i);

@@ -19,15 +19,18 @@ namespace {
 
 class EngineSoundRenderer final : public SoundRenderer {
  public:
-  EngineSoundRenderer(const std::string& engineFile, EventPump& pump, Clock& clock, Log& log)
-      : client_({.engineFile = engineFile, .condition = {}}, pump, clock, log) {}
+  EngineSoundRenderer(const std::string& engineFile, UnfinishedList& unfinished, EventPump& pump,
+                      Clock& clock, Log& log)
+      : unfinished_(unfinished), client_({.engineFile = engineFile, .condition = {}}, pump, clock, log) {}
   DirectSS& Voice() override { return client_; }
   void SetSoundFile(const std::string& path, SoundFormat format, SoundQuality quality) override {
+    unfinished_.Add(path);
     client_.SetSoundFormat(format, quality, true);
     client_.SetWaveFile(path);
   }
 
  private:
+  UnfinishedList& unfinished_;
   EngineClient client_;
 };
 
@@ -97,7 +100,7 @@ ErrorNumber NumberOf(int error) {
 }  // namespace
 
 std::unique_ptr<SoundRenderer> EngineSoundRendering::Make(EventPump& pump) {
-  return std::make_unique<EngineSoundRenderer>(engineFile_, pump, clock_, log_);
+  return std::make_unique<EngineSoundRenderer>(engineFile_, unfinished_, pump, clock_, log_);
 }
 
 void EngineSoundRendering::PutInPlace(const std::string& rendered, const std::string& target,
@@ -111,6 +114,7 @@ void EngineSoundRendering::PutInPlace(const std::string& rendered, const std::st
   }
   if (error == 0) error = file.Prepare(place);
   if (error == 0) error = file.MoveTo(place);
+  unfinished_.Remove(rendered);
   if (error != 0) throw RuntimeError(NumberOf(error));
 }
 

@@ -64,8 +64,8 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.voiceArchives = std::make_unique<LibarchiveVoices>();
   services.naturalVoices = std::make_unique<EngineVoices>();
   services.selectedText = std::make_unique<AtspiSelectedText>();
-  services.soundRendering =
-      std::make_unique<EngineSoundRendering>(services.paths.engineFile, *services.clock, *services.log);
+  services.soundRendering = std::make_unique<EngineSoundRendering>(
+      services.paths.engineFile, services.paths.cacheFolder, *services.clock, *services.log);
   OpenedRegistry opened = SqliteRegistry::Open(services.paths.registryFile, *services.log);
   services.registry = std::move(opened.registry);
   services.registryNotice = std::move(opened.notice);

@@ -110,6 +110,17 @@ check "nothing unfinished is left" nothing_unfinished "$out"
 check "it can be read aloud again" bash -c "'$cli' text '$out/buch.epub' | grep -q 'Hier beginnt das Buch mit einem Satz'"
 check "sentences become an EPUB" exits 0 "$cli" say --format epub -o "$out/saetze.epub" "$home/saetze.txt"
 check "they are within a tenth of a second of the sound" python3 "$top/tests/e2e/spokenBook.py" "$out/saetze.epub" 1 0.1
+printf '# Einkauf\n\nWir brauchen **dringend** und *bald*:\n\n- Äpfel\n- **Brot** und Käse\n\nZuerst:\n\n1. gehen\n2. kaufen\n\n| Ware | Preis |\n|---|---|\n| Apfel | zwei Euro |\n' >"$home/liste.md"
+check "what stands out, lists and tables become an EPUB" exits 0 "$cli" say -o "$out/liste.epub" "$home/liste.md"
+check "other programs read it" python3 "$top/tests/e2e/spokenBook.py" "$out/liste.epub" 1
+page() { python3 -c 'import sys, zipfile; print(zipfile.ZipFile(sys.argv[1]).read("EPUB/" + sys.argv[2]).decode())' "$out/liste.epub" "$1" >"$home/page"; }
+check "its page is there" page text/0001.xhtml
+check "what stands out is there" grep -q '<strong>dringend</strong> und <em>bald</em>:' "$home/page"
+check "the list is there" grep -q '^<li><span id="s[0-9]*"><strong>Brot</strong> und Käse</span></li>' "$home/page"
+check "and the one with numbers" test "$(grep -c '^<ol>\|^<ul>\|^</ol>\|^</ul>' "$home/page")" = 4
+check "the table is there row by row" grep -q 'Ware; Preis</strong><br/>Apfel; zwei Euro' "$home/page"
+check "so are the times" page overlays/0001.smil
+check "every item has its sound" test "$(grep -c '<par' "$home/page")" = 8
 printf '# Eins\n\nEin Satz.\n\n# ***\n\n…\n\n# Drei\n\nNoch ein Satz.\n' >"$home/still.md"
 check "a chapter without words does no harm" exits 0 "$cli" say --format epub -o "$out/still.epub" "$home/still.md"
 check "other programs read it" python3 "$top/tests/e2e/spokenBook.py" "$out/still.epub" 3
@@ -182,6 +193,18 @@ wait $process
 check "Ctrl+C ends with 130" test $? -eq 130
 check "nothing unfinished is left" within 5 nothing_unfinished "$out"
 check "what was there is still there" test "$(cat "$out/lang.epub")" = alt
+
+"$cli" say -o "$out/lang.epub" "$home/lang.md" 2>"$home/err" &
+process=$!
+check "the second chapter grows" within 20 test -s "$out/.part-.part-lang.epub.2.mp3"
+kill -KILL $process
+wait $process 2>/dev/null
+check "a killed program leaves no engine" within 10 no_engine_left "$bin"
+check "and the finished chapter" test -s "$out/.part-lang.epub.1.mp3"
+printf fremd >"$out/.part-fremd.mp3"
+check "the next one" exits 0 "$cli" say -o "$home/eins.mp3" "$home/eins.txt"
+check "clears it away, and nothing else" test "$(cd "$out" && echo .part-*)" = .part-fremd.mp3
+rm "$out/.part-fremd.mp3"
 
 # One of several is cancelled with the rest; what is done stays.
 "$cli" say --jobs 1 -o "$out/teils" "$home/eins.txt" "$home/lang.txt" 2>"$home/err" &

@@ -50,6 +50,55 @@ TEST(SpokenParagraphs, BelongToTheChapterInWhoseGapTheyFollow) {
   EXPECT_EQ(paragraphs[1].level, 1);
 }
 
+TEST(SpokenParagraphs, KeepWhatStandsOut) {
+  const std::string text = "Eins.\nÄ zwei  drei. Vier.";
+  const CharacterFormat bold{.bold = true};
+  const CharacterFormat both{.bold = true, .italic = true};
+  // "zwei " is bold, " dr" both, "Vier" bold; what is behind has no format.
+  const std::vector<TextRun> formats{{9, {}}, {5, bold}, {3, both}, {4, {}}, {4, bold}};
+  const auto paragraphs = MakeSpokenParagraphs(text, {6, 1000}, {}, milliseconds(900), {}, formats);
+  ASSERT_EQ(paragraphs.size(), 1U);
+  ASSERT_EQ(paragraphs[0].sentences.size(), 2U);
+  EXPECT_EQ(paragraphs[0].sentences[0].text, "Ä zwei drei.");
+  EXPECT_EQ(paragraphs[0].sentences[0].emphasis,
+            (std::vector<Emphasis>{{3, 7, true, false}, {8, 10, true, true}}));
+  EXPECT_EQ(paragraphs[0].sentences[1].emphasis, (std::vector<Emphasis>{{0, 4, true, false}}));
+}
+
+std::vector<std::string> ItemsOf(std::string_view text) {
+  std::vector<std::string> items;
+  for (const SpokenParagraph& paragraph : Paragraphs(text, {})) {
+    const bool bullets = paragraph.item.kind == ListKind::Bullets;
+    const std::string mark = bullets ? "*" : std::to_string(paragraph.item.number);
+    for (const SpokenSentence& sentence : paragraph.sentences)
+      items.push_back((paragraph.item.kind == ListKind::None ? "" : mark + " ") + sentence.text);
+  }
+  return items;
+}
+
+TEST(SpokenParagraphs, AreItemsWhereTheyBeginAsThoseOfAList) {
+  EXPECT_EQ(ItemsOf("Kauf ein:\n\n• Äpfel\n• Brot und Käse\n\nDann:\n\n1. aufstehen\n2. losgehen\n\nEnde."),
+            (std::vector<std::string>{"Kauf ein:", "* Äpfel", "* Brot und Käse", "Dann:", "1 aufstehen",
+                                      "2 losgehen", "Ende."}));
+  EXPECT_EQ(ItemsOf("• Ein Satz. Noch einer.\n• Der dritte."),
+            (std::vector<std::string>{"* Ein Satz.", "* Noch einer.", "* Der dritte."}));
+}
+
+TEST(SpokenParagraphs, AreNoItemsWhereANumberStandsAlone) {
+  for (const char* const text :
+       {"1. Mai.", "3. Oktober.\n5. November.", "•", "1984. Ein Jahr.\n1985. Noch eins."})
+    for (const SpokenParagraph& paragraph : Paragraphs(text, {}))
+      EXPECT_EQ(paragraph.item.kind, ListKind::None) << text;
+}
+
+TEST(SpokenParagraphs, KeepTheSoundOfAMark) {
+  const auto paragraphs =
+      Paragraphs("• Eins.\n• Zwei.", {{{2, 6}, milliseconds(50)}, {{10, 14}, milliseconds(400)}});
+  ASSERT_EQ(paragraphs.size(), 2U);
+  EXPECT_EQ(paragraphs[0].sentences, (std::vector{Heard("Eins.", 0, 400)}));
+  EXPECT_EQ(paragraphs[1].sentences, (std::vector{Heard("Zwei.", 400, 900)}));
+}
+
 SpokenBook Book() {
   SpokenBook book;
   book.title = "Grimm & <Co>";
@@ -100,6 +149,39 @@ TEST(BookFiles, TieSentencesToTheirSound) {
   EXPECT_TRUE(Has(FileOf(Book(), "EPUB/overlays/0001.smil"),
                   "<text src=\"../text/0001.xhtml#s1\"/><audio src=\"../audio/0001.mp3\" "
                   "clipBegin=\"0:00:00.000\" clipEnd=\"0:00:01.500\"/>"));
+}
+
+TEST(BookFiles, ShowWhatStandsOut) {
+  SpokenBook book = Book();
+  SpokenSentence sentence = Heard("a & b\nc d", 0, 1);
+  sentence.emphasis = {{0, 1, true, false}, {4, 7, true, true}, {8, 9, false, true}};
+  book.parts[0].paragraphs = {{.sentences = {sentence}, .chapters = {}},
+                              {.sentences = {sentence}, .level = 2, .chapters = {}}};
+  const std::string page = FileOf(book, "EPUB/text/0001.xhtml");
+  EXPECT_TRUE(Has(page,
+                  "<p><span id=\"s1\"><strong>a</strong> &amp; <strong><em>b<br/>c</em></strong> "
+                  "<em>d</em></span></p>"));
+  EXPECT_TRUE(Has(page, "<h2><span id=\"s2\">a &amp; <em>b<br/>c</em> <em>d</em></span></h2>"));
+}
+
+TEST(BookFiles, ShowLists) {
+  SpokenBook book = Book();
+  const auto item = [](const std::string& text, ListItem place) {
+    return SpokenParagraph{.sentences = {Heard(text, 0, 1)}, .chapters = {}, .item = place};
+  };
+  book.parts[0].paragraphs = {item("a", {ListKind::Bullets}),
+                              item("b", {ListKind::Bullets}),
+                              item("c", {ListKind::Numbers, 1}),
+                              item("d", {ListKind::Numbers, 2}),
+                              item("e", {}),
+                              item("f", {ListKind::Numbers, 3})};
+  book.parts[0].paragraphs[1].chapters = {1};
+  EXPECT_TRUE(
+      Has(FileOf(book, "EPUB/text/0001.xhtml"),
+          "<ul>\n<li><span id=\"s1\">a</span></li>\n<li id=\"k1\"><span id=\"s2\">b</span></li>\n</ul>\n"
+          "<ol>\n<li><span id=\"s3\">c</span></li>\n<li><span id=\"s4\">d</span></li>\n</ol>\n"
+          "<p><span id=\"s5\">e</span></p>\n"
+          "<ol start=\"3\">\n<li><span id=\"s6\">f</span></li>\n</ol>\n</section>"));
 }
 
 TEST(BookFiles, ListTheContentsByTheirLevels) {

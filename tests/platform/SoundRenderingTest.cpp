@@ -43,10 +43,11 @@ class SoundRenderings : public testing::Test {
   }
 
   TemporaryFolder folder;
+  TemporaryFolder cache;
   FakeClock clock;
   FakeLog log;
   TaskPump pump;
-  EngineSoundRendering rendering{LORELIN_BIN_DIR "/lorelin-engine", clock, log};
+  EngineSoundRendering rendering{LORELIN_BIN_DIR "/lorelin-engine", cache.Path(), clock, log};
   std::unique_ptr<SoundRenderer> renderer = rendering.Make(pump);
   std::vector<EndOfText> ends;
   std::vector<HeardWord> words;
