@@ -13,4 +13,7 @@ namespace lorelin {
 // Those that are adjectives where a noun follows; looked up behind the others.
 [[nodiscard]] std::span<const Abbreviation> AdjectiveTable();
 
+// What is cut in advertisements, notices and notes.
+[[nodiscard]] std::span<const Abbreviation> NoticeTable();
+
 }  // namespace lorelin

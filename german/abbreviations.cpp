@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "german/abbreviationTable.h"
+#include "german/cutWords.h"
 #include "german/dates.h"
 #include "german/grammar.h"
 #include "german/numberWords.h"
@@ -22,7 +23,7 @@ using Index = std::unordered_map<std::string_view, std::vector<const Abbreviatio
 const Index& ByFirstToken() {
   static const Index index = [] {
     Index made;
-    for (const auto table : {AbbreviationTable(), AdjectiveTable()}) {
+    for (const auto table : {AbbreviationTable(), AdjectiveTable(), NoticeTable()}) {
       for (const Abbreviation& one : table) {
         const Token first = TokenAt(one.written, 0);
         made[one.written.substr(0, first.end)].push_back(&one);
@@ -150,6 +151,27 @@ bool StandsAsAttribute(const Tokens& tokens, std::size_t i, std::size_t next) {
   return (what.known || what.guessed) && (opens || HasDeterminer(tokens, i) || HasPreposition(tokens, i));
 }
 
+// "Lied: EG 321, Str. 1–3".
+bool SpeaksOfSong(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at), {"Lied", "Lieder", "EG", "GL", "Gesangbuch", "Gotteslob", "Gesang"}))
+      return true;
+  }
+  return false;
+}
+
+// "nach EG 11 TV-L".
+bool SpeaksOfPay(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    if (IsOneOf(tokens.View(at), {"TV", "TVöD", "vergütet", "bewertet", "Vergütung", "Bezahlung",
+                                  "Eingruppierung", "Tarif", "eingruppiert", "Entgelt"}))
+      return true;
+  }
+  return false;
+}
+
 bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
   switch (one.around) {
@@ -184,7 +206,7 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return tokens.Is(end, ":");
     case Around::Date:
       return DateShapeAt(tokens, next).has_value() ||
-             (tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, "."));
+             (tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".") && !tokens.IsNumber(next + 2, 3, 3));
     case Around::Age:
       return tokens.IsNumber(next) && IsOneOf(tokens.View(tokens.Skip(next + 1)), {"J", "Jahre", "Jahren"});
     case Around::Label:
@@ -196,7 +218,9 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     }
     case Around::Described:
       // "männl., 67 J.": nothing to bend it for.
-      if (one.bending == Bending::Adjective && IsOneOf(tokens.View(end), {",", ")", ";"})) return true;
+      if (one.bending == Bending::Adjective && !IsUpperWord(one.written) &&
+          IsOneOf(tokens.View(end), {",", ")", ";"}))
+        return true;
       return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next));
     case Around::Spice:
       return HasSuffix(tokens.View(next),
@@ -217,13 +241,17 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Lacking:
       return HasSuffix(
           WithLowerStart(tokens.View(next)),
-          {"gewähr",     "abzug",   "anspruch",  "mwSt",          "frühstück", "balkon",   "anmeldung",
-           "termin",     "befund",  "zucker",    "salz",          "rezept",    "aufpreis", "gebühr",
-           "gebühren",   "versand", "haftung",   "vorkenntnisse", "deckel",    "garantie", "alkohol",
-           "begründung", "möbel",   "provision", "datum"});
+          {"gewähr",     "abzug",       "anspruch",   "mwSt",          "frühstück",   "balkon",   "anmeldung",
+           "termin",     "befund",      "zucker",     "salz",          "rezept",      "aufpreis", "gebühr",
+           "gebühren",   "versand",     "haftung",    "vorkenntnisse", "deckel",      "garantie", "alkohol",
+           "begründung", "möbel",       "provision",  "datum",         "lift",        "aufzug",   "keller",
+           "garage",     "tiere",       "haustiere",  "pause",         "titel",       "fenster",  "heizung",
+           "gepäck",     "kosten",      "mehrkosten", "kinder",        "kohlensäure", "grund",    "terrasse",
+           "abitur",     "führerschein"});
     case Around::Finding:
-      return tokens.IsCapital(next) && NounOf(tokens.View(next)).singular &&
-             (tokens.Is(next + 1, ",") || tokens.IsLast(next) || tokens.IsLast(next + 1));
+      return tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
+             ((tokens.Is(next + 1, ",") && NounOf(tokens.View(next)).singular) || tokens.IsLast(next) ||
+              tokens.IsLast(next + 1));
     case Around::Attribute:
       return StandsAsAttribute(tokens, i, next);
     case Around::Letter:
@@ -232,6 +260,20 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
                             (tokens.IsWord(next) && RomanValue(tokens.View(next)) != 0));
     case Around::Inside:
       return !tokens.OpensClause(i);
+    case Around::Term:
+      return tokens.IsNumber(NumberBehind(tokens, end)) &&
+             !IsOneOf(tokens.WordBefore(i), {"der", "die", "Der", "Die"});
+    case Around::PayGroup:
+      return tokens.IsNumber(next) && SpeaksOfPay(tokens, i);
+    case Around::Hymn:
+      return tokens.IsNumber(next) && SpeaksOfSong(tokens, i);
+    case Around::NoHymn:
+      return !SpeaksOfSong(tokens, i) && !(tokens.IsNumber(next) && SpeaksOfPay(tokens, i));
+    case Around::Wanted:
+      return IsOneOf(tokens.WordBefore(i), {"an", "für", "nur"}) ||
+             (tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), ",") && tokens.Is(end, ","));
+    case Around::Release:
+      return tokens.IsNumber(next) && tokens.Is(next + 1, ".") && tokens.IsNumber(next + 2);
     case Around::Greeted:
       return next > end && IsOneOf(tokens.View(next), {"aus", "von", "an", "vom", "zurück", "auch", "und"});
     case Around::Section:
@@ -356,8 +398,42 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
+namespace {
+
+// "unfallfr.", "rezeptpfl.", "fristger.": what is missing at the end of a compound of which nothing else is
+// cut.
+std::string_view RestOfAdjective(std::string_view word) {
+  struct Part {
+    std::string_view written;
+    std::string_view rest;
+  };
+  constexpr Part kParts[] = {{"fr", "ei"},         {"pfl", "ichtig"},          {"fähi", "g"},
+                             {"formger", "echt"},  {"fristger", "echt"},       {"altersger", "echt"},
+                             {"sachger", "echt"},  {"artger", "echt"},         {"fachger", "echt"},
+                             {"kindger", "echt"},  {"behindertenger", "echt"}, {"ordnungsgem", "äß"},
+                             {"fristgem", "äß"},   {"vertragsgem", "äß"},      {"sachgem", "äß"},
+                             {"planm", "äßig"},    {"rechtm", "äßig"},         {"regelm", "äßig"},
+                             {"gleichm", "äßig"},  {"verhältnism", "äßig"},    {"sbed", "ingt"},
+                             {"reichh", "altig"},  {"barrierefr", "ei"},       {"vorschriftsm", "äßig"},
+                             {"gewerbsm", "äßig"}, {"unabh", "ängig"},         {"abh", "ängig"},
+                             {"zust", "ändig"},    {"selbstst", "ändig"}};
+  for (const Part& part : kParts) {
+    if (word.size() >= part.written.size() + 4 && word.ends_with(part.written)) return part.rest;
+    if (part.written.size() > 4 && word == part.written) return part.rest;
+  }
+  return {};
+}
+
+}  // namespace
+
 std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
   const auto word = tokens.View(i);
+  if (tokens.IsWord(i) && !IsAllCaps(word) && tokens.Is(i + 1, ".") && tokens.FreeBefore(i) &&
+      (!IsUpperWord(word) || tokens.OpensClause(i)) && !NounOf(word).known) {
+    const std::size_t noun = NounBehind(tokens, tokens.Skip(i + 2));
+    if (const auto rest = RestOfAdjective(word); !rest.empty())
+      return FoundEnding{rest, noun != Tokens::kNone && tokens.IsBlank(i + 2), i + 2};
+  }
   if (word.size() < 5 || !tokens.Is(i + 1, ".") || !tokens.IsBlank(i + 2) || !tokens.FreeBefore(i))
     return std::nullopt;
   const bool consonant =
@@ -367,6 +443,8 @@ std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
   const bool noun = tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
   const bool goesOn = noun || (tokens.IsWord(next) && !tokens.IsCapital(next)) || tokens.IsNumber(next);
   if (!goesOn || NounOf(word).whole) return std::nullopt;
+  if (word.ends_with("schl"))  // "abgeschl. Ausbildung", "beschl."
+    return FoundEnding{"ossen", NounBehind(tokens, next) != Tokens::kNone, i + 2};
   if (word.ends_with('l')) return FoundEnding{"ich", NounBehind(tokens, next) != Tokens::kNone, i + 2};
   if (word.ends_with('w') && !IsUpperWord(word)) return FoundEnding{"eise", false, i + 2};
   return std::nullopt;
@@ -388,6 +466,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"betr", "betrag"},
                              {"kto", "konto"},
                              {"std", "stunde"},
+                             {"hauptvers", "hauptversammlung"},
                              {"vers", "versicherung"},
                              {"beitr", "beitrag"},
                              {"ausw", "ausweis"},
@@ -398,6 +477,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"verw", "verwaltung"},
                              {"verz", "verzeichnis"},
                              {"temp", "temperatur"},
+                             {"prov", "provision"},
                              {"ges", "gesellschaft"},
                              {"gem", "gemäß"},
                              {"geb", "gebühr"},
@@ -448,7 +528,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     const std::size_t behind = tokens.Skip(i + 2);
     // "Betriebstemp. -10", "ab Kaufdat.": no word ends like that.
     const bool parted = point && tokens.IsCapital(i) && !NounOf(tokens.View(i)).known &&
-                        part.written.size() + 4 <= word.size() &&
+                        part.written.size() + (EndsLikeNoWord(word) ? 3 : 4) <= word.size() &&
                         (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) ||
                          (part.written.size() > 2 && tokens.IsLast(i + 1)));
     if (!common && !parted &&

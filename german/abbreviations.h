@@ -53,6 +53,12 @@ enum class Around : std::uint8_t {
   Region,          // "im" stands before
   Wind,            // the wind is spoken of
   Inside,          // the clause has begun before
+  Term,            // a number follows, and no article stands before
+  PayGroup,        // a number follows, and what is paid is spoken of
+  Hymn,            // a number follows, and a song is spoken of
+  NoHymn,          // no song is spoken of
+  Wanted,          // "an", "für" or a comma stands before
+  Release,         // a number with a point in it follows
   Greeted,         // from whom or to whom follows
   DayBefore        // an ordinal stands before: "19. Jh."
 };

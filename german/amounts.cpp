@@ -31,8 +31,15 @@ bool AreTemperatures(const Tokens& tokens, std::size_t i) {
   return unit && unit->singular.starts_with("Grad");
 }
 
+// "50/60 Hz": no fraction has such parts.
+bool AreAlternatives(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i, 2, 4) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 4)) return false;
+  const auto unit = UnitAt(tokens, tokens.Skip(i + 3));
+  return unit && !unit->isWord;
+}
+
 std::optional<Quantity> FractionQuantityAt(const Tokens& tokens, std::size_t i) {
-  if (AreTemperatures(tokens, i)) return std::nullopt;
+  if (AreTemperatures(tokens, i) || AreAlternatives(tokens, i)) return std::nullopt;
   if (const auto fraction = FractionAt(tokens, i)) {
     Quantity quantity;
     quantity.halves = fraction->denominator == 2 ? 1 : 0;
@@ -148,6 +155,12 @@ Found MoneyAt(const Tokens& tokens, std::size_t i, std::size_t first) {
   if (!quantity) return std::nullopt;
   const std::size_t dashes = BehindDashes(tokens, quantity->end);
   const auto currency = CurrencyAt(tokens, tokens.Skip(dashes));
+  // "KM 520,-": what else has such an end?
+  const bool bare = dashes > quantity->end && !currency && quantity->number.IsWhole() &&
+                    !quantity->number.whole.empty() &&
+                    (tokens.IsGap(dashes) || IsOneOf(tokens.View(dashes), {".", ",", ")", ";", "!", "/"}));
+  if (bare)
+    return Phrase{dashes, QuantityWords(tokens, first, dashes, *quantity, Gender::Masculine) + " Euro"};
   if (!currency || (tokens.Is(tokens.Skip(dashes), "Fr") && quantity->number.value > 24 && false))
     return std::nullopt;
   std::size_t end = currency->end;
@@ -162,7 +175,7 @@ Found MoneyAt(const Tokens& tokens, std::size_t i, std::size_t first) {
 // Measures.
 
 // What may stand behind "Mio.": a unit, a currency, or nothing of the kind.
-std::string MultipliedWords(const Tokens& tokens, std::size_t& end) {
+std::string MultipliedWords(const Tokens& tokens, std::size_t first, std::size_t& end) {
   const std::size_t next = tokens.Skip(end);
   std::string words;
   if (const auto currency = CurrencyAt(tokens, next)) {
@@ -170,7 +183,7 @@ std::string MultipliedWords(const Tokens& tokens, std::size_t& end) {
     end = currency->end;
     words += PerWords(tokens, end);
   } else if (const auto unit = UnitAt(tokens, next); unit && !unit->isWord) {
-    words = " " + unit->plural;
+    words = " " + (CaseAt(tokens, first, unit->end) == Case::Dative ? unit->dativePlural : unit->plural);
     end = unit->end;
   }
   return words;
@@ -216,7 +229,9 @@ bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantit
   const auto sign = tokens.View(unitAt);
   const bool letter = sign.size() == 1 && tokens.IsWord(unitAt);
   const bool side = sign == "m" && IsOneOf(tokens.WordBefore(first), {"H", "B", "T", "L"});  // "B 2 m"
-  if (letter && quantity.number.IsWhole() && LabelBefore(tokens, first) && !side) return false;
+  if (letter && !IsOneOf(unit.singular, {"Monat", "Masche", "Reihe"}) && quantity.number.IsWhole() &&
+      LabelBefore(tokens, first) && !side)
+    return false;
   // "24 h", "5 m" beside a dash belong to a longer word: "100-m-Lauf" is read elsewhere.
   if (unit.singular.starts_with("Grad") && sign == "°" && tokens.IsNumber(unit.end)) return false;
   return !(tokens.IsDashAt(unit.end) && tokens.IsWord(unit.end + 1));
@@ -228,7 +243,7 @@ Found MeasureAt(const Tokens& tokens, std::size_t i, std::size_t first) {
   const std::size_t at = tokens.Skip(quantity->end);
   if (const auto multiple = MultipleAt(tokens, at)) {
     std::size_t end = multiple->end;
-    const std::string rest = MultipliedWords(tokens, end);
+    const std::string rest = MultipliedWords(tokens, first, end);
     return Phrase{tokens.WithoutLastPoint(end), MultipleWords(tokens, first, *quantity, *multiple) + rest};
   }
   const auto unit = UnitAt(tokens, at);
@@ -415,8 +430,8 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   const bool shortened = ShortensYear(*first, tokens, at);
   const bool rising =
       first->value < second->value || shortened || (first->value == second->value && !first->IsWhole());
-  if (!word &&
-      (!rising || first->whole.front() == '0' || (tokens.Is(first->end, "-") && IsCodeBefore(tokens, i))))
+  if (!word && (!rising || (first->whole.front() == '0' && first->whole.size() > 1) ||
+                (tokens.Is(first->end, "-") && IsCodeBefore(tokens, i))))
     return std::nullopt;
   if (!word && first->whole.size() > 4 && !first->grouped) return std::nullopt;
   const bool noun = NounBehind(tokens, tokens.Skip(second->end)) != Tokens::kNone;
@@ -428,6 +443,12 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
 }
 
 namespace {
+
+// "„Das Boot“ (1/6)".
+bool IsPartOfSeries(const Tokens& tokens, std::size_t i) {
+  return tokens.IsNumber(i, 1, 2) && tokens.Is(i + 1, "/") && tokens.IsNumber(i + 2, 1, 2) && i >= 3 &&
+         tokens.Is(i - 1, "(") && tokens.Is(i + 3, ")") && IsOneOf(tokens.View(i - 3), {"“", "\"", "”", "«"});
+}
 
 // "RR 120/80 mmHg", "Blutdruck: 140/90".
 bool MeasuresBloodPressure(const Tokens& tokens, std::size_t i) {
@@ -475,6 +496,9 @@ Found FractionOfNoun(const Tokens& tokens, std::size_t i, const Fraction& fracti
 }  // namespace
 
 Found FractionPhraseAt(const Tokens& tokens, std::size_t i) {
+  if (IsPartOfSeries(tokens, i))
+    return Phrase{
+        i + 3, CardinalWords(*DigitsAt(tokens, i, 2)) + " von " + CardinalWords(*DigitsAt(tokens, i + 2, 2))};
   if (MeasuresBloodPressure(tokens, i)) return Phrase{i + 2, CardinalWords(*DigitsAt(tokens, i, 3)) + " zu "};
   if (const auto mixed = FractionQuantityAt(tokens, i);
       mixed && !mixed->singular && tokens.FreeBehind(mixed->end - 1)) {
@@ -484,7 +508,11 @@ Found FractionPhraseAt(const Tokens& tokens, std::size_t i) {
   if (!fraction || !MayBeFraction(tokens, i, *fraction)) return std::nullopt;
   if (auto half = FractionOfNoun(tokens, i, *fraction)) return half;
   if (fraction->denominator == 2) return Phrase{fraction->end, FractionText(*fraction)};
-  const bool many = fraction->numerator > 1 && CaseAt(tokens, i, fraction->end) == Case::Dative;
+  const bool dative = CaseAt(tokens, i, fraction->end) == Case::Dative;
+  const bool many = fraction->numerator > 1 && dative;
+  // "der Kläger zu 1/3".
+  if (fraction->numerator == 1 && dative && IsOneOf(tokens.WordBefore(i), {"zu", "mit", "von", "bei"}))
+    return Phrase{fraction->end, "einem " + WithUpperStart(OrdinalWords(fraction->denominator, "el"))};
   return Phrase{fraction->end, CardinalWords(fraction->numerator, "ein") + " " +
                                    WithUpperStart(OrdinalWords(fraction->denominator, many ? "eln" : "el"))};
 }

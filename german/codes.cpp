@@ -21,35 +21,17 @@ bool IsCodeWord(std::string_view word) {
 }
 
 bool IsPhoneWord(std::string_view word) {
-  return IsOneOf(word, {"Tel",
-                        "Telefon",
-                        "Telefonnummer",
-                        "Fax",
-                        "Telefax",
-                        "Faxnummer",
-                        "Mobil",
-                        "Mob",
-                        "Handy",
-                        "Handynummer",
-                        "Rufnummer",
-                        "Hotline",
-                        "Durchwahl",
-                        "Service",
-                        "Festnetz",
-                        "WhatsApp",
-                        "Servicenummer",
-                        "Auskunft",
-                        "Telefonisch",
-                        "telefonisch",
-                        "T",
-                        "F",
-                        "M",
-                        "Zentrale",
-                        "Mobilnummer",
+  return IsOneOf(word, {"Tel",         "Telefon",     "Telefonnummer",
+                        "Fax",         "Telefax",     "Faxnummer",
+                        "Mobil",       "Mob",         "Handy",
+                        "Handynummer", "Rufnummer",   "Hotline",
+                        "Durchwahl",   "Durchw",      "Service",
+                        "Festnetz",    "WhatsApp",    "Servicenummer",
+                        "Auskunft",    "Telefonisch", "telefonisch",
+                        "T",           "F",           "M",
+                        "Zentrale",    "Mobilnummer",
 
-                        "erreichen",
-                        "erreichbar",
-                        "Bereitschaftsdienst"});
+                        "erreichen",   "erreichbar",  "Bereitschaftsdienst"});
 }
 
 // A word for telephones stands right before, perhaps with a colon or "unter" between.
@@ -154,9 +136,12 @@ bool DialsSomewhere(const Tokens& tokens) {
 
 // "Notruf 112", "die 110".
 Found EmergencyAt(const Tokens& tokens, std::size_t i) {
-  if (!IsOneOf(tokens.View(i), {"110", "112", "116117", "115", "19222"}) || !tokens.FreeBefore(i) ||
+  if (!IsOneOf(tokens.View(i), {"110", "112", "116117", "115", "19222", "116"}) || !tokens.FreeBefore(i) ||
       !tokens.FreeBehind(i))
     return std::nullopt;
+  if (tokens.Is(i, "116") && tokens.IsBlank(i + 1) && tokens.IsNumber(i + 2, 3, 3))  // "116 117"
+    return Phrase{i + 3, "eins eins sechs, " + DigitWords(tokens.View(i + 2))};
+  if (tokens.Is(i, "116")) return std::nullopt;
   if (tokens.Is(i, "116117")) return Phrase{i + 1, "eins eins sechs, eins eins sieben"};
   const auto before = tokens.WordBefore(i);
   const bool colon =
@@ -215,9 +200,14 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
   if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"}))
     before = tokens.Before(before);
   if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
+  // "Steuer-Nr. 143/207/50881".
+  if (before != Tokens::kNone && before >= 2 && tokens.Is(before, "Nr") && tokens.Is(before - 1, "-")) {
+    const std::size_t name = tokens.Is(before - 2, ".") && before >= 3 ? before - 3 : before - 2;
+    if (IsOneOf(tokens.View(name), {"Steuer", "St"})) before = name;
+  }
   if (before == Tokens::kNone || !tokens.IsWord(before) || !tokens.FreeBefore(i)) return std::nullopt;
-  const bool named =
-      IsCodeWord(tokens.View(before)) || (tokens.Is(i - 1, "-") && IsAllCaps(tokens.View(before)));
+  const bool named = IsCodeWord(tokens.View(before)) || IsOneOf(tokens.View(before), {"Steuer", "St"}) ||
+                     (tokens.Is(i - 1, "-") && IsAllCaps(tokens.View(before)));
   if (!named) return std::nullopt;
   std::string words;
   std::size_t digits = 0;
@@ -226,7 +216,8 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     words += (words.empty() ? "" : " ") + DigitWords(tokens.View(at));
     digits += tokens.View(at).size();
     end = ++at;
-    const bool tax = tokens.Is(at, "/") && HasPrefix(tokens.View(before), {"Steuern", "Steuer", "StNr"});
+    const bool tax = tokens.Is(at, "/") && (HasPrefix(tokens.View(before), {"Steuern", "Steuer", "StNr"}) ||
+                                            tokens.Is(before, "St"));
     if (tax && tokens.IsNumber(at + 1)) words += " Schrägstrich";
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at) || tax) && tokens.IsNumber(at + 1)) ++at;
   }
@@ -289,6 +280,27 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
   words += ' ' + DigitWords(std::string_view(digits).substr(0, 2));
   for (std::size_t at = 2; at < digits.size(); at += 4)
     words += ", " + DigitWords(std::string_view(digits).substr(at, 4));
+  return Phrase{end, words};
+}
+
+// "Gläubiger-ID DE98ZZZ09999999999", its groups parted or not.
+Found CreditorAt(const Tokens& tokens, std::size_t i) {
+  const auto country = tokens.View(i);
+  if (!tokens.IsWord(i) || country.size() != 2 || !IsAllCaps(country) || !tokens.FreeBefore(i) ||
+      !tokens.IsNumber(i + 1, 2, 2))
+    return std::nullopt;
+  const std::size_t kind = tokens.Skip(i + 2);
+  if (!tokens.IsWord(kind) || !IsAllCaps(tokens.View(kind)) || tokens.View(kind).size() != 3 ||
+      !tokens.IsNumber(kind + 1))
+    return std::nullopt;
+  std::string words =
+      std::string(country) + " " + DigitWords(tokens.View(i + 1)) + " " + std::string(tokens.View(kind));
+  std::size_t end = kind + 1;
+  for (std::size_t at = kind + 1; tokens.IsNumber(at) && end < kind + 14;) {
+    words += " " + DigitWords(tokens.View(at));
+    end = ++at;
+    if (tokens.IsBlank(at) && tokens.IsNumber(at + 1)) ++at;
+  }
   return Phrase{end, words};
 }
 

@@ -14,4 +14,7 @@ namespace lorelin {
 // "DE89 3704 …", beginning with its two letters.
 [[nodiscard]] Found IbanAt(const Tokens& tokens, std::size_t i);
 
+// "DE98ZZZ09999999999" of somebody who debits accounts.
+[[nodiscard]] Found CreditorAt(const Tokens& tokens, std::size_t i);
+
 }  // namespace lorelin

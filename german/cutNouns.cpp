@@ -47,7 +47,9 @@ bool IsDativePlural(const Tokens& tokens, std::size_t i) {
   if (word == "den" || (IsMany(word) && word.ends_with("en"))) return true;
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone || !tokens.IsNumber(before)) return false;
-  return CaseOfPreposition(tokens.WordBefore(before)) == Case::Dative;
+  const auto preposition = tokens.WordBefore(before);
+  if (preposition == "über" || preposition == "unter") return false;  // "über 500 Mitgl."
+  return CaseOfPreposition(preposition) == Case::Dative;
 }
 
 // "Patient", "Kunde": of the nouns that have "-en" in every case but the first.

@@ -169,7 +169,58 @@ std::string_view CutNouns() {
       "Vater Verantwortung Verlobung Verstorbener Vizepräsident Wettbewerb Wissenschaft Wissenschaftler "
       "Zivil Zusammenarbeit "
       "Zutreffendes Zutritt Zwischensumme Gesamtsumme Summe Endbetrag Rechnungsbetrag Rechnungsdatum "
-      "Lieferdatum Zählerstand Grundpreis";
+      "Lieferdatum Zählerstand Grundpreis Absprache/Absprachen Ortszeit Vollzeit Teilzeit Zeugnis/Zeugnisse "
+      "Führerschein/Führerscheine Infarkt/Infarkte Herzinfarkt Gesamtnote Zuladung Violine/Violinen "
+      "Verschlechterung Verbesserung/Verbesserungen Befund/Befunde Blutzucker Ernährung Gesundheit "
+      "Hausbesuch/Hausbesuche Impfpass Nachsorge Rehabilitation Übelkeit Vorsorge Wundheilung "
+      "Absage/Absagen Abrechnung/Abrechnungen Ablauf Abnahme Akte/Akten Aktenzeichen Ankündigung "
+      "Ansprechpartner "
+      "Aufwand Aushang/Aushänge Auszahlung/Auszahlungen Auszug/Auszüge Bauantrag Beitragszahlung Bewilligung "
+      "Bewerbungsunterlagen Buchung/Buchungen Dauerauftrag Eingang/Eingänge Einkauf/Einkäufe "
+      "Einspruch/Einsprüche "
+      "Einzahlung/Einzahlungen Fahrtkosten Frist/Fristen Gehaltsvorstellung Geldbetrag Grundsteuer "
+      "Hausverwaltung "
+      "Jahresabrechnung Kassenbon Krankmeldung Kündigungsfrist Lebenslauf Lohnsteuer Mahngebühr/Mahngebühren "
+      "Meldebescheinigung Mindestlohn Mietvertrag/Mietverträge Nachforderung/Nachforderungen Personalausweis "
+      "Pflegeversicherung "
+      "Rentenversicherung Rückerstattung Rückzahlung/Rückzahlungen Schadenersatz Selbstauskunft "
+      "Steuererklärung "
+      "Stromverbrauch Teilbetrag/Teilbeträge Vorauszahlung/Vorauszahlungen Vorkenntnisse Wohngeld "
+      "Zahlungsziel Zinsen "
+      "Zulassung Zuzahlung/Zuzahlungen Zwischenzeugnis Berufserfahrung Berufsausbildung Festanstellung "
+      "Schichtdienst "
+      "Stellenangebot/Stellenangebote Tätigkeit/Tätigkeiten Vergütung Arbeitszeit/Arbeitszeiten "
+      "Arbeitsplatz/Arbeitsplätze "
+      "Dachboden Doppelhaushälfte Fußbodenheizung Gasheizung Ölheizung Zentralheizung Fernwärme Grundriss "
+      "Kellerraum/Kellerräume Mietpreis Quadratmeter Südbalkon Wohnküche Zustandsbericht Anhänger "
+      "Ersatzteil/Ersatzteile "
+      "Getriebe Klimaanlage Laufleistung Sommerreifen Winterreifen Vorbesitzer Zahnriemen "
+      "Anreisetag Aufenthalt Ausflug/Ausflüge Doppelzimmer Einzelzimmer Endreinigung Halbpension "
+      "Hotel/Hotels Kurtaxe "
+      "Reisegepäck Reiserücktritt Sehenswürdigkeit/Sehenswürdigkeiten Übernachtungspreis Vollpension "
+      "Zuschlag "
+      "Backofen Backpulver Brühe Butter Gewürz/Gewürze Hefe Joghurt Karotte/Karotten Kräuter Mandeln "
+      "Margarine Marmelade Mehl Milch Mozzarella Muskat Nudeln Olivenöl Parmesan Puderzucker Rosinen Sahne "
+      "Schnittlauch "
+      "Sellerie Speisestärke Thymian Vanillezucker Zimt Zitronensaft "
+      "Endergebnis Endspiel Finale Hinrunde Kreisliga Landesliga Mittelfeld Nachspielzeit Rückrunde "
+      "Spieltag/Spieltage "
+      "Tabellenführer Torschütze Viertelfinale Halbfinale Weltmeister Weltmeisterschaft Unentschieden "
+      "Arbeitsblatt Arbeitsgemeinschaft Elternabend Elternbeirat Elternsprechtag Hausaufgabe/Hausaufgaben "
+      "Klassenarbeit "
+      "Klassenfahrt Klassenlehrer Schulleitung Sportunterricht Stundenplan Vertretungsplan "
+      "Vorlesung/Vorlesungen "
+      "Anfang Ausland Bundestag Bundesrat Einigung Forscher Gemeinderat Haushaltsplan Innenminister Kanzler "
+      "Koalition "
+      "Landtag Ministerpräsident Opposition Stadtrat Sprecher Unfall/Unfälle Verdächtiger "
+      "Verletzter/Verletzte "
+      "Bildhauer Dirigent Gemälde Kapelle/Kapellen Kathedrale Kloster Königreich Regisseur Residenz Sänger "
+      "Sängerin "
+      "Philharmonie Uraufführung Verfilmung Gottesdienst/Gottesdienste Pfarrei Kirchengemeinde Gemeindehaus "
+      "Kollekte "
+      "Andacht Abendmahl Konfirmation Trauung Enthaltung/Enthaltungen Differenz/Differenzen Tordifferenz "
+      "Messlöffel "
+      "Selbstabholer Selbstabholung Ausweichtermin Begleitperson/Begleitpersonen Nachholtermin";
 }
 
 std::string_view CutAdjectives() {
@@ -207,7 +258,10 @@ std::string_view CutAdjectives() {
          "akademisch theologisch philosophisch mathematisch physikalisch geografisch geologisch "
          "kostenfrei barrierefrei provisionsfrei gebührenfrei versandkostenfrei schadstofffrei "
          "beweglich unbeweglich landeseigen volljährig minderjährig schwerbehindert berechtigt verpflichtet "
-         "zeichnungsberechtigt unterschriftsberechtigt erwerbstätig berufstätig selbsttätig";
+         "zeichnungsberechtigt unterschriftsberechtigt erwerbstätig berufstätig selbsttätig "
+         "ausreichend schmerzhaft regelmäßig unregelmäßig unverzüglich unzugänglich abgelaufen angemessen "
+         "belegt bepflanzt sichtbar lieferbar verfügbar verhandelbar erreichbar übertragbar bezugsfertig "
+         "belastbar flexibel zuverlässig freundlich teamfähig mobil unfallfrei scheckheftgepflegt";
 }
 
 std::string_view CutFixedWords() {
@@ -219,7 +273,11 @@ std::string_view CutFixedWords() {
          "vormittags nachmittags abends morgens werktags sonntags feiertags "
          "respektive vergleiche herausgegeben übersetzt unterzeichnet gezeichnet genehmigt abgelehnt bezahlt "
          "überwiesen erhalten eingegangen verschoben verlegt ausverkauft reserviert verkaufe vermiete "
-         "sofort gekündigt bearbeitet verschickt versendet verstorben berichtigt bestätigt";
+         "sofort gekündigt bearbeitet verschickt versendet verstorben berichtigt bestätigt hiermit hierzu "
+         "hierfür "
+         "aufgehoben abgewiesen unberührt aufbewahren schütteln einnehmen auftragen umrühren abschmecken "
+         "verarbeitet zurückgewiesen stattgegeben übersandt zugestellt beantragt bewilligt festgesetzt "
+         "überprüft unterschrieben zurückgesandt nachgereicht einzureichen mitzubringen vorzulegen";
 }
 
 }  // namespace lorelin

@@ -92,6 +92,11 @@ std::optional<CutWord> WholeOfLastPart(std::string_view word) {
   return std::nullopt;
 }
 
+bool IsKnownShort(std::string_view word) {
+  return IsOneOf(
+      word, {"Kl", "Nr", "Art", "Abs", "Str", "Abt", "Tel", "Az", "Bd", "Kap", "Dr", "Prof", "Std", "Min"});
+}
+
 // The sentence goes on behind the point.
 bool GoesOn(const Tokens& tokens, std::size_t point) {
   const std::size_t next = tokens.Skip(point + 1);
@@ -102,6 +107,11 @@ bool GoesOn(const Tokens& tokens, std::size_t point) {
   if (next == point + 1)
     return IsOneOf(tokens.View(next), {",", ";", ":", "-", ")", "/"}) && !tokens.IsLast(point);
   if (IsOneOf(tokens.View(next), {"(", "–", "&", "+", "/", "§", "€"})) return true;
+  // "Führersch. Kl. B", "Kennz. HH-XY 99": with so many letters it is no name.
+  const bool manyLetters = point > 0 && tokens.View(point - 1).size() > kShortest + 2;
+  if (manyLetters &&
+      (IsAllCaps(tokens.View(next)) || (tokens.Is(next + 1, ".") && IsKnownShort(tokens.View(next)))))
+    return true;
   return tokens.IsNumber(next) || (tokens.IsWord(next) && !tokens.IsCapital(next));
 }
 

@@ -103,7 +103,16 @@ bool IsLabelOfDays(std::string_view word) {
                  {"Ausgabe", "Phase", "Rechnung", "Beispiel", "Sender", "Schritt", "Folge", "Spiel", "Kurs"});
 }
 
+// "Bluetooth 5.3", "Android 12.1.": what comes in versions.
+bool HasVersions(std::string_view word) {
+  return IsOneOf(word, {"Bluetooth",   "Android", "iOS",         "Windows", "USB",     "HDMI",    "Python",
+                        "Java",        "PHP",     "Linux",       "Ubuntu",  "Debian",  "macOS",   "Firmware",
+                        "Software",    "Release", "Update",      "DirectX", "Firefox", "Chrome",  "Kernel",
+                        "DisplayPort", "TLS",     "LibreOffice", "Fedora",  "iPadOS",  "Harmony", "OS"});
+}
+
 std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
+  if (HasVersions(tokens.WordBefore(i))) return std::nullopt;
   const std::size_t next = tokens.Skip(i + 2);
   const auto month = MonthNumberAt(tokens, next);
   if (!month) return std::nullopt;
@@ -290,6 +299,20 @@ Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
 }
 
+// "07.2023–12.2023", "05/2023-04/2024".
+Found MonthSpanAt(const Tokens& tokens, std::size_t i) {
+  const bool point = tokens.Is(i + 1, ".");
+  const auto first = point ? MonthAndYearAt(tokens, i) : MonthOfYearAt(tokens, i);
+  if (!first || !tokens.IsDashAt(tokens.Skip(first->end))) return std::nullopt;
+  const std::size_t at = tokens.Skip(tokens.Skip(first->end) + 1);
+  const auto month = MonthNumberAt(tokens, at);
+  if (!month || !tokens.IsNumber(at, 2, 2) || !tokens.Is(at + 1, point ? "." : "/") ||
+      !tokens.IsNumber(at + 2, 4, 4) || !tokens.FreeBehind(at + 2))
+    return std::nullopt;
+  return Phrase{at + 3,
+                first->words + " bis " + std::string(kMonths[*month - 1]) + " " + YearText(tokens, at + 2)};
+}
+
 // "TÜV bis 05/26".
 Found MonthOfShortYearAt(const Tokens& tokens, std::size_t i) {
   const auto month = MonthNumberAt(tokens, i);
@@ -425,7 +448,7 @@ Found DayWithEnding(const Tokens& tokens, std::size_t i, std::string_view ending
 }
 
 Found DateAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &DayFirstAt, &MonthAndYearAt,
+  for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &DayFirstAt, &MonthSpanAt, &MonthAndYearAt,
                              &MonthOfYearAt, &MonthOfShortYearAt}) {
     if (auto found = reading(tokens, i)) return found;
   }

@@ -53,6 +53,9 @@ Found PercentPartAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(sign, "%")) return std::nullopt;
   std::size_t next = sign + 1;
   if (tokens.Is(next, "-") && tokens.IsWord(next + 1) && !IsUpperWord(tokens.View(next + 1))) ++next;
+  // "5 %-Punkten".
+  if (sign > number->end && tokens.Is(sign + 1, "-") && HasPrefix(tokens.View(sign + 2), {"Punkt"}))
+    return Phrase{sign + 3, NumberText(*number, "ein") + " Prozent" + WithLowerStart(tokens.View(sign + 2))};
   const auto word = tokens.View(next);
   if (tokens.IsWord(next) && (word.starts_with("ig")))
     return Phrase{next + 1,
@@ -79,14 +82,35 @@ Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
   return Phrase{part + 1, words + WithLowerStart(word)};
 }
 
-// "1-jähr. Kind".
+// What a number makes an adjective with, from what is left of it.
+std::string_view WholePart(std::string_view word) {
+  struct Part {
+    std::string_view written;
+    std::string_view whole;
+  };
+  constexpr Part kParts[] = {
+      {"jähr", "jährig"},   {"trg", "türig"},        {"tür", "türig"},        {"sitz", "sitzig"},
+      {"stöck", "stöckig"}, {"gesch", "geschossig"}, {"köpf", "köpfig"},      {"std", "stündig"},
+      {"stünd", "stündig"}, {"tlg", "teilig"},       {"teil", "teilig"},      {"wöch", "wöchig"},
+      {"monat", "monatig"}, {"tät", "tätig"},        {"täg", "tägig"},        {"seit", "seitig"},
+      {"reih", "reihig"},   {"zeil", "zeilig"},      {"spur", "spurig"},      {"zyl", "zylindrig"},
+      {"bänd", "bändig"},   {"sprach", "sprachig"},  {"gesch", "geschossig"}, {"prozent", "prozentig"}};
+  for (const Part& part : kParts) {
+    if (part.written == word) return part.whole;
+  }
+  return {};
+}
+
+// "1-jähr. Kind", "5-trg.".
 Found CutAgeAt(const Tokens& tokens, std::size_t i) {
   const auto number = DigitsAt(tokens, i, 3);
   const std::size_t part = tokens.Is(i + 1, "-") ? i + 2 : i + 1;
-  if (!number || !tokens.FreeBefore(i) || !tokens.Is(part, "jähr") || !tokens.Is(part + 1, "."))
-    return std::nullopt;
-  const Agreement noun = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(part + 2)));
-  return Phrase{part + 2, PartWords(*number) + "jährig" + std::string(EndingAt(tokens, i, noun))};
+  const auto whole = WholePart(tokens.View(part));
+  if (!number || !tokens.FreeBefore(i) || whole.empty() || !tokens.Is(part + 1, ".")) return std::nullopt;
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(part + 2));
+  std::string words = PartWords(*number) + std::string(whole);
+  if (noun == Tokens::kNone) return Phrase{tokens.WithoutLastPoint(part + 2), words};
+  return Phrase{part + 2, words + std::string(EndingAt(tokens, i, AgreementAt(tokens, noun)))};
 }
 
 // "6–12-Jährige", "50-60-mal".
@@ -169,6 +193,8 @@ Found SignCompoundAt(const Tokens& tokens, std::size_t i) {
     return Phrase{currency->end, words + "-" + std::string(currency->name)};
   if (IsOneOf(tokens.View(sign), {"\"", "″"}) && tokens.Is(sign + 1, "-") && tokens.IsCapital(sign + 2))
     return Phrase{sign + 1, words + "-Zoll"};  // 15,6"-Display
+  if (tokens.Is(sign, "%") && tokens.Is(sign + 1, "-") && tokens.IsCapital(sign + 2))
+    return Phrase{sign + 1, words + "-Prozent"};  // "5-%-Hürde"
   if (tokens.Is(sign, "°") && tokens.Is(sign + 1, "-") && tokens.IsWord(sign + 2))
     return Phrase{sign + 1, words + "-Grad"};
   return std::nullopt;
@@ -182,6 +208,8 @@ Found StarsAt(const Tokens& tokens, std::size_t i) {
   std::size_t end = i + 1;
   while (tokens.Is(end, tokens.View(i + 1)) && end < i + 6) ++end;
   const bool dash = tokens.Is(end, "-") && tokens.IsCapital(end + 1);
+  if (IsOneOf(tokens.View(end), {",", ")", ";"}))  // "(4*, 120 Zimmer)"
+    return Phrase{end, CardinalWords(*number, "ein") + (*number == 1 ? " Stern" : " Sterne")};
   if (!dash && !(tokens.IsBlank(end) && tokens.IsCapital(end + 1))) return std::nullopt;
   const std::string words =
       WithUpperStart(CardinalWords(*number, "ein")) + "-" + (*number == 1 ? "Stern" : "Sterne");

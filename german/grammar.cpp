@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "german/clauses.h"
 #include "german/units.h"
 #include "german/wordLists.h"
 
@@ -113,7 +114,7 @@ bool IsCutAdjective(std::string_view word) {
 std::size_t OverPoint(const Tokens& tokens, std::size_t at) {
   if (at == Tokens::kNone || at == 0 || !tokens.Is(at, ".") || !tokens.IsWord(at - 1)) return at;
   const auto word = tokens.View(at - 1);
-  return WholeWord(word) != word || IsDegreeWord(word) || IsOneOf(word, {"u", "o", "d"}) ||
+  return WholeWord(word) != word || IsDegreeWord(word) || IsOneOf(word, {"u", "o", "d", "bzw"}) ||
                  IsCutAdjective(word)
              ? at - 1
              : at;
@@ -359,6 +360,8 @@ std::size_t NounBehind(const Tokens& tokens, std::size_t i) {
     if (!tokens.IsWord(i) || !(shortened || (LooksLikeAdjective(word) && tokens.IsBlank(i + 1))))
       return Tokens::kNone;
     if (KindOfDeterminer(word) != Kind::None || CaseOfPreposition(word) || IsVerb(word)) return Tokens::kNone;
+    const bool small = word.size() == 1 && word != "u";  // "n. d. Mahlzeiten", but "überarb. u. erw. Aufl."
+    if (shortened && (small || CaseOfPreposition(WholeWord(word)))) return Tokens::kNone;
     i += shortened ? 3 : 2;
   }
   return Tokens::kNone;
@@ -376,44 +379,19 @@ namespace {
 
 // "mit großem Garten, kleinem Teich und separatem Eingang": the preposition holds for all of them.
 std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.Before(i);
-  if (at == Tokens::kNone || !tokens.IsWord(i) || !IsOneOf(tokens.View(at), {",", "und", "oder", "sowie"}))
+  std::size_t at = OverPoint(tokens, tokens.Before(i));
+  if (at == Tokens::kNone || !tokens.IsWord(i) ||
+      !IsOneOf(tokens.View(at), {",", "und", "oder", "sowie", "u", "o"}))
     return std::nullopt;
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     const auto word = tokens.View(at);
     if (IsOneOf(word, {"à", "je", "pro", "per", "bis"})) return std::nullopt;  // they hold for a price alone
+    if (IsOneOf(word, {"über", "unter"}) && tokens.IsNumber(tokens.Skip(at + 1))) return std::nullopt;
     if (tokens.IsWord(at) && CaseOfPreposition(word)) return CaseOfPreposition(word);
     if (IsOneOf(word, {":", ";", "("}) || IsVerb(word) || IsLinkingVerb(word)) return std::nullopt;
     at = tokens.Before(at);
   }
   return std::nullopt;
-}
-
-// "Rücksendung an o. g. Adresse".
-bool SendsSomething(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 24;  // tokens
-  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
-    const std::string word = WithLowerStart(tokens.View(at));
-    for (const std::string_view stem : {"send", "schick", "richt", "wend", "zahl", "adress", "liefer",
-                                        "überw", "schreib", "weiterleit", "zurück", "geh"}) {
-      if (word.find(stem) != std::string::npos) return true;
-    }
-  }
-  return false;
-}
-
-// "In 1 Becher geben": a verb of the clause tells that something goes there.
-bool MovesSomething(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 32;  // tokens
-  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
-    const std::string word = WithLowerStart(tokens.View(at));
-    for (const std::string_view stem :
-         {"geben", "gieß", "füll", "leg", "stellen", "stellt", "schütt", "tauch", "steck", "umfüll",
-          "einfüll", "eingieß", "überweis", "überw"}) {
-      if (word.starts_with(stem)) return true;
-    }
-  }
-  return false;
 }
 
 }  // namespace
@@ -466,16 +444,6 @@ bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
   return HasSuffix(adjective, {"e", "es"});
 }
 
-// "Auf 1 Arzt kommen 500 Einwohner".
-bool FallsTo(const Tokens& tokens, std::size_t first) {
-  constexpr std::size_t kNear = 10;  // tokens
-  for (std::size_t at = first; at < first + kNear; ++at) {
-    if (IsOneOf(tokens.View(at), {"kommen", "kommt", "kamen", "kam", "entfallen", "entfällt", "entfielen"}))
-      return true;
-  }
-  return false;
-}
-
 Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first) {
   const std::string small = WithLowerStart(tokens.View(preposition));
   const std::string word(WholeWord(small));
@@ -483,7 +451,9 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   if (small == "b" && IsOneOf(tokens.View(tokens.Skip(first + 1)), {"J", "Jahre", "Jahren"}))
     return Case::Accusative;  // "Kinder b. 6 J.": "bis"
   // "auf 1 Liter", "über 1 Meter", "bis auf 1 Schüler"; but "auf 1 Bein".
-  const bool measured = word == "über" || UnitAt(tokens, tokens.Skip(first + 1)) ||
+  const bool measured = word == "über" || (word == "auf" && IsPriceAt(tokens, first)) ||
+                        IsVessel(tokens.View(tokens.Skip(first + 1))) ||
+                        UnitAt(tokens, tokens.Skip(first + 1)) ||
                         WithLowerStart(tokens.WordBefore(preposition)) == "bis";
   if (MeasuresWith(word) && (measured || (word == "auf" && FallsTo(tokens, first)))) return Case::Accusative;
   if ((word == "in" || word == "auf" || word == "an") && MovesSomething(tokens, first))
@@ -505,17 +475,32 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   if (at == Tokens::kNone ||
       !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus", "u", "o", "+", "&"}))
     return std::nullopt;
+  const bool list = tokens.Is(at, ",");
   bool bare = true;  // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     if (EndsClause(tokens, at)) return std::nullopt;
     const std::size_t before = tokens.Before(at);
+    // "Saft von 1 Zitrone, 1 Prise Salz": only what stands before the comma is of the juice.
+    if (list && IsOneOf(tokens.View(at), {"von", "v"}) && before != Tokens::kNone && tokens.IsCapital(before))
+      return std::nullopt;
     if (bare && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at))) return CaseBehind(tokens, at, first);
     bare =
         bare && (tokens.IsCapital(at) || IsOneOf(tokens.View(at), {",", "und", "oder", "u", ".", "sowie"}));
+    // "Mit dem Saft 1 Limette und 1 EL Honig".
+    if (before != Tokens::kNone && tokens.IsNumber(at) && IsPartOfThing(tokens.View(before))) {
+      std::size_t preposition = tokens.WordIndexBefore(before);
+      if (preposition != Tokens::kNone && IsDeterminer(tokens.View(preposition)))
+        preposition = tokens.WordIndexBefore(preposition);
+      return preposition == Tokens::kNone ? std::nullopt : CaseOfPreposition(tokens.View(preposition));
+    }
     const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
     if (counted && before != Tokens::kNone && tokens.IsWord(before)) {
-      if (const std::size_t found = PrepositionBefore(tokens, at); found != Tokens::kNone)
-        return CaseBehind(tokens, found, at);
+      const std::size_t found = PrepositionBefore(tokens, at);
+      const bool part = found != Tokens::kNone && list && tokens.Is(found, "von") &&
+                        tokens.WordIndexBefore(found) != Tokens::kNone &&
+                        tokens.IsCapital(tokens.WordIndexBefore(found));
+      if (part) return std::nullopt;
+      if (found != Tokens::kNone) return CaseBehind(tokens, found, at);
     }
     if (IsOneOf(tokens.View(at), {":", ";", "("}) || IsVerb(tokens.View(at)) ||
         IsLinkingVerb(tokens.View(at)))
@@ -535,6 +520,7 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (IsBentExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
   if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone)
     return CaseBehind(tokens, at, first);
+  if (IsPartOfThing(tokens.WordBefore(first))) return Case::Genitive;
   if (const auto asked = CaseOfList(tokens, first)) return *asked;
   if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))
     return Case::Accusative;

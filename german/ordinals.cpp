@@ -62,21 +62,69 @@ bool DeterminesOneAlone(const Tokens& tokens, std::size_t i) {
   return DeterminesOne(tokens, i);
 }
 
+bool IsRankVerb(std::string_view word) {
+  return IsOneOf(word, {"wurde", "wird", "Wurde", "werden", "als", "Als", "wurdest"});
+}
+
+// "wurde bei der WM", "wurde im Finale": a contest stands between the verb and the rank; "wurde im März 5" is
+// an age.
+std::size_t VerbBeforeContest(const Tokens& tokens, std::size_t last) {
+  constexpr int kWords = 4;
+  std::size_t at = last;
+  if (!tokens.IsCapital(at) || IsMonth(tokens.View(at))) return Tokens::kNone;
+  for (int step = 0; step < kWords && at != Tokens::kNone; ++step) {
+    const std::size_t before = tokens.WordIndexBefore(at);
+    if (before == Tokens::kNone) return before;
+    if (IsOneOf(tokens.View(before), {"wurde", "wird", "wurdest"}))
+      return IsOneOf(tokens.View(at), {"im", "in", "bei", "beim", "hinter", "über", "auf", "mit"})
+                 ? before
+                 : Tokens::kNone;
+    at = before;
+  }
+  return Tokens::kNone;
+}
+
+// "Er wurde in 9,98 s nur 3.": with such a word it is no age, whatever stands between.
+std::size_t VerbBeforeOnly(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  const std::size_t only = tokens.WordIndexBefore(i);
+  if (only == Tokens::kNone || !IsOneOf(tokens.View(only), {"nur", "immerhin", "sogar"}))
+    return Tokens::kNone;
+  for (std::size_t back = only; back-- > 0 && back + kNear > only;) {
+    if (IsOneOf(tokens.View(back), {"wurde", "wird"})) return back;
+  }
+  return Tokens::kNone;
+}
+
 // "Er wurde 3.", "als 2. von 5 Kindern": the token of the verb, over "nur" and the like.
 std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.WordIndexBefore(i);
   if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"}))
     at = tokens.WordIndexBefore(at);
   if (at == Tokens::kNone) return at;
-  return IsOneOf(tokens.View(at), {"wurde", "wird", "Wurde", "werden", "als", "Als", "wurdest"})
-             ? at
-             : Tokens::kNone;
+  if (IsRankVerb(tokens.View(at))) return at;
+  const std::size_t contest = VerbBeforeContest(tokens, at);
+  return contest == Tokens::kNone ? VerbBeforeOnly(tokens, i) : contest;
 }
 
+constexpr std::uint64_t kLastRank = 15;  // more is rather an age
+
 bool BecomesOne(const Tokens& tokens, std::size_t i) {
-  constexpr std::uint64_t kLastRank = 15;  // more is rather an age
   return DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank &&
          VerbOfRank(tokens, i) != Tokens::kNone;
+}
+
+// "wurde 4., ihre Schwester 7.": the comma before the second of two who are compared.
+std::size_t CommaOfSecondRank(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.WordIndexBefore(i);
+  for (int step = 0; step < 3 && at != Tokens::kNone && tokens.IsWord(at); ++step) at = tokens.Before(at);
+  const bool rank = at != Tokens::kNone && at >= 3 && tokens.Is(at, ",") && tokens.Is(at - 1, ".") &&
+                    tokens.IsNumber(at - 2, 1, 2) && BecomesOne(tokens, at - 2);
+  return rank && DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank ? at : Tokens::kNone;
+}
+
+bool IsRank(const Tokens& tokens, std::size_t i) {
+  return BecomesOne(tokens, i) || CommaOfSecondRank(tokens, i) != Tokens::kNone;
 }
 
 bool MeansWoman(std::string_view word) {
@@ -85,6 +133,10 @@ bool MeansWoman(std::string_view word) {
 
 // "Dritter", "Dritte", "drittes" of the children.
 std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  if (const std::size_t comma = CommaOfSecondRank(tokens, i); comma != Tokens::kNone) {
+    const bool she = MeansWoman(tokens.View(tokens.Skip(comma + 1))) || MeansWoman(tokens.WordBefore(i));
+    return WithUpperStart(OrdinalWords(value, she ? "e" : "er"));
+  }
   const std::size_t verb = VerbOfRank(tokens, i);
   const bool woman = MeansWoman(tokens.WordBefore(verb)) || tokens.Is(0, "Sie") ||
                      (tokens.WordIndexBefore(verb) != Tokens::kNone &&
@@ -103,20 +155,60 @@ bool LineEndsWithInfinitive(const Tokens& tokens, std::size_t i) {
          HasSuffix(tokens.View(last), {"en", "ern", "eln"});
 }
 
+// "Temperatur" for "Temp." and "Gebühr" for "Geb.".
+std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
+  if (!tokens.Is(noun + 1, ".") && !IsAllCaps(tokens.View(noun))) return std::string(tokens.View(noun));
+  if (const auto found = AbbreviationAt(tokens, noun); found && IsUpperWord(found->abbreviation->spoken))
+    return std::string(found->abbreviation->spoken);
+  if (const auto street = StreetAt(tokens, noun))
+    return std::string(tokens.View(noun).substr(0, street->stemLength)) + std::string(street->spoken);
+  if (const auto cut = CutWordAt(tokens, noun)) return cut->words;
+  return std::string(tokens.View(noun));
+}
+
+// "Etage", and "Etg." as well.
+bool IsHeadAt(const Tokens& tokens, std::size_t i) {
+  if (IsNumberedHead(tokens.View(i))) return true;
+  return tokens.Is(i + 1, ".") && IsNumberedHead(WholeNounAt(tokens, i));
+}
+
 bool IsSingularNoun(const Tokens& tokens, std::size_t i) {
   const Noun noun = NounOf(tokens.View(i));
   return noun.singular && (noun.known || noun.guessed);
 }
 
+// "Sie kommt in die 5."
+bool GoesToClass(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  constexpr std::uint64_t kLastClass = 13;
+  const std::size_t die = tokens.WordIndexBefore(i);
+  if (value > kLastClass || die == Tokens::kNone || !tokens.Is(die, "die") || tokens.WordBefore(die) != "in")
+    return false;
+  for (std::size_t at = 0; at < die; ++at) {
+    if (IsOneOf(tokens.View(at),
+                {"geht", "gehe", "gehen", "ging", "kommt", "komme", "kam", "besucht", "Klasse"}))
+      return true;
+  }
+  return false;
+}
+
 PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (LabelBefore(tokens, i) || value >= kYears) return PointMeaning::Sentence;
-  const bool one = DeterminesOneAlone(tokens, i) || BecomesOne(tokens, i) || StandsBehindOrdinal(tokens, i);
+  const bool one = DeterminesOneAlone(tokens, i) || IsRank(tokens, i) || StandsBehindOrdinal(tokens, i) ||
+                   GoesToClass(tokens, i, value);
   return one ? PointMeaning::OrdinalAtEnd : PointMeaning::Sentence;
+}
+
+// "3. von links".
+bool CountsFromSide(const Tokens& tokens, std::size_t next) {
+  return (tokens.Is(next, "von") || (tokens.Is(next, "v") && tokens.Is(next + 1, "."))) &&
+         IsOneOf(tokens.View(tokens.Skip(next + (tokens.Is(next, "v") ? 2 : 1))),
+                 {"links", "rechts", "oben", "unten", "hinten", "vorn", "vorne"});
 }
 
 PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t next) {
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
-  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i))
+  if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i) ||
+      CountsFromSide(tokens, next))
     return PointMeaning::Ordinal;
   // "bis spät. 15. d. M."
   if (IsOneOf(tokens.View(next), {"d", "ds", "dieses"}) &&
@@ -137,7 +229,7 @@ PointMeaning BeforeNounAlone(const Tokens& tokens, std::size_t i, std::size_t ne
   const std::size_t before = tokens.Before(i);
   const bool part = before != Tokens::kNone && IsOneOf(tokens.View(before), {",", "(", "–", "·", "|"}) &&
                     what.known && what.singular && !what.plural && *DigitsAt(tokens, i, 4) <= 20;
-  const bool head = part || IsNumberedHead(tokens.View(next));
+  const bool head = part || IsHeadAt(tokens, next);
   if (tokens.OpensLine(i) && (!head || LineEndsWithInfinitive(tokens, next))) return PointMeaning::List;
   if (head) return PointMeaning::Ordinal;
   return PointMeaning::Sentence;
@@ -146,6 +238,36 @@ PointMeaning BeforeNounAlone(const Tokens& tokens, std::size_t i, std::size_t ne
 bool CountsTime(std::string_view preposition) {
   return IsOneOf(WithLowerStart(preposition), {"um", "gegen", "bis", "über", "unter", "je", "pro", "auf",
                                                "zu", "mit", "von", "ab", "für"});
+}
+
+// An item of a row in the sentence: "1." at the beginning of a clause.
+bool OpensItem(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  return DigitsAt(tokens, i, 2) == value && tokens.Is(i + 1, ".") && tokens.IsBlank(i + 2) &&
+         (tokens.OpensClause(i) || IsOneOf(tokens.WordBefore(i), {"und", "sowie", "oder"})) &&
+         tokens.IsWord(i + 3) && !IsHeadAt(tokens, i + 3) && !MonthAt(tokens, i + 3) &&
+         !DateShapeAt(tokens, i);
+}
+
+bool HasItem(const Tokens& tokens, std::size_t from, std::size_t to, std::uint64_t value) {
+  for (std::size_t at = from; at < to && at < tokens.Count(); ++at) {
+    if (tokens.IsNumber(at, 1, 2) && OpensItem(tokens, at, value)) return true;
+  }
+  return false;
+}
+
+// "Diagnosen: 1. Arterielle Hypertonie, 2. Diabetes": with the item before or behind it.
+bool IsRowItem(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 60;    // tokens
+  constexpr std::uint64_t kLast = 12;  // more are days or ages
+  const auto value = DigitsAt(tokens, i, 2);
+  if (!value || *value == 0 || *value > kLast || !OpensItem(tokens, i, *value)) return false;
+  if (*value == 1) return HasItem(tokens, i + 3, i + kNear, 2);
+  return HasItem(tokens, i > kNear ? i - kNear : 0, i, *value - 1);
+}
+
+bool BeginsRow(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  return before != Tokens::kNone && tokens.Is(before, ":") && OpensItem(tokens, i, 1);
 }
 
 PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
@@ -157,6 +279,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
       IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) && !tokens.IsLast(i + 1) && value <= 31)
     return DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) ? PointMeaning::Ordinal
                                                                       : AtEnd(tokens, i, value);
+  if (BeginsRow(tokens, i) || IsRowItem(tokens, i)) return PointMeaning::List;
   if (StartsSentenceAt(tokens, next)) {
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
@@ -175,8 +298,9 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   if (HasDeterminer(tokens, i) && isNoun) return PointMeaning::Ordinal;
   if (BecomesOne(tokens, i) && IsSingularNoun(tokens, next)) return PointMeaning::Ordinal;
   const auto before = tokens.WordBefore(i);
-  if (CaseOfPreposition(before) && !tokens.OpensLine(i)) {
-    const bool fits = IsNumberedHead(word) ||
+  const bool cutBefore = before.empty() && HasPreposition(tokens, i);  // "zzgl. 13. Gehalt"
+  if ((CaseOfPreposition(before) || cutBefore) && !tokens.OpensLine(i)) {
+    const bool fits = IsHeadAt(tokens, next) ||
                       (IsSingularNoun(tokens, next) && !word.ends_with("en") && !CountsTime(before));
     return fits ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
@@ -197,7 +321,7 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
                                                               : PointMeaning::Sentence;
   if (JoinedOrdinalBehind(tokens, i + 2) != Tokens::kNone) return PointMeaning::Ordinal;
   if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
-    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i) ||
+    const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || IsRank(tokens, i) ||
                      EditionFollows(tokens, i + 3);
     return one && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
@@ -213,7 +337,9 @@ PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   if (tokens.IsLast(i + 1) || tokens.Kind(next) == TokenKind::Line) return AtEnd(tokens, i, *value);
   if (next == i + 2) return WithoutGap(tokens, i, *value);
-  if (tokens.View(i).front() == '0' && !MonthAt(tokens, next)) return PointMeaning::Sentence;
+  if (tokens.View(i).front() == '0' && !MonthAt(tokens, next) &&
+      !(tokens.Is(next, "d") && tokens.Is(next + 1, ".")))  // "am 05. d. M."
+    return PointMeaning::Sentence;
   if (tokens.IsCapital(next)) return BeforeCapital(tokens, i, next, *value);
   if (tokens.IsWord(next)) return BeforeSmallWord(tokens, i, next);
   if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone)
@@ -236,15 +362,6 @@ std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
 }
 
 namespace {
-
-// "Temperatur" for "Temp." and "Gebühr" for "Geb.".
-std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
-  if (!tokens.Is(noun + 1, ".") && !IsAllCaps(tokens.View(noun))) return std::string(tokens.View(noun));
-  if (const auto found = AbbreviationAt(tokens, noun); found && IsUpperWord(found->abbreviation->spoken))
-    return std::string(found->abbreviation->spoken);
-  if (const auto cut = CutWordAt(tokens, noun)) return cut->words;
-  return std::string(tokens.View(noun));
-}
 
 // "der Deutsche", "jeder Befragte": adjectives that became nouns.
 bool IsAdjectivalNoun(std::string_view word) {
@@ -275,6 +392,8 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (IsOneOf(word, {"Kap", "Qu", "Sem", "Lj", "Obergesch"})) return {Gender::Neuter, false, false, true};
   if (word == "Jh" || word == "Jhd" || word == "Jhdt" || word == "Jt")
     return {Gender::Neuter, false, false, true};
+  if (IsOneOf(word, {"Kor", "Korinther", "Petr", "Petrus", "Tim", "Timotheus", "Thess", "Thessalonicher"}))
+    return {Gender::Masculine, false, false, true};
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
   if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN")
     return {Gender::Masculine, false, false, true};
@@ -300,8 +419,9 @@ Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
   const auto more = DigitsAt(tokens, i + 3, 2);
   if (!minute || !more || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "+")) return std::nullopt;
   const bool alone = HasDeterminer(tokens, i) && !tokens.IsCapital(tokens.Skip(i + 4));
+  const bool ofMinute = HasDeterminer(tokens, i) && tokens.Is(tokens.Skip(i + 4), "Minute");
   return Phrase{i + 4, (alone ? OrdinalWords(*minute, "en") : CardinalWords(*minute)) + " plus " +
-                           CardinalWords(*more)};
+                           (ofMinute ? OrdinalWords(*more, "en") : CardinalWords(*more))};
 }
 
 }  // namespace
@@ -333,6 +453,28 @@ Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
 
 namespace {
 
+// "erstens", "zweitens" of a row that stands in one line.
+Found RowItemAt(const Tokens& tokens, std::size_t i) {
+  if (!IsRowItem(tokens, i)) return std::nullopt;
+  for (std::size_t at = 0; at < i; ++at) {
+    if (tokens.Kind(at) == TokenKind::Line) return std::nullopt;
+  }
+  return Phrase{i + 2, OrdinalWords(*DigitsAt(tokens, i, 2), "ens")};
+}
+
+// "Zu 1. gibt es nichts zu sagen", "die Beklagte zu 2. ist".
+Found ItemAt(const Tokens& tokens, std::size_t i) {
+  const auto value = DigitsAt(tokens, i, 2);
+  const std::size_t zu = tokens.WordIndexBefore(i);
+  const std::size_t next = tokens.Skip(i + 2);
+  if (!value || *value > 20 || zu == Tokens::kNone || !IsOneOf(tokens.View(zu), {"zu", "Zu"}) ||
+      !tokens.Is(i + 1, ".") || next == i + 2 || !tokens.IsWord(next) || tokens.IsCapital(next) ||
+      JoinedOrdinalBehind(tokens, next) != Tokens::kNone)
+    return RowItemAt(tokens, i);
+  const bool party = HasPrefix(tokens.WordBefore(zu), {"Kläger", "Beklagte", "Antrag", "Angeklagte", "Zeug"});
+  return tokens.OpensClause(zu) || party ? Found(Phrase{i + 2, CardinalWords(*value)}) : std::nullopt;
+}
+
 // "die 3.-Platzierte".
 Found PlacedAt(const Tokens& tokens, std::size_t i) {
   const auto place = DigitsAt(tokens, i, 2);
@@ -346,6 +488,7 @@ Found PlacedAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found OrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (auto item = ItemAt(tokens, i)) return item;
   if (auto placed = PlacedAt(tokens, i)) return placed;
   if (auto minute = GoalMinuteAt(tokens, i)) return minute;
   if (auto minute = MinuteOfInjuryTimeAt(tokens, i)) return minute;
@@ -359,8 +502,13 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
       !atEnd && IsOneOf(tokens.View(tokens.Skip(i + 2)), {"d", "ds", "dieses"});  // "15. d. M."
   const Agreement agreement = ofMonth ? AgreementOf(Gender::Masculine) : AgreementAt(tokens, noun);
   std::string words = OrdinalWords(value, EndingAt(tokens, i, agreement));
-  if (noun == Tokens::kNone && !HasDeterminer(tokens, i) && BecomesOne(tokens, i))
-    words = RankWords(tokens, i, value);
+  if (noun == Tokens::kNone && !HasDeterminer(tokens, i)) {
+    if (IsRank(tokens, i)) {
+      words = RankWords(tokens, i, value);
+    } else if (CountsFromSide(tokens, tokens.Skip(i + 2))) {
+      words = WithUpperStart(OrdinalWords(value, "er"));
+    }
+  }
   if (atEnd) return Phrase{i + 1, words};
   if (tokens.IsWord(i + 2)) words += ' ';
   // "5.–7. Klasse", "2./3. Stock".

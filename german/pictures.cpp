@@ -40,7 +40,29 @@ bool IsRegion(char32_t code) {
 
 }  // namespace
 
+namespace {
+
+// ":)", ";-)", "^^": a face of letters, which has no name.
+std::size_t EndOfFace(const Tokens& tokens, std::size_t i) {
+  if (i == 0 || !tokens.IsGap(i - 1)) return 0;
+  std::size_t end = i;
+  if (tokens.Is(i, "^") && tokens.Is(i + 1, "^")) {
+    end = i + 2;
+  } else if (IsOneOf(tokens.View(i), {":", ";"})) {
+    std::size_t mouth = tokens.Is(i + 1, "-") ? i + 2 : i + 1;
+    if (!IsOneOf(tokens.View(mouth), {")", "(", "D", "P", "/", "*", "|"})) return 0;
+    while (IsOneOf(tokens.View(mouth), {")", "("})) ++mouth;
+    end = mouth == i + 1 || (mouth == i + 2 && tokens.Is(i + 1, "-")) ? mouth + 1 : mouth;
+  } else {
+    return 0;
+  }
+  return tokens.IsGap(end) ? end : 0;
+}
+
+}  // namespace
+
 Picture PictureAt(const Tokens& tokens, std::size_t i) {
+  if (const std::size_t face = EndOfFace(tokens, i); face != 0) return {{}, face};
   const char32_t first = CodeAt(tokens, i);
   if (!IsPicture(first) || first < 0x2000) return {};
   std::string sign;

@@ -57,6 +57,8 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   const std::size_t noun = NounBehind(tokens, i + 2);
   if (noun == Tokens::kNone) return OneSmallNounAt(tokens, i);
   if (StartsSentences(tokens.View(noun))) return std::nullopt;
+  // "1 BvR 16/13": the register of a court.
+  if (tokens.IsNumber(noun + 2) && tokens.Is(noun + 3, "/") && tokens.IsNumber(noun + 4)) return std::nullopt;
   Agreement agreement = AgreementAt(tokens, noun);
   // "für 1 Erwachsenen": with this ending it is no nominative.
   if (IsOneOf(tokens.View(noun), {"Erwachsenen", "Jugendlichen", "Angestellten", "Verletzten", "Toten",
@@ -220,7 +222,8 @@ Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
     return Phrase{number->end + 1, NumberText(*number) + " plus"};
   if (!tokens.Is(number->end, "/")) return std::nullopt;
   if (number->IsWhole() && tokens.IsNumber(i, 1, 2) && number->end == i + 1 &&
-      tokens.Is(i + 2, tokens.View(i)) && tokens.FreeBehind(i + 2) && !LabelBefore(tokens, i))
+      tokens.Is(i + 2, tokens.View(i)) && tokens.FreeBehind(i + 2) && !LabelBefore(tokens, i) &&
+      !(IsOneOf(tokens.View(i + 3), {".", ","}) && tokens.IsNumber(i + 4)))
     return Phrase{i + 3, NumberText(*number) + " von " + NumberText(*number)};  // "10/10"
   // "1/10.000": so many of so many.
   const auto many = NumberAt(tokens, number->end + 1);

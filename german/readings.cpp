@@ -2,6 +2,7 @@
 
 #include "german/abbreviations.h"
 #include "german/addresses.h"
+#include "german/alternatives.h"
 #include "german/amounts.h"
 #include "german/codes.h"
 #include "german/cutNouns.h"
@@ -44,13 +45,34 @@ std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::
   return title + "in";
 }
 
+// "zu 1) und 2)".
+bool NamesSeveral(const Tokens& tokens, std::size_t end) {
+  const std::size_t zu = tokens.Skip(end);
+  const std::size_t joint = tokens.Skip(zu + 4);
+  return tokens.Is(zu, "zu") && tokens.IsNumber(zu + 2) && IsOneOf(tokens.View(zu + 3), {")", "."}) &&
+         IsOneOf(tokens.View(joint), {"und", "bis", "u"});
+}
+
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, const std::string& words) {
-  if (words == "Vorsitzend" || words == "Beklagt")
-    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, false, false, true}));
+  if (words == "Vorsitzend" || words == "Beklagt") {
+    const bool many = words == "Beklagt" && NamesSeveral(tokens, end);
+    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, many, false, true}));
+  }
+  if (words == "angefangen" && IsOneOf(tokens.WordBefore(i), {"je", "Je", "pro"})) {
+    const Agreement each = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(end)));
+    return words + (each.gender == Gender::Masculine ? "en" : (each.gender == Gender::Feminine ? "e" : "es"));
+  }
+  if (words == "Jugendlich" || words == "Erwachsen")  // "f. Erw. u. Jugendl."
+    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, true, false, true, true}));
   const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
   Agreement agreement = AgreementAt(tokens, noun);
+  // "2 geh. EL".
+  const std::size_t count = tokens.Before(i);
+  if (noun != Tokens::kNone && count != Tokens::kNone && tokens.IsNumber(count, 1, 3) &&
+      !tokens.Is(count, "1") && UnitAt(tokens, noun))
+    agreement = {Gender::Masculine, true, false, true};
   // Most words that no lexicon knows are masculine, and those with an "s" are many.
   if (!agreement.known)
     agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
@@ -166,6 +188,15 @@ std::string EachWord(const Tokens& tokens, std::size_t end) {
   return noun.gender == Gender::Feminine ? "jede" : "jedes";
 }
 
+// "der Kl. 5–7".
+bool SpansNumbers(const Tokens& tokens, std::size_t end) {
+  const std::size_t first = tokens.Skip(end);
+  const std::size_t joint = tokens.Skip(first + 1);
+  return tokens.IsNumber(first, 1, 2) &&
+         (tokens.IsDashAt(joint) || IsOneOf(tokens.View(joint), {"und", "bis", "u"})) &&
+         tokens.IsNumber(tokens.Skip(joint + (tokens.Is(joint, "u") ? 2 : 1)));
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
@@ -185,6 +216,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
   if (found->abbreviation->bending == Bending::None && !PluralOf(words).empty())
     words = BentNoun(tokens, i, words, PluralOf(words));
+  if (IsOneOf(words, {"Klasse", "Jahrgangsstufe"}) && SpansNumbers(tokens, found->end)) words += 'n';
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
   const bool bendsForWoman = (words.starts_with("Diplom") && words.size() > 8) ||
                              (IsOneOf(words, {"Inhaber", "Pfarrer", "Direktor", "Bürgermeister", "Präsident",
@@ -200,8 +232,11 @@ Found StreetPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto street = StreetAt(tokens, i);
   if (!street) return std::nullopt;
   const bool keepsPoint = tokens.Is(street->end - 1, ".") && tokens.IsLast(street->end - 1);
-  return Phrase{keepsPoint ? street->end - 1 : street->end,
-                std::string(tokens.View(i).substr(0, street->stemLength)) + std::string(street->spoken)};
+  std::string words = std::string(tokens.View(i).substr(0, street->stemLength)) + std::string(street->spoken);
+  const auto plural = PluralOf(WithUpperStart(street->spoken));  // "150 Betriebsstd."
+  if (tokens.Is(i + 1, ".") && !plural.empty())
+    words = BentNoun(tokens, i, words, words.substr(0, street->stemLength) + WithLowerStart(plural));
+  return Phrase{keepsPoint ? street->end - 1 : street->end, words};
 }
 
 // "60 Bilder/s".
@@ -235,8 +270,9 @@ Found CutNounPhraseAt(const Tokens& tokens, std::size_t i) {
 
 Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
   const auto cut = CutAdjectiveAt(tokens, i);
-  if (!cut || tokens.IsLast(cut->end - 1)) return std::nullopt;
+  if (!cut) return std::nullopt;
   std::string words = std::string(tokens.View(i)) + std::string(cut->rest);
+  if (tokens.IsLast(cut->end - 1)) return Phrase{cut->end - 1, words};
   if (!cut->adjective) return Phrase{cut->end, words};
   Agreement agreement = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(cut->end)));
   if (!agreement.known) agreement = {Gender::Masculine, false, false, true};
@@ -245,6 +281,12 @@ Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
 
 // "in km/h", "€/m²": a unit without a number is said only when it has two parts.
 Found LoneUnitAt(const Tokens& tokens, std::size_t i) {
+  // "nach m² umgelegt".
+  if (IsOneOf(tokens.View(i), {"m", "km", "cm"}) && tokens.Is(i + 1, "²") && tokens.FreeBefore(i) &&
+      !tokens.Is(i + 2, "/") && tokens.Before(i) != Tokens::kNone && tokens.IsWord(tokens.Before(i))) {
+    const auto unit = UnitAt(tokens, i);
+    if (unit) return Phrase{unit->end, unit->plural + (tokens.WordBefore(i) == "nach" ? "n" : "")};
+  }
   if (!tokens.Is(i, "€") && !tokens.Is(i + 1, "/") && !tokens.Is(i + 2, "/")) return std::nullopt;
   if (!tokens.FreeBefore(i) || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
   std::string name;
@@ -284,6 +326,9 @@ Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   const std::size_t next = tokens.Skip(i + 1);
   if (!tokens.IsNumber(next) || (next > i + 1) != tokens.IsBlank(i - 1)) return std::nullopt;
+  // "63 v. Chr.–14 n. Chr."
+  if (tokens.Is(before, ".") && before > 0 && tokens.Is(before - 1, "Chr"))
+    return Phrase{next, before + 1 == i ? " bis " : "bis "};
   const bool sum = IsOneOf(tokens.View(before),
                            {"€", "EUR", "%", "$", "kg", "km", "cm", "mm", "C", "ml", "mg", "g", "m"}) &&
                    tokens.IsNumber(tokens.Before(before));
@@ -327,8 +372,10 @@ Found UnitOfCompoundAt(const Tokens& tokens, std::size_t i) {
 
 // "Bericht d. Vorstands": what belongs to the noun before.
 bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
-  const std::size_t before = tokens.WordIndexBefore(i);
-  return before != Tokens::kNone && tokens.IsCapital(before);
+  std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  if (tokens.Is(before, ".") && before > 0) --before;  // "Zeugn. d. Klasse"
+  return tokens.IsCapital(before);
 }
 
 std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& noun) {
@@ -386,9 +433,15 @@ Found InPhraseAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 2, agreement.gender == Gender::Feminine ? "in der" : "im"};
 }
 
+// "(B x H x T)", "Länge x Breite".
+bool IsSide(std::string_view word) {
+  return IsOneOf(word, {"B", "H", "T", "L", "D", "Breite", "Höhe", "Tiefe", "Länge", "Durchmesser", "Dicke"});
+}
+
 // "3,5 m x 4 m": between two measures.
 Found TimesBetweenMeasuresAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "x") || i < 2 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1)) return std::nullopt;
+  if (IsSide(tokens.View(i - 2)) && IsSide(tokens.View(i + 2))) return Phrase{i + 1, "mal"};
   const bool point = i >= 4 && tokens.Is(i - 2, ".");
   const bool measure =
       tokens.IsNumber(i - 2) || UnitAt(tokens, point ? i - 3 : i - 2) || tokens.Is(i - 2, "€");
@@ -407,6 +460,8 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
 }
 
 constexpr Reading kOfWords[] = {&AddressAt,
+                                &AlternativesAt,
+                                &CreditorAt,
                                 &IbanAt,
                                 &ScriptureAt,
                                 &CalendarWordAt,

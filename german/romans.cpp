@@ -89,6 +89,18 @@ bool NamesNumber(const Tokens& tokens, std::size_t i) {
   return IsOneOf(tokens.View(before), {"nicht", "und", "oder", "bis", "sondern", ",", "–", "-", "/"});
 }
 
+// "Art. 20 III GG", "§ 823 I BGB".
+bool StandsBehindArticle(const Tokens& tokens, std::size_t i) {
+  if (i < 4 || !tokens.IsBlank(i - 1)) return false;
+  const bool letter = tokens.IsWord(i - 2) && tokens.View(i - 2).size() == 1 && tokens.IsNumber(i - 3);
+  const std::size_t number = letter ? i - 3 : i - 2;
+  if (!tokens.IsNumber(number)) return false;
+  std::size_t label = tokens.Before(number);
+  if (label != Tokens::kNone && label > 0 && tokens.Is(label, ".")) --label;
+  return label != Tokens::kNone &&
+         IsOneOf(tokens.View(label), {"§", "§§", "Art", "Artikel", "Paragraf", "Paragraph"});
+}
+
 // "LG München I", "TSV Dorf I – SV Stadt II": a letter that names the first of several.
 bool NamesFirst(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "I") || i < 2 || !tokens.IsCapital(i - 2) || !tokens.IsBlank(i - 1)) return false;
@@ -140,6 +152,7 @@ bool IsRulersName(std::string_view name) {
 
 // "Ludwigs", but not "Johannes" or "Pius".
 bool IsGenitiveName(std::string_view name) {
+  if (name == "Ottos" || name == "Hugos") return true;
   if (name.ends_with("as") && IsWomansName(name) && !IsOneOf(name, {"Thomas"})) return true;
   return name.ends_with('s') && !HasSuffix(name, {"us", "es", "as", "is", "os", "James", "Louis"});
 }
@@ -179,6 +192,14 @@ Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
   const std::size_t first = FirstOfName(tokens, name);
   if (IsOneOf(tokens.View(first), {"Königs", "Kaisers", "Papstes", "Herzogs"})) return Case::Genitive;
   const auto before = tokens.WordBefore(first);
+  // "ihrem Gatten Peter III."
+  if (const std::size_t noun = tokens.WordIndexBefore(first);
+      noun != Tokens::kNone && tokens.IsCapital(noun)) {
+    const auto article = tokens.WordBefore(noun);
+    if (IsDeterminer(article) && article.ends_with("em")) return Case::Dative;
+    if (IsDeterminer(article) && article.ends_with("en")) return Case::Accusative;
+    if (IsDeterminer(article) && article.ends_with("es")) return Case::Genitive;
+  }
   if (IsOneOf(before, {"des", "der"})) return Case::Genitive;
   if (IsOneOf(before, {"dem", "zum", "vom", "beim", "am", "im", "zur"})) return Case::Dative;
   if (before == "den" || before == "über" || OvercomesRuler(before)) return Case::Accusative;
@@ -287,6 +308,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   const std::size_t bare = point || !IsPlainRoman(tokens.View(i)) ? Tokens::kNone : RulerBefore(tokens, i);
   const bool king = bare != Tokens::kNone && IsRulersName(tokens.View(bare));
   const std::size_t name = point ? ruler : (king ? bare : Tokens::kNone);
+  if (name == Tokens::kNone && value <= 20 && StandsBehindArticle(tokens, i))
+    return Phrase{i + 1, CardinalWords(value)};
   if (name == Tokens::kNone && NamesFirst(tokens, i)) return Phrase{i + 1, "eins"};
   if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i))
     return RomanSpan(tokens, i, value);

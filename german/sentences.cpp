@@ -152,7 +152,7 @@ class SentenceReader {
       ending = Ending::Starter;
     } else if (const auto cut = CutAdjectiveAt(tokens_, i)) {
       end = cut->end;
-      ending = Ending::Noun;
+      ending = Ending::Starter;
     } else if (CutWordAt(tokens_, i)) {
       end = i + 2;
       ending = Ending::Starter;

@@ -149,6 +149,46 @@ Found LetterSpanAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, " bis "};
 }
 
+bool IsCodeLetters(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (!tokens.IsWord(i)) return false;
+  return IsAllCaps(word) || (word.size() <= 2 && IsUpperWord(word));
+}
+
+// "Geschäftszeichen 32-14.1/2024", "Kundennummer ist die 40-118-7".
+bool StandsInReference(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 12;  // tokens
+  for (std::size_t at = i; at-- > 0 && at + kNear > i;) {
+    if (tokens.Is(at, ",")) return false;
+    if (tokens.IsWord(at) && HasSuffix(tokens.View(at), {"eichen", "nummer", "Nummer", "nr", "Az"}))
+      return true;
+  }
+  return false;
+}
+
+// "RE-10442", "E-04", "22-S-004518": a dash between letters and digits of a number joins nothing.
+Found DashInCodeAt(const Tokens& tokens, std::size_t i) {
+  if (i == 0 || !tokens.Is(i, "-")) return std::nullopt;
+  if (tokens.IsNumber(i - 1) && tokens.IsNumber(i + 1) && StandsInReference(tokens, i))
+    return Phrase{i + 1, " Strich "};
+  const bool letters = IsCodeLetters(tokens, i - 1) && tokens.IsNumber(i + 1);
+  const bool digits = tokens.IsNumber(i - 1) && IsCodeLetters(tokens, i + 1);
+  if (!letters && !digits) return std::nullopt;
+  // "3-D-Drucker", "UKW-4-Kanal".
+  for (std::size_t at = i + 2; at < i + 12 && !tokens.IsGap(at); ++at) {
+    if (tokens.IsDashAt(at) && tokens.IsWord(at + 1) && !IsCodeLetters(tokens, at + 1)) return std::nullopt;
+  }
+  return Phrase{i + 1, " "};
+}
+
+// "bericht_neu", "2_Protokolle".
+Found UnderscoreAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "_") || i == 0) return std::nullopt;
+  const bool before = tokens.IsWord(i - 1) || tokens.IsNumber(i - 1);
+  const bool behind = tokens.IsWord(i + 1) || tokens.IsNumber(i + 1);
+  return before && behind ? Found(Phrase{i + 1, " Unterstrich "}) : std::nullopt;
+}
+
 // "Müller & Sohn", "C&A" stays.
 Found AmpersandAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "&") || i == 0 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1)) return std::nullopt;
@@ -178,8 +218,8 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&ParagraphAt, &LifeSignAt, &MathSignAt, &PlusMinusAt, &PowerAt,
-                             &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
+  for (const auto reading : {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt,
+                             &PlusMinusAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

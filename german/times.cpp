@@ -128,7 +128,13 @@ Found HalfHourAt(const Tokens& tokens, std::size_t i) {
       !hour)
     return std::nullopt;
   if (*hour < 1 || *hour > 12 ||
-      !IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"um", "gegen", "ab", "bis", "nach", "vor"}))
+      !IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+               {"um",    "gegen", "ab",    "bis",    "nach", "vor",  "passt", "lieber", "oder",
+                "erst",  "schon", "heute", "morgen", "so",   "etwa", "ca",    "circa",  "kurz",
+                "punkt", "es",    "ist",   "und",    "dann", "seit", "treff"}))
+    return std::nullopt;
+  if (tokens.IsCapital(tokens.Skip(i + 5)) && !tokens.Is(tokens.Skip(i + 5), "Uhr") &&
+      !StartsSentences(tokens.View(tokens.Skip(i + 5))))
     return std::nullopt;
   const std::size_t end = HourSignAt(tokens, i + 5, false);
   return Phrase{end == 0 ? i + 5 : end, "halb " + CardinalWords(*hour)};
@@ -141,6 +147,18 @@ Found FrenchTimeAt(const Tokens& tokens, std::size_t i) {
       !tokens.FreeBehind(i + 2))
     return std::nullopt;
   return Phrase{i + 3, ClockWords({*hour, SixtiethAt(tokens, i + 2), std::nullopt, false, i + 3})};
+}
+
+// "ist am Sonntag von 8 bis 18 h geöffnet".
+bool OpensThen(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 14;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    if (IsOneOf(tokens.View(at), {"geöffnet", "offen", "geschlossen", "gesperrt", "täglich", "besetzt", "Mo",
+                                  "Di", "Mi", "Do", "Fr", "Sa", "So"}) ||
+        (tokens.IsWord(at) && HasSuffix(tokens.View(at), {"tag", "woch", "tags"})))
+      return true;
+  }
+  return false;
 }
 
 // "9–17 Uhr", "8.30 bis 12.00 Uhr", "9-17h", "10:00–12:00".
@@ -160,7 +178,8 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   const bool later = second->hour > first->hour ||
                      (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
   const bool glued = tokens.Is(second->end, "h");
-  const bool hours = tokens.WordBefore(i) == "von" && dash && later && second->hour >= 10;  // "von 9–17 h"
+  const bool hours = tokens.WordBefore(i) == "von" && later && second->hour >= 10 &&
+                     (dash || OpensThen(tokens, i));  // "von 9–17 h"
   const bool clocks = GoesWithClock(tokens, i) || first->minute || hours ||
                       (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
   if (const std::size_t end = HourSignAt(tokens, second->end, clocks); end != 0) {
@@ -190,8 +209,26 @@ bool EndsInHours(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "auf 15 h verschoben".
+bool IsMovedInTime(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 12;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear; ++at) {
+    if (IsOneOf(tokens.View(at),
+                {"verschoben", "verschieben", "verschiebt", "verlegt", "verlegen", "verlegte", "vorverlegt",
+                 "vorgezogen", "gelegt", "legen", "angesetzt", "verschob", "terminiert", "festgelegt"}))
+      return true;
+  }
+  return false;
+}
+
 // "bis 18 h", but not "bis 12 h nach der Einnahme".
 bool EndsAtHour(const Tokens& tokens, std::size_t i, const Clock& clock) {
+  // "14 h wäre ideal".
+  if (clock.hour >= kFirstMorningHour && clock.hour < kHours && tokens.OpensClause(i) &&
+      IsOneOf(tokens.View(tokens.Skip(tokens.Skip(clock.end) + 1)),
+              {"wäre", "passt", "geht", "klappt", "ginge"}))
+    return true;
+  if (tokens.WordBefore(i) == "auf" && clock.hour >= kFirstMorningHour) return IsMovedInTime(tokens, i);
   if (!IsOneOf(tokens.WordBefore(i), {"bis", "vor", "seit"}) || clock.hour < kFirstMorningHour ||
       clock.hour > 23)
     return false;

@@ -1,5 +1,9 @@
 #include "german/units.h"
 
+#include "german/numberWords.h"
+#include "german/numbers.h"
+#include "german/unitSurroundings.h"
+
 #include <array>
 #include <unordered_map>
 
@@ -112,11 +116,13 @@ constexpr std::array kUnits{
     UnitName{"mcg", "Mikrogramm", "Mikrogramm", kN},
     UnitName{"I.E", "Internationale Einheit", "Internationale Einheiten", kF, Point::Always},
     UnitName{"IE", "Internationale Einheit", "Internationale Einheiten", kF},
+    UnitName{"mU", "Milliunit", "Milliunits", kF},
     UnitName{"mmol", "Millimol", "Millimol", kN},
     UnitName{"mol", "Mol", "Mol", kN},
     UnitName{"Tbl", "Tablette", "Tabletten", kF, Point::Always},
     UnitName{"Filmtbl", "Filmtablette", "Filmtabletten", kF, Point::Always},
     UnitName{"Filmtabl", "Filmtablette", "Filmtabletten", kF, Point::Always},
+    UnitName{"Kaps", "Kapsel", "Kapseln", kF, Point::Always},
     UnitName{"Kps", "Kapsel", "Kapseln", kF, Point::Always},
     UnitName{"Drg", "Dragee", "Dragees", kN, Point::Always},
     UnitName{"Amp", "Ampulle", "Ampullen", kF, Point::Always},
@@ -163,6 +169,10 @@ constexpr std::array kUnits{
     UnitName{"Lj", "Lichtjahr", "Lichtjahre", kN, Point::Always, "Lichtjahren"},
     UnitName{"gtt", "Tropfen", "Tropfen", kM, Point::Maybe},
     UnitName{"Ki", "Kind", "Kinder", kN, Point::Always, "Kindern"},
+    UnitName{"Messl", "Messlöffel", "Messlöffel", kM, Point::Always},
+    UnitName{"Lm", "Luftmasche", "Luftmaschen", kF},
+    UnitName{"fM", "feste Masche", "feste Maschen", kF},
+    UnitName{"Stb", "Stäbchen", "Stäbchen", kN, Point::Maybe},
     UnitName{"Hm", "Höhenmeter", "Höhenmeter"},
     UnitName{"hm", "Höhenmeter", "Höhenmeter"},
     UnitName{"Km", "Kilometer", "Kilometer"},
@@ -300,6 +310,7 @@ Unit FromEntry(const Entry& entry, std::size_t end) {
 // table.
 std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
   if (tokens.View(i).size() > 8 || tokens.IsGap(i)) return std::nullopt;
+  if (auto unit = UnitBySurroundings(tokens, i)) return unit;
   for (std::size_t length = 3; length > 0; --length) {
     const std::size_t end = i + length;
     const auto view = tokens.View(i, end);
@@ -386,11 +397,19 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
                      unit->end};
     return std::nullopt;
   }
+  // "125 m/50 g", "5 mg/2 ml".
+  if (tokens.IsNumber(i, 1, 4) && tokens.IsWord(tokens.Skip(i + 1)) && tokens.FreeBehind(i)) {
+    const auto value = DigitsAt(tokens, i, 4);
+    const auto unit = SimpleUnitAt(tokens, tokens.Skip(i + 1));
+    if (value && *value > 1 && unit && !unit->endsWithPoint && MayBeDividedBy(*unit))
+      return PerUnit{" pro " + CardinalWords(*value) + " " + unit->plural, unit->end};
+  }
   if (const auto unit = SimpleUnitAt(tokens, i))
     return PerUnit{" pro " + unit->singular,
                    unit->endsWithPoint && tokens.IsLast(unit->end - 1) ? unit->end - 1 : unit->end};
   if (tokens.Is(i, "a") && tokens.FreeBehind(i)) return PerUnit{" pro Jahr", i + 1};
   if (tokens.Is(i, "d") && tokens.FreeBehind(i)) return PerUnit{" pro Tag", i + 1};
+  if (tokens.Is(i, "TN")) return PerUnit{" pro Teilnehmer", i + 1};
   for (const auto period : kPeriods) {
     if (tokens.Is(i, period)) return PerUnit{" pro " + std::string(period), i + 1};
   }

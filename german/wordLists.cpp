@@ -126,7 +126,9 @@ bool IsNumberedHead(std::string_view noun) {
       "Stelle "
       "Zeile Besuch Werktag Lauf Versuch Saison Spielzeit Amtszeit Schwangerschaftswoche SSW Hälfte BL Halbs "
       "HS Halbsatz "
-      "Alternative Unterabs Unterabsatz");
+      "Alternative Unterabs Unterabsatz Zone Zahlung Fuhre Ziehung Hj Schuljahr Grundgesetz Petr Thess Tim "
+      "Kor "
+      "Korinther Petrus Timotheus Thessalonicher Samuel Könige");
   if (words.Has(noun)) return true;
   // "Verhandlungstag", "Strafkammer": what is counted by its last part.
   constexpr std::size_t kShortestFirstPart = 3;
@@ -191,6 +193,18 @@ bool StartsSentences(std::string_view word) {
       "Nächsten Gut Schön Schade Klar Okay Ok Lass Lasst Kannst Bist Hast Weißt Siehst Mir Mich Uns Dir Dich "
       "Euch Ihm Ihn Ihnen");
   return words.Has(word);
+}
+
+bool IsVessel(std::string_view word) {
+  return IsOneOf(word, {"Glas", "Tasse", "Becher", "Eimer", "Kanne", "Flasche", "Schüssel", "Schale",
+                        "Esslöffel", "Teelöffel", "Portion", "Person", "Gießkanne", "Topf", "Krug"});
+}
+
+bool IsPartOfThing(std::string_view word) {
+  return IsOneOf(
+      word, {"Saft",    "Schale", "Abrieb", "Mark",    "Inhalt",  "Fruchtfleisch", "Zesten",    "Preis",
+             "Gewicht", "Hälfte", "Dauer",  "Kosten",  "Wert",    "Blätter",       "Blättchen", "Kaufpreis",
+             "Miete",   "Bau",    "Kauf",   "Verlust", "Vorlage", "Abgabe"});
 }
 
 bool IsLabel(std::string_view word) {

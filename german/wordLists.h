@@ -22,4 +22,10 @@ namespace lorelin {
 // "seit", "Sommer": a number of four digits behind it is a year.
 [[nodiscard]] bool GoesBeforeYears(std::string_view word);
 
+// "20 Tropfen auf 1 Glas Wasser".
+[[nodiscard]] bool IsVessel(std::string_view word);
+
+// "Saft 1 Zitrone": what is of the thing behind it.
+[[nodiscard]] bool IsPartOfThing(std::string_view word);
+
 }  // namespace lorelin

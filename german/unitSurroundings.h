@@ -1,0 +1,15 @@
+#pragma once
+
+#include "german/tokens.h"
+#include "german/units.h"
+
+namespace lorelin {
+
+// The unit of a sign that is one only in some surroundings: "M" for months behind years, "M", "R" and the
+// like where somebody knits.
+[[nodiscard]] std::optional<Unit> UnitBySurroundings(const Tokens& tokens, std::size_t i);
+
+// "50 g" of "125 m/50 g", but not "150 PS" of "110 kW/150 PS".
+[[nodiscard]] bool MayBeDividedBy(const Unit& unit);
+
+}  // namespace lorelin
