@@ -6,8 +6,7 @@
 namespace lorelin {
 namespace {
 
-constexpr int kIdleTurnsBeforeSleep = 3;
-constexpr std::chrono::milliseconds kLongestSleep{10};
+constexpr std::chrono::milliseconds kLongestSleep{50};
 
 }  // namespace
 
@@ -27,19 +26,16 @@ std::function<void()> TaskPump::Next() {
   return task;
 }
 
-void TaskPump::SleepWhenIdle() {
-  if (idleTurns_ < kIdleTurnsBeforeSleep) {
-    ++idleTurns_;
-    return;
+void TaskPump::WaitForEvents() {
+  {
+    std::unique_lock guard(mutex_);
+    posted_.wait_for(guard, kLongestSleep, [this] { return !tasks_.empty(); });
   }
-  std::unique_lock guard(mutex_);
-  posted_.wait_for(guard, kLongestSleep, [this] { return !tasks_.empty(); });
+  RunPendingEvents();
 }
 
 void TaskPump::RunPendingEvents() {
-  SleepWhenIdle();
   while (const auto task = Next()) {
-    idleTurns_ = 0;
     try {
       task();
     } catch (const std::exception&) {

@@ -24,7 +24,7 @@ class Fixture {
   }
   void Wait(std::chrono::milliseconds time) {
     const auto end = std::chrono::steady_clock::now() + time;
-    while (std::chrono::steady_clock::now() < end) pump.RunPendingEvents();
+    while (std::chrono::steady_clock::now() < end) pump.WaitForEvents();
   }
 
  private:

@@ -31,7 +31,7 @@ void ClickToFirstSample(benchmark::State& state) {
   speech.SetCurrentVoice(2);
   const auto wait = [&](std::chrono::milliseconds time) {
     const auto end = std::chrono::steady_clock::now() + time;
-    while (std::chrono::steady_clock::now() < end) pump.RunPendingEvents();
+    while (std::chrono::steady_clock::now() < end) pump.WaitForEvents();
   };
   wait(std::chrono::milliseconds(500));
   const std::string text = Text(static_cast<std::size_t>(state.range(0)));

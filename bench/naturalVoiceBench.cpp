@@ -56,7 +56,7 @@ class Instances {
   }
   void RunFor(milliseconds time) {
     const auto end = steady_clock::now() + time;
-    while (steady_clock::now() < end) pump.RunPendingEvents();
+    while (steady_clock::now() < end) pump.WaitForEvents();
   }
 
  private:
@@ -114,7 +114,7 @@ void RealTimeFactor(benchmark::State& state) {
     ended = false;
     const auto begin = steady_clock::now();
     instances.Speak();
-    while (!ended) instances.pump.RunPendingEvents();
+    while (!ended) instances.pump.WaitForEvents();
     const double took = std::chrono::duration<double>(steady_clock::now() - begin).count();
     const double lasts = (static_cast<double>(std::filesystem::file_size(instances.file)) - 44) / 44100;
     state.SetIterationTime(took / lasts);

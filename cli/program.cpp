@@ -98,7 +98,7 @@ class Session {
       ThrowIfInterrupted();  // nothing inside Speak holds what would have to be undone
     });
     speech.Speak(text, true, options_.waveFile.empty() ? "-1" : options_.waveFile, true);
-    while (!ended) pump_.RunPendingEvents();
+    while (!ended) pump_.WaitForEvents();
     if (speech.Problem().empty()) return ExitCode::Done;
     throw Failure(ExitCode::NotToTheEnd, options_.verbose ? std::string() : speech.Problem());
   }

@@ -167,7 +167,7 @@ ExitCode RunScript(const Options& options) {
   interpreter.ExecuteSkript(1);
   while (instances.Speaking()) {
     RequireSpeechGoesOn(spoken.speech);
-    pump.RunPendingEvents();
+    pump.WaitForEvents();
   }
   pump.RunPendingEvents();
   instances.FinishFile();

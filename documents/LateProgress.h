@@ -28,7 +28,7 @@ class LateProgress {
   }
 
  private:
-  static constexpr std::chrono::milliseconds kPatience{400};
+  static constexpr std::chrono::milliseconds kPatience{200};
 
   ProgressWindow& window_;
   Clock& clock_;

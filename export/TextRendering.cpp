@@ -26,7 +26,7 @@ std::optional<EndOfText> TextRendering::Run(const std::string& target) {
   const std::string_view from = FromCharacter(file_.text->spoken.Text(), file_.spoken.begin);
   const std::string_view behind = FromCharacter(from, file_.spoken.end - file_.spoken.begin);
   speech_.Speak(from.substr(0, from.size() - behind.size()));
-  while (!end_ && !progress_.cancelled) pump_.RunPendingEvents();
+  while (!end_ && !progress_.cancelled) pump_.WaitForEvents();
   return end_;
 }
 

@@ -356,7 +356,7 @@ void Interpreter::WartenBis(const std::string& time, const std::string&) {
     ~Waiting() { until = std::move(before); }
   } const waiting{waitingUntil_, std::exchange(waitingUntil_, time)};
   do {
-    parts_.pump.RunPendingEvents();
+    parts_.pump.WaitForEvents();
   } while (!scriptRunning_ || ClockText(parts_.clock.Now()) != time);
 }
 
@@ -367,7 +367,7 @@ void Interpreter::Warten(const std::string& seconds, const std::string&) {
   if (std::abs(wanted) > kLongestWait) throw RuntimeError(ErrorNumber::Overflow);
   const auto target = start + std::chrono::seconds(static_cast<std::int64_t>(wanted));
   do {
-    parts_.pump.RunPendingEvents();
+    parts_.pump.WaitForEvents();
   } while (scriptRunning_ && WallSeconds(parts_.clock.Now()) != target);
 }
 

@@ -245,7 +245,7 @@ void ModSpeak::CopyParameters() {
 
 void ModSpeak::WaitForEnd() {
   const Counted waiting(waiting_);
-  while (parts_.voice.Speaking()) parts_.pump.RunPendingEvents();
+  while (parts_.voice.Speaking()) parts_.pump.WaitForEvents();
   ResetBoth();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "ports/EventPump.h"
 #include "ports/Log.h"
 
@@ -9,8 +11,10 @@ namespace lorelin {
 class WxEventPump final : public EventPump {
  public:
   // What a posted task throws goes to the log, which must outlive the pump and what is posted.
-  explicit WxEventPump(Log& log) : log_(log) {}
-  void RunPendingEvents() override;
+  explicit WxEventPump(Log& log);
+  ~WxEventPump() override;
+  void RunPendingEvents() override { Run(0); }
+  void WaitForEvents() override;
   // Draws what has to be drawn; input and posted tasks wait, timers may tick.
   static void Repaint();
   // Whether the user has pressed Esc and nobody has seen it yet; the key stays where it is.
@@ -20,7 +24,20 @@ class WxEventPump final : public EventPump {
   [[nodiscard]] bool IsWaiting() const { return depth_ > 0; }
 
  private:
-  Log& log_;
+  class Tasks;
+  // As long as it lives, posted tasks wait.
+  struct OnlyDrawing {
+    OnlyDrawing() { ++drawing_; }
+    ~OnlyDrawing() { --drawing_; }
+    OnlyDrawing(const OnlyDrawing&) = delete;
+    OnlyDrawing& operator=(const OnlyDrawing&) = delete;
+  };
+
+  // Sleeps at most so many milliseconds when there is nothing to do.
+  void Run(unsigned long longestSleep);
+
+  static inline int drawing_ = 0;
+  std::shared_ptr<Tasks> tasks_;
   int depth_ = 0;
 };
 

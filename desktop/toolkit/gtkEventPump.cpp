@@ -24,6 +24,7 @@ bool WxEventPump::EscapeIsWaiting() {
 }
 
 void WxEventPump::Repaint() {
+  const OnlyDrawing onlyDrawing;
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
   if (loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_UI);
 }

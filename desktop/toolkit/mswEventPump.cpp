@@ -8,6 +8,7 @@ namespace lorelin {
 // The toolkit's own way would let posted tasks in as well, and a hook of its does whenever a message is
 // taken.
 void WxEventPump::Repaint() {
+  const OnlyDrawing onlyDrawing;
   wxTheApp->SuspendProcessingOfPendingEvents();
   MSG message{};
   while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE) DispatchMessageW(&message);

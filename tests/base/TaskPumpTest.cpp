@@ -15,9 +15,9 @@ TEST(TaskPump, RunsWhatWasPostedInOrder) {
   pump.Post([&] { order += "a"; });
   pump.Post([&] { order += "b"; });
   EXPECT_EQ(order, "");
-  pump.RunPendingEvents();
+  pump.WaitForEvents();
   EXPECT_EQ(order, "ab");
-  pump.RunPendingEvents();
+  pump.WaitForEvents();
   EXPECT_EQ(order, "ab");
 }
 
@@ -25,7 +25,7 @@ TEST(TaskPump, RunsWhatATaskPosts) {
   TaskPump pump;
   bool ran = false;
   pump.Post([&] { pump.Post([&] { ran = true; }); });
-  pump.RunPendingEvents();
+  pump.WaitForEvents();
   EXPECT_TRUE(ran);
 }
 
@@ -33,11 +33,11 @@ TEST(TaskPump, MayBePumpedByATask) {
   TaskPump pump;
   std::string order;
   pump.Post([&] {
-    pump.RunPendingEvents();
+    pump.WaitForEvents();
     order += "outer";
   });
   pump.Post([&] { order += "inner "; });
-  pump.RunPendingEvents();
+  pump.WaitForEvents();
   EXPECT_EQ(order, "inner outer");
 }
 
@@ -46,7 +46,7 @@ TEST(TaskPump, GoesOnBehindATaskThatFails) {
   bool ran = false;
   pump.Post([] { throw std::runtime_error("task"); });
   pump.Post([&] { ran = true; });
-  EXPECT_NO_THROW(pump.RunPendingEvents());
+  EXPECT_NO_THROW(pump.WaitForEvents());
   EXPECT_TRUE(ran);
 }
 
@@ -54,7 +54,7 @@ TEST(TaskPump, RunsOnItsOwnThreadWhatAnotherOnePosts) {
   TaskPump pump;
   std::thread::id ranOn;
   std::thread poster([&] { pump.Post([&] { ranOn = std::this_thread::get_id(); }); });
-  while (ranOn == std::thread::id()) pump.RunPendingEvents();
+  while (ranOn == std::thread::id()) pump.WaitForEvents();
   poster.join();
   EXPECT_EQ(ranOn, std::this_thread::get_id());
 }
@@ -65,9 +65,9 @@ TEST(TaskPump, CallsTheTurnEveryTimeAndLetsItsExceptionOut) {
   pump.OnTurn([&] {
     if (++turns == 2) throw std::runtime_error("turn");
   });
-  pump.RunPendingEvents();
+  pump.WaitForEvents();
   EXPECT_EQ(turns, 1);
-  EXPECT_THROW(pump.RunPendingEvents(), std::runtime_error);
+  EXPECT_THROW(pump.WaitForEvents(), std::runtime_error);
 }
 
 }  // namespace

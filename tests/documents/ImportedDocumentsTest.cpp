@@ -89,7 +89,7 @@ TEST_F(ImportedDocumentsTest, SayWhatIsMissing) {
 
 TEST_F(ImportedDocumentsTest, ShowHowFarTheyAreAndCanBeCancelled) {
   Answers(Book());
-  clock.step = std::chrono::milliseconds(300);
+  clock.step = std::chrono::milliseconds(150);
   importer.steps = {10, 20, 30};
   Open("buch.epub");
   EXPECT_EQ(progress.shown,

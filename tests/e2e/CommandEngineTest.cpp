@@ -129,7 +129,7 @@ TEST_F(CommandEngine, LeavesNoProgramBehindHoweverOftenItIsKilled) {
       real.engine.SetWaveFile(i % 3 == 0 ? "" : real.folder.File("lang.wav"));
       real.engine.Speak(text);
       const auto moment = std::chrono::steady_clock::now() + std::chrono::milliseconds(random() % 120);
-      while (std::chrono::steady_clock::now() < moment) real.pump.RunPendingEvents();
+      while (std::chrono::steady_clock::now() < moment) real.pump.WaitForEvents();
       kill(real.engine.ProcessId(), SIGKILL);
       ASSERT_TRUE(real.WaitForEnd()) << i;
       ASSERT_FALSE(real.ends[0].complete) << i;

@@ -21,7 +21,7 @@ class NaturalUnderTest final : public EngineUnderTest {
   DirectSS& Instance() override { return real_.engine; }
   bool RunToTheEnd() override {
     const bool ended = real_.WaitUntil([this] { return !real_.engine.Speaking(); });
-    real_.pump.RunPendingEvents();
+    real_.pump.WaitForEvents();
     return ended;
   }
   std::string WavePath() override { return playing_ ? "" : FileToRender(); }
@@ -59,7 +59,7 @@ class CommandUnderTest final : public EngineUnderTest {
   DirectSS& Instance() override { return real_.engine; }
   bool RunToTheEnd() override {
     const bool ended = real_.WaitUntil([this] { return !real_.engine.Speaking(); });
-    real_.pump.RunPendingEvents();
+    real_.pump.WaitForEvents();
     return ended;
   }
   std::string WavePath() override { return playing_ ? "" : FileToRender(); }

@@ -50,7 +50,7 @@ TEST(KilledEngine, TwoHundredTimesAtRandomMomentsNeverCostsMoreThanTheText) {
     real.engine.SetWaveFile(playing ? "" : real.folder.File("lang.wav"));
     real.engine.Speak(text);
     const auto moment = std::chrono::steady_clock::now() + std::chrono::milliseconds(delay(random));
-    while (std::chrono::steady_clock::now() < moment) real.pump.RunPendingEvents();
+    while (std::chrono::steady_clock::now() < moment) real.pump.WaitForEvents();
     kill(real.engine.ProcessId(), SIGKILL);
     ASSERT_TRUE(real.WaitForEnd()) << i;
     ASSERT_FALSE(real.ends[0].complete) << i;

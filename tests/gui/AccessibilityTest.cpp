@@ -62,7 +62,7 @@ class Accessible : public FormFixture {
 
   void Check(wxTopLevelWindow& window, int fewest) {
     window.Show();
-    for (int i = 0; i < 10; ++i) pump.RunPendingEvents();
+    for (int i = 0; i < 10; ++i) pump.WaitForEvents();
     controls = 0;
     nameless.clear();
     unreachable.clear();

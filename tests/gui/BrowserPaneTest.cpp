@@ -31,7 +31,7 @@ class Pane : public FormFixture {
       Click(0);
       return !followed.empty();
     }));
-    for (int i = 0; i < 20; ++i) pump.RunPendingEvents();
+    for (int i = 0; i < 10; ++i) pump.WaitForEvents();
     followed.clear();
   }
 
@@ -40,7 +40,7 @@ class Pane : public FormFixture {
     wxUIActionSimulator simulator;
     simulator.MouseMove(form.Browser().ClientToScreen(wxPoint(20, link * kHeight + kHeight / 2)));
     simulator.MouseClick();
-    for (int i = 0; i < 15; ++i) pump.RunPendingEvents();
+    for (int i = 0; i < 8; ++i) pump.WaitForEvents();
   }
   // What a click on the link hands over.
   std::string Follow(int link) {

@@ -16,7 +16,7 @@ class ChapterPaneTest : public FormFixture {
     Settle();
   }
   void Settle() {
-    for (int i = 0; i < 20; ++i) pump.RunPendingEvents();
+    for (int i = 0; i < 10; ++i) pump.WaitForEvents();
   }
   wxListBox& List() { return *dynamic_cast<wxListBox*>(wxWindow::FindWindowByName("lstChapters", &form)); }
 };

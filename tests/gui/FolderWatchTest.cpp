@@ -9,7 +9,7 @@ class FolderWatch : public FormFixture {
  protected:
   // The folder is watched as soon as the window system runs; a file that came before is no news.
   void Begin() {
-    for (int turn = 0; turn < 20; ++turn) pump.RunPendingEvents();
+    for (int turn = 0; turn < 10; ++turn) pump.WaitForEvents();
     changes = 0;
   }
   bool TellsWithinTime() {

@@ -41,7 +41,7 @@ class FormFixture : public testing::Test, protected FakeSystem {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (!done()) {
       if (std::chrono::steady_clock::now() > end) return false;
-      pump.RunPendingEvents();
+      pump.WaitForEvents();
     }
     return true;
   }

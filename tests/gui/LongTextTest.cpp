@@ -39,7 +39,7 @@ class LongTextForm : public FormFixture {
 
 TEST_F(LongTextForm, LetsEverythingElseHappenWhileALongTextIsLaidOut) {
   form.Editor().SetText(LongText());
-  for (int i = 0; i < 3; ++i) pump.RunPendingEvents();
+  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
   EXPECT_LT(Height(), kHalf);
   EXPECT_TRUE(WaitUntil([&] { return Height() > kHalf; }));
 }
@@ -48,7 +48,7 @@ TEST_F(LongTextForm, StaysAtWorkWhenTheWidthOrTheSizeIsAnotherOne) {
   form.Editor().SetText(LongText());
   ASSERT_TRUE(WaitUntil([&] { return Height() > kHalf; }));
   form.Editor().SetZoom(3);
-  for (int i = 0; i < 3; ++i) pump.RunPendingEvents();
+  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
   const double before = Height();
   EXPECT_TRUE(WaitUntil([&] { return Height() > before * 1.2; }));
 }
@@ -57,7 +57,7 @@ TEST_F(LongTextForm, StaysAtWorkWhenTheWidthOrTheSizeIsAnotherOne) {
 TEST_F(LongTextForm, ShowsTheBeginningOfANewTextAtOnce) {
   form.Editor().SetText(LongText());
   EXPECT_EQ(form.Editor().SelectionStart(), 0U);
-  for (int i = 0; i < 3; ++i) pump.RunPendingEvents();
+  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
   EXPECT_LT(Height(), kHalf);
 }
 

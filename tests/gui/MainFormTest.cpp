@@ -198,11 +198,28 @@ TEST_F(Pump, RunsTasksInTheirOrderAndNested) {
   pump.Post([&] {
     order.push_back(1);
     pump.Post([&] { order.push_back(2); });
-    pump.RunPendingEvents();
+    pump.WaitForEvents();
     order.push_back(3);
   });
   EXPECT_TRUE(WaitUntil([&] { return order.size() == 3; }));
   EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
+}
+
+TEST_F(Pump, LetsEventsInBetweenTheStepsOfLongWork) {
+  int steps = 0;
+  const std::function<void()> step = [&] {
+    if (++steps < 100) pump.Post(step);
+  };
+  pump.Post(step);
+  pump.RunPendingEvents();
+  EXPECT_LE(steps, 2);
+  // A timer of the window comes to its turn before the work is done.
+  bool ticked = false;
+  wxTimer timer;
+  timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) { ticked = steps < 100; });
+  timer.StartOnce(1);
+  EXPECT_TRUE(WaitUntil([&] { return steps == 100; }));
+  EXPECT_TRUE(ticked);
 }
 
 TEST_F(Pump, SurvivesATaskThatThrows) {
@@ -243,7 +260,7 @@ TEST_F(Pump, SleepsWhenNothingHappens) {
 TEST_F(Pump, DrawsWithoutLettingAnythingElseIn) {
   window.Load();
   window.Textmode();
-  for (int i = 0; i < 20; ++i) pump.RunPendingEvents();
+  for (int i = 0; i < 10; ++i) pump.WaitForEvents();
   int painted = 0;
   form.Tasks().Bind(wxEVT_PAINT, [&](wxPaintEvent& event) {
     ++painted;

@@ -140,7 +140,7 @@ TEST_F(MainMenuTest, ZoomsByTheNumberPad) {
   window.Load();
   window.Textmode();
   const auto height = [this] {
-    pump.RunPendingEvents();
+    pump.WaitForEvents();
     return form.Editor().PositionToCoords(form.Editor().XYToPosition(0, 1)).y;
   };
   form.Editor().SetText("eins\nzwei");

@@ -34,7 +34,7 @@ class MenuKeys : public FormFixture {
   }
   void ExpectEveryKeyWith(wxWindow& focused, std::string_view own = "") {
     focused.SetFocus();
-    for (int i = 0; i < 20; ++i) pump.RunPendingEvents();
+    for (int i = 0; i < 10; ++i) pump.WaitForEvents();
     for (const Menu& menu : MainMenus()) {
       for (const MenuEntry& entry : menu.entries) {
         if (HasKey(entry) && entry.command != own) ExpectKey(entry);

@@ -20,7 +20,7 @@ class RealUnderTest final : public EngineUnderTest {
   DirectSS& Instance() override { return real_.engine; }
   bool RunToTheEnd() override {
     const bool ended = real_.WaitUntil([this] { return !real_.engine.Speaking(); });
-    real_.pump.RunPendingEvents();
+    real_.pump.WaitForEvents();
     return ended;
   }
   std::string WavePath() override { return playing_ ? "" : FileToRender(); }

@@ -30,7 +30,7 @@ class SoundRenderings : public testing::Test {
   }
   bool WaitForEnd() {
     const auto until = std::chrono::steady_clock::now() + std::chrono::minutes(1);
-    while (ends.empty() && std::chrono::steady_clock::now() < until) pump.RunPendingEvents();
+    while (ends.empty() && std::chrono::steady_clock::now() < until) pump.WaitForEvents();
     return !ends.empty() && ends.back().complete;
   }
   void Render(const std::string& text, SoundFormat format) {
@@ -170,7 +170,7 @@ TEST_F(SoundRenderings, ThatAreGivenUpLeaveNothing) {
   renderer->SetSoundFile(rendered, SoundFormat::Opus, SoundQuality::Usual);
   renderer->Voice().Speak(text);
   const auto until = std::chrono::steady_clock::now() + std::chrono::minutes(1);
-  while (words.empty() && std::chrono::steady_clock::now() < until) pump.RunPendingEvents();
+  while (words.empty() && std::chrono::steady_clock::now() < until) pump.WaitForEvents();
   EXPECT_TRUE(std::filesystem::exists(folder.File(".part-.part-a")));
   renderer.reset();
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));

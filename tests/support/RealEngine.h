@@ -34,7 +34,7 @@ class RealEngine {
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (!done()) {
       if (std::chrono::steady_clock::now() > end) return false;
-      pump.RunPendingEvents();
+      pump.WaitForEvents();
     }
     return true;
   }

@@ -25,7 +25,7 @@ class ServedEngine : public EngineUnderTest {
   DirectSS& Instance() override { return *engine_; }
   bool RunToTheEnd() override {
     const bool ended = pump.RunUntil([this] { return !engine_->Speaking(); });
-    pump.RunPendingEvents();
+    pump.WaitForEvents();
     return ended;
   }
   std::string WavePath() override { return folder.File("text.wav"); }
@@ -334,7 +334,7 @@ TEST(MissingSpeech, EndsEveryTextWithTheReason) {
   engine.OnEndOfText([&](const EndOfText& end) { ends.push_back(end); });
   engine.Speak("Guten Tag.");
   EXPECT_FALSE(engine.Speaking());
-  pump.RunPendingEvents();
+  pump.WaitForEvents();
   ASSERT_EQ(ends.size(), 1U);
   EXPECT_FALSE(ends[0].complete);
   EXPECT_EQ(ends[0].reason, MissingSpeech::kReason);
