@@ -311,7 +311,7 @@ constexpr Abbreviation kTable[] = {
     A{"Pl.", "Platz", NameBefore, Starter}, A{"St.", "Sankt", Capital}, A{"Skt.", "Sankt", Capital},
     A{"Bad.-Württ.", "Baden-Württemberg"}, A{"Ba.-Wü.", "Baden-Württemberg"}, A{"Mecklenb.", "Mecklenburg"},
     A{"Rheinl.", "Rheinland"}, A{"Postf.", "Postfach"}, A{"Geb.", "Gebäude", Digits},
-    A{"Geb.", "Geburtstag", DayBefore, Noun}, A{"Anw.", "Anwesen"}, A{"Stgt.", "Stuttgart"},
+    A{"Geb.", "Geburtstag", DayBefore, Noun}, A{"Anw.", "Anwesen", Determined}, A{"Stgt.", "Stuttgart"},
     A{"Ffm.", "Frankfurt am Main"}, A{"Ffm", "Frankfurt am Main"}, A{"Bln.", "Berlin"}, A{"Mchn.", "München"},
     A{"Dtl.", "Deutschland"}, A{"Österr.", "Österreichisch", Described, Never, Adjective}, A{"Österr.", "Österreich"},
     // Books and laws.

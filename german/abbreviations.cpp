@@ -161,6 +161,14 @@ bool SpeaksOfSong(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "Als Synonym wird „…“ verw."
+bool HasPassiveVerb(const Tokens& tokens, std::size_t i) {
+  for (std::size_t at = 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at), {"wird", "werden", "wurde", "wurden", "worden", "ist", "sind"})) return true;
+  }
+  return false;
+}
+
 // "nach EG 11 TV-L".
 bool SpeaksOfPay(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 16;  // tokens
@@ -221,7 +229,8 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       if (one.bending == Bending::Adjective && !IsUpperWord(one.written) &&
           IsOneOf(tokens.View(end), {",", ")", ";"}))
         return true;
-      return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next));
+      return next > end && NounBehind(tokens, next) != Tokens::kNone && !StartsSentences(tokens.View(next)) &&
+             tokens.View(NounBehind(tokens, next)).size() > 1;  // "Dt. S. 12"
     case Around::Spice:
       return HasSuffix(tokens.View(next),
                        {"feffer", "uskat", "imt", "ümmel", "üsse", "andeln", "ngwer", "elken", "oriander",
@@ -241,13 +250,13 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Lacking:
       return HasSuffix(
           WithLowerStart(tokens.View(next)),
-          {"gewähr",     "abzug",       "anspruch",   "mwSt",          "frühstück",   "balkon",   "anmeldung",
-           "termin",     "befund",      "zucker",     "salz",          "rezept",      "aufpreis", "gebühr",
-           "gebühren",   "versand",     "haftung",    "vorkenntnisse", "deckel",      "garantie", "alkohol",
-           "begründung", "möbel",       "provision",  "datum",         "lift",        "aufzug",   "keller",
-           "garage",     "tiere",       "haustiere",  "pause",         "titel",       "fenster",  "heizung",
-           "gepäck",     "kosten",      "mehrkosten", "kinder",        "kohlensäure", "grund",    "terrasse",
-           "abitur",     "führerschein"});
+          {"gewähr",     "abzug",    "anspruch",  "mwSt",          "frühstück",  "balkon",   "anmeldung",
+           "termin",     "befund",   "zucker",    "salz",          "rezept",     "aufpreis", "gebühr",
+           "gebühren",   "versand",  "haftung",   "vorkenntnisse", "deckel",     "garantie", "alkohol",
+           "begründung", "möbel",    "provision", "datum",         "lift",       "aufzug",   "keller",
+           "garage",     "tiere",    "haustiere", "pause",         "titel",      "milch",    "fett",
+           "fenster",    "heizung",  "gepäck",    "kosten",        "mehrkosten", "kinder",   "kohlensäure",
+           "grund",      "terrasse", "abitur",    "führerschein"});
     case Around::Finding:
       return tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
              ((tokens.Is(next + 1, ",") && NounOf(tokens.View(next)).singular) || tokens.IsLast(next) ||
@@ -263,6 +272,16 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Term:
       return tokens.IsNumber(NumberBehind(tokens, end)) &&
              !IsOneOf(tokens.WordBefore(i), {"der", "die", "Der", "Die"});
+    case Around::BodyPart:
+      return HasSuffix(
+          WithLowerStart(tokens.View(next)),
+          {"knie", "arm", "bein", "fuß", "hand", "schulter", "auge", "ohr", "hüfte", "ellenbogen", "schenkel",
+           "niere", "lunge", "brust", "seite", "knöchel", "daumen", "finger", "ferse"});
+    case Around::Passive:
+      return tokens.IsLast(end - 1) && HasPassiveVerb(tokens, i);
+    case Around::Opening:
+      return next > end && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
+             tokens.OpensClause(i);
     case Around::PayGroup:
       return tokens.IsNumber(next) && SpeaksOfPay(tokens, i);
     case Around::Hymn:
@@ -386,6 +405,8 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
       (next == i + 2 && IsOneOf(tokens.View(next), {",", ";", ":", "-", ")"}) && !tokens.IsLast(i + 1));
   if (!goesOn || NounOf(word).whole || IsAllCaps(word) || IsOftenShortened(word)) return std::nullopt;
   const std::size_t latest = word.size() - 4;  // so much of the last part has to be there
+  if (word.ends_with('g') && IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ierung", latest))
+    return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ierung", i + 2};  // "Reservg."
   if (word.ends_with('g') && IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ung", latest))
     return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ung", i + 2};
   if (HasSuffix(word, {"bark", "igk", "lichk", "samk"})) return CutNoun{std::string(word) + "eit", i + 2};
@@ -449,6 +470,15 @@ std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
   if (word.ends_with('w') && !IsUpperWord(word)) return FoundEnding{"eise", false, i + 2};
   return std::nullopt;
 }
+
+namespace {
+
+// "Bereichsltg. Vertr.": what follows is cut as well.
+bool ShortWordAt(const Tokens& tokens, std::size_t i) {
+  return tokens.IsCapital(i) && tokens.Is(i + 1, ".") && IsOftenShortened(tokens.View(i));
+}
+
+}  // namespace
 
 std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
   struct Part {
@@ -523,6 +553,8 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
       continue;
     const bool needed = part.written != "bhf";
     if (part.written == "pl" && !(point && tokens.IsCapital(i))) continue;
+    // "hauptstr. 5", but "darüberstr."
+    if (part.written == "str" && !tokens.IsCapital(i) && !tokens.IsNumber(tokens.Skip(i + 2))) continue;
     // Only where the sentence goes on it is certain that a word was cut.
     const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
     const std::size_t behind = tokens.Skip(i + 2);
@@ -530,7 +562,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     const bool parted = point && tokens.IsCapital(i) && !NounOf(tokens.View(i)).known &&
                         part.written.size() + (EndsLikeNoWord(word) ? 3 : 4) <= word.size() &&
                         (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) ||
-                         (part.written.size() > 2 && tokens.IsLast(i + 1)));
+                         (part.written.size() > 2 && tokens.IsLast(i + 1)) || ShortWordAt(tokens, behind));
     if (!common && !parted &&
         (!tokens.IsCapital(i) || !point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
          !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))

@@ -54,6 +54,9 @@ enum class Around : std::uint8_t {
   Wind,            // the wind is spoken of
   Inside,          // the clause has begun before
   Term,            // a number follows, and no article stands before
+  BodyPart,        // a part of the body follows
+  Passive,         // the sentence ends with it and tells what is done
+  Opening,         // it opens a clause, and a noun follows
   PayGroup,        // a number follows, and what is paid is spoken of
   Hymn,            // a number follows, and a song is spoken of
   NoHymn,          // no song is spoken of

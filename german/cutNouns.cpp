@@ -64,6 +64,16 @@ std::string Genitive(std::string_view noun) {
   return word + (HasSuffix(word, {"s", "z", "ß", "x"}) ? "es" : "s");
 }
 
+// "Unterschr. d. Antragst.": the article is cut as well.
+bool BelongsToNoun(const Tokens& tokens, std::size_t i) {
+  const std::size_t point = tokens.Before(i);
+  if (point == Tokens::kNone || point == 0 || !tokens.Is(point, ".") || !tokens.Is(point - 1, "d"))
+    return false;
+  std::size_t noun = tokens.Before(point - 1);
+  if (noun != Tokens::kNone && noun > 0 && tokens.Is(noun, ".")) --noun;
+  return noun != Tokens::kNone && tokens.IsCapital(noun);
+}
+
 bool IsGenitive(std::string_view before) {
   return IsOneOf(before,
                  {"des", "eines", "dieses", "jedes", "ihres", "seines", "unseres", "meines", "Ihres"});
@@ -86,7 +96,11 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
     const auto ending = EndingAt(tokens, i, AgreementOf(Gender::Masculine));
     if (ending == "en" || ending == "em") return Genitive(singular);
   }
-  const bool genitive = IsGenitive(before) && noun.gender != Gender::Feminine;
+  // "Die Verf. lebt in Wien."
+  if (noun.gender == Gender::Masculine && singular.ends_with("er") && SingleVerbFollows(tokens, i) &&
+      IsOneOf(before, {"die", "diese", "eine", "meine", "unsere", "ihre", "seine"}))
+    return std::string(singular) + "in";
+  const bool genitive = (IsGenitive(before) || BelongsToNoun(tokens, i)) && noun.gender != Gender::Feminine;
   return genitive ? Genitive(singular) : std::string(singular);
 }
 

@@ -81,7 +81,8 @@ std::string_view CutNouns() {
       "Programm/Programme Projekt/Projekte Prospekt Provision Qualität Rabatt/Rabatte Raum/Räume "
       "Reihe/Reihen "
       "Reparatur/Reparaturen Reservierung Restaurant Richtlinie/Richtlinien Richtung/Richtungen "
-      "Rückfrage/Rückfragen Rückgabe Bezugnahme Mitnahme Fahrradmitnahme Unterzeichner Klammer/Klammern "
+      "Rückfrage/Rückfragen Rückgabe Bezugnahme Mitnahme Fahrrad Fahrradmitnahme Unterzeichner "
+      "Klammer/Klammern "
       "Batterie/Batterien Bevölkerung Umgebung Erdgeschoss "
       "Rückseite Rücksendung Sachverständiger/Sachverständige Sammlung/Sammlungen Schaden/Schäden Schlüssel "
       " Schwester/Schwestern  Seite/Seiten Senioren Serie/Serien Sicherheit Sonderpreis Sonntag Sprechstunde "
@@ -220,7 +221,11 @@ std::string_view CutNouns() {
       "Kollekte "
       "Andacht Abendmahl Konfirmation Trauung Enthaltung/Enthaltungen Differenz/Differenzen Tordifferenz "
       "Messlöffel "
-      "Selbstabholer Selbstabholung Ausweichtermin Begleitperson/Begleitpersonen Nachholtermin";
+      "Selbstabholer Selbstabholung Ausweichtermin Begleitperson/Begleitpersonen Nachhilfe Kohlensäure "
+      "Werktag/Werktage Mietzeit Schwindel "
+      "Gegenanzeige/Gegenanzeigen Schwarzwald Protokollführer Kassenbericht Maßgabe Zivilrecht Strafrecht "
+      "Mietrecht Arbeitsrecht Nordirland Irland Schottland Griechenland Russland Finnland Dänemark Portugal "
+      "Ungarn Kroatien Rumänien Altersvorsorge Arbeitsklima Fußgänger Radfahrer Kinderbetreuung Hausmittel";
 }
 
 std::string_view CutAdjectives() {

@@ -37,7 +37,7 @@ bool IsWordOfItsOwn(std::string_view word) {
              "rein",   "selbst", "sonn",  "sonst", "span",    "stat",  "vor",   "vorher", "über", "übers",
              "unt",    "ver",    "hist",  "ung",   "gegeben", "optim", "städt", "pol",    "ruh",  "int",
              "org",    "tel",    "viert", "halb",  "Ver",     "Mit",   "Vor",   "Van",    "Not",  "Ben",
-             "Tom",    "Pat",    "Max",   "Kat",   "Mat",     "Dan"});
+             "zur",    "Tom",    "Pat",   "Max",   "Kat",     "Mat",   "Dan"});
 }
 
 using Index = std::unordered_map<std::string, Entry>;

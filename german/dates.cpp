@@ -93,6 +93,7 @@ bool IsDayOfMonth(const Tokens& tokens, std::size_t i, std::size_t behind) {
   const std::size_t next = tokens.Skip(behind);
   const std::string before = WithLowerStart(tokens.WordBefore(i));
   if (IsOneOf(before, {"am", "vom", "zum", "ab", "bis"})) return true;
+  if (before.empty() && (HasPreposition(tokens, i) || HasDeterminer(tokens, i))) return true;  // "v. 3. 5."
   return IsOneOf(before, {"dem", "den"}) &&
          (tokens.Is(next, ",") || (tokens.IsWord(next) && !tokens.IsCapital(next)));
 }
@@ -474,7 +475,10 @@ Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
   if (tokens.View(i).size() != 2) return std::nullopt;
   const std::string first = name(i);
   if (first.empty()) return std::nullopt;
-  if (IsOneOf(tokens.WordBefore(i), {"außer", "nur", "immer", "jeweils"}))
+  // "ist mi. geschl.": it opens or closes then.
+  const bool opens =
+      !tokens.Is(i, "so") && HasPrefix(tokens.View(tokens.Skip(i + 2)), {"gesch", "geöff", "nachm", "vorm"});
+  if (opens || IsOneOf(tokens.WordBefore(i), {"außer", "nur", "immer", "jeweils"}))
     return Phrase{tokens.WithoutLastPoint(i + 2), first};
   std::size_t at = tokens.Skip(i + 2);
   std::string between = " und ";

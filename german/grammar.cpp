@@ -494,7 +494,8 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
       return preposition == Tokens::kNone ? std::nullopt : CaseOfPreposition(tokens.View(preposition));
     }
     const bool counted = tokens.IsNumber(at) || WithLowerStart(tokens.View(at)).starts_with("ein");
-    if (counted && before != Tokens::kNone && tokens.IsWord(before)) {
+    const std::size_t word = OverPoint(tokens, before);  // "v. 3 u. 5 J."
+    if (counted && word != Tokens::kNone && tokens.IsWord(word)) {
       const std::size_t found = PrepositionBefore(tokens, at);
       const bool part = found != Tokens::kNone && list && tokens.Is(found, "von") &&
                         tokens.WordIndexBefore(found) != Tokens::kNone &&

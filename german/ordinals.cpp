@@ -286,7 +286,8 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   }
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
   const Noun noun = NounOf(word);
-  const bool isNoun = noun.known || noun.guessed || IsAllCaps(word) || IsNumberedHead(word);
+  const bool cut = tokens.Is(next + 1, ".") && NounOf(WholeNounAt(tokens, next)).known;  // "zum 3. Werkt."
+  const bool isNoun = noun.known || noun.guessed || IsAllCaps(word) || IsNumberedHead(word) || cut;
   if (value >= kYears && (GoesBeforeYears(tokens.WordBefore(i)) || !DeterminesOne(tokens, i)))
     return PointMeaning::Sentence;
   if (StandsBehindOrdinal(tokens, i)) return PointMeaning::Ordinal;
@@ -432,8 +433,11 @@ namespace {
 Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
   const auto minute = DigitsAt(tokens, i, 3);
   if (!minute || *minute == 0 || *minute > 120 || !tokens.Is(i + 1, ".") || i < 3 || !tokens.Is(i - 1, "(") ||
-      !tokens.IsCapital(i - 3) || NounOf(tokens.View(i - 3)).whole)
+      !tokens.IsCapital(i - 3))
     return std::nullopt;
+  // "1:0 Müller (12.)": behind a score it is a man, whatever his name means.
+  const bool scored = i >= 7 && tokens.IsNumber(i - 5) && tokens.Is(i - 6, ":");
+  if (NounOf(tokens.View(i - 3)).whole && !scored) return std::nullopt;
   const std::string words = OrdinalWords(*minute, "e") + " Minute";
   if (tokens.Is(i + 2, ")")) return Phrase{i + 2, words};
   if (!tokens.Is(i + 2, "/") && !tokens.Is(i + 2, ",")) return std::nullopt;

@@ -18,6 +18,7 @@
 #include "german/signs.h"
 #include "german/times.h"
 #include "german/units.h"
+#include "german/wordLists.h"
 
 namespace lorelin {
 namespace {
@@ -39,7 +40,7 @@ bool LooksLikeWomansName(std::string_view name) {
 std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::string title) {
   const bool woman = IsOneOf(tokens.WordBefore(i), {"Frau", "Architektin", "Gutachterin"}) ||
                      LooksLikeWomansName(tokens.View(tokens.Skip(end)));
-  if (!woman) return title;
+  if (!woman || title.ends_with("frau")) return title;
   if (title.ends_with('e')) title.pop_back();
   if (title.ends_with("kaufmann")) return title.substr(0, title.size() - 4) + "frau";
   return title + "in";
@@ -197,6 +198,26 @@ bool SpansNumbers(const Tokens& tokens, std::size_t end) {
          tokens.IsNumber(tokens.Skip(joint + (tokens.Is(joint, "u") ? 2 : 1)));
 }
 
+// "n. ca. 30 Min.", "n. tel. Vereinb.", but "n. in Celle" and "n. verl. wird".
+bool GoesBehindNach(const Tokens& tokens, std::size_t end) {
+  const std::size_t next = tokens.Skip(end);
+  const auto word = tokens.View(next);
+  if (!tokens.IsWord(next) || tokens.IsCapital(next) || IsDeterminer(word) || IsDegreeWord(word)) return true;
+  if (IsOneOf(word, {"d", "oben", "unten", "links", "rechts", "hinten", "vorn", "vorne", "außen", "innen",
+                     "draußen", "drüben", "tel", "tgl"}))
+    return true;
+  return NounBehind(tokens, next) != Tokens::kNone && !CaseOfPreposition(word);
+}
+
+// "uns. Angebot", "uns. Kunden".
+std::string OurWord(const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t noun = tokens.Skip(end);
+  const Agreement agreement = AgreementAt(tokens, noun);
+  if (!agreement.known) return "unser";
+  if (agreement.plural) return "unsere";
+  return "unser" + OneBefore(tokens, i, noun + 1, agreement).substr(3);
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
@@ -211,6 +232,8 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
   if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
   if (written == "z." && words == "zum" && ToHer(tokens, found->end)) words = "zur";
+  if (written == "n." && words == "nach" && !GoesBehindNach(tokens, found->end)) words = "nicht";
+  if (written == "uns.") words = OurWord(tokens, i, found->end);
   if (written == "jd.") words = EachWord(tokens, found->end);
   if (written == "v." && words == "von") words = VonOrVom(tokens, i, found->end);
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
@@ -411,7 +434,8 @@ Found IndefiniteArticleAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
   if (!agreement.known || agreement.plural) return std::nullopt;
-  if (BelongsToNounBefore(tokens, i) && !CaseOfPreposition(tokens.WordBefore(i)))
+  if (BelongsToNounBefore(tokens, i) && tokens.WordBefore(i) != "Uhr" &&
+      !CaseOfPreposition(tokens.WordBefore(i)))
     return Phrase{i + 2, agreement.gender == Gender::Feminine ? "einer" : "eines"};
   return Phrase{i + 2, OneBefore(tokens, i, noun + 1, agreement)};
 }

@@ -200,7 +200,13 @@ class SentenceReader {
         tokens_.Is(next + 1, ".") && IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"});
     if (weekday && ending != Ending::Often) return false;  // "Führg. So. 15 Uhr"
     if (StartsSentences(word)) return true;
-    if (tokens_.Is(next + 1, ".") && (AbbreviationAt(tokens_, next) || UnitAt(tokens_, next))) return false;
+    // "90 Min. Anschl. Diskussion."
+    if (IsOneOf(word, {"Anschl", "Ggf", "Evtl", "Vgl", "Zzgl", "Mind", "Vorauss", "Zudem", "Lt", "Gem"}) &&
+        tokens_.Is(next + 1, "."))
+      return true;
+    if (tokens_.Is(next + 1, ".") &&
+        (AbbreviationAt(tokens_, next) || UnitAt(tokens_, next) || WholeOfCut(word)))
+      return false;
     if (ending == Ending::Often) return true;
     if (ending == Ending::Starter) return false;
     return !NounOf(word).known && !NounOf(word).guessed && !IsAllCaps(word) && !tokens_.Is(next + 1, "-");

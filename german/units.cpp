@@ -123,6 +123,7 @@ constexpr std::array kUnits{
     UnitName{"Filmtbl", "Filmtablette", "Filmtabletten", kF, Point::Always},
     UnitName{"Filmtabl", "Filmtablette", "Filmtabletten", kF, Point::Always},
     UnitName{"Kaps", "Kapsel", "Kapseln", kF, Point::Always},
+    UnitName{"Gr", "Grad", "Grad", kM, Point::Always},
     UnitName{"Kps", "Kapsel", "Kapseln", kF, Point::Always},
     UnitName{"Drg", "Dragee", "Dragees", kN, Point::Always},
     UnitName{"Amp", "Ampulle", "Ampullen", kF, Point::Always},
@@ -329,6 +330,10 @@ std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
       unit.singular = unit.plural = unit.dativePlural = "Päckchen";
       unit.gender = kN;
     }
+    // "bei 180 Gr. backen", but "100 Gr. Mehl".
+    if (view == "Gr" && tokens.IsCapital(tokens.Skip(unit.end)) &&
+        !IsOneOf(tokens.View(tokens.Skip(unit.end)), {"Ober", "Umluft", "Heißluft", "Celsius"}))
+      unit.singular = unit.plural = unit.dativePlural = "Gramm";
     // "in 2 Bd.", but "1 Bd. Petersilie".
     if (view == "Bd" && !tokens.IsCapital(tokens.Skip(unit.end))) {
       unit.singular = "Band";
