@@ -6,6 +6,7 @@ if(WIN32)
   endif()
   install(FILES packaging/vts.ico LICENSE packaging/windows/THIRD-PARTY.txt DESTINATION .)
   install(DIRECTORY hypertext packaging/scripts LICENSES DESTINATION .)
+  install(DIRECTORY ${LORELIN_LIBRARIES}/licences/ DESTINATION LICENSES)
   return()
 endif()
 
