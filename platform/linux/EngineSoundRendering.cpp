@@ -11,8 +11,8 @@
 #include "base/RuntimeError.h"
 #include "base/paths.h"
 #include "base/unfinishedName.h"
+#include "platform/common/soundTags.h"
 #include "platform/linux/EngineClient.h"
-#include "platform/linux/soundTags.h"
 
 namespace lorelin {
 namespace {
@@ -83,14 +83,6 @@ class Rendered {
   std::filesystem::path path_;
 };
 
-// More than the tags can take, with the padding that the library leaves between them and the sound.
-std::size_t RoomForTags(const SoundTags& tags) {
-  constexpr std::size_t kPadding = 3U << 19;
-  std::size_t bytes = kPadding + 2 * (tags.title.size() + tags.author.size() + tags.album.size());
-  for (const SoundChapter& chapter : tags.chapters) bytes += 200 + 2 * chapter.title.size();
-  return bytes;
-}
-
 ErrorNumber NumberOf(int error) {
   if (error == ENOSPC || error == EDQUOT || error == EFBIG) return ErrorNumber::DiskFull;
   if (error == EACCES || error == EPERM || error == EROFS) return ErrorNumber::PermissionDenied;
@@ -109,8 +101,8 @@ void EngineSoundRendering::PutInPlace(const std::string& rendered, const std::st
   Rendered file(NativePath(rendered));
   int error = 0;
   if (format != SoundFormat::Wav) {
-    error = file.MakeRoom(RoomForTags(tags));
-    if (error == 0 && !WriteSoundTags(NativePath(rendered).string(), format, tags)) error = EIO;
+    error = file.MakeRoom(RoomForSoundTags(tags));
+    if (error == 0 && !WriteSoundTags(NativePath(rendered), format, tags)) error = EIO;
   }
   if (error == 0) error = file.Prepare(place);
   if (error == 0) error = file.MoveTo(place);

@@ -14,6 +14,7 @@
 #include "platform/common/caseFold.h"
 #include "platform/windows/AdvapiRegistry.h"
 #include "platform/windows/ComAutomation.h"
+#include "platform/windows/ComSoundRendering.h"
 #include "platform/windows/CreateProcessLauncher.h"
 #include "platform/windows/CryptoChecksums.h"
 #include "platform/windows/DirectSSControl.h"
@@ -23,13 +24,21 @@
 #include "platform/windows/MutexSingleInstance.h"
 #include "platform/windows/NoNaturalVoices.h"
 #include "platform/windows/NoRemoteControl.h"
-#include "platform/windows/NoSoundRendering.h"
 #include "platform/windows/SapiVoice.h"
 #include "platform/windows/ShellFileAssociation.h"
 #include "platform/windows/UrlmonDownloader.h"
 #include "platform/windows/User32ForegroundWindow.h"
 
 namespace lorelin {
+namespace {
+
+// The engine that there is; null where Windows has none.
+std::unique_ptr<DirectSS> MakeEngine(EventPump& pump, Log& log) {
+  if (auto control = DirectSSControl::Create(pump, log)) return control;
+  return SapiVoice::Create(pump, log);
+}
+
+}  // namespace
 
 PlatformServices MakePlatformServices(bool verbose) {
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
@@ -53,7 +62,11 @@ PlatformServices MakePlatformServices(bool verbose) {
   services.fileAssociation = std::make_unique<ShellFileAssociation>(*registry);
   services.registry = std::move(registry);
   services.remote = std::make_unique<NoRemoteControl>();
-  services.soundRendering = std::make_unique<NoSoundRendering>();
+  services.soundRendering = std::make_unique<ComSoundRendering>(
+      [&log = *services.log](EventPump& pump) -> std::unique_ptr<DirectSS> {
+        auto engine = MakeEngine(pump, log);
+        return engine ? std::move(engine) : std::make_unique<MissingSpeech>(pump);
+      });
   services.selectedText = std::make_unique<NoSelectedText>();
   services.voiceDownloads = std::make_unique<WholeDownloads>(*services.downloader);
   services.checksums = std::make_unique<CryptoChecksums>();
@@ -65,8 +78,7 @@ PlatformServices MakePlatformServices(bool verbose) {
 
 std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool,
                                              std::function<void(const std::string&)> condition) {
-  if (auto control = DirectSSControl::Create(pump, *services.log)) return control;
-  if (auto voice = SapiVoice::Create(pump, *services.log)) return voice;
+  if (auto engine = MakeEngine(pump, *services.log)) return engine;
   services.log->Write(MissingSpeech::kReason);
   if (condition) pump.Post([condition] { condition(MissingSpeech::kReason); });
   return std::make_unique<MissingSpeech>(pump);

@@ -10,20 +10,10 @@
 
 #include "base/unfinishedName.h"
 #include "engine/TargetFile.h"
+#include "platform/windows/replaceFile.h"
 #include "platform/windows/systemErrors.h"
 
 namespace lorelin::engine {
-namespace {
-
-// The old file's rights go over to the new one; a new one gets those of its folder.
-bool Replace(const std::filesystem::path& target, const std::filesystem::path& by, bool isThere) {
-  const bool replaced = isThere && ReplaceFileW(target.c_str(), by.c_str(), nullptr,
-                                                REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != FALSE;
-  return replaced ||
-         MoveFileExW(by.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
-}
-
-}  // namespace
 
 TargetFile::TargetFile(const std::string& path)
     : target_(FollowedLinks(std::u8string(path.begin(), path.end()))), unfinished_(UnfinishedName(target_)) {}
@@ -68,10 +58,9 @@ int TargetFile::ClearStale() const {
 int TargetFile::PutInPlace() {
   if (replaces_ && _commit(descriptor_) != 0) return errno;
   _close(std::exchange(descriptor_, -1));
-  if (Replace(target_, unfinished_, replaces_)) return 0;
-  const DWORD error = GetLastError();
-  DeleteFileW(unfinished_.c_str());
-  return ErrnoOf(error);
+  const int error = ReplaceFileBy(target_, unfinished_);
+  if (error != 0) DeleteFileW(unfinished_.c_str());
+  return error;
 }
 
 int TargetFile::Write(const char* bytes, std::size_t size) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <system_error>
 
+#include "platform/windows/replaceFile.h"
 #include "platform/windows/systemErrors.h"
 
 namespace lorelin {
@@ -16,7 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLargestWrite = 1 << 30;
 constexpr int kAttempts = 20;
-constexpr DWORD kPause = 25;  // milliseconds
 
 int LastError() {
   return ErrnoOf(GetLastError());
@@ -41,7 +41,6 @@ fs::path NameBeside(const fs::path& target, int attempt) {
 
 struct UnfinishedFile::Handle {
   HANDLE file = INVALID_HANDLE_VALUE;
-  bool replaces = false;  // a file that is there
 
   void Close() {
     if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
@@ -62,7 +61,6 @@ int UnfinishedFile::Open() {
   if (!target_.has_filename()) return target_.empty() ? ENOENT : EINVAL;
   const DWORD attributes = GetFileAttributesW(target_.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES) {
-    handle_->replaces = true;
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return EINVAL;
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return EACCES;
     // Asks for the right to write without writing anything.
@@ -98,22 +96,9 @@ int UnfinishedFile::Write(std::string_view bytes) {
 int UnfinishedFile::PutInPlace() {
   if (FlushFileBuffers(handle_->file) == FALSE) return LastError();
   handle_->Close();
-  // A scanner or an indexer may hold the old file for a moment.
-  for (int attempt = 0;; ++attempt) {
-    // The old file's rights and attributes go over to the new one.
-    const bool replaced =
-        handle_->replaces && ReplaceFileW(target_.c_str(), path_.c_str(), nullptr,
-                                          REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != FALSE;
-    if (replaced || MoveFileExW(path_.c_str(), target_.c_str(),
-                                MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE) {
-      path_.clear();
-      return 0;
-    }
-    const DWORD error = GetLastError();
-    const bool busy = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-    if (!busy || attempt == kAttempts) return ErrnoOf(error);
-    Sleep(kPause);
-  }
+  const int error = ReplaceFileBy(target_, path_);
+  if (error == 0) path_.clear();
+  return error;
 }
 
 }  // namespace lorelin

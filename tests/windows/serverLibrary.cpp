@@ -48,8 +48,15 @@ bool IsWanted(const Offer& offer) {
 
 extern "C" {
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD, void*) {
+// It stays once it is there: the run-time library in it does not survive being unloaded with the thread that
+// asked for it.
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
   library = instance;
+  if (reason == DLL_PROCESS_ATTACH) {
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<LPCWSTR>(&DllMain), &pinned);
+  }
   return TRUE;
 }
 

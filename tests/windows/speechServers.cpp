@@ -5,6 +5,7 @@
 #include <fstream>
 #include <functional>
 #include <map>
+#include <mutex>
 
 #include "base/paths.h"
 #include "base/textEncoding.h"
@@ -36,7 +37,10 @@ constexpr IID kVoiceEvents = {0xA372ACD1, 0x3BEF, 0x4BBD, {0x8F, 0xFB, 0xCB, 0x3
 constexpr std::uint32_t kRate = 22050;
 constexpr std::size_t kSamplesPerCharacter = kRate / 50;
 
+// Engines live on several threads.
 void Note(const std::string& call) {
+  static std::mutex noting;
+  const std::lock_guard guard(noting);
   SpeechServers::Here().calls.push_back(call);
 }
 void FailIfWanted(const std::string& member) {
@@ -76,8 +80,9 @@ class Alarm {
   }
 
  private:
+  // Timers belong to their threads.
   static std::map<UINT_PTR, Alarm*>& All() {
-    static std::map<UINT_PTR, Alarm*> all;
+    static thread_local std::map<UINT_PTR, Alarm*> all;
     return all;
   }
   static void CALLBACK Ring(HWND, UINT, UINT_PTR timer, DWORD) {
