@@ -131,15 +131,19 @@ class RenderingVoice final : public SpeechInstance {
 
 class ComSoundRenderer final : public SoundRenderer {
  public:
-  ComSoundRenderer(EventPump& pump, const ComSoundRendering::MakeEngine& makeEngine)
-      : voice_(pump, makeEngine) {}
+  ComSoundRenderer(UnfinishedList& unfinished, EventPump& pump,
+                   const ComSoundRendering::MakeEngine& makeEngine)
+      : unfinished_(unfinished), voice_(pump, makeEngine) {}
   DirectSS& Voice() override { return voice_; }
   void SetSoundFile(const std::string& path, SoundFormat format, SoundQuality quality) override {
+    unfinished_.Add(path);
+    unfinished_.Add(SentenceRendering::ScratchFileFor(path));
     voice_.SetSoundFormat(format, quality);
     voice_.SetWaveFile(path);
   }
 
  private:
+  UnfinishedList& unfinished_;
   RenderingVoice voice_;
 };
 
@@ -184,7 +188,7 @@ ErrorNumber NumberOf(int error) {
 }  // namespace
 
 std::unique_ptr<SoundRenderer> ComSoundRendering::Make(EventPump& pump) {
-  return std::make_unique<ComSoundRenderer>(pump, makeEngine_);
+  return std::make_unique<ComSoundRenderer>(unfinished_, pump, makeEngine_);
 }
 
 void ComSoundRendering::PutInPlace(const std::string& rendered, const std::string& target, SoundFormat format,
@@ -196,6 +200,8 @@ void ComSoundRendering::PutInPlace(const std::string& rendered, const std::strin
     if (error == 0 && !WriteSoundTags(NativePath(rendered), format, tags)) error = EIO;
   }
   if (error == 0) error = file.MoveTo(FollowedLinks(NativePath(target)));
+  unfinished_.Remove(rendered);
+  unfinished_.Remove(SentenceRendering::ScratchFileFor(rendered));
   if (error != 0) throw RuntimeError(NumberOf(error));
 }
 

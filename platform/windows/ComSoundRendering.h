@@ -3,7 +3,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "platform/common/UnfinishedList.h"
 #include "ports/DirectSS.h"
 #include "ports/SoundRendering.h"
 
@@ -15,7 +17,9 @@ class ComSoundRendering final : public SoundRendering {
   // Never null. Called on the thread that the engine lives on, with its pump; from several threads.
   using MakeEngine = std::function<std::unique_ptr<DirectSS>(EventPump& pump)>;
 
-  explicit ComSoundRendering(MakeEngine makeEngine) : makeEngine_(std::move(makeEngine)) {}
+  // Must outlive what it makes. What a killed process left is cleared away with the next file.
+  ComSoundRendering(MakeEngine makeEngine, std::string cacheFolder)
+      : makeEngine_(std::move(makeEngine)), unfinished_(std::move(cacheFolder)) {}
 
   [[nodiscard]] std::string Missing() const override { return {}; }
   [[nodiscard]] std::unique_ptr<SoundRenderer> Make(EventPump& pump) override;
@@ -24,6 +28,7 @@ class ComSoundRendering final : public SoundRendering {
 
  private:
   const MakeEngine makeEngine_;
+  UnfinishedList unfinished_;
 };
 
 }  // namespace lorelin

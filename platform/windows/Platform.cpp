@@ -66,7 +66,8 @@ PlatformServices MakePlatformServices(bool verbose) {
       [&log = *services.log](EventPump& pump) -> std::unique_ptr<DirectSS> {
         auto engine = MakeEngine(pump, log);
         return engine ? std::move(engine) : std::make_unique<MissingSpeech>(pump);
-      });
+      },
+      services.paths.cacheFolder);
   services.selectedText = std::make_unique<NoSelectedText>();
   services.voiceDownloads = std::make_unique<WholeDownloads>(*services.downloader);
   services.checksums = std::make_unique<CryptoChecksums>();

@@ -27,11 +27,6 @@ constexpr std::uint32_t kUsualRate = 22050;
 constexpr float kAudible = 1.0F / 256;
 constexpr float kFullLoudness = 32768;
 
-// Beside the file, where there is room for it.
-std::string ScratchFileFor(const std::string& file) {
-  return PathText(UnfinishedName(NativePath(file + ".wav")));
-}
-
 std::unique_ptr<engine::SampleSink> MakeFile(const engine::Utterance& utterance, std::uint32_t sampleRate) {
   if (utterance.format == SoundFormat::Wav) {
     return std::make_unique<engine::WaveFileWriter>(utterance.waveFile, sampleRate);
@@ -61,6 +56,11 @@ std::span<const float> AudibleOf(std::span<const float> samples) {
 }
 
 }  // namespace
+
+// Beside the file, where there is room for it.
+std::string SentenceRendering::ScratchFileFor(const std::string& file) {
+  return PathText(UnfinishedName(NativePath(file + ".wav")));
+}
 
 SentenceRendering::SentenceRendering(DirectSS& engine, const engine::Utterance& utterance, Handlers handlers)
     : engine_(engine),

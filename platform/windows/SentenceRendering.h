@@ -26,6 +26,9 @@ class SentenceRendering {
     std::function<void(const EndOfText&)> end;  // once, unless the object goes before
   };
 
+  // Where the engine leaves a sentence of the text that goes into this file.
+  [[nodiscard]] static std::string ScratchFileFor(const std::string& file);
+
   // Speaks with `engine`, which it does not own, the way `utterance` tells, whose text and parts it is given
   // by Add; into its file and format.
   SentenceRendering(DirectSS& engine, const engine::Utterance& utterance, Handlers handlers);

@@ -68,13 +68,15 @@ class WindowsRenderings : public testing::Test {
   }
 
   TemporaryFolder folder;
+  TemporaryFolder cache;
   FakeLog log;
   bool withControl = true;
   ComSoundRendering rendering{[this](EventPump& pump) -> std::unique_ptr<DirectSS> {
-    thread_local const Servers servers;
-    if (withControl) return DirectSSControl::Create(pump, log);
-    return SapiVoice::Create(pump, log);
-  }};
+                                thread_local const Servers servers;
+                                if (withControl) return DirectSSControl::Create(pump, log);
+                                return SapiVoice::Create(pump, log);
+                              },
+                              cache.Path()};
   std::string rendered = folder.File(".part-a");
   std::string target = folder.File("a");
 };
@@ -205,6 +207,15 @@ TEST_F(WindowsRenderings, ThatAreGivenUpLeaveNothing) {
   EXPECT_TRUE(Files().empty());
 }
 
+TEST_F(WindowsRenderings, StandOnAListAsLongAsTheyAreUnfinished) {
+  const auto lists = [this] { return !fs::is_empty(NativePath(cache.Path())); };
+  Renderer renderer(rendering);
+  ASSERT_TRUE(renderer.Render("Guten Tag.", rendered, SoundFormat::Opus));
+  EXPECT_TRUE(lists());
+  rendering.PutInPlace(rendered, target, SoundFormat::Opus, {});
+  EXPECT_FALSE(lists());
+}
+
 TEST_F(WindowsRenderings, AreTakenBackByAReset) {
   Renderer renderer(rendering);
   renderer.made->SetSoundFile(rendered, SoundFormat::Mp3, SoundQuality::Usual);
@@ -226,7 +237,8 @@ TEST_F(WindowsRenderings, TellThatTheEngineFailed) {
 }
 
 TEST_F(WindowsRenderings, TellThatThereIsNoEngine) {
-  ComSoundRendering without{[](EventPump& pump) { return std::make_unique<MissingSpeech>(pump); }};
+  ComSoundRendering without{[](EventPump& pump) { return std::make_unique<MissingSpeech>(pump); },
+                            cache.Path()};
   Renderer renderer(without);
   EXPECT_FALSE(renderer.Render("Guten Tag.", rendered, SoundFormat::Mp3));
   ASSERT_EQ(renderer.ends.size(), 1U);
