@@ -56,7 +56,10 @@ Found ManAndWomanAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsCapital(i) || !tokens.IsCapital(i + 2) || !tokens.FreeBehind(i + 2)) return std::nullopt;
   const auto first = tokens.View(i);
   const auto second = tokens.View(i + 2);
-  const bool women = first.ends_with("in") != second.ends_with("in") && first.front() == second.front();
+  const bool women =
+      first.ends_with("in") != second.ends_with("in") &&
+      (first.front() == second.front() || (first.starts_with("Ä") && second.starts_with('A')) ||
+       (first.starts_with('A') && second.starts_with("Ä")));
   if (!women || first.size() < 4 || second.size() < 4) return std::nullopt;
   return Phrase{i + 3, std::string(first) + " oder " + std::string(second)};
 }

@@ -434,6 +434,10 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
                 (tokens.Is(first->end, "-") && IsCodeBefore(tokens, i))))
     return std::nullopt;
   if (!word && first->whole.size() > 4 && !first->grouped) return std::nullopt;
+  // "Art. 12-345": no range of articles is so wide.
+  if (!word && tokens.Is(first->end, "-") && LabelBefore(tokens, i) && first->value > 1 &&
+      second->value > 20 * first->value)
+    return std::nullopt;
   const bool noun = NounBehind(tokens, tokens.Skip(second->end)) != Tokens::kNone;
   const bool countsNoun = noun && !tokens.IsLast(second->end - 1) && !LabelBefore(tokens, i);
   const bool year = first->IsYear() && (second->IsYear() || shortened) && !IsLabel(tokens.WordBefore(i));

@@ -134,7 +134,10 @@ bool MeansWoman(std::string_view word) {
 // "Dritter", "Dritte", "drittes" of the children.
 std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (const std::size_t comma = CommaOfSecondRank(tokens, i); comma != Tokens::kNone) {
-    const bool she = MeansWoman(tokens.View(tokens.Skip(comma + 1))) || MeansWoman(tokens.WordBefore(i));
+    const std::size_t second = tokens.Skip(comma + 1);  // "nur 8., im Lauf 2."
+    const bool she = (CaseOfPreposition(tokens.View(second)) && tokens.Is(0, "Sie")) ||
+                     (tokens.Is(second, "im") && tokens.Is(0, "Sie")) ||
+                     MeansWoman(tokens.View(tokens.Skip(comma + 1))) || MeansWoman(tokens.WordBefore(i));
     return WithUpperStart(OrdinalWords(value, she ? "e" : "er"));
   }
   const std::size_t verb = VerbOfRank(tokens, i);
@@ -255,14 +258,26 @@ bool HasItem(const Tokens& tokens, std::size_t from, std::size_t to, std::uint64
   return false;
 }
 
-// "Diagnosen: 1. Arterielle Hypertonie, 2. Diabetes": with the item before or behind it.
-bool IsRowItem(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 60;    // tokens
-  constexpr std::uint64_t kLast = 12;  // more are days or ages
+constexpr std::size_t kNearItem = 60;    // tokens
+constexpr std::uint64_t kLastItem = 12;  // more are days or ages
+
+// How far a sentence surely reaches while its end is still looked for.
+std::size_t EndOfCertain(const Tokens& tokens, std::size_t from) {
+  std::size_t at = from;
+  for (; at < from + kNearItem && at < tokens.Count(); ++at) {
+    const bool point = tokens.Is(at, ".") && !tokens.IsNumber(at - 1);
+    if (point || IsOneOf(tokens.View(at), {"!", "?", "…"})) break;
+  }
+  return at;
+}
+
+// "Diagnosen: 1. Arterielle Hypertonie, 2. Diabetes": with the item before or behind it; the second is looked
+// for up to a token.
+bool IsRowItem(const Tokens& tokens, std::size_t i, std::size_t to) {
   const auto value = DigitsAt(tokens, i, 2);
-  if (!value || *value == 0 || *value > kLast || !OpensItem(tokens, i, *value)) return false;
-  if (*value == 1) return HasItem(tokens, i + 3, i + kNear, 2);
-  return HasItem(tokens, i > kNear ? i - kNear : 0, i, *value - 1);
+  if (!value || *value == 0 || *value > kLastItem || !OpensItem(tokens, i, *value)) return false;
+  if (*value == 1) return HasItem(tokens, i + 3, to, 2);
+  return HasItem(tokens, i > kNearItem ? i - kNearItem : 0, i, *value - 1);
 }
 
 bool BeginsRow(const Tokens& tokens, std::size_t i) {
@@ -279,7 +294,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
       IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) && !tokens.IsLast(i + 1) && value <= 31)
     return DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) ? PointMeaning::Ordinal
                                                                       : AtEnd(tokens, i, value);
-  if (BeginsRow(tokens, i) || IsRowItem(tokens, i)) return PointMeaning::List;
+  if (BeginsRow(tokens, i) || IsRowItem(tokens, i, EndOfCertain(tokens, i + 2))) return PointMeaning::List;
   if (StartsSentenceAt(tokens, next)) {
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
@@ -459,8 +474,8 @@ namespace {
 
 // "erstens", "zweitens" of a row that stands in one line.
 Found RowItemAt(const Tokens& tokens, std::size_t i) {
-  if (!IsRowItem(tokens, i)) return std::nullopt;
-  for (std::size_t at = 0; at < i; ++at) {
+  if (!IsRowItem(tokens, i, i + kNearItem)) return std::nullopt;
+  for (std::size_t at = i > 4 * kNearItem ? i - 4 * kNearItem : 0; at < i; ++at) {
     if (tokens.Kind(at) == TokenKind::Line) return std::nullopt;
   }
   return Phrase{i + 2, OrdinalWords(*DigitsAt(tokens, i, 2), "ens")};

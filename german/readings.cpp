@@ -209,13 +209,10 @@ bool GoesBehindNach(const Tokens& tokens, std::size_t end) {
   return NounBehind(tokens, next) != Tokens::kNone && !CaseOfPreposition(word);
 }
 
-// "uns. Angebot", "uns. Kunden".
-std::string OurWord(const Tokens& tokens, std::size_t i, std::size_t end) {
-  const std::size_t noun = tokens.Skip(end);
-  const Agreement agreement = AgreementAt(tokens, noun);
-  if (!agreement.known) return "unser";
-  if (agreement.plural) return "unsere";
-  return "unser" + OneBefore(tokens, i, noun + 1, agreement).substr(3);
+// "uns. Angebot", "uns. Kunden" at the beginning of a clause.
+std::string OurWord(const Tokens& tokens, std::size_t end) {
+  const Agreement agreement = AgreementAt(tokens, tokens.Skip(end));
+  return agreement.known && (agreement.plural || agreement.gender == Gender::Feminine) ? "unsere" : "unser";
 }
 
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
@@ -231,9 +228,10 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
     words = NamesInDative(tokens, i) ? "und anderen" : "und andere";
   if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
   if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
+  if (written == "z." && words == "zum" && LooksLikePlace(tokens.View(tokens.Skip(found->end)))) words = "zu";
   if (written == "z." && words == "zum" && ToHer(tokens, found->end)) words = "zur";
   if (written == "n." && words == "nach" && !GoesBehindNach(tokens, found->end)) words = "nicht";
-  if (written == "uns.") words = OurWord(tokens, i, found->end);
+  if (written == "uns.") words = OurWord(tokens, found->end);
   if (written == "jd.") words = EachWord(tokens, found->end);
   if (written == "v." && words == "von") words = VonOrVom(tokens, i, found->end);
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
@@ -398,7 +396,8 @@ bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
   if (tokens.Is(before, ".") && before > 0) --before;  // "Zeugn. d. Klasse"
-  return tokens.IsCapital(before);
+  return tokens.IsCapital(before) && !CaseOfPreposition(tokens.View(before)) &&
+         !(tokens.OpensClause(before) && StartsSentences(tokens.View(before)));
 }
 
 std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& noun) {
@@ -416,14 +415,23 @@ std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& no
 
 // "solange d. Vorrat reicht", "Wahl d. 2. Vors.": the article that the noun and its case ask for.
 Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.Is(i, "d") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
+  const bool opens =
+      tokens.Is(i, "D") && tokens.OpensClause(i) && tokens.IsBlank(i + 2);  // "D. Vorstand lädt ein"
+  if ((!tokens.Is(i, "d") && !opens) || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t next = tokens.Skip(i + 2);
+  // "die Lehrerin d. 4b".
+  if (tokens.IsNumber(next, 1, 2) && tokens.IsWord(next + 1) && tokens.View(next + 1).size() == 1 &&
+      BelongsToNounBefore(tokens, i))
+    return Phrase{i + 2, "der"};
   if (DateShapeAt(tokens, next)) return Phrase{i + 2, "dem"};
   const bool ordinal = tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".");
   const std::size_t noun = ordinal ? NounOfOrdinal(tokens, next + 2) : NounBehind(tokens, next);
   const Agreement agreement = AgreementAt(tokens, noun);
-  if (noun == Tokens::kNone || !agreement.known) return std::nullopt;
-  return Phrase{i + 2, ArticleWord(tokens, i, agreement)};
+  if (noun == Tokens::kNone || !agreement.known ||
+      (opens && !NounOf(tokens.View(noun)).known && !tokens.Is(noun + 1, ".")))
+    return std::nullopt;
+  const std::string article = ArticleWord(tokens, i, agreement);
+  return Phrase{i + 2, opens ? WithUpperStart(article) : article};
 }
 
 // "e. Abschluss", "Ende e. Monats".

@@ -280,7 +280,7 @@ bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
 
 Found RomanAt(const Tokens& tokens, std::size_t i) {
   const std::uint64_t value = RomanNumberAt(tokens, i);
-  if (value == 0) return std::nullopt;
+  if (value == 0 || (tokens.Is(i, "D") && tokens.OpensClause(i))) return std::nullopt;
   const bool point = tokens.Is(i + 1, ".");
   const std::size_t next = tokens.Skip(i + 2);
   if (const std::size_t last = LastJoinedRoman(tokens, i);

@@ -178,7 +178,9 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   const bool later = second->hour > first->hour ||
                      (second->hour == first->hour && second->minute.value_or(0) > first->minute.value_or(0));
   const bool glued = tokens.Is(second->end, "h");
-  const bool hours = tokens.WordBefore(i) == "von" && later && second->hour >= 10 &&
+  const std::size_t sign = tokens.Before(i);
+  const bool cutVon = sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") && tokens.Is(sign - 1, "v");
+  const bool hours = (cutVon || tokens.WordBefore(i) == "von") && later && second->hour >= 10 &&
                      (dash || OpensThen(tokens, i));  // "von 9–17 h"
   const bool clocks = GoesWithClock(tokens, i) || first->minute || hours ||
                       (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
