@@ -63,6 +63,10 @@ only_system_libraries() {
 check "the programs need the system's own libraries only" only_system_libraries
 check "the test servers are registered" run regsvr32.exe /s "$(windows_path "$build/bin/testservers.dll")"
 setting Settings Survey false
+mkdir "$home/Töne"
+setting Export Folder "$(windows_path "$home/Töne")"
+setting Export Format mp3
+setting Export Subtitles srt
 setting Extensions\\Test Active true
 setting Extensions\\Test ObjectName LorelinTest.Klammern
 
@@ -81,6 +85,20 @@ xdotool type --delay 20 "$(windows_path "$home/export.wav")"
 xdotool key Return
 check "it exports the sound" within 20 cmp -s "$home/export.wav" "$(temporary)"
 within 10 dialog_is_gone || xdotool key Return
+
+# The form begins with what was chosen last.
+export_as_sound() {
+  keys ctrl+shift+e
+  within 20 dialog_is_there || return 1
+  sleep 2
+  xdotool key Return
+  within 30 test -s "$home/Töne/mein brief.mp3"
+}
+check "it makes an MP3 file of the document" export_as_sound
+check "which is heard" ffmpeg -v error -i "$home/Töne/mein brief.mp3" -f null -
+check "with its subtitles" within 5 grep -q 'Lieber Leser, grüße mir die Wälder.' "$home/Töne/mein brief.srt"
+xdotool key Escape
+within 10 dialog_is_gone
 
 keys ctrl+End
 xdotool type --delay 30 " Bald."
