@@ -32,12 +32,16 @@ struct Entry {
 // What is left of some words is a word of its own.
 bool IsWordOfItsOwn(std::string_view word) {
   return IsOneOf(
-      word, {"eins",   "einmal", "all",   "bar",   "dam",     "ehr",   "gegen", "haupt",  "her",  "höchst",
-             "feiert", "land",   "lang",  "lauf",  "leit",    "mal",   "mit",   "mitt",   "not",  "normal",
-             "rein",   "selbst", "sonn",  "sonst", "span",    "stat",  "vor",   "vorher", "über", "übers",
-             "unt",    "ver",    "hist",  "ung",   "gegeben", "optim", "städt", "pol",    "ruh",  "int",
-             "org",    "tel",    "viert", "halb",  "Ver",     "Mit",   "Vor",   "Van",    "Not",  "Ben",
-             "zur",    "Tom",    "Pat",   "Max",   "Kat",     "Mat",   "Dan"});
+      word,
+      {"eins",     "einmal",   "all",     "bar",     "dam",   "ehr",     "gegen",  "haupt",    "her",
+       "höchst",   "feiert",   "land",    "lang",    "lauf",  "leit",    "mal",    "mit",      "mitt",
+       "not",      "normal",   "rein",    "selbst",  "sonn",  "sonst",   "span",   "stat",     "vor",
+       "vorher",   "über",     "übers",   "unt",     "ver",   "hist",    "ung",    "gegeben",  "optim",
+       "städt",    "pol",      "ruh",     "int",     "org",   "tel",     "viert",  "halb",     "Ver",
+       "Mit",      "Vor",      "Van",     "Not",     "Ben",   "zur",     "lief",   "erschien", "unterschrieb",
+       "verschob", "überwies", "versteh", "begrab",  "sicht", "erreich", "erfahr", "belast",   "ausreich",
+       "auftrag",  "zug",      "bericht", "verkauf", "Tom",   "Pat",     "Max",    "Kat",      "Mat",
+       "Dan"});
 }
 
 using Index = std::unordered_map<std::string, Entry>;

@@ -84,6 +84,7 @@ constexpr Abbreviation kTable[] = {
     A{"Ausf. freihalten", "Ausfahrt freihalten"}, A{"Einf. freihalten", "Einfahrt freihalten"},
     A{"Einl. ab", "Einlass ab"}, A{"Einl. um", "Einlass um"}, A{"Sz.", "Szene", DayBefore, Noun},
     A{"Weltkr.", "Weltkrieg", Anything, Starter},
+    A{"Ki.", "Kinder", SmallWord}, A{"Bft.", "Beaufort", Number}, A{"Bft", "Beaufort", Number},
     A{"ggw.", "gegenwärtig"}, A{"f. Anf.", "für Anfänger"}, A{"auß.", "außer"}, A{"Akad.", "Akademie"},
     A{"d. Wiss.", "der Wissenschaften"}, A{"Fl.", "Flasche", Name}, A{"geh. lassen", "gehen lassen"},
     A{"schn.", "schneiden", Closed}, A{"würf.", "würfeln", Closed}, A{"anbr.", "anbraten", Closed},

@@ -50,7 +50,11 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   if (i > 0 && !tokens.IsGap(i - 1) && !IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "»", "–", "•"}))
     return std::nullopt;
-  if (tokens.Is(i + 2, "von")) return OneOfMany(tokens, i);
+  const std::size_t before = tokens.Before(i);
+  const bool named = before != Tokens::kNone && tokens.IsCapital(before) && !tokens.OpensClause(before);
+  if (tokens.Is(i + 2, "von") ||
+      (!named && IsOneOf(tokens.View(i + 2), {"der", "dieser", "unserer", "ihrer"})))
+    return OneOfMany(tokens, i);  // "nur 1 der 5 Kandidaten", but "Platz 1 der Charts"
   // "1 oder 2 Tage".
   if (IsOneOf(tokens.View(i + 2), {"oder", "bis"}) && tokens.IsNumber(i + 4) && tokens.IsCapital(i + 6))
     return Phrase{i + 1, "ein"};

@@ -402,6 +402,11 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
                      unit->end};
     return std::nullopt;
   }
+  // "9,90 €/10 Tage".
+  if (tokens.IsNumber(i, 1, 3) && tokens.IsBlank(i + 1) &&
+      IsOneOf(tokens.View(i + 2),
+              {"Tage", "Stück", "Personen", "Monate", "Minuten", "Stunden", "Wochen", "Jahre"}))
+    return PerUnit{" pro " + CardinalWords(*DigitsAt(tokens, i, 3)), i + 1};
   // "125 m/50 g", "5 mg/2 ml".
   if (tokens.IsNumber(i, 1, 4) && tokens.IsWord(tokens.Skip(i + 1)) && tokens.FreeBehind(i)) {
     const auto value = DigitsAt(tokens, i, 4);
