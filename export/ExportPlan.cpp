@@ -13,8 +13,6 @@
 namespace lorelin {
 namespace {
 
-constexpr std::string_view kBeginning = "Anfang";
-
 // The outermost level that has more than one chapter; else the outermost.
 int LevelForFiles(const std::vector<Chapter>& chapters) {
   std::map<int, std::size_t> counts;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "export/subtitles.h"
@@ -13,6 +14,9 @@
 #include "speech/TracedText.h"
 
 namespace lorelin {
+
+// What stands in front of the first chapter is called.
+inline constexpr std::string_view kBeginning = "Anfang";
 
 // How a text is to become sound files.
 struct ExportChoices {

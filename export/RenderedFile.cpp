@@ -21,8 +21,11 @@ SoundTags TagsOf(const PlannedFile& file, const std::vector<TimedWord>& words, m
   std::size_t next = 0;
   for (const Chapter& chapter : file.chapters) {
     while (next < words.size() && words[next].written.end <= chapter.position) ++next;
-    const milliseconds begin = next < words.size() ? words[next].time : length;
-    tags.chapters.push_back({chapter.title, tags.chapters.empty() ? milliseconds(0) : begin});
+    const milliseconds begin = next == 0 ? milliseconds(0) : next < words.size() ? words[next].time : length;
+    // The first one of a file begins with it, for the players that count from there.
+    if (tags.chapters.empty() && next > 0)
+      tags.chapters.push_back({std::string(kBeginning), milliseconds(0)});
+    tags.chapters.push_back({chapter.title, begin});
   }
   return tags;
 }

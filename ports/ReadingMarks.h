@@ -27,6 +27,7 @@ class ReadingMarks {
   virtual void Hide() = 0;
   // Scrolls to what is marked, and follows it again.
   virtual void Return() = 0;
+  // The line comes to the top unless it is in sight with some of what follows.
   virtual void PlaceCaret(std::size_t character) = 0;
   // `handler` is called after every change of the text, whoever made it: so many characters at the place were
   // removed, and so many put in. Ask only while it matters: it may cost comparing the text. One handler; an

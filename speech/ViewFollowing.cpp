@@ -4,6 +4,10 @@
 
 namespace lorelin {
 
+bool ViewFollowing::BelongsToTop(Span line, Span view) {
+  return line.top < view.top || line.Bottom() > view.Bottom() - view.height / 4;
+}
+
 std::optional<int> ViewFollowing::Follow(Span line, Span view) {
   const bool seen = line.top >= view.top && line.Bottom() <= view.Bottom();
   const int third = view.height / 3;

@@ -17,6 +17,9 @@ class ViewFollowing {
 
   void ReaderScrolled() { state_ = State::Scrolled; }
   void Return() { state_ = State::Following; }
+  // Whether a line that somebody goes to has to come to the top: it is not in sight, or what follows it is
+  // not.
+  [[nodiscard]] static bool BelongsToTop(Span line, Span view);
   // Where the view has to begin for this line, if it has to move.
   [[nodiscard]] std::optional<int> Follow(Span line, Span view);
 

@@ -132,7 +132,9 @@ class GtkReadingMarks final : public ReadingMarks {
     GtkTextIter place;
     gtk_text_buffer_get_iter_at_offset(buffer_, &place, static_cast<gint>(character));
     gtk_text_buffer_place_cursor(buffer_, &place);
-    gtk_text_view_scroll_mark_onscreen(view_, gtk_text_buffer_get_insert(buffer_));
+    const auto [line, seen] = LineAndView(place);
+    if (ViewFollowing::BelongsToTop(line, seen))
+      gtk_text_view_scroll_to_mark(view_, gtk_text_buffer_get_insert(buffer_), 0, TRUE, 0, 0);
   }
 
   void OnEdited(std::function<void(std::size_t, std::size_t, std::size_t)> handler) override {
@@ -231,14 +233,20 @@ class GtkReadingMarks final : public ReadingMarks {
     if (!range) return;
     GtkTextIter place;
     gtk_text_buffer_get_iter_at_offset(buffer_, &place, static_cast<gint>(range->begin));
+    const auto [line, seen] = LineAndView(place);
+    const auto top = following_.Follow(line, seen);
+    if (!top) return;
+    GtkAdjustment* const scrolling = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view_));
+    gtk_adjustment_set_value(scrolling, gtk_adjustment_get_value(scrolling) + *top - seen.top);
+  }
+
+  [[nodiscard]] std::pair<ViewFollowing::Span, ViewFollowing::Span> LineAndView(
+      const GtkTextIter& place) const {
     GdkRectangle line;
     gtk_text_view_get_iter_location(view_, &place, &line);
     GdkRectangle seen;
     gtk_text_view_get_visible_rect(view_, &seen);
-    const auto top = following_.Follow({line.y, line.height}, {seen.y, seen.height});
-    if (!top) return;
-    GtkAdjustment* const scrolling = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view_));
-    gtk_adjustment_set_value(scrolling, gtk_adjustment_get_value(scrolling) + *top - seen.y);
+    return {{line.y, line.height}, {seen.y, seen.height}};
   }
 
   wxTextCtrl& control_;

@@ -102,8 +102,13 @@ class MswReadingMarks final : public ReadingMarks {
 
   void PlaceCaret(std::size_t character) override {
     if (!edited_) text_ = TextNow();
-    control_.SetInsertionPoint(UnitAt(character));
+    const LONG unit = UnitAt(character);
     if (!edited_) text_ = std::wstring();
+    control_.SetInsertionPoint(unit);
+    const LONG line = LineOf(unit);
+    const ViewFollowing::Span place{static_cast<int>(PlaceOf(unit).y), static_cast<int>(HeightOf(line))};
+    if (ViewFollowing::BelongsToTop(place, {0, control_.GetClientSize().y}))
+      Send(EM_LINESCROLL, 0, line - static_cast<LONG>(Send(EM_GETFIRSTVISIBLELINE)));
   }
 
   // Only as long as somebody wants to know of edits is the text compared with what it was.

@@ -55,6 +55,17 @@ TEST_F(RenderedFiles, HaveTagsAndChaptersWhereTheyAreHeard) {
   EXPECT_EQ(progress.characters, 21U);
 }
 
+TEST_F(RenderedFiles, BeginWithAChapterForWhatStandsInFrontOfTheFirst) {
+  const auto chaptersOf = [this](const std::string& text, const std::vector<Chapter>& chapters) {
+    EXPECT_EQ(Render(PlanOneFile(TextOf(text, chapters), {}, "a.mp3")).end, RenderingEnd::Whole);
+    return rendering.Files().at("a.mp3").tags.chapters;
+  };
+  EXPECT_EQ(chaptersOf("Buch. Eins hier.", {{"Eins", 1, 6}}),
+            (std::vector<SoundChapter>{{"Anfang", milliseconds(0)}, {"Eins", milliseconds(60)}}));
+  EXPECT_EQ(chaptersOf("\n Eins hier.", {{"Eins", 1, 2}}),
+            (std::vector<SoundChapter>{{"Eins", milliseconds(0)}}));
+}
+
 TEST_F(RenderedFiles, HaveSubtitlesInTheWordsThatAreWritten) {
   const PlannedFile file =
       PlanOneFile(TextOf("Am 3. Mai kosten 5 kg Mehl 4,50 €."), {.subtitles = SubtitleFormat::Vtt}, "a.mp3");

@@ -130,5 +130,20 @@ TEST_F(ReadingMarksTest, ScrollTheLineIntoTheMiddle) {
   }
 }
 
+TEST_F(ReadingMarksTest, ShowAChapterFromItsBeginning) {
+  std::string text;
+  for (int i = 0; i < 200; ++i)
+    text += (i == 120 ? "Kapitel" : NameOfLine(i)) + std::string(" steht hier.\n");
+  document.SetText(text);
+  const std::size_t place = text.find("Kapitel");
+  const auto atTop = [&] {
+    form.Editor().Marks().PlaceCaret(place);
+    const int y = form.Editor().PositionToCoords(static_cast<long>(place)).y;
+    return y >= 0 && y < form.Editor().GetClientSize().y / 4;
+  };
+  EXPECT_TRUE(WaitUntil(atTop));
+  EXPECT_EQ(form.Editor().GetInsertionPoint(), static_cast<long>(place));
+}
+
 }  // namespace
 }  // namespace lorelin

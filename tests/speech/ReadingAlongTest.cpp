@@ -337,6 +337,15 @@ TEST(ViewFollowing, KeepsTheLineInTheMiddleThird) {
   EXPECT_EQ(following.Follow({110, 20}, {90, 300}), std::optional(10));
 }
 
+TEST(ViewFollowing, BringsToTheTopWhatShowsNothingOfWhatFollows) {
+  const ViewFollowing::Span view{100, 400};
+  EXPECT_FALSE(ViewFollowing::BelongsToTop({100, 20}, view));
+  EXPECT_FALSE(ViewFollowing::BelongsToTop({380, 20}, view));
+  EXPECT_TRUE(ViewFollowing::BelongsToTop({390, 20}, view));
+  EXPECT_TRUE(ViewFollowing::BelongsToTop({90, 20}, view));
+  EXPECT_TRUE(ViewFollowing::BelongsToTop({900, 20}, view));
+}
+
 TEST(ViewFollowing, LeavesTheReaderAloneWhoHasScrolledAway) {
   ViewFollowing following;
   following.ReaderScrolled();
