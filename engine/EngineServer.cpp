@@ -83,8 +83,9 @@ bool EngineServer::Greet() {
   return true;
 }
 
-void EngineServer::TellUnconfined() {
-  Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(NoticeCode::Unconfined)));
+void EngineServer::TellUnconfined(bool filesOnly) {
+  const NoticeCode code = filesOnly ? NoticeCode::FilesOpen : NoticeCode::Unconfined;
+  Send(FrameNumber(Kind::Notice, static_cast<std::uint32_t>(code)));
 }
 
 int EngineServer::Run() {

@@ -30,8 +30,8 @@ class EngineServer {
 
   // Tells what there is to speak with; false when nobody is there any more.
   [[nodiscard]] bool Greet();
-  // That the system allows this process more than it needs.
-  void TellUnconfined();
+  // That the system allows this process more than it needs: files, or calls as well.
+  void TellUnconfined(bool filesOnly);
   // After Greet. Returns the process's exit code when the other end has closed the connection or broken the
   // protocol.
   int Run();

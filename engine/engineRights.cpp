@@ -125,7 +125,7 @@ bool NamesDistantServer(std::string_view settings) {
   return false;
 }
 
-bool KeepEngineRights(const fs::path& folder) {
+ConfinedTo KeepEngineRights(const fs::path& folder) {
   const bool programs = NeedsProgram();
   const bool distant = ServerIsDistant();
   KeptFiles kept;
@@ -138,7 +138,7 @@ bool KeepEngineRights(const fs::path& folder) {
   LimitResource(RLIMIT_CORE, 0, 0);
   const bool files = KeepFiles(kept);
   const bool calls = KeepCalls({.localSockets = true, .internetSockets = distant, .programs = programs});
-  return files && calls;
+  return {.filesKept = files, .callsKept = calls};
 }
 
 }  // namespace lorelin::engine

@@ -72,7 +72,8 @@ int main(int argc, char** argv) {
     lorelin::engine::EngineServer server(socket, audible);
     // Whoever waits for the greeting need not wait for what follows; no text has been read yet.
     if (!server.Greet()) return 0;
-    if (!lorelin::engine::KeepEngineRights(argc >= 4 ? argv[3] : "")) server.TellUnconfined();
+    const auto rights = lorelin::engine::KeepEngineRights(argc >= 4 ? argv[3] : "");
+    if (!rights.filesKept || !rights.callsKept) server.TellUnconfined(rights.callsKept);
     return server.Run();
   } catch (const std::exception&) {
     return 1;

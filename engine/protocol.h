@@ -43,6 +43,7 @@ enum class NoticeCode : std::uint32_t {
   NoAudioDevice = 1,  // texts pass in silence from now on
   AudioDevice = 2,    // and are heard again
   Unconfined = 3,     // the system does not refuse the engine what it does not need
+  FilesOpen = 4,      // it does, but for files, as systems without Landlock
 };
 
 struct Voice {

@@ -436,9 +436,16 @@ bool EngineConnection::HandleHello(const engine::Message& message, Guard& guard)
   return true;
 }
 
+// Every process that takes another's place says the same.
+void EngineConnection::LogOnce(std::string_view line) {
+  if (!std::exchange(toldRights_, true)) log_.Write(line);
+}
+
 void EngineConnection::HandleNotice(std::uint32_t code, Guard& guard) {
   if (code == static_cast<std::uint32_t>(engine::NoticeCode::Unconfined))
-    return log_.Write("Sprachausgabe: Dieses System beschränkt den Prozess nicht auf das Nötige");
+    return LogOnce("Sprachausgabe: Dieses System beschränkt den Prozess nicht auf das Nötige");
+  if (code == static_cast<std::uint32_t>(engine::NoticeCode::FilesOpen))
+    return LogOnce("Sprachausgabe: Dieses System verwehrt dem Prozess keine Dateien (Landlock fehlt)");
   const bool silent = code == static_cast<std::uint32_t>(engine::NoticeCode::NoAudioDevice);
   SetCondition(silent ? kNoDevice : "", guard);
 }

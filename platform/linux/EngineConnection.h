@@ -107,6 +107,7 @@ class EngineConnection {
   bool HandleWord(const engine::Message& message, Guard& guard);
   bool HandleHello(const engine::Message& message, Guard& guard);
   void HandleNotice(std::uint32_t code, Guard& guard);
+  void LogOnce(std::string_view line);
   bool HandleRemark(const engine::Message& message, Guard& guard);
   void SetCondition(std::string_view text, Guard& guard);
 
@@ -136,6 +137,7 @@ class EngineConnection {
   std::string currentFile_;
   std::uint32_t pings_ = 0;
   std::uint32_t pongs_ = 0;
+  bool toldRights_ = false;
   bool greeted_ = false;  // the engine has told what it can do
   Time startedAt_{};
   Time lastPing_{};

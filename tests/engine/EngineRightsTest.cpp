@@ -19,6 +19,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/commandVoices.h"
 #include "tests/support/inChild.h"
+#include "tests/support/withoutLandlock.h"
 
 namespace lorelin::engine {
 namespace {
@@ -117,6 +118,38 @@ TEST(EngineRights, AreWhatTheProcessHas) {
   std::ifstream limits("/proc/" + std::to_string(real.engine.ProcessId()) + "/limits");
   const std::string text{std::istreambuf_iterator<char>(limits), {}};
   EXPECT_NE(text.find("Max core file size        0                    0 "), std::string::npos) << text;
+}
+
+TEST(EngineRights, AreThoseOfCallsWhereTheSystemCannotRefuseFiles) {
+  EXPECT_EQ(InChild([] {
+              if (!LoseLandlock()) return 254;
+              const ConfinedTo kept = KeepEngineRights("");
+              if (kept.filesKept || !kept.callsKept) return 253;
+              if (open("/etc/passwd", O_RDONLY) < 0) return 252;
+              return socket(AF_INET, SOCK_STREAM, 0) < 0 ? errno : 0;
+            }),
+            EPERM);
+}
+
+TEST(EngineRights, LackingForFilesAreLoggedOnceAndTheEngineSpeaks) {
+  const auto speak = [] {
+    if (!LoseLandlock()) return 254;
+    RealEngine real;
+    TemporaryFolder other;  // another process takes this folder's place
+    for (const std::string& file : {real.folder.File("a.wav"), other.File("a.wav")}) {
+      real.engine.SetWaveFile(file);
+      real.engine.Speak("Ja.");
+      if (!real.WaitForEnd(real.ends.size() + 1) || !real.ends.back().complete) return 253;
+      if (std::filesystem::file_size(file) < 1000) return 252;
+    }
+    if (real.log.lines.size() != 1 || real.log.lines[0].find("Landlock fehlt") == std::string::npos)
+      return 251;
+    std::ifstream status("/proc/" + std::to_string(real.engine.ProcessId()) + "/status");
+    const std::string text{std::istreambuf_iterator<char>(status), {}};
+    // That of the test, and its own.
+    return text.find("Seccomp_filters:\t2") != std::string::npos ? 0 : 250;
+  };
+  EXPECT_EQ(InChild(speak), 0);
 }
 
 TEST(EngineRights, FollowTheFoldersOfSoundFiles) {

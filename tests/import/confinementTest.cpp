@@ -19,8 +19,11 @@
 #include <functional>
 #include <string>
 
+#include "import/importAnswer.h"
+#include "platform/linux/ImportProcessRunner.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/inChild.h"
+#include "tests/support/withoutLandlock.h"
 
 namespace lorelin {
 namespace {
@@ -90,6 +93,49 @@ TEST(Confinement, WritesNoFile) {
             }),
             EFBIG);
   close(open_);
+}
+
+TEST(Confinement, RefusesCallsWhereTheSystemCannotRefuseFiles) {
+  TemporaryFolder folder;
+  const std::string document = folder.File("Buch.epub");
+  const std::string other = folder.File("Brief.txt");
+  std::ofstream(document) << "Buch";
+  std::ofstream(other) << "Brief";
+  const auto error = [&](const std::function<long()>& call) {
+    return InChild([&] {
+      if (!LoseLandlock() || KnowsFiles()) return 254;
+      Confine(document, false);
+      return call() < 0 ? errno : 0;
+    });
+  };
+  char* const arguments[] = {const_cast<char*>("true"), nullptr};
+  char* const none[] = {nullptr};
+  EXPECT_EQ(error([&] { return open(document.c_str(), O_RDONLY); }), 0);
+  EXPECT_EQ(error([&] { return open(other.c_str(), O_RDONLY); }), 0) << "the filter of the test is not there";
+  EXPECT_EQ(error([] { return socket(AF_INET, SOCK_STREAM, 0); }), EPERM);
+  EXPECT_EQ(error([&] { return execve("/bin/true", arguments, none); }), EPERM);
+  // An empty file may come into being; nothing gets into it.
+  EXPECT_EQ(error([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              const int file = open(folder.File("a").c_str(), O_CREAT | O_WRONLY, 0600);
+              return file < 0 ? 0 : write(file, "x", 1);
+            }),
+            EFBIG);
+}
+
+TEST(Confinement, LetsTheRealProcessReadWhereTheSystemCannotRefuseFiles) {
+  TemporaryFolder folder;
+  const std::string document = folder.File("Buch.md");
+  std::ofstream(document) << "# Titel\n\nEin Satz.\n";
+  EXPECT_EQ(InChild([&] {
+              if (!LoseLandlock()) return 254;
+              ImportProcessRunner runner(LORELIN_BIN_DIR "/lorelin-import", {});
+              const auto answer = runner.Run({.path = document}, {});
+              if (!answer.problem.empty()) return 253;
+              const std::string text = ReadImportAnswer(answer.bytes).text.text;
+              return text.find("Ein Satz.") != std::string::npos ? 0 : 252;
+            }),
+            0);
 }
 
 TEST(Confinement, EndsWithASentenceWhenItComputesForTooLong) {
