@@ -35,6 +35,7 @@ std::string PrivateData::Question() const {
          "• die nicht gespeicherten Texte, die links angeboten werden (" +
          Count(kept, "Text", "Texte") +
          ")\n"
+         "• den Ton des zuletzt vorgelesenen Textes\n"
          "• die Protokolle und die letzte Fehlerseite\n"
          "• den Zwischenspeicher der Seitenansicht\n\n"
          "Der geöffnete Text, Ihre gespeicherten Dateien, Einstellungen, eigenen Aussprachen, Taskscripts "
@@ -44,13 +45,15 @@ std::string PrivateData::Question() const {
 
 void PrivateData::Ask() {
   if (parts_.messageBoxes.Show(Question(), "Privates löschen", MessageIcon::Question,
-                               MessageButtons::YesNo) == MessageAnswer::Yes)
+                               MessageButtons::YesNoWarily) == MessageAnswer::Yes)
     Remove();
 }
 
 void PrivateData::Remove() {
   parts_.recent.Clear();
   parts_.settings.Save(setting::LastDoc, "");
+  parts_.speech.Stop();
+  parts_.speech.ClearTempFolder();
   std::vector<std::string> left = RemoveFiles();
   if (!parts_.places.Clear()) left.push_back(parts_.places.File());
   for (std::string& file : DiscardTexts()) left.push_back(std::move(file));

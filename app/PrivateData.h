@@ -10,11 +10,12 @@
 #include "ports/MessageBoxes.h"
 #include "ports/StatusBar.h"
 #include "settings/SettingsStore.h"
+#include "speech/modSpeak.h"
 
 namespace lorelin {
 
 // What tells others what somebody has read, removed at once when the user wants it: lists of documents, kept
-// texts that are not open, logs and what pages left. Settings, own words, scripts and voices stay.
+// texts that are not open, sounds, logs and what pages left. Settings, own words, scripts and voices stay.
 // User-interface thread only.
 class PrivateData {
  public:
@@ -24,6 +25,7 @@ class PrivateData {
     ReadingPlaces& places;
     Recovery& recovery;
     SettingsStore& settings;
+    ModSpeak& speech;
     MessageBoxes& messageBoxes;
     StatusBar& statusBar;
     std::vector<std::string> files;    // that may go, whatever is in them

@@ -128,6 +128,7 @@ WindowModules::WindowModules(Edges given)
                    .places = readingPlaces,
                    .recovery = edges.recovery,
                    .settings = edges.spoken.settings,
+                   .speech = edges.spoken.speech,
                    .messageBoxes = edges.messageBoxes,
                    .statusBar = edges.statusBar,
                    .files = PrivateFilesOf(edges.privateFolders),

@@ -28,6 +28,12 @@ std::string PathText(const fs::path& path) {
   return {text.begin(), text.end()};
 }
 
+std::string AbsolutePath(const std::string& path) {
+  std::error_code error;
+  const fs::path absolute = fs::absolute(NativePath(path), error);
+  return error ? path : PathText(absolute);
+}
+
 std::string JoinPath(std::string_view folder, std::initializer_list<std::string_view> names) {
   fs::path joined = FromUtf8(folder);
   for (const auto name : names) joined /= FromUtf8(name);

@@ -19,6 +19,9 @@ std::error_code MakePrivateFolder(const std::filesystem::path& folder);
 // The UTF-8 text of a path.
 [[nodiscard]] std::string PathText(const std::filesystem::path& path);
 
+// The path from the root of the file system on, wherever the program is started from.
+[[nodiscard]] std::string AbsolutePath(const std::string& path);
+
 // Folder and names joined by the system's separator.
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::initializer_list<std::string_view> names);
 

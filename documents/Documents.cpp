@@ -216,6 +216,7 @@ bool Documents::OpenPage(const std::string& file, const std::string& address, co
 void Documents::LoadAtStart(const std::string& path) {
   try {
     Load(path);
+    parts_.used(AbsolutePath(path));
   } catch (const RuntimeError& error) {
     parts_.log.Write(path + ": " + error.what());
     if (error.Number() == static_cast<int>(ErrorNumber::OutOfMemory)) {

@@ -5,7 +5,8 @@
 namespace lorelin {
 
 enum class MessageIcon { None, Information, Question, Exclamation, Critical };
-enum class MessageButtons { Ok, YesNo, YesNoCancel };
+// Of the last one Enter answers No.
+enum class MessageButtons { Ok, YesNo, YesNoCancel, YesNoWarily };
 enum class MessageAnswer { Ok, Yes, No, Cancel };
 
 // What the three buttons of a choice say, "&" before the access key.

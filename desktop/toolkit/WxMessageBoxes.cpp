@@ -15,6 +15,8 @@ long ButtonStyle(MessageButtons buttons) {
       return wxYES_NO;
     case MessageButtons::YesNoCancel:
       return wxYES_NO | wxCANCEL;
+    case MessageButtons::YesNoWarily:
+      return wxYES_NO | wxNO_DEFAULT;
   }
   return wxOK;
 }
@@ -35,10 +37,10 @@ MessageAnswer WxMessageBoxes::Show(std::string_view text, std::string_view title
   // The program speaks German whatever the system's language is.
   if (buttons == MessageButtons::Ok) {
     dialog->SetOKLabel("OK");
-  } else if (buttons == MessageButtons::YesNo) {
-    dialog->SetYesNoLabels("&Ja", "&Nein");
-  } else {
+  } else if (buttons == MessageButtons::YesNoCancel) {
     dialog->SetYesNoCancelLabels("&Ja", "&Nein", "&Abbrechen");
+  } else {
+    dialog->SetYesNoLabels("&Ja", "&Nein");
   }
   return Answer(dialog->ShowModal(), buttons);
 }

@@ -215,6 +215,20 @@ TEST_F(Starting, OpensAQuotedPathInItsPlace) {
   EXPECT_EQ(settings.Get(setting::StartUpFile), "/tagebuch.txt");
 }
 
+TEST_F(Starting, RemembersTheDocumentOfTheCommandLineAsRecent) {
+  WriteFile(folder.File("brief.txt"), "x");
+  document.files[folder.File("brief.txt")] = "Brief";
+  (void)Start("\"" + folder.File("brief.txt") + "\"");
+  EXPECT_EQ(recent.Paths(), std::vector<std::string>{folder.File("brief.txt")});
+}
+
+TEST_F(Starting, DoesNotRememberADocumentThatCouldNotBeLoaded) {
+  WriteFile(folder.File("brief.txt"), "x");
+  document.unreadable[folder.File("brief.txt")] = ErrorNumber::FileNotFound;
+  (void)Start("\"" + folder.File("brief.txt") + "\"");
+  EXPECT_TRUE(recent.Paths().empty());
+}
+
 TEST_F(Starting, IgnoresAPathWithoutQuotes) {
   Set(setting::StartUpFile, "/tagebuch.txt");
   WriteFile(folder.File("brief.txt"), "x");

@@ -25,6 +25,8 @@ class Privates : public ScriptFixture {
     modules.readingPlaces.Keep(folder.File("brief.txt"), "Lieber Leser", 7);
     modules.readingPlaces.FinishWriting();
     window.Load();
+    Make("temp/4711.wav");  // the start has cleared the folder
+    fileSearch.names = {"4711.wav"};
     messageBoxes.boxes.clear();
   }
 
@@ -40,8 +42,9 @@ TEST_F(Privates, AreListedBeforeTheyGo) {
   window.RunCommand("ClearPrivate");
   ASSERT_EQ(messageBoxes.boxes.size(), 1U);
   EXPECT_EQ(messageBoxes.boxes[0].title, "Privates löschen");
+  EXPECT_EQ(messageBoxes.boxes[0].buttons, MessageButtons::YesNoWarily);
   for (const auto* const part :
-       {"(1 Eintrag)", "(1 Text)", "Stellen", "Protokolle", "Zwischenspeicher", "Einstellungen"})
+       {"(1 Eintrag)", "(1 Text)", "Stellen", "Ton des", "Protokolle", "Zwischenspeicher", "Einstellungen"})
     EXPECT_NE(messageBoxes.boxes[0].text.find(part), std::string::npos) << part;
   EXPECT_EQ(recent.Paths().size(), 1U);
   EXPECT_TRUE(Exists("lorelin.log"));
@@ -56,11 +59,20 @@ TEST_F(Privates, GoWhenTheUserAgrees) {
   EXPECT_EQ(settings.Get(setting::LastDoc), "");
   EXPECT_FALSE(modules.readingPlaces.Find(folder.File("brief.txt"), "Lieber Leser"));
   EXPECT_TRUE(recovery.Leftovers().empty());
-  for (const auto* const name : {"lorelin.log", "lorelin.log.1", "taskscripts.log", "taskscripts.log.1",
-                                 "hypertext/err2.html", "cache/WebKitCache", "cache/CacheStorage",
-                                 "settings/reading-places", "recovery/2026-11-21 05-10-00.rtf"})
+  for (const auto* const name :
+       {"lorelin.log", "lorelin.log.1", "taskscripts.log", "taskscripts.log.1", "hypertext/err2.html",
+        "cache/WebKitCache", "cache/CacheStorage", "settings/reading-places", "temp/4711.wav",
+        "recovery/2026-11-21 05-10-00.rtf"})
     EXPECT_FALSE(Exists(name)) << name;
   EXPECT_EQ(messageBoxes.boxes.size(), 1U);
+}
+
+TEST_F(Privates, AreNotReadOnWhenTheyHaveGone) {
+  document.text = "Der offene Text";
+  speech.SpeakToolbar();
+  messageBoxes.answers = {MessageAnswer::Yes};
+  window.RunCommand("ClearPrivate");
+  EXPECT_FALSE(voice.Speaking());
 }
 
 TEST_F(Privates, LeaveSettingsScriptsVoicesAndTheOpenText) {

@@ -169,7 +169,11 @@ class FormFixture : public testing::Test, protected FakeSystem {
        .showExports =
            [this] {
              if (showExports) showExports();
-           }}};
+           },
+       .privateFolders = {.programFolder = folder.Path(),
+                          .cacheFolder = folder.File("cache"),
+                          .logFile = folder.File("lorelin.log"),
+                          .scriptLogFile = folder.File("taskscripts.log")}}};
   RecentFiles& recent = modules.recent;
   Documents& documents = modules.documents;
   Interpreter& interpreter = modules.interpreter;

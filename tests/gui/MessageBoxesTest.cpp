@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
-#include <gtk/gtk.h>
 #include <wx/timer.h>
 
 #include <functional>
 #include <string>
 
 #include "desktop/toolkit/WxMessageBoxes.h"
+#include "tests/gui/gtkOpenBox.h"
 
 namespace lorelin {
 namespace {
@@ -13,17 +13,6 @@ namespace {
 // The real boxes, looked at while they are open.
 class MessageBoxesTest : public testing::Test {
  protected:
-  static GtkDialog* OpenBox() {
-    GList* const windows = gtk_window_list_toplevels();
-    GtkDialog* found = nullptr;
-    for (GList* each = windows; each != nullptr; each = each->next) {
-      if (GTK_IS_MESSAGE_DIALOG(each->data) && gtk_widget_get_mapped(GTK_WIDGET(each->data)) != FALSE)
-        found = GTK_DIALOG(each->data);
-    }
-    g_list_free(windows);
-    return found;
-  }
-
   // Shows the box and answers it with the response once `look` has seen it.
   MessageAnswer Show(MessageIcon icon, MessageButtons buttons, int response,
                      const std::function<void(GtkDialog*)>& look = {}) {
@@ -37,6 +26,13 @@ class MessageBoxesTest : public testing::Test {
     });
     timer.Start(10);
     return boxes.Show("Möchten Sie?", "Frage", icon, buttons);
+  }
+
+  // What Enter presses.
+  static std::string FocusedButton(GtkDialog* box) {
+    GtkWidget* const focused = gtk_window_get_focus(GTK_WINDOW(box));
+    if (!GTK_IS_BUTTON(focused) || focused != gtk_window_get_default_widget(GTK_WINDOW(box))) return "(none)";
+    return gtk_button_get_label(GTK_BUTTON(focused));
   }
 
   static std::string DrawingOf(GtkDialog* box) {
@@ -69,6 +65,18 @@ TEST_F(MessageBoxesTest, ShowTheirIcons) {
     Show(icon, MessageButtons::Ok, GTK_RESPONSE_OK, [&](GtkDialog* box) { shown = DrawingOf(box); });
     EXPECT_EQ(shown, drawing);
   }
+}
+
+TEST_F(MessageBoxesTest, AreAnsweredWithNoByEnterWhereYesDestroys) {
+  std::string focused;
+  const auto look = [&](GtkDialog* box) { focused = FocusedButton(box); };
+  EXPECT_EQ(Show(MessageIcon::Question, MessageButtons::YesNoWarily, GTK_RESPONSE_YES, look),
+            MessageAnswer::Yes);
+  EXPECT_EQ(focused, "_Nein");
+  EXPECT_EQ(Show(MessageIcon::Question, MessageButtons::YesNoWarily, GTK_RESPONSE_DELETE_EVENT),
+            MessageAnswer::No);
+  EXPECT_EQ(Show(MessageIcon::Question, MessageButtons::YesNo, GTK_RESPONSE_NO, look), MessageAnswer::No);
+  EXPECT_EQ(focused, "_Ja");
 }
 
 TEST_F(MessageBoxesTest, TellEveryAnswer) {
