@@ -68,6 +68,8 @@ inline constexpr SettingKey SpellOut{"Settings", "SpellOut", SettingForm::OneZer
                                      "German voices get numbers and abbreviations in words"};
 inline constexpr SettingKey SpeakEmoji{"Settings", "SpeakEmoji", SettingForm::OneZero, "1",
                                        "emoji are spoken by their German names; else they are silent"};
+inline constexpr SettingKey LogTexts{"Settings", "LogTexts", SettingForm::OneZero, "0",
+                                     "the log holds every text that is read, too"};
 inline constexpr SettingKey LaunchMailProgram{"Extension Settings", "LaunchMailProgram",
                                               SettingForm::TrueFalse, "false",
                                               "open the e-mail program after an export"};
@@ -136,6 +138,7 @@ inline constexpr std::array All{
     &PitchInDialog,
     &SpellOut,
     &SpeakEmoji,
+    &LogTexts,
     &LaunchMailProgram,
     &Placement,
     &TextSize,

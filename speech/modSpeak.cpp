@@ -137,7 +137,14 @@ bool ModSpeak::Filter(TracedText& text) {
   return filtered.has_value();
 }
 
+// Nobody's log tells what was read, unless its owner wants to find out what went wrong with it.
+void ModSpeak::LogText(const std::string& text) {
+  if (IsOn(setting::LogTexts, parts_.settings.Get(setting::LogTexts)))
+    parts_.log.Write("Vorgelesen wird: " + text);
+}
+
 void ModSpeak::StartBoth(TracedText text, std::string source) {
+  LogText(text.Text());
   problem_.clear();
   traced_ = std::move(text);
   heardFrom_ = 0;

@@ -149,6 +149,7 @@ class ModSpeak {
                                      bool filter);
   // The filter's answer takes the text's place; false when the user gave that up.
   [[nodiscard]] bool Filter(TracedText& text);
+  void LogText(const std::string& text);
   void StartBoth(TracedText text, std::string source);
   void WaitForEnd();
   void ShowPauseHintOnce();

@@ -92,11 +92,21 @@ for where in named usual; do
   run_and_read
 done
 
-"$bin/lorelin-cli" reg add 'HKCU\Software\VB and VBA Program Settings\Lorelin\Recent' File1 "$home/brief-an-anna.txt"
+# One who looks for an error may ask for the texts.
+"$bin/lorelin-cli" reg add "$settings" LogTexts 1
+"$bin/lorelin-cli" run "$home/probe.vts" >/dev/null 2>&1
+check "texts are logged when that is asked for" test "$(holds "$secret")" = "$XDG_STATE_HOME/lorelin/lorelin.log"
+"$bin/lorelin-cli" reg add "$settings" LogTexts 0
+
 check "it starts once more" start "$home/brief-an-anna.txt"
 check "the list of documents holds the file" test -n "$(holds brief-an-anna.txt)"
 keys alt+d p
 check "it asks before private things go" within 10 dialog_is_there
+xdotool key Return
+check "Enter closes the box" within 10 dialog_is_gone
+check "by Enter nothing goes" test -n "$(holds brief-an-anna.txt)"
+keys alt+d p
+check "it asks once more" within 10 dialog_is_there
 xdotool key alt+j
 check "the box closes" within 10 dialog_is_gone
 keys ctrl+n

@@ -520,6 +520,17 @@ TEST(MapPercent, ReportsAnOverflowingSpanAndProduct) {
   EXPECT_EQ(MapPercent(100, 0, 21474836), 21474836);
 }
 
+TEST_F(Speak, LogsNoTextUnlessThatIsAskedFor) {
+  (void)Spoken("Zwetschgenmus");
+  EXPECT_TRUE(log.lines.empty());
+  Set(setting::LogTexts, "true");  // on is "1" alone
+  (void)Spoken("Zwetschgenmus");
+  EXPECT_TRUE(log.lines.empty());
+  Set(setting::LogTexts, "1");
+  (void)Spoken("Zwetschgenmus");
+  EXPECT_EQ(log.lines, std::vector<std::string>{"Vorgelesen wird:  Zwetschgenmus "});
+}
+
 TEST_F(Speak, HoldsATextUntilItGoesOnOrAnotherBegins) {
   Set(setting::ShowPauseMsg, "false");
   speech.PauseSpeech();
