@@ -23,6 +23,7 @@ SEED = int(sys.argv[2]) if len(sys.argv) > 2 and sys.argv[2] else random.randran
 DOCUMENTS = ("ebenen.epub", "formen.docx", "gedicht.docx", "ebenen.odt", "ebenen.fb2", "ebenen.html", "formen.md", "ebenen.pdf")
 MOST_DESCRIPTORS = 12  # more than after the first steps
 MOST_MEMORY = 60  # MB more, at the end, than after the first third
+REST = 120  # seconds in which engines are not started again that ended too often
 PATIENCE = 60  # seconds that anything may take on a busy machine
 
 
@@ -172,8 +173,8 @@ class Soak:
     def export(self):
         self.new()
         self.window.type("Das wird eine Tondatei.")
-        self.window.keys("F5")
-        within(PATIENCE, lambda: self.window.status() == "Playing")
+        if not within(REST + PATIENCE, self.plays):
+            raise Failure(f"nothing is read any more: {self.window.close_boxes()}")
         within(PATIENCE, lambda: self.window.status() != "Playing")
         target = self.folder / "sounds" / f"{len(self.figures)}ton.wav"
         if not self.window.answer("ctrl+e", str(target)):
@@ -181,6 +182,11 @@ class Soak:
         if not within(PATIENCE, target.exists):
             raise Failure(f"{target.name} was not written: {self.window.close_boxes()}")
         return f"{target.stat().st_size} bytes"
+
+    def plays(self):
+        """Asked for again and again: engines that end too often are left alone for a while."""
+        self.window.keys("F5")
+        return within(5, lambda: self.window.status() == "Playing")
 
     def new(self):
         self.window.keys("Escape", "ctrl+n")
