@@ -262,8 +262,11 @@ class Soak:
     def end_and_start(self):
         word = self.edit()
         self.answers.ended = True
+        left = [number for number, _, _ in below(self.window.pid)]
         kill_all([self.window.pid])
         self.window.process.wait()
+        # A process that end_engine stopped cannot see that nobody is there any more.
+        kill_all(left, signal.SIGCONT)
         self.start()
         if not within(PATIENCE, lambda: self.is_safe(word)):
             raise Failure(f"{word} is lost after a kill")
