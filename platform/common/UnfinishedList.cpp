@@ -13,13 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Whoever reads the list stands in another folder.
-std::string Absolute(const std::string& path) {
-  std::error_code error;
-  const fs::path absolute = fs::absolute(NativePath(path), error);
-  return error ? path : PathText(absolute);
-}
-
 fs::path OwnList(const std::string& cacheFolder) {
   return NativePath(cacheFolder) / (std::string(kUnfinishedListPrefix) + std::to_string(ProcessNumber()));
 }
@@ -34,12 +27,13 @@ UnfinishedList::~UnfinishedList() {
 void UnfinishedList::Add(const std::string& path) {
   const std::lock_guard guard(mutex_);
   RemoveAbandonedRuns(cacheFolder_);
-  if (paths_.insert(Absolute(path)).second) Write();
+  // Whoever reads the list stands in another folder.
+  if (paths_.insert(AbsolutePath(path)).second) Write();
 }
 
 void UnfinishedList::Remove(const std::string& path) {
   const std::lock_guard guard(mutex_);
-  if (paths_.erase(Absolute(path)) > 0) Write();
+  if (paths_.erase(AbsolutePath(path)) > 0) Write();
 }
 
 // Names may hold any other character.
