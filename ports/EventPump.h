@@ -20,7 +20,7 @@ class EventPump {
 
   // Has `task` run on the user-interface thread as soon as events are handled there; wakes a sleeping pump.
   // Any thread. Tasks run in the order in which they were posted; after the pump's end they are dropped. What
-  // a task posts waits for a later round, so that long work can be done in steps between keys and drawing.
+  // a task posts may wait for a later round, so that long work can be done in steps between keys and drawing.
   virtual void Post(std::function<void()> task) = 0;
 };
 
