@@ -68,8 +68,7 @@ class AnswerReader {
   }
   bool Flag() { return Within<int>(1) == 1; }
   std::string Text() {
-    const std::uint64_t size = Number();
-    Need(size <= rest_.size());
+    const std::size_t size = Count(1);
     std::string text(rest_.substr(0, size));
     rest_.remove_prefix(size);
     Need(IsValidUtf8(text) && text.find('\0') == std::string::npos);
@@ -84,7 +83,7 @@ class AnswerReader {
   std::size_t Count(std::size_t bytes) {
     const std::uint64_t count = Number();
     Need(count <= rest_.size() / bytes);
-    return count;
+    return static_cast<std::size_t>(count);
   }
   void End() const { Need(rest_.empty()); }
 
