@@ -18,6 +18,7 @@ install(PROGRAMS extensions/python/protokoll.py DESTINATION ${CMAKE_INSTALL_DATA
 install(TARGETS lorelin-engine lorelin-import RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(TARGET lorelin)
   install(TARGETS lorelin XMGR RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(TARGETS lorelin-page LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/lorelin)
 endif()
 install(FILES packaging/vts.ico DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin)
 install(DIRECTORY hypertext packaging/scripts DESTINATION ${CMAKE_INSTALL_DATADIR}/lorelin)

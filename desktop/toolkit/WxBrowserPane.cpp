@@ -77,7 +77,7 @@ void WxBrowserPane::CreateView() {
     CreateSubstitute();
     return;
   }
-  view_ = wxWebView::New(this, wxID_ANY, "about:blank");
+  view_ = NewPageView(this, Events());
   view_->EnableContextMenu(false);
   SetAccessibleName(*view_, "Seite");
   LetPageTakeFocus(*view_);
@@ -88,13 +88,15 @@ void WxBrowserPane::CreateView() {
   LetPageSend(*view_, kMessageHandler);
   view_->AddUserScript(kReportClicks);
   view_->AddUserScript(kBeginAtContents, wxWEBVIEW_INJECT_AT_DOCUMENT_END);
-  view_->Bind(wxEVT_WEBVIEW_SCRIPT_MESSAGE_RECEIVED,
-              [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); });
-  view_->Bind(wxEVT_WEBVIEW_LOADED, [this](wxWebViewEvent&) { TellThatPageIsUsable(*view_); });
-  view_->Bind(wxEVT_WEBVIEW_NAVIGATING, &WxBrowserPane::OnNavigating, this);
-  view_->Bind(wxEVT_WEBVIEW_NEWWINDOW, &WxBrowserPane::OnNewWindow, this);
-  view_->Bind(wxEVT_WEBVIEW_ERROR, &WxBrowserPane::OnError, this);
   if (viewMade_) viewMade_(*view_);
+}
+
+PageEvents WxBrowserPane::Events() {
+  return {.message = [this](wxWebViewEvent& event) { clicked_ = FromWx(event.GetString()); },
+          .loaded = [this](wxWebViewEvent&) { TellThatPageIsUsable(*view_); },
+          .navigating = [this](wxWebViewEvent& event) { OnNavigating(event); },
+          .newWindow = [this](wxWebViewEvent& event) { OnNewWindow(event); },
+          .error = [this](wxWebViewEvent& event) { OnError(event); }};
 }
 
 // Everything else goes on without pages.
@@ -102,7 +104,7 @@ void WxBrowserPane::CreateSubstitute() {
   log_.Write("Dieses System kann keine Seiten zeigen.");
   auto* const reason = new wxStaticText(
       this, wxID_ANY,
-      ToWx("Hier stünde eine Seite, aber auf diesem Computer fehlt, womit Windows Seiten zeigt.\n\n"
+      ToWx("Hier stünde eine Seite, aber auf diesem Computer fehlt, womit Seiten gezeigt werden.\n\n"
            "Texte schreiben, öffnen und vorlesen geht trotzdem: im Menü „Ansicht“ mit „Textmodus“."));
   substitute_ = new wxButton(this, wxID_ANY, ToWx("&Seite im Webbrowser öffnen"));
   substitute_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {

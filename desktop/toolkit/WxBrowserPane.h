@@ -1,10 +1,10 @@
 #pragma once
 
 #include <wx/panel.h>
-#include <wx/webview.h>
 
 #include <string>
 
+#include "desktop/toolkit/browserEngine.h"
 #include "ports/BrowserPane.h"
 #include "ports/Log.h"
 
@@ -39,6 +39,7 @@ class WxBrowserPane final : public wxPanel, public BrowserPane {
   void ShowPage();
   void CreateView();
   void CreateSubstitute();
+  PageEvents Events();
   void OnNavigating(wxWebViewEvent& event);
   void OnNewWindow(wxWebViewEvent& event);
   void OnError(wxWebViewEvent& event);

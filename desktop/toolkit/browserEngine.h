@@ -2,11 +2,26 @@
 
 #include <wx/webview.h>
 
+#include <functional>
+
 namespace lorelin {
+
+// What a view tells of its page.
+struct PageEvents {
+  using Handler = std::function<void(wxWebViewEvent&)>;
+  Handler message;
+  Handler loaded;
+  Handler navigating;
+  Handler newWindow;
+  Handler error;
+};
 
 // Whether a web view can show pages on this system. Prepares the engine when there is one; to be asked before
 // the first view is made.
 [[nodiscard]] bool HasBrowserEngine();
+
+// An empty view, owned by its parent, which tells of its pages from the first on.
+[[nodiscard]] wxWebView* NewPageView(wxWindow* parent, const PageEvents& events);
 
 // Lets the page itself, not what it lies in, take the focus; once for each view.
 void LetPageTakeFocus(wxWebView& view);

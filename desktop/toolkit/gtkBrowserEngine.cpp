@@ -8,11 +8,6 @@
 #include <utility>
 
 namespace lorelin {
-
-bool HasBrowserEngine() {
-  return true;
-}
-
 namespace {
 
 constexpr std::array kStates{ATK_STATE_ENABLED, ATK_STATE_SENSITIVE, ATK_STATE_VISIBLE, ATK_STATE_SHOWING};

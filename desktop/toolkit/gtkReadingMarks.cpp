@@ -145,15 +145,22 @@ class GtkReadingMarks final : public ReadingMarks {
   void Keep(gpointer object, gulong handler) { handlers_.emplace_back(g_object_ref(object), handler); }
 
   void ListenToText() {
-    Keep(buffer_,
-         g_signal_connect_after(
-             buffer_, "insert-text",
-             G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* end, gchar* text, gint size, gpointer self) {
-               const auto inserted = static_cast<std::size_t>(g_utf8_strlen(text, size));
-               const auto behind = static_cast<std::size_t>(gtk_text_iter_get_offset(end));
-               static_cast<GtkReadingMarks*>(self)->Edited(behind - inserted, 0, inserted);
-             }),
-             this));
+    // The buffer knows how much it holds; to count a long text anew takes its time.
+    Keep(buffer_, g_signal_connect(
+                      buffer_, "insert-text",
+                      G_CALLBACK(+[](GtkTextBuffer* buffer, GtkTextIter*, gchar*, gint, gpointer self) {
+                        static_cast<GtkReadingMarks*>(self)->before_ = gtk_text_buffer_get_char_count(buffer);
+                      }),
+                      this));
+    Keep(buffer_, g_signal_connect_after(
+                      buffer_, "insert-text",
+                      G_CALLBACK(+[](GtkTextBuffer* buffer, GtkTextIter* end, gchar*, gint, gpointer self) {
+                        auto* const marks = static_cast<GtkReadingMarks*>(self);
+                        const gint inserted = gtk_text_buffer_get_char_count(buffer) - marks->before_;
+                        marks->Edited(static_cast<std::size_t>(gtk_text_iter_get_offset(end) - inserted), 0,
+                                      static_cast<std::size_t>(inserted));
+                      }),
+                      this));
     Keep(buffer_,
          g_signal_connect(buffer_, "delete-range",
                           G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* from, GtkTextIter* to, gpointer self) {
@@ -257,6 +264,7 @@ class GtkReadingMarks final : public ReadingMarks {
   ViewFollowing following_;
   std::optional<std::uint32_t> ground_;
   bool applying_ = false;
+  gint before_ = 0;  // characters, before something is inserted
   std::size_t removed_ = 0;
   std::function<void(std::size_t, std::size_t, std::size_t)> edited_;
   std::vector<std::pair<gpointer, gulong>> handlers_;

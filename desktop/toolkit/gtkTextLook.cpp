@@ -1,8 +1,10 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
+#include "base/textEncoding.h"
 #include "desktop/toolkit/colours.h"
 #include "desktop/toolkit/innerMargins.h"
 #include "desktop/toolkit/textLook.h"
@@ -33,9 +35,7 @@ class TextLook::Implementation : public wxEvtHandler {
     handler_ = g_signal_connect_after(
         buffer_, "insert-text",
         G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* end, gchar* text, gint size, gpointer self) {
-          GtkTextIter from = *end;
-          gtk_text_iter_backward_chars(&from, static_cast<gint>(g_utf8_strlen(text, size)));
-          static_cast<Implementation*>(self)->Space(from, *end);
+          static_cast<Implementation*>(self)->Inserted(*end, {text, static_cast<std::size_t>(size)});
         }),
         this);
   }
@@ -91,8 +91,18 @@ class TextLook::Implementation : public wxEvtHandler {
     Space(from, to);
   }
 
+  [[nodiscard]] bool Spaces() const { return look_.letterSpacing != 0 && tag_ != nullptr; }
+
   void Space(const GtkTextIter& from, const GtkTextIter& to) {
-    if (look_.letterSpacing != 0 && tag_ != nullptr) gtk_text_buffer_apply_tag(buffer_, tag_, &from, &to);
+    if (Spaces()) gtk_text_buffer_apply_tag(buffer_, tag_, &from, &to);
+  }
+
+  // The letters of a long text are counted only for who wants it.
+  void Inserted(const GtkTextIter& end, std::string_view text) {
+    if (!Spaces()) return;
+    GtkTextIter from = end;
+    gtk_text_iter_backward_chars(&from, static_cast<gint>(CharacterCount(text)));
+    Space(from, end);
   }
 
   // A column in the middle of the view.

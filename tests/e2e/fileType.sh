@@ -10,7 +10,7 @@ unset LORELIN_HOME
 export HOME=$home XDG_CACHE_HOME=$home/cache XDG_CURRENT_DESKTOP=GNOME
 mkdir -p "$home/prog"
 no_survey "$bin"
-cp -r "$bin/lorelin" "$bin/lorelin-engine" "$bin/hypertext" "$bin/vts.ico" "$home/prog"
+cp -r "$bin/lorelin" "$bin/lorelin-engine" "$bin/lorelin-page.so" "$bin/hypertext" "$bin/vts.ico" "$home/prog"
 printf 'Stopp();' >"$home/x.vts"
 
 window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }

@@ -50,6 +50,42 @@ names_programs() { # names_programs FILE: of the installed entry, as a desktop r
   grep -q '^Exec=' "$1" && ! grep '^Exec=' "$1" | grep -vqF "Exec=\"$prefix/bin/lorelin\""
 }
 
+# window WHAT... : runs the installed window until what is told of its process, $process, holds; 20 s at most.
+window() {
+  local what=$1
+  shift
+  no_survey "$prefix/bin"
+  "$source/tools/with-display" bash -c '
+    what=$1 program=$2
+    shift 2
+    "$program" "$@" >/dev/null 2>&1 &
+    process=$!
+    for ((i = 0; i < 400; i++)); do
+      eval "$what" && break
+      sleep 0.05
+    done
+    eval "$what"
+    result=$?
+    kill -KILL $process
+    exit $result' window "$what" "$prefix/bin/lorelin" "$@" 2>/dev/null
+}
+shows_pages() { window 'grep -q "/lorelin-page\.so" "/proc/$process/maps"'; }
+# The engine of the pages would take half of the time until a text is there.
+opens_texts_without_pages() {
+  echo "Guten Morgen." >"$home/brief.txt"
+  window 'xdotool search --onlyvisible --name "brief\.txt" >/dev/null 2>&1 && ! grep -q webkit "/proc/$process/maps"' "$home/brief.txt"
+}
+opens_where_no_pages_can_be_shown() {
+  local library result
+  library=$(find "$prefix/lib" -name lorelin-page.so)
+  mv "$library" "$home/" || return 1
+  window "xdotool search --onlyvisible --name 'Lorelin\$' >/dev/null 2>&1 &&
+    grep -rqs --include='*.log' 'kann keine Seiten zeigen' '$home'"
+  result=$?
+  mv "$home/lorelin-page.so" "$library"
+  return $result
+}
+
 installs() { cmake --install "$bin/.." --prefix "$prefix" >/dev/null; }
 installs_for_a_package() { DESTDIR=$home/root cmake --install "$bin/.." --prefix /usr >/dev/null; }
 
@@ -73,6 +109,9 @@ check "the bus starts the extension by its name" is_started_by_its_name
 mv "$prefix" "$home/anderswo"
 prefix=$home/anderswo
 check "it speaks from another folder" speaks
+check "it finds there what shows pages" shows_pages
+check "it opens where that is missing" opens_where_no_pages_can_be_shown
+check "a text is opened without" opens_texts_without_pages
 check "it installs into a package's folder" installs_for_a_package
 check "there the entry is that of the source" cmp "$home/root/usr/share/applications/lorelin.desktop" "$source/packaging/linux/lorelin.desktop"
 check "there the bus gets the program's last place" grep -qx 'Exec=/usr/bin/lorelin-abkuerzungen' \

@@ -82,7 +82,7 @@ for where in named usual; do
     unset LORELIN_HOME
     # Beside a program that is installed where nobody may write.
     mkdir -p "$home/usr/bin" "$home/usr/share/lorelin"
-    cp "$bin"/lorelin "$bin"/lorelin-cli "$bin"/lorelin-engine "$bin"/lorelin-import "$home/usr/bin"
+    cp "$bin"/lorelin "$bin"/lorelin-cli "$bin"/lorelin-engine "$bin"/lorelin-import "$bin"/lorelin-page.so "$home/usr/bin"
     cp -r "$bin/hypertext" "$home/usr/share/lorelin"
     bin=$home/usr/bin
     export XDG_CACHE_HOME=$home/cache
