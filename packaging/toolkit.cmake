@@ -1,5 +1,7 @@
-# lorelin_wx: wxWidgets, as a library of others, whose headers give no warnings.
+# lorelin_wx: wxWidgets, as a library of others, whose headers give no warnings. lorelin_webview: what shows pages, too.
 add_library(lorelin_wx INTERFACE)
+add_library(lorelin_webview INTERFACE)
+target_link_libraries(lorelin_webview INTERFACE lorelin_wx)
 if(MSVC)
   find_package(wxWidgets REQUIRED COMPONENTS webview core base)
   include(${wxWidgets_USE_FILE})
@@ -10,7 +12,11 @@ endif()
 find_program(WX_CONFIG wx-config REQUIRED)
 execute_process(COMMAND ${WX_CONFIG} --cxxflags core base webview OUTPUT_VARIABLE WX_CXXFLAGS
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-execute_process(COMMAND ${WX_CONFIG} --libs webview core base OUTPUT_VARIABLE WX_LIBS
+set(WX_PARTS webview core base)
+if(NOT WIN32)
+  set(WX_PARTS core base)
+endif()
+execute_process(COMMAND ${WX_CONFIG} --libs ${WX_PARTS} OUTPUT_VARIABLE WX_LIBS
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(WX_CXXFLAGS)
 string(REPLACE "-I" "-isystem" WX_CXXFLAGS "${WX_CXXFLAGS}")
@@ -24,7 +30,13 @@ if(WIN32 AND NOT LORELIN_TESTS)
 endif()
 target_link_libraries(lorelin_wx INTERFACE ${WX_LIBS})
 if(NOT WIN32)
-  pkg_check_modules(GTK REQUIRED gtk+-3.0 webkit2gtk-4.0)
+  pkg_check_modules(GTK REQUIRED gtk+-3.0)
   target_include_directories(lorelin_wx SYSTEM INTERFACE ${GTK_INCLUDE_DIRS})
   target_link_libraries(lorelin_wx INTERFACE ${GTK_LINK_LIBRARIES})
+  execute_process(COMMAND ${WX_CONFIG} --libs webview OUTPUT_VARIABLE WX_WEBVIEW_LIBS
+                  OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  separate_arguments(WX_WEBVIEW_LIBS)
+  pkg_check_modules(WEBKIT REQUIRED webkit2gtk-4.0)
+  target_include_directories(lorelin_webview SYSTEM INTERFACE ${WEBKIT_INCLUDE_DIRS})
+  target_link_libraries(lorelin_webview INTERFACE ${WX_WEBVIEW_LIBS} ${WEBKIT_LINK_LIBRARIES})
 endif()
