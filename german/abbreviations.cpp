@@ -180,6 +180,18 @@ bool SpeaksOfPay(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "Arthritis", "Beckenfraktur".
+bool MeansDisease(std::string_view noun) {
+  return HasSuffix(
+      WithLowerStart(noun),
+      {"itis",    "läsion",    "ruptur",   "fraktur",    "infarkt",  "embolie",   "thrombose", "zinom",
+       "phom",    "matom",     "denom",    "lanom",      "ukom",     "myom",      "ödem",      "suffizienz",
+       "stenose", "pneumonie", "infekt",   "infektion",  "syndrom",  "hernie",    "arthrose",  "allergie",
+       "prolaps", "anämie",    "diabetes", "hypertonie", "anfall",   "epilepsie", "demenz",    "vorfall",
+       "blutung", "bruch",     "grippe",   "sklerose",   "zirrhose", "fibrose",   "mykose",    "störung",
+       "insult",  "ischämie",  "reizung",  "entzündung", "krankheit"});
+}
+
 bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
   switch (one.around) {
@@ -264,8 +276,10 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Attribute:
       return StandsAsAttribute(tokens, i, next);
     case Around::Letter:
+      if (next > end && tokens.IsCapital(next) && tokens.View(next).size() == 1 && tokens.IsNumber(next + 1))
+        return true;  // "Gr. W34"
       return next > end && (IsOneOf(tokens.View(next), {"A", "B", "C", "D", "E", "F", "G", "H", "S", "M", "L",
-                                                        "XS", "XL", "XXL"}) ||
+                                                        "BE", "CE", "C1E", "AM", "T", "XS", "XL", "XXL"}) ||
                             (tokens.IsWord(next) && RomanValue(tokens.View(next)) != 0));
     case Around::Inside:
       return !tokens.OpensClause(i);
@@ -297,6 +311,18 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return next > end && IsOneOf(tokens.View(next), {"aus", "von", "an", "vom", "zurück", "auch", "und"});
     case Around::Section:
       return tokens.Is(next, "§");
+    case Around::Ward:
+      return HasSuffix(
+          WithLowerStart(tokens.View(next)),
+          {"behandlung",  "behandlungen",   "aufenthalt", "aufenthalte", "aufenthalts", "aufenthaltes",
+           "aufnahme",    "wiederaufnahme", "therapie",   "pflege",      "reha",        "rehabilitation",
+           "einrichtung", "patient",        "patienten",  "entlassung",  "operation",   "abklärung",
+           "versorgung",  "einweisung",     "maßnahme",   "betreuung",   "verlauf",     "überwachung",
+           "leistung",    "leistungen"});
+    case Around::Listed:
+      return tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), ",");
+    case Around::Disease:
+      return MeansDisease(tokens.View(NounBehind(tokens, next)));
     case Around::Degrees:
       return tokens.Before(i) != Tokens::kNone &&
              IsOneOf(tokens.View(tokens.Before(i)), {"°", "′", "″", "'", "\""}) && i >= 3 &&
@@ -358,6 +384,10 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   // A dash or a point that touches belongs to another word: "Bezugs-Nr.", "www.inkl.de".
   if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&")))
     return std::nullopt;
+  // "Baker Street 221b.": the letter of a number, but "S. 12f."
+  if (i > 0 && word.size() == 1 && word != "f" && tokens.IsNumber(i - 1) && tokens.Is(i + 1, ".") &&
+      (tokens.IsCapital(tokens.Skip(i + 2)) || tokens.Skip(i + 2) == tokens.Count()))
+    return std::nullopt;
   // The second letter of one that is none: "3 p.m."
   if (i >= 2 && word.size() == 1 && tokens.Is(i - 1, ".") && tokens.View(i - 2).size() == 1)
     return std::nullopt;
@@ -416,58 +446,6 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
     std::string whole = std::string(word) + std::string(rest);
     if (IsNounFrom(whole, latest)) return CutNoun{std::move(whole), i + 2};
   }
-  return std::nullopt;
-}
-
-namespace {
-
-// "unfallfr.", "rezeptpfl.", "fristger.": what is missing at the end of a compound of which nothing else is
-// cut.
-std::string_view RestOfAdjective(std::string_view word) {
-  struct Part {
-    std::string_view written;
-    std::string_view rest;
-  };
-  constexpr Part kParts[] = {{"fr", "ei"},         {"pfl", "ichtig"},          {"fähi", "g"},
-                             {"formger", "echt"},  {"fristger", "echt"},       {"altersger", "echt"},
-                             {"sachger", "echt"},  {"artger", "echt"},         {"fachger", "echt"},
-                             {"kindger", "echt"},  {"behindertenger", "echt"}, {"ordnungsgem", "äß"},
-                             {"fristgem", "äß"},   {"vertragsgem", "äß"},      {"sachgem", "äß"},
-                             {"planm", "äßig"},    {"rechtm", "äßig"},         {"regelm", "äßig"},
-                             {"gleichm", "äßig"},  {"verhältnism", "äßig"},    {"sbed", "ingt"},
-                             {"reichh", "altig"},  {"barrierefr", "ei"},       {"vorschriftsm", "äßig"},
-                             {"gewerbsm", "äßig"}, {"unabh", "ängig"},         {"abh", "ängig"},
-                             {"zust", "ändig"},    {"selbstst", "ändig"}};
-  for (const Part& part : kParts) {
-    if (word.size() >= part.written.size() + 4 && word.ends_with(part.written)) return part.rest;
-    if (part.written.size() > 4 && word == part.written) return part.rest;
-  }
-  return {};
-}
-
-}  // namespace
-
-std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
-  const auto word = tokens.View(i);
-  if (tokens.IsWord(i) && !IsAllCaps(word) && tokens.Is(i + 1, ".") && tokens.FreeBefore(i) &&
-      (!IsUpperWord(word) || tokens.OpensClause(i)) && !NounOf(word).known) {
-    const std::size_t noun = NounBehind(tokens, tokens.Skip(i + 2));
-    if (const auto rest = RestOfAdjective(word); !rest.empty())
-      return FoundEnding{rest, noun != Tokens::kNone && tokens.IsBlank(i + 2), i + 2};
-  }
-  if (word.size() < 5 || !tokens.Is(i + 1, ".") || !tokens.IsBlank(i + 2) || !tokens.FreeBefore(i))
-    return std::nullopt;
-  const bool consonant =
-      std::string_view("bcdfghjkmnpqrstvwxz").find(word[word.size() - 2]) != std::string_view::npos;
-  if (!consonant || (IsUpperWord(word) && !tokens.OpensClause(i))) return std::nullopt;
-  const std::size_t next = i + 3;
-  const bool noun = tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
-  const bool goesOn = noun || (tokens.IsWord(next) && !tokens.IsCapital(next)) || tokens.IsNumber(next);
-  if (!goesOn || NounOf(word).whole) return std::nullopt;
-  if (word.ends_with("schl"))  // "abgeschl. Ausbildung", "beschl."
-    return FoundEnding{"ossen", NounBehind(tokens, next) != Tokens::kNone, i + 2};
-  if (word.ends_with('l')) return FoundEnding{"ich", NounBehind(tokens, next) != Tokens::kNone, i + 2};
-  if (word.ends_with('w') && !IsUpperWord(word)) return FoundEnding{"eise", false, i + 2};
   return std::nullopt;
 }
 
@@ -559,7 +537,8 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
     const std::size_t behind = tokens.Skip(i + 2);
     // "Betriebstemp. -10", "ab Kaufdat.": no word ends like that.
-    const bool parted = point && tokens.IsCapital(i) && !NounOf(tokens.View(i)).known &&
+    const bool parted = point && tokens.IsCapital(i) &&
+                        (!NounOf(tokens.View(i)).known || part.written == "abt") &&
                         part.written.size() + (EndsLikeNoWord(word) ? 3 : 4) <= word.size() &&
                         (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) ||
                          (part.written.size() > 2 && tokens.IsLast(i + 1)) || ShortWordAt(tokens, behind));

@@ -63,6 +63,9 @@ enum class Around : std::uint8_t {
   Wanted,          // "an", "für" or a comma stands before
   Release,         // a number with a point in it follows
   Greeted,         // from whom or to whom follows
+  Ward,            // a stay in a hospital or the like follows
+  Listed,          // a comma stands before
+  Disease,         // a disease follows
   DayBefore        // an ordinal stands before: "19. Jh."
 };
 

@@ -39,11 +39,11 @@ std::size_t EndOfAddress(const Tokens& tokens, std::size_t i) {
 }
 
 bool IsDomainEnding(std::string_view word) {
-  return IsOneOf(word, {"de",     "com",     "org",    "net",     "eu",       "at",   "ch",    "info", "io",
-                        "gov",    "edu",     "uk",     "fr",      "it",       "es",   "nl",    "be",   "tv",
-                        "app",    "dev",     "berlin", "hamburg", "bayern",   "biz",  "me",    "li",   "lu",
-                        "pl",     "dk",      "se",     "us",      "online",   "shop", "koeln", "wiki", "int",
-                        "museum", "example", "test",   "local",   "localhost"});
+  return IsOneOf(word, {"de",  "com", "org",    "net",     "eu",     "at",    "ch",       "info", "io",
+                        "gov", "edu", "uk",     "fr",      "it",     "es",    "nl",       "be",   "tv",
+                        "app", "dev", "berlin", "hamburg", "bayern", "biz",   "me",       "li",   "lu",
+                        "pl",  "dk",  "se",     "us",      "online", "shop",  "koeln",    "wiki", "int",
+                        "ly",  "ai",  "museum", "example", "test",   "local", "localhost"});
 }
 
 bool IsFileEnding(std::string_view word) {

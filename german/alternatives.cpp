@@ -2,6 +2,8 @@
 
 #include "german/grammar.h"
 #include "german/nouns.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
 
 namespace lorelin {
 namespace {
@@ -64,10 +66,39 @@ Found ManAndWomanAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 3, std::string(first) + " oder " + std::string(second)};
 }
 
+bool IsSize(std::string_view word) {
+  return IsOneOf(word, {"XXS", "XS", "S", "M", "L", "XL", "XXL", "XXXL"});
+}
+
+// "Größen S–XXL", "XS-L".
+Found SizeSpanAt(const Tokens& tokens, std::size_t i) {
+  const bool span = IsSize(tokens.View(i)) && tokens.IsDashAt(i + 1) && IsSize(tokens.View(i + 2)) &&
+                    tokens.FreeBehind(i + 2) && !tokens.IsDashAt(i + 3);
+  const bool certain = tokens.View(i).size() > 1 || tokens.View(i + 2).size() > 1 ||
+                       HasPrefix(tokens.WordBefore(i), {"Gr", "Größe"});
+  if (!span || !certain) return std::nullopt;
+  return Phrase{i + 3, std::string(tokens.View(i)) + " bis " + std::string(tokens.View(i + 2))};
+}
+
+// "Q2–Q4", "B1-B2".
+Found NumberedSpanAt(const Tokens& tokens, std::size_t i) {
+  const auto first = DigitsAt(tokens, i + 1, 2);
+  const auto second = DigitsAt(tokens, i + 4, 2);
+  if (!first || !second || *first >= *second || tokens.View(i).size() != 1 || !tokens.IsCapital(i) ||
+      !tokens.IsDashAt(i + 2) || !tokens.Is(i + 3, tokens.View(i)) || !tokens.FreeBehind(i + 4) ||
+      tokens.IsDashAt(i + 5))
+    return std::nullopt;
+  const std::string letter(tokens.View(i));
+  return Phrase{i + 5,
+                letter + " " + CardinalWords(*first) + " bis " + letter + " " + CardinalWords(*second)};
+}
+
 }  // namespace
 
 Found AlternativesAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsWord(i) || !tokens.FreeBefore(i)) return std::nullopt;
+  if (auto found = SizeSpanAt(tokens, i)) return found;
+  if (auto found = NumberedSpanAt(tokens, i)) return found;
   if (!tokens.Is(i + 1, "/") || tokens.Is(i + 3, "/")) return std::nullopt;
   if (i > 0 && IsOneOf(tokens.View(i - 1), {"/", "-", ".", "@", "_"})) return std::nullopt;
   for (const auto reading : {&CutArticleAt, &TwoPronounsAt, &WomanBehindManAt, &ManAndWomanAt}) {

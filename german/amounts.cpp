@@ -223,7 +223,12 @@ bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantit
   if (tokens.View(unitAt).size() == 1 && file > unitAt + 1 && tokens.IsNumber(file) &&
       tokens.Is(file + 1, "/") && tokens.IsNumber(file + 2))
     return false;
-  if (unit.singular == "Kelvin") return !quantity.number.IsWhole() || unit.end != unitAt + 1;
+  // "205/55 R 16 91 V" of a tyre.
+  if (unit.singular == "Volt" && first > 1 && tokens.IsBlank(first - 1) && tokens.IsNumber(first - 2))
+    return false;
+  if (unit.singular == "Kelvin")
+    return !quantity.number.IsWhole() || unit.end != unitAt + 1 || quantity.number.value >= 1000 ||
+           (quantity.number.value >= 70 && tokens.IsBlank(unitAt - 1) && !tokens.IsCapital(file));
   if (unit.singular == "Ampere")
     return !quantity.number.IsWhole() || (HasElectricContext(tokens) && !LabelBefore(tokens, first));
   const auto sign = tokens.View(unitAt);
@@ -428,8 +433,11 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
     return Phrase{second->end, NumberText(*first) + " mal " + NumberText(*second)};
   const bool word = tokens.Is(tokens.Skip(first->end), "bis");
   const bool shortened = ShortensYear(*first, tokens, at);
-  const bool rising =
-      first->value < second->value || shortened || (first->value == second->value && !first->IsWhole());
+  const std::size_t era = tokens.Skip(second->end);  // "218–201 v. Chr."
+  const bool before =
+      tokens.Is(era, "v") && tokens.Is(era + 1, ".") && tokens.Is(tokens.Skip(era + 2), "Chr");
+  const bool rising = before || first->value < second->value || shortened ||
+                      (first->value == second->value && !first->IsWhole());
   if (!word && (!rising || (first->whole.front() == '0' && first->whole.size() > 1) ||
                 (tokens.Is(first->end, "-") && IsCodeBefore(tokens, i))))
     return std::nullopt;
@@ -476,6 +484,8 @@ bool MayBeFraction(const Tokens& tokens, std::size_t i, const Fraction& fraction
   if (tokens.IsDashAt(fraction.end) || LabelBefore(tokens, i) || IsAllCaps(tokens.WordBefore(i)))
     return false;
   const std::size_t next = tokens.Skip(fraction.end);
+  if (IsOneOf(tokens.WordBefore(i), {"Bruch", "Bruchs", "Bruches", "Brüche", "Brüchen", "Anteil"}))
+    return true;
   if (IsOneOf(tokens.View(next),
               {"der", "des", "aller", "davon", "von", "seiner", "ihrer", "unserer", "meiner", "dieser"}))
     return true;
@@ -487,6 +497,11 @@ bool MayBeFraction(const Tokens& tokens, std::size_t i, const Fraction& fraction
 // "1/2 Liter", "eine halbe Zitrone".
 Found FractionOfNoun(const Tokens& tokens, std::size_t i, const Fraction& fraction) {
   const std::size_t at = tokens.Skip(fraction.end);
+  // "die 1/2 der Zeit".
+  if (fraction.numerator == 1 && fraction.denominator == 2 &&
+      IsOneOf(tokens.View(at), {"der", "des", "von"}) &&
+      IsOneOf(tokens.WordBefore(i), {"die", "der", "zur", "Die"}))
+    return Phrase{fraction.end, "Hälfte"};
   const std::size_t noun = NounBehind(tokens, at);
   if (noun == Tokens::kNone || at == fraction.end || StartsSentences(tokens.View(noun))) return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);

@@ -34,6 +34,13 @@ bool MovesSomething(const Tokens& tokens, std::size_t i) {
 // "Auf 1 Arzt kommen 500 Einwohner".
 bool FallsTo(const Tokens& tokens, std::size_t first) {
   constexpr std::size_t kNear = 10;  // tokens
+  // "Runde auf 1 Stelle", "warten auf 1 Platz".
+  for (std::size_t at = first > kNear ? first - kNear : 0; at < first + kNear; ++at) {
+    if (HasPrefix(WithLowerStart(tokens.View(at)),
+                  {"runde", "gerundet", "aufgerundet", "kürz", "gekürzt", "begrenz", "beschränk", "reduzier",
+                   "verteil", "warte", "hoff"}))
+      return true;
+  }
   for (std::size_t at = first; at < first + kNear; ++at) {
     if (IsOneOf(tokens.View(at), {"kommen", "kommt", "kamen", "kam", "entfallen", "entfällt", "entfielen"}))
       return true;

@@ -13,11 +13,11 @@ constexpr std::size_t kMostPhoneDigits = 16;
 
 // Behind these long numbers are said digit by digit.
 bool IsCodeWord(std::string_view word) {
-  return HasSuffix(word,
-                   {"nummer",  "Nummer",  "ID",       "Nr",           "nr",       "Kunde", "SN",
-                    "Konto",   "konto",   "PIN",      "TAN",          "Code",     "code",  "Aktenzeichen",
-                    "zeichen", "RE",      "BLZ",      "Bankleitzahl", "Postfach", "IK",    "Depot",
-                    "KdNr",    "Kennung", "Mitglied", "Vertrag",      "Az",       "Kto",   "StNr"});
+  return HasSuffix(
+      word, {"nummer",  "Nummer",       "ID",       "Nr",   "nr",    "Kunde",        "SN",       "Konto",
+             "konto",   "PIN",          "TAN",      "Code", "code",  "Aktenzeichen", "zeichen",  "RE",
+             "BLZ",     "Bankleitzahl", "Postfach", "IK",   "Depot", "KdNr",         "Kennung",  "Mitglied",
+             "Vertrag", "Az",           "Kto",      "StNr", "PW",    "Passwort",     "Kennwort", "passwort"});
 }
 
 bool IsPhoneWord(std::string_view word) {
@@ -176,8 +176,11 @@ Found PostcodeAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 5, 5) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return std::nullopt;
   const std::size_t place = tokens.Skip(i + 1);
   const std::size_t before = tokens.Before(i);
-  const bool label = IsOneOf(tokens.WordBefore(i), {"PLZ", "Postleitzahl"}) ||
-                     (i >= 2 && tokens.Is(i - 1, "-") && IsOneOf(tokens.View(i - 2), {"D", "DE"}));
+  const std::size_t verb = tokens.WordIndexBefore(i);  // "Meine PLZ ist 12345"
+  const bool says = verb != Tokens::kNone && IsOneOf(tokens.View(verb), {"ist", "lautet", "war"});
+  const bool label =
+      IsOneOf(says ? tokens.WordBefore(verb) : tokens.WordBefore(i), {"PLZ", "Postleitzahl"}) ||
+      (i >= 2 && tokens.Is(i - 1, "-") && IsOneOf(tokens.View(i - 2), {"D", "DE"}));
   if (label) return Phrase{i + 1, DigitWords(tokens.View(i))};
   if (place == i + 1 || !tokens.IsCapital(place) || StartsSentences(tokens.View(place))) return std::nullopt;
   if (UnitAt(tokens, place) || CurrencyAt(tokens, place)) return std::nullopt;
@@ -219,7 +222,8 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     const bool tax = tokens.Is(at, "/") && (HasPrefix(tokens.View(before), {"Steuern", "Steuer", "StNr"}) ||
                                             tokens.Is(before, "St"));
     if (tax && tokens.IsNumber(at + 1)) words += " Schrägstrich";
-    if ((tokens.IsBlank(at) || tokens.IsDashAt(at) || tax) && tokens.IsNumber(at + 1)) ++at;
+    const bool point = tokens.Is(at, ".") && digits < 16;  // "Versicherungsnummer 47-118.334"
+    if ((tokens.IsBlank(at) || tokens.IsDashAt(at) || tax || point) && tokens.IsNumber(at + 1)) ++at;
   }
   const bool secret = IsOneOf(tokens.View(before), {"PIN", "TAN", "Code"});
   if (digits < (secret ? 3U : 5U) || !tokens.FreeBehind(end - 1) ||
@@ -315,7 +319,8 @@ Found CodeAt(const Tokens& tokens, std::size_t i) {
 Found VersionAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 1, 9) || !tokens.FreeBefore(i)) return std::nullopt;
   if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", "/", ":"})) return std::nullopt;
-  std::string words = CardinalWords(*DigitsAt(tokens, i, 9));
+  const bool zero = tokens.View(i).front() == '0' && tokens.View(i).size() > 1;  // "02.03.0010"
+  std::string words = zero ? DigitWords(tokens.View(i)) : CardinalWords(*DigitsAt(tokens, i, 9));
   std::size_t end = i + 1;
   std::size_t points = 0;
   for (; tokens.Is(end, ".") && tokens.IsNumber(end + 1, 1, 9) && points < 6; end += 2, ++points) {

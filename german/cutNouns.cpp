@@ -24,7 +24,8 @@ bool IsMany(std::string_view word) {
 bool SingleVerbFollows(const Tokens& tokens, std::size_t i) {
   const std::size_t next = tokens.Skip(i + 2);
   return tokens.IsWord(next) && !tokens.IsCapital(next) &&
-         (tokens.View(next).ends_with('t') || tokens.Is(next, "wird"));
+         (HasSuffix(tokens.View(next), {"t", "te"}) ||
+          IsOneOf(tokens.View(next), {"wird", "wurde", "war", "kam", "gab", "stand", "lag", "befand"}));
 }
 
 // "Die Temp. schwanken".
@@ -79,6 +80,15 @@ bool IsGenitive(std::string_view before) {
                  {"des", "eines", "dieses", "jedes", "ihres", "seines", "unseres", "meines", "Ihres"});
 }
 
+// "Die Pat. gibt an", "bei der Pat.", "eine 40-jähr. Pat.".
+bool IsWoman(const Tokens& tokens, std::size_t i, std::string_view before) {
+  if (IsOneOf(before,
+              {"die", "diese", "eine", "unsere", "einer", "unserer", "ihrer", "meiner", "seiner", "dieser"}))
+    return true;
+  const std::size_t article = tokens.WordIndexBefore(i);
+  return before == "der" && CaseOfPreposition(tokens.WordBefore(article)) == Case::Dative;
+}
+
 }  // namespace
 
 std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singular,
@@ -92,6 +102,7 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
     const bool bends = IsDativePlural(tokens, i) && !plural.ends_with('n') && !plural.ends_with('s');
     return std::string(plural) + (bends ? "n" : "");
   }
+  if (singular == "Patient" && IsWoman(tokens, i, before)) return "Patientin";
   if (IsWeak(singular) && noun.gender == Gender::Masculine && !IsGenitive(before)) {
     const auto ending = EndingAt(tokens, i, AgreementOf(Gender::Masculine));
     if (ending == "en" || ending == "em") return Genitive(singular);

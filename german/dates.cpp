@@ -45,6 +45,7 @@ std::optional<std::size_t> MonthNumberAt(const Tokens& tokens, std::size_t i) {
 // Four digits, or two that touch the point of the month; nothing else of a number, no time.
 bool IsYearAt(const Tokens& tokens, std::size_t i, bool twoDigits) {
   if (!tokens.IsNumber(i, 4, 4) && !(twoDigits && tokens.IsNumber(i, 2, 2))) return false;
+  if (tokens.View(i).size() == 4 && tokens.View(i).front() == '0') return false;  // "Pos. 02.03.0010"
   const auto next = tokens.View(i + 1);
   if (IsOneOf(next, {".", ",", ":"}) && tokens.IsNumber(i + 2)) return false;
   return !tokens.IsWord(i + 1) && !tokens.Is(tokens.Skip(i + 1), "Uhr");
@@ -373,6 +374,7 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   const bool point = tokens.Is(day->second - 1, ".");
   std::size_t next = tokens.Skip(day->second);
   if (IsOneOf(tokens.View(next), {",", ":"})) next = tokens.Skip(next + 1);
+  if (IsOneOf(tokens.View(next), {"auch", "zusätzlich"}) && !tokens.Is(i, "So")) next = tokens.Skip(next + 1);
   if (tokens.Is(next, "von") || tokens.Is(next, "ab")) next = tokens.Skip(next + 1);
   const bool number = tokens.IsNumber(next) && tokens.IsNumber(next, 1, 2);
   const bool listed = i > 0 && IsOneOf(tokens.View(tokens.Before(i)), {",", ";", "|"});
@@ -408,6 +410,20 @@ Found SingleWeekdayAt(const Tokens& tokens, std::size_t i) {
   return Phrase{tokens.WithoutLastPoint(day->second), std::string(day->first)};
 }
 
+// "Ich treffe Jan.": at the end of a sentence a man, unless something before it asks for a time.
+bool IsManAtEnd(const Tokens& tokens, std::size_t i, std::size_t end) {
+  if (!tokens.Is(i, "Jan") || !tokens.IsLast(end - 1)) return false;
+  std::size_t before = tokens.WordIndexBefore(i);
+  if (before == Tokens::kNone) return true;
+  if (IsOneOf(tokens.View(before), {"und", "oder", "u"})) {  // "im Dez. und Jan."
+    before = tokens.Before(before);
+    if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
+    return before == Tokens::kNone || !MonthAt(tokens, before);
+  }
+  return !IsOneOf(WithLowerStart(tokens.View(before)), {"im", "bis", "ab", "seit", "vom", "zum", "anfang",
+                                                        "mitte", "ende", "letzten", "nächsten"});
+}
+
 // "Okt. 2024", "Dez. '23".
 Found MonthNameAt(const Tokens& tokens, std::size_t i) {
   const auto month = MonthAt(tokens, i);
@@ -430,7 +446,7 @@ Found MonthNameAt(const Tokens& tokens, std::size_t i) {
     return Phrase{tokens.WithoutLastPoint(rest->end),
                   words + " bis " + std::string(kMonths[rest->number - 1])};
   }
-  if (written || !tokens.Is(month->end - 1, ".")) return std::nullopt;
+  if (written || !tokens.Is(month->end - 1, ".") || IsManAtEnd(tokens, i, month->end)) return std::nullopt;
   const std::size_t behind = tokens.Skip(month->end);
   const bool goesOn = tokens.IsWord(behind) && !tokens.IsCapital(behind);
   const bool end = goesOn || tokens.IsLast(month->end - 1);
@@ -449,6 +465,7 @@ Found DayWithEnding(const Tokens& tokens, std::size_t i, std::string_view ending
 }
 
 Found DateAt(const Tokens& tokens, std::size_t i) {
+  if (i >= 2 && tokens.Is(i - 1, "/") && IsOneOf(tokens.View(i - 2), {"f", "F", "ƒ"})) return std::nullopt;
   for (const auto reading : {&DateSpanAt, &DayPairAt, &IsoDateAt, &DayFirstAt, &MonthSpanAt, &MonthAndYearAt,
                              &MonthOfYearAt, &MonthOfShortYearAt}) {
     if (auto found = reading(tokens, i)) return found;

@@ -121,7 +121,9 @@ std::size_t OverPoint(const Tokens& tokens, std::size_t at) {
 }
 
 Governor GovernorOf(const Tokens& tokens, std::size_t i) {
-  std::size_t at = OverPoint(tokens, tokens.Before(i));
+  std::size_t at = tokens.Before(i);
+  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"„", "»", "‚"})) at = tokens.Before(at);
+  at = OverPoint(tokens, at);
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {
     if (const std::size_t joined = SkipJoinedOrdinal(tokens, at); joined != at) {
       at = OverPoint(tokens, joined);
@@ -199,10 +201,10 @@ std::string_view EndingOfDeterminer(std::string_view word) {
 constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um",
                                                         "bis", "pro",   "per",   "à",    "via"};
 constexpr std::string_view kDativePrepositions[] = {
-    "aus",          "bei",       "mit",       "nach",      "seit",           "von",      "zu",   "ab",
-    "außer",        "gegenüber", "binnen",    "gemäß",     "samt",           "nebst",    "in",   "an",
-    "auf",          "vor",       "hinter",    "neben",     "zwischen",       "unter",    "über", "laut",
-    "entsprechend", "zuzüglich", "inklusive", "exklusive", "einschließlich", "abzüglich"};
+    "aus",       "bei",       "mit",       "nach",           "seit",     "von",   "zu",   "ab",
+    "außer",     "gegenüber", "binnen",    "gemäß",          "samt",     "nebst", "in",   "an",
+    "auf",       "vor",       "hinter",    "neben",          "zwischen", "unter", "laut", "entsprechend",
+    "zuzüglich", "inklusive", "exklusive", "einschließlich", "abzüglich"};
 constexpr std::string_view kGenitivePrepositions[] = {
     "wegen",  "während", "trotz",    "innerhalb", "außerhalb",  "statt",   "anstatt",      "mittels",
     "anhand", "zwecks",  "oberhalb", "unterhalb", "anlässlich", "infolge", "hinsichtlich", "bezüglich"};
@@ -239,14 +241,21 @@ bool IsOrder(std::string_view word) {
   return HasSuffix(word, {"e", "en"}) && !StartsSentences(word) && !NounOf(word).whole;
 }
 
+// "hatte 3 Schwestern, aber nur 1 Bruder": the verb holds for what stands behind such a comma as well.
+bool GoesOnBehindComma(const Tokens& tokens, std::size_t comma) {
+  return tokens.Is(comma, ",") && IsOneOf(tokens.View(tokens.Skip(comma + 1)), {"aber", "sondern", "jedoch"});
+}
+
 // The verb of the clause asks for an object: a subject has been there, or it is an order.
 bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
   std::size_t at = tokens.Before(i);
   bool subject = false;
   bool verb = false;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
-    const bool list = tokens.Is(at, ",") && tokens.IsNumber(at + 2);
-    if (!list && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","})) return false;
+    const bool list =
+        tokens.Is(at, ",") && (tokens.IsNumber(at + 2) || tokens.IsNumber(at + 1));  // "1,5 kg, 1 l"
+    if (!list && !GoesOnBehindComma(tokens, at) && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","}))
+      return false;
     const std::string word = WithLowerStart(tokens.View(at));
     if (IsLinkingVerb(word)) return false;
     if (TakesObject(word)) return true;
@@ -405,7 +414,9 @@ std::string_view EndingOfCutArticle(const Tokens& tokens, std::size_t i, const G
   if (governor.byPreposition) return StrongEnding(*governor.byPreposition, noun);
   for (std::size_t at = tokens.Before(i); at != Tokens::kNone; at = tokens.Before(at)) {
     if (!tokens.Is(at, "d")) continue;
-    const std::size_t before = tokens.Before(at);
+    std::size_t before = tokens.Before(at);
+    if (noun.genitive && !noun.plural) return "en";
+    if (before != Tokens::kNone && tokens.Is(before, ".")) --before;     // "Frakt. d. 5."
     if (before != Tokens::kNone && tokens.Is(before, ",")) return "em";  // "am Fr., d. 8. März"
     const bool belongs = before != Tokens::kNone && tokens.IsCapital(before);
     return belongs ? StrongEnding(Case::Genitive, noun) : StrongEnding(Case::Nominative, noun);
@@ -415,7 +426,26 @@ std::string_view EndingOfCutArticle(const Tokens& tokens, std::size_t i, const G
 
 }  // namespace
 
+namespace {
+
+// "die 3 gr. Zimmer", "aus bis zu 20 versch. Arten": what is counted is many.
+std::optional<std::string_view> EndingBehindNumber(const Tokens& tokens, std::size_t i) {
+  const std::size_t number = tokens.Before(i);
+  if (!tokens.IsWord(i) || number == Tokens::kNone || !tokens.IsNumber(number, 1, 3) ||
+      tokens.Is(number, "1") || !tokens.FreeBefore(number) || LabelBefore(tokens, number))
+    return std::nullopt;
+  std::size_t first = number;
+  if (tokens.WordBefore(number) == "zu" && IsOneOf(tokens.WordBefore(number - 2), {"bis", "Bis"}))
+    first = tokens.WordIndexBefore(number - 2);
+  const Governor governor = GovernorOf(tokens, first);
+  if (governor.kind != Kind::None || governor.byPreposition == Case::Dative) return "en";
+  return governor.byPreposition == Case::Genitive ? "er" : "e";
+}
+
+}  // namespace
+
 std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
+  if (const auto counted = EndingBehindNumber(tokens, i)) return *counted;
   Governor governor = GovernorOf(tokens, i);
   if (governor.kind == Kind::None && !governor.byPreposition)
     governor.byPreposition = CaseOfEarlierPreposition(tokens, i);
@@ -454,6 +484,9 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   const bool measured = word == "über" || (word == "auf" && IsPriceAt(tokens, first)) ||
                         IsVessel(tokens.View(tokens.Skip(first + 1))) ||
                         UnitAt(tokens, tokens.Skip(first + 1)) ||
+                        IsOneOf(tokens.View(tokens.Skip(first + 1)),
+                                {"Jahr", "Monat", "Woche", "Tag", "Stunde", "Minute", "Sekunde", "Quartal",
+                                 "Prozentpunkt", "Stück", "Punkt", "Million", "Milliarde"}) ||
                         WithLowerStart(tokens.WordBefore(preposition)) == "bis";
   if (MeasuresWith(word) && (measured || (word == "auf" && FallsTo(tokens, first)))) return Case::Accusative;
   if ((word == "in" || word == "auf" || word == "an") && MovesSomething(tokens, first))
@@ -552,11 +585,14 @@ std::string OneHalfBefore(const Tokens& tokens, std::size_t first, std::size_t b
 
 bool LabelBefore(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
-  if (before != Tokens::kNone && tokens.Is(before, ".") && before > 0) --before;
+  const bool cut = before != Tokens::kNone && tokens.Is(before, ".") && before > 0;
+  if (cut) --before;
   if (before == Tokens::kNone) return false;
   if (tokens.Is(before, "§")) return true;
-  // "A 7", "L 1100".
-  if (tokens.IsCapital(before) && tokens.View(before).size() == 1 && tokens.FreeBefore(before)) return true;
+  // "A 7", "L 1100", but not "i. J. 1347".
+  if (!(cut && tokens.Is(before, "J")) && tokens.IsCapital(before) && tokens.View(before).size() == 1 &&
+      tokens.FreeBefore(before))
+    return true;
   return tokens.IsWord(before) && IsLabel(tokens.View(before));
 }
 

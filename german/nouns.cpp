@@ -96,6 +96,9 @@ unsigned LookUpLongGenitive(std::string_view word) {
 // What the ending tells of a word that no lexicon knows.
 unsigned GuessByEnding(std::string_view word) {
   if (HasSuffix(word, {"ungen", "heiten", "keiten", "schaften", "ionen", "täten"})) return kPlural;
+  if (IsOneOf(word, {"Martin", "Benjamin", "Valentin", "Konstantin", "Augustin", "Justin", "Robin", "Kevin",
+                     "Edwin", "Erwin", "Quentin", "Darwin", "Bitcoin", "Arthur", "Artur"}))
+    return kMasculine;
   if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion",  "tät", "erei", "enz",  "anz",  "ik",
                        "ur",  "ie",   "in",   "ette",   "itis", "ade", "age",  "elle", "ille", "ose"}))
     return kFeminine;
@@ -122,6 +125,34 @@ unsigned LookUpMore(std::string_view word) {
                "MRT",           "CT",    "EKG",     "E-Bike", "Bike",   "Smartphone", "Tablet",    "Ticket",
                "Abo",           "Event", "Meeting", "Update", "Backup", "Level",      "Interview", "Date"}))
     return kNeuter;
+  return 0;
+}
+
+// "Ersatzteil", "Anteil": the last part has another gender as the first part asks for another sense.
+unsigned LookUpSensesOfLastPart(std::string_view word) {
+  if (HasSuffix(word, {"netzteil",   "ersatzteil", "bauteil",     "einzelteil",  "fertigteil", "formteil",
+                       "oberteil",   "unterteil",  "möbelteil",   "anbauteil",   "kleinteil",  "puzzleteil",
+                       "seitenteil", "drehteil",   "schleißteil", "zubehörteil", "armband",    "tonband",
+                       "gummiband",  "halsband",   "förderband",  "fließband",   "stirnband",  "maßband",
+                       "klebeband",  "sperrband",  "magnetband",  "schweißband", "haarband"}))
+    return kNeuter;
+  if (HasSuffix(word, {"holgehalt",     "zuckergehalt", "fettgehalt",   "wassergehalt",  "salzgehalt",
+                       "stoffgehalt",   "eisengehalt",  "eiweißgehalt", "feuchtegehalt", "keitsgehalt",
+                       "energiegehalt", "heitsgehalt",  "kalkgehalt",   "ator",          "itor",
+                       "ektor",         "aktor",        "zeitmesser",   "druckmesser",   "ungsmesser",
+                       "zahlmesser"}))
+    return kMasculine;
+  if (HasSuffix(word, {"pauschale", "haushaltsleiter", "stehleiter", "trittleiter", "anlegeleiter"}))
+    return kFeminine;
+  return 0;
+}
+
+// Words that the lexicon has in another sense.
+unsigned LookUpFirst(std::string_view word) {
+  if (HasSuffix(word, {"teil", "band", "gehalt", "tor", "messer", "pauschale", "leiter"})) {
+    if (const unsigned form = LookUpSensesOfLastPart(WithLowerStart(word))) return form;
+  }
+  if (IsOneOf(word, {"Kfz", "KFZ", "Gewerk", "Dragee", "Sachet", "Reagenz", "Lot"})) return kNeuter;
   return 0;
 }
 
@@ -154,7 +185,8 @@ bool IsNounFrom(std::string_view word, std::size_t latest) {
 
 Noun NounOf(std::string_view word) {
   if (word.empty() || word.size() > kLongestWord) return {};
-  unsigned form = LookUp(word);
+  unsigned form = LookUpFirst(word);
+  if (form == 0) form = LookUp(word);
   if (form == 0) form = LookUpLongGenitive(word);
   if (form == 0) form = LookUpMore(word);
   const bool whole = form != 0;

@@ -5,6 +5,7 @@
 #include "german/dates.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
+#include "german/ranks.h"
 #include "german/wordLists.h"
 
 namespace lorelin {
@@ -55,6 +56,8 @@ bool DeterminesOne(const Tokens& tokens, std::size_t i) {
 bool DeterminesOneAlone(const Tokens& tokens, std::size_t i) {
   const std::string word = WithLowerStart(tokens.WordBefore(i));
   if (word == "die" || word == "zur") return false;
+  // "in Sport eine 3.", "mit einer 2."
+  if (IsOneOf(word, {"eine", "einer", "keine", "meine", "deine", "seine", "ihre"})) return false;
   if (word == "der") {
     const std::size_t before = tokens.WordIndexBefore(i);
     return before != Tokens::kNone && !CaseOfPreposition(tokens.WordBefore(before));
@@ -62,94 +65,9 @@ bool DeterminesOneAlone(const Tokens& tokens, std::size_t i) {
   return DeterminesOne(tokens, i);
 }
 
-bool IsRankVerb(std::string_view word) {
-  return IsOneOf(word, {"wurde", "wird", "Wurde", "werden", "als", "Als", "wurdest"});
-}
-
-// "wurde bei der WM", "wurde im Finale": a contest stands between the verb and the rank; "wurde im März 5" is
-// an age.
-std::size_t VerbBeforeContest(const Tokens& tokens, std::size_t last) {
-  constexpr int kWords = 4;
-  std::size_t at = last;
-  if (!tokens.IsCapital(at) || IsMonth(tokens.View(at))) return Tokens::kNone;
-  for (int step = 0; step < kWords && at != Tokens::kNone; ++step) {
-    const std::size_t before = tokens.WordIndexBefore(at);
-    if (before == Tokens::kNone) return before;
-    if (IsOneOf(tokens.View(before), {"wurde", "wird", "wurdest"}))
-      return IsOneOf(tokens.View(at), {"im", "in", "bei", "beim", "hinter", "über", "auf", "mit"})
-                 ? before
-                 : Tokens::kNone;
-    at = before;
-  }
-  return Tokens::kNone;
-}
-
-// "Er wurde in 9,98 s nur 3.": with such a word it is no age, whatever stands between.
-std::size_t VerbBeforeOnly(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 16;  // tokens
-  const std::size_t only = tokens.WordIndexBefore(i);
-  if (only == Tokens::kNone || !IsOneOf(tokens.View(only), {"nur", "immerhin", "sogar"}))
-    return Tokens::kNone;
-  for (std::size_t back = only; back-- > 0 && back + kNear > only;) {
-    if (IsOneOf(tokens.View(back), {"wurde", "wird"})) return back;
-  }
-  return Tokens::kNone;
-}
-
-// "Er wurde 3.", "als 2. von 5 Kindern": the token of the verb, over "nur" and the like.
-std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.WordIndexBefore(i);
-  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"}))
-    at = tokens.WordIndexBefore(at);
-  if (at == Tokens::kNone) return at;
-  if (IsRankVerb(tokens.View(at))) return at;
-  const std::size_t contest = VerbBeforeContest(tokens, at);
-  return contest == Tokens::kNone ? VerbBeforeOnly(tokens, i) : contest;
-}
-
-constexpr std::uint64_t kLastRank = 15;  // more is rather an age
-
-bool BecomesOne(const Tokens& tokens, std::size_t i) {
-  return DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank &&
-         VerbOfRank(tokens, i) != Tokens::kNone;
-}
-
-// "wurde 4., ihre Schwester 7.": the comma before the second of two who are compared.
-std::size_t CommaOfSecondRank(const Tokens& tokens, std::size_t i) {
-  std::size_t at = tokens.WordIndexBefore(i);
-  for (int step = 0; step < 3 && at != Tokens::kNone && tokens.IsWord(at); ++step) at = tokens.Before(at);
-  const bool rank = at != Tokens::kNone && at >= 3 && tokens.Is(at, ",") && tokens.Is(at - 1, ".") &&
-                    tokens.IsNumber(at - 2, 1, 2) && BecomesOne(tokens, at - 2);
-  return rank && DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank ? at : Tokens::kNone;
-}
-
-bool IsRank(const Tokens& tokens, std::size_t i) {
-  return BecomesOne(tokens, i) || CommaOfSecondRank(tokens, i) != Tokens::kNone;
-}
-
-bool MeansWoman(std::string_view word) {
-  return IsOneOf(WithLowerStart(word), {"sie", "frau", "die", "schwester", "mannschaft"});
-}
-
-// "Dritter", "Dritte", "drittes" of the children.
-std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
-  if (const std::size_t comma = CommaOfSecondRank(tokens, i); comma != Tokens::kNone) {
-    const std::size_t second = tokens.Skip(comma + 1);  // "nur 8., im Lauf 2."
-    const bool she = (CaseOfPreposition(tokens.View(second)) && tokens.Is(0, "Sie")) ||
-                     (tokens.Is(second, "im") && tokens.Is(0, "Sie")) ||
-                     MeansWoman(tokens.View(tokens.Skip(comma + 1))) || MeansWoman(tokens.WordBefore(i));
-    return WithUpperStart(OrdinalWords(value, she ? "e" : "er"));
-  }
-  const std::size_t verb = VerbOfRank(tokens, i);
-  const bool woman = MeansWoman(tokens.WordBefore(verb)) || tokens.Is(0, "Sie") ||
-                     (tokens.WordIndexBefore(verb) != Tokens::kNone &&
-                      MeansWoman(tokens.WordBefore(tokens.WordIndexBefore(verb))));
-  const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});
-  return WithUpperStart(OrdinalWords(value, child ? "es" : (woman ? "e" : "er")));
-}
-
 // Cooking and other instructions: the line ends with what is to be done.
 bool LineEndsWithInfinitive(const Tokens& tokens, std::size_t i) {
+  if (tokens.Is(i + 1, ":")) return false;  // "2. Mahnung: Wir konnten keinen Eingang feststellen"
   std::size_t last = Tokens::kNone;
   for (; i < tokens.Count() && tokens.Kind(i) != TokenKind::Line; ++i) {
     if (tokens.IsWord(i)) last = i;
@@ -217,12 +135,33 @@ PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t ne
   if (IsOneOf(tokens.View(next), {"d", "ds", "dieses"}) &&
       (tokens.Is(next + 1, ".") || tokens.IsCapital(next + 2)))
     return PointMeaning::Ordinal;
+  // "bis 10. jeden Monats".
+  if (tokens.View(NounBehind(tokens, tokens.Skip(next + 1))).ends_with("onats") &&
+      IsOneOf(tokens.View(next), {"jeden", "jedes", "eines", "des", "laufenden", "nächsten", "kommenden"}))
+    return PointMeaning::Ordinal;
+  // "bis 31. im Haus", "ab 1. übernimmt".
+  if (IsOneOf(tokens.WordBefore(i), {"bis", "ab", "seit", "Ab", "Bis", "Seit"}) &&
+      DigitsAt(tokens, i, 2).value_or(32) <= 31)
+    return PointMeaning::Ordinal;
   if (tokens.OpensLine(i) && LineEndsWithInfinitive(tokens, next)) return PointMeaning::List;
   if (JoinedOrdinalBehind(tokens, next) != Tokens::kNone) return PointMeaning::Ordinal;
   const std::size_t noun = NounBehind(tokens, next);
   if (noun == Tokens::kNone) return PointMeaning::Sentence;
   return HasPreposition(tokens, i) || IsNumberedHead(tokens.View(noun)) ? PointMeaning::Ordinal
                                                                         : PointMeaning::Sentence;
+}
+
+bool IsEvent(std::string_view noun) {
+  return noun.size() > 7 &&
+         HasSuffix(noun, {"lauf", "fest", "markt", "marathon", "kongress", "messe", "festival", "konzert",
+                          "pokal", "treffen", "symposium", "turnier", "rennen", "tage", "tagung"});
+}
+
+// "7. Bonner Kneipenlauf", "12. Internationales Jazzfestival", "25. Stadtfest".
+bool OpensWithEvent(const Tokens& tokens, std::size_t next) {
+  if (IsEvent(tokens.View(next))) return true;
+  return HasSuffix(tokens.View(next), {"er", "es", "e"}) && tokens.IsBlank(next + 1) &&
+         tokens.IsCapital(next + 2) && IsEvent(tokens.View(next + 2));
 }
 
 // Nothing before the number says what it is: only a head tells.
@@ -232,7 +171,8 @@ PointMeaning BeforeNounAlone(const Tokens& tokens, std::size_t i, std::size_t ne
   const std::size_t before = tokens.Before(i);
   const bool part = before != Tokens::kNone && IsOneOf(tokens.View(before), {",", "(", "–", "·", "|"}) &&
                     what.known && what.singular && !what.plural && *DigitsAt(tokens, i, 4) <= 20;
-  const bool head = part || IsHeadAt(tokens, next);
+  const bool head = part || IsHeadAt(tokens, next) ||
+                    ((tokens.OpensLine(i) || tokens.OpensClause(i)) && OpensWithEvent(tokens, next));
   if (tokens.OpensLine(i) && (!head || LineEndsWithInfinitive(tokens, next))) return PointMeaning::List;
   if (head) return PointMeaning::Ordinal;
   return PointMeaning::Sentence;
@@ -285,6 +225,27 @@ bool BeginsRow(const Tokens& tokens, std::size_t i) {
   return before != Tokens::kNone && tokens.Is(before, ":") && OpensItem(tokens, i, 1);
 }
 
+// "Sie ist 1. Geigerin", "1. Vorsitzender und 2. Kassierer": an office, where no new sentence can have begun.
+bool NamesOffice(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
+  constexpr std::size_t kNear = 14;  // tokens
+  const std::size_t verb = tokens.Skip(next + 1);
+  if (!NounOf(tokens.View(next)).whole || !IsSingularNoun(tokens, next) || value > kLastRank ||
+      IsLinkingVerb(tokens.View(verb)) || IsVerb(tokens.View(verb)))
+    return false;
+  const auto before = tokens.WordBefore(i);
+  if (IsOneOf(before, {"ist", "war", "wurde", "wird", "blieb", "bleibt"})) {
+    const auto word = tokens.View(next);
+    return HasSuffix(word, {"er", "in", "or", "ent", "ant", "ist", "eur", "mann", "frau", "wart"});
+  }
+  if (!IsOneOf(before, {"und", "sowie", "u"})) return false;
+  for (std::size_t at = i > kNear ? i - kNear : 0; at + 3 < i; ++at) {
+    if (tokens.IsNumber(at, 1, 2) && tokens.Is(at + 1, ".") && tokens.IsBlank(at + 2) &&
+        tokens.IsCapital(at + 3) && !MonthAt(tokens, at + 3))
+      return true;
+  }
+  return false;
+}
+
 PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
   const auto word = tokens.View(next);
   if (IsMonth(word) || MonthAt(tokens, next))
@@ -311,7 +272,9 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
     const bool day = IsOneOf(tokens.WordBefore(i), {"am", "Am", "vom", "zum", "dem"});
     return day && !isNoun ? PointMeaning::OrdinalAtEnd : PointMeaning::Ordinal;
   }
-  if (HasDeterminer(tokens, i) && isNoun) return PointMeaning::Ordinal;
+  if (IsOneOf(tokens.WordBefore(i), {"dessen", "deren"}) && isNoun) return PointMeaning::Ordinal;
+  if ((HasDeterminer(tokens, i) && isNoun) || NamesOffice(tokens, i, next, value))
+    return PointMeaning::Ordinal;
   if (BecomesOne(tokens, i) && IsSingularNoun(tokens, next)) return PointMeaning::Ordinal;
   const auto before = tokens.WordBefore(i);
   const bool cutBefore = before.empty() && HasPreposition(tokens, i);  // "zzgl. 13. Gehalt"
@@ -366,6 +329,16 @@ PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   return PointMeaning::Sentence;
 }
 
+namespace {
+
+// "7. Bonner Kneipenlauf": the noun behind the name of a place.
+std::size_t NounBehindPlace(const Tokens& tokens, std::size_t noun) {
+  if (noun == Tokens::kNone || !tokens.IsBlank(noun + 1) || !tokens.IsCapital(noun + 2)) return noun;
+  return IsEvent(tokens.View(noun + 2)) && HasSuffix(tokens.View(noun), {"er", "es", "e"}) ? noun + 2 : noun;
+}
+
+}  // namespace
+
 std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
   std::size_t next = tokens.Skip(behind);
   for (int step = 0; step < 5; ++step) {
@@ -374,7 +347,7 @@ std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
     next = tokens.Skip(joined + 2);
   }
   if (tokens.Is(next, ",") && EditionFollows(tokens, next + 1)) next = tokens.Skip(next + 1);
-  return NounBehind(tokens, next);
+  return NounBehindPlace(tokens, NounBehind(tokens, next));
 }
 
 namespace {
@@ -418,7 +391,10 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
       tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);
   if (word.ends_with("zende") && !IsOneOf(article, {"der", "Der", "dem", "den"}))
     agreement.gender = Gender::Feminine;
-  agreement.mayBePlural = agreement.mayBePlural && !word.ends_with('e');
+  // "die o. g. Punkte" are many, "die 2. Vorsitzende" is one woman.
+  const bool ofThing = word.ends_with('e') && !IsAdjectivalNoun(word) &&
+                       agreement.gender != Gender::Feminine && NounOf(word.substr(0, word.size() - 1)).whole;
+  agreement.mayBePlural = agreement.mayBePlural && (!word.ends_with('e') || ofThing);
   agreement.bent =
       agreement.mayBePlural && !agreement.plural && agreement.gender == Gender::Masculine &&
       HasSuffix(word, {"enten", "anten", "isten", "aten", "erten", "gen", "den", "oten", "egen", "nden"});
@@ -435,7 +411,11 @@ Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
   const auto more = DigitsAt(tokens, i + 3, 2);
   if (!minute || !more || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "+")) return std::nullopt;
   const bool alone = HasDeterminer(tokens, i) && !tokens.IsCapital(tokens.Skip(i + 4));
-  const bool ofMinute = HasDeterminer(tokens, i) && tokens.Is(tokens.Skip(i + 4), "Minute");
+  const std::size_t unit = tokens.Skip(i + 4);
+  if (HasDeterminer(tokens, i) && tokens.Is(unit, "Min") && tokens.Is(unit + 1, "."))
+    return Phrase{tokens.WithoutLastPoint(unit + 2),
+                  CardinalWords(*minute) + " plus " + OrdinalWords(*more, "en") + " Minute"};
+  const bool ofMinute = HasDeterminer(tokens, i) && tokens.Is(unit, "Minute");
   return Phrase{i + 4, (alone ? OrdinalWords(*minute, "en") : CardinalWords(*minute)) + " plus " +
                            (ofMinute ? OrdinalWords(*more, "en") : CardinalWords(*more))};
 }
@@ -444,12 +424,19 @@ Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
 
 namespace {
 
+// "1:0 (5.)".
+bool BehindScore(const Tokens& tokens, std::size_t i) {
+  return i >= 2 && tokens.IsNumber(i) && tokens.Is(i - 1, ":") && tokens.IsNumber(i - 2);
+}
+
 // "Müller (12.)", "Kaya (34./FE)": the minute of a goal.
 Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
   const auto minute = DigitsAt(tokens, i, 3);
   if (!minute || *minute == 0 || *minute > 120 || !tokens.Is(i + 1, ".") || i < 3 || !tokens.Is(i - 1, "(") ||
-      !tokens.IsCapital(i - 3))
+      !(tokens.IsCapital(i - 3) || BehindScore(tokens, i - 3)))
     return std::nullopt;
+  if (BehindScore(tokens, i - 3) && tokens.Is(i + 2, ")"))
+    return Phrase{i + 2, OrdinalWords(*minute, "e") + " Minute"};
   // "1:0 Müller (12.)": behind a score it is a man, whatever his name means.
   const bool scored = i >= 7 && tokens.IsNumber(i - 5) && tokens.Is(i - 6, ":");
   if (NounOf(tokens.View(i - 3)).whole && !scored) return std::nullopt;
@@ -494,6 +481,24 @@ Found ItemAt(const Tokens& tokens, std::size_t i) {
   return tokens.OpensClause(zu) || party ? Found(Phrase{i + 2, CardinalWords(*value)}) : std::nullopt;
 }
 
+bool IsSuperlative(std::string_view word) {
+  return HasPrefix(word,
+                   {"größte", "höchste", "älteste", "jüngste", "längste", "beste", "kleinste", "wichtigste",
+                    "reichste", "schnellste", "teuerste", "häufigste", "meiste", "tiefste", "stärkste"}) &&
+         HasSuffix(word, {"te", "ten", "ter", "tes", "tem"});
+}
+
+// "der 3.-jüngste Torschütze", "die 2. größte Stadt".
+Found SuperlativeAt(const Tokens& tokens, std::size_t i) {
+  const auto place = DigitsAt(tokens, i, 2);
+  if (!place || *place < 2 || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
+  const std::size_t word = i + 3;
+  if (!(tokens.Is(i + 2, "-") || tokens.IsBlank(i + 2)) || !IsSuperlative(tokens.View(word)))
+    return std::nullopt;
+  if (tokens.IsBlank(i + 2) && !HasDeterminer(tokens, i)) return std::nullopt;
+  return Phrase{word + 1, OrdinalWords(*place, "") + std::string(tokens.View(word))};
+}
+
 // "die 3.-Platzierte".
 Found PlacedAt(const Tokens& tokens, std::size_t i) {
   const auto place = DigitsAt(tokens, i, 2);
@@ -509,6 +514,7 @@ Found PlacedAt(const Tokens& tokens, std::size_t i) {
 Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   if (auto item = ItemAt(tokens, i)) return item;
   if (auto placed = PlacedAt(tokens, i)) return placed;
+  if (auto superlative = SuperlativeAt(tokens, i)) return superlative;
   if (auto minute = GoalMinuteAt(tokens, i)) return minute;
   if (auto minute = MinuteOfInjuryTimeAt(tokens, i)) return minute;
   if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, ".") || tokens.IsNumber(i + 2)) return std::nullopt;

@@ -11,6 +11,17 @@ namespace lorelin {
 
 namespace {
 
+// "Personen" to "Person": a plural without its ending, as far as the lexicon knows what is left.
+std::string SingularOf(std::string_view plural) {
+  for (const std::string_view ending : {"innen", "nen", "en", "er", "n", "e", "s"}) {
+    if (!plural.ends_with(ending) || plural.size() < ending.size() + 3) continue;
+    std::string stem(plural.substr(0, plural.size() - ending.size()));
+    if (ending == "innen") stem += "in";
+    if (NounOf(stem).singular) return stem;
+  }
+  return std::string(plural);
+}
+
 // "bei 1 von 100 Patienten": one of them.
 Found OneOfMany(const Tokens& tokens, std::size_t i) {
   std::size_t noun = Tokens::kNone;
@@ -42,6 +53,34 @@ Found OneSmallNounAt(const Tokens& tokens, std::size_t i) {
   const Noun noun = NounOf(WithUpperStart(tokens.View(i + 2)));
   if (!noun.whole || !noun.singular) return std::nullopt;
   return Phrase{i + 1, OneBefore(tokens, i, i + 3, AgreementOf(noun))};
+}
+
+// "3 Personen verletzt, 1 davon schwer", "5 Tage, davon 1 frei": one of what was counted before.
+Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 30;  // tokens
+  if (!tokens.Is(i, "1") || !tokens.FreeBefore(i) || !tokens.IsGap(i + 1)) return std::nullopt;
+  const bool behind = IsOneOf(tokens.WordBefore(i), {"davon", "darunter"}) && !tokens.IsCapital(i + 2);
+  if (!behind && !tokens.Is(i + 2, "davon")) return std::nullopt;
+  for (std::size_t at = i; at-- > 0 && at + kNear > i;) {
+    if (!tokens.IsCapital(at) || tokens.Before(at) == Tokens::kNone || !tokens.IsNumber(tokens.Before(at)))
+      continue;
+    const Noun noun = NounOf(tokens.View(at));
+    if (!noun.known && !noun.guessed) continue;
+    const Gender gender = noun.singular ? noun.gender : NounOf(SingularOf(tokens.View(at))).gender;
+    if (gender == Gender::Feminine) return Phrase{i + 1, "eine"};
+    return Phrase{i + 1, gender == Gender::Masculine ? "einer" : "eines"};
+  }
+  return std::nullopt;
+}
+
+// "1 rote Chili", "1 grüner Apfel": the ending of an adjective without an article tells more than the noun.
+std::string AsItsAdjective(const Tokens& tokens, std::size_t i, std::size_t noun, const std::string& one) {
+  const auto adjective = tokens.View(i + 2);
+  if (noun == i + 2 || tokens.Is(i + 3, ".") || IsDegreeWord(adjective)) return one;
+  if (adjective.ends_with('e')) return "eine";
+  if (adjective.ends_with("er") && one == "einen") return "ein";
+  if (adjective.ends_with("es") && IsOneOf(one, {"eine", "einen"})) return "ein";
+  return one;
 }
 
 // "1 Tasse", "mit 1 großen Zwiebel".
@@ -76,7 +115,7 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
                            (tokens.IsCapital(tokens.Before(i)) && !tokens.OpensClause(tokens.Before(i)))))
     return std::nullopt;
   if (!agreement.known) agreement = AgreementOf(Gender::Masculine);
-  return Phrase{i + 1, OneBefore(tokens, i, noun + 1, agreement)};
+  return Phrase{i + 1, AsItsAdjective(tokens, i, noun, OneBefore(tokens, i, noun + 1, agreement))};
 }
 
 // "Wir waren zu 4."
@@ -117,7 +156,8 @@ bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& n
 Found YearAt(const Tokens& tokens, std::size_t i) {
   const auto number = NumberAt(tokens, i);
   if (!number || !number->IsYear() || number->value < 1100 || number->value > 1999) return std::nullopt;
-  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i) || tokens.IsDashAt(i + 1) || LabelBefore(tokens, i))
+  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(i) || (tokens.IsDashAt(i + 1) && !tokens.Is(i + 2, ")")) ||
+      LabelBefore(tokens, i))
     return std::nullopt;
   if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {".", ",", ":", "+", "#"})) &&
       !tokens.Is(i - 1, "–"))
@@ -155,11 +195,21 @@ Found TimesAt(const Tokens& tokens, std::size_t i) {
   const std::size_t at = tokens.Skip(i + 1);
   if (*number == 0 && at == i + 1 && tokens.Is(at, "x") && tokens.IsNumber(at + 1))
     return Phrase{at + 2, "null x " + DigitWords(tokens.View(at + 1))};  // "0x80070057"
+  // "f(x) = 2x + 1".
+  const std::size_t sign = tokens.Skip(at + 1);
+  if (tokens.Is(at, "x") && at == i + 1 &&
+      (IsOneOf(tokens.View(sign), {"=", "²", "³"}) ||
+       (sign > at + 1 && IsOneOf(tokens.View(sign), {"+", "-", "−", "–"}) && tokens.IsBlank(sign + 1) &&
+        tokens.IsNumber(sign + 2)) ||
+       (tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), "="))))
+    return std::nullopt;
   const bool times = tokens.Is(at, "x") || tokens.Is(at, "×") || (*number == 1 && tokens.Is(at, "mal"));
   // "4x100-m-Staffel".
   if (times && at == i + 1 && tokens.IsNumber(at + 1) && tokens.Is(at + 2, "-") && tokens.IsWord(at + 3))
     return Phrase{at + 1, CardinalWords(*number, "ein") + "mal "};
-  if (!times || !tokens.FreeBehind(at) || tokens.IsNumber(tokens.Skip(at + 1))) return std::nullopt;
+  const bool each = at == i + 1 && tokens.IsBlank(at + 1);  // "2x 3 Std.", but "2 x 3"
+  if (!times || !tokens.FreeBehind(at) || (tokens.IsNumber(tokens.Skip(at + 1)) && !each))
+    return std::nullopt;
   return Phrase{at + 1, CardinalWords(*number, "ein") + "mal"};
 }
 
@@ -175,10 +225,26 @@ Found TimesSpanAt(const Tokens& tokens, std::size_t i) {
   return second;
 }
 
+// "Bewertung: 4,8/5", "Ergebnis: 17/20": so many of so many.
+Found RatingAt(const Tokens& tokens, std::size_t i) {
+  const auto number = NumberAt(tokens, i);
+  if (!number || !tokens.FreeBefore(i) || !tokens.Is(number->end, "/")) return std::nullopt;
+  const auto of = NumberAt(tokens, number->end + 1);
+  if (!of || !of->IsWhole() || !tokens.FreeBehind(of->end - 1)) return std::nullopt;
+  const std::size_t label = tokens.Before(i);
+  const bool colon = label != Tokens::kNone && tokens.Is(label, ":");
+  const bool named = IsOneOf(colon ? tokens.WordBefore(label) : tokens.WordBefore(i),
+                             {"Punkte", "Punktzahl", "Ergebnis", "Bewertung", "Wertung", "Note", "Rating"});
+  const bool stars = !number->IsWhole() && (of->value == 5 || of->value == 10) && number->value <= of->value;
+  if (!named && !stars) return std::nullopt;
+  return Phrase{of->end, NumberText(*number) + " von " + NumberText(*of)};
+}
+
 }  // namespace
 
 Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&TogetherAt, &TimesSpanAt, &TimesAt, &OneNounAt, &YearAt, &LongNumberAt}) {
+  for (const auto reading :
+       {&TogetherAt, &RatingAt, &TimesSpanAt, &TimesAt, &OneOfThemAt, &OneNounAt, &YearAt, &LongNumberAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;
@@ -218,10 +284,6 @@ Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(named, {"Note", "Zensur", "Gesamtnote"}) && tokens.IsDashAt(number->end) &&
       (tokens.IsGap(number->end + 1) || IsOneOf(tokens.View(number->end + 1), {",", ".", ")"})))
     return Phrase{number->end + 1, NumberText(*number) + " minus"};
-  const auto of = tokens.Is(number->end, "/") ? NumberAt(tokens, number->end + 1) : std::nullopt;
-  if (IsOneOf(named, {"Punkte", "Punktzahl", "Ergebnis", "Bewertung"}) && of &&
-      tokens.FreeBehind(of->end - 1))
-    return Phrase{of->end, NumberText(*number) + " von " + NumberText(*of)};
   if (tokens.Is(number->end, "+") && tokens.IsGap(number->end + 1))
     return Phrase{number->end + 1, NumberText(*number) + " plus"};
   if (!tokens.Is(number->end, "/")) return std::nullopt;

@@ -38,8 +38,9 @@ bool LooksLikeWomansName(std::string_view name) {
 
 // "Diplomingenieurin" before a woman's name or behind "Frau".
 std::string ForWoman(const Tokens& tokens, std::size_t i, std::size_t end, std::string title) {
+  const auto name = tokens.View(tokens.Skip(end));
   const bool woman = IsOneOf(tokens.WordBefore(i), {"Frau", "Architektin", "Gutachterin"}) ||
-                     LooksLikeWomansName(tokens.View(tokens.Skip(end)));
+                     (LooksLikeWomansName(name) && !StartsSentences(name));
   if (!woman || title.ends_with("frau")) return title;
   if (title.ends_with('e')) title.pop_back();
   if (title.ends_with("kaufmann")) return title.substr(0, title.size() - 4) + "frau";
@@ -64,10 +65,16 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
     const Agreement each = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(end)));
     return words + (each.gender == Gender::Masculine ? "en" : (each.gender == Gender::Feminine ? "e" : "es"));
   }
-  if (words == "Jugendlich" || words == "Erwachsen")  // "f. Erw. u. Jugendl."
-    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, true, false, true, true}));
+  const std::size_t number = tokens.Before(i);
+  const bool counted = number != Tokens::kNone && tokens.IsNumber(number);
+  if (IsOneOf(words, {"Jugendlich", "Erwachsen"}) || (words == "Abgeordnet" && counted))  // "mit 47 Abg."
+    return words +
+           std::string(EndingAt(tokens, counted ? number : i, {Gender::Masculine, true, false, true, true}));
   const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
+  // "i. H. v. mtl. 50 €".
+  const bool sum = noun == Tokens::kNone && tokens.IsNumber(tokens.Skip(end));
+  if (sum && tokens.WordBefore(i).empty()) return words;
   Agreement agreement = AgreementAt(tokens, noun);
   // "2 geh. EL".
   const std::size_t count = tokens.Before(i);
@@ -167,7 +174,8 @@ std::string VonOrVom(const Tokens& tokens, std::size_t i, std::size_t end) {
     while (tokens.IsBlank(date) || IsOneOf(tokens.View(date), {".", ","})) ++date;
     return DateShapeAt(tokens, date) ? "vom" : "von";
   }
-  if (ruler || LooksLikePlace(tokens.View(tokens.Skip(end)))) return "von";
+  if (ruler || MonthAt(tokens, tokens.Skip(end)) || LooksLikePlace(tokens.View(tokens.Skip(end))))
+    return "von";
   const bool person = IsOneOf(tokens.View(tokens.Skip(end)), {"Herrn", "Herr", "Frau", "Dr", "Prof"});
   return !name && !person && IsManOrThing(tokens, tokens.Skip(end)) ? "vom" : "von";
 }
@@ -215,10 +223,22 @@ std::string OurWord(const Tokens& tokens, std::size_t end) {
   return agreement.known && (agreement.plural || agreement.gender == Gender::Feminine) ? "unsere" : "unser";
 }
 
+// "ins Engl. und Frz.", "aus dem Engl.": the name of a language behind its article.
+std::string LanguageEnding(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"und", "u", "oder", ","})) at = tokens.Before(at);
+  if (at != Tokens::kNone && at > 0 && tokens.Is(at, ".")) at = tokens.Before(at - 1);
+  if (at == Tokens::kNone) return {};
+  if (IsOneOf(tokens.View(at), {"ins", "das"})) return "e";
+  return IsOneOf(tokens.View(at), {"im", "vom", "zum", "dem"}) ? "en" : "";
+}
+
 Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   const auto found = AbbreviationAt(tokens, i);
   if (!found) return std::nullopt;
   std::string words(found->abbreviation->spoken);
+  if (found->abbreviation->bending == Bending::None && IsUpperWord(words) && words.ends_with("isch"))
+    words += LanguageEnding(tokens, i);
   const auto written = found->abbreviation->written;
   if (words == "der Große" || words == "der Ältere" || words == "der Jüngere")
     words = WithNameOf(tokens, i, std::string_view(words).substr(4, words.size() - 5));
@@ -237,7 +257,9 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
   if (found->abbreviation->bending == Bending::None && !PluralOf(words).empty())
     words = BentNoun(tokens, i, words, PluralOf(words));
-  if (IsOneOf(words, {"Klasse", "Jahrgangsstufe"}) && SpansNumbers(tokens, found->end)) words += 'n';
+  if (IsOneOf(words, {"Klasse", "Jahrgangsstufe", "Größe"}) &&
+      (SpansNumbers(tokens, found->end) || tokens.WordBefore(i) == "den"))
+    words += 'n';
   if (found->abbreviation->bending == Bending::Genitive && StandsInGenitive(tokens, i)) words += 's';
   const bool bendsForWoman = (words.starts_with("Diplom") && words.size() > 8) ||
                              (IsOneOf(words, {"Inhaber", "Pfarrer", "Direktor", "Bürgermeister", "Präsident",
@@ -289,11 +311,18 @@ Found CutNounPhraseAt(const Tokens& tokens, std::size_t i) {
   return Phrase{cut->end, std::move(cut->words)};
 }
 
+// "die restl. 5", "folg. 3 Tage": what is counted behind the adjective is many.
+bool CountsManyBehind(const Tokens& tokens, std::size_t end) {
+  const std::size_t next = tokens.Skip(end);
+  return next > end && tokens.IsNumber(next, 1, 4) && !tokens.Is(next, "1") && !tokens.Is(next + 1, ".");
+}
+
 Found CutAdjectivePhraseAt(const Tokens& tokens, std::size_t i) {
   const auto cut = CutAdjectiveAt(tokens, i);
   if (!cut) return std::nullopt;
   std::string words = std::string(tokens.View(i)) + std::string(cut->rest);
   if (tokens.IsLast(cut->end - 1)) return Phrase{cut->end - 1, words};
+  if (CountsManyBehind(tokens, cut->end) && HasDeterminer(tokens, i)) return Phrase{cut->end, words + "en"};
   if (!cut->adjective) return Phrase{cut->end, words};
   Agreement agreement = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(cut->end)));
   if (!agreement.known) agreement = {Gender::Masculine, false, false, true};
@@ -357,14 +386,30 @@ Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
   return Phrase{next, before + 1 == i ? " bis " : "bis "};
 }
 
+// Signs of a unit that are no word and no name.
+bool IsMetricSign(std::string_view word) {
+  return IsOneOf(word,
+                 {"km", "kg", "cm", "mm", "kWh", "kW", "qm", "m²", "km²", "m³", "cm³", "ml", "mg", "ha"});
+}
+
+// "ab dem einundzwanzigsten km", "jedes weitere kg".
+bool IsOrdinalBefore(const Tokens& tokens, std::size_t i) {
+  const auto before = tokens.WordBefore(i);
+  const std::size_t at = tokens.Before(i);
+  const bool number = at != Tokens::kNone && at > 0 && tokens.Is(at, ".") && tokens.IsNumber(at - 1);
+  return number || IsOrdinalWord(before) ||
+         IsOneOf(before, {"weiterer", "weitere", "weiteres", "angefangene"});
+}
+
 // "je kWh", "pro St.", "zwei EL", "einige km", "Angaben in cm".
 Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
   const auto before = tokens.WordBefore(i);
   if (before.empty() || tokens.View(i).size() > 8 || !tokens.FreeBefore(i) ||
       IsOneOf(tokens.View(i), {"A", "V", "U", "P", "Pack", "Sch", "E"}))
     return std::nullopt;
-  const bool one = CountsOne(before);
-  const bool listed = before == "in" && !tokens.IsCapital(i) && tokens.View(i).size() > 1;
+  const bool one = CountsOne(before) || (IsMetricSign(tokens.View(i)) && IsOrdinalBefore(tokens, i));
+  const bool listed =
+      (before == "in" && !tokens.IsCapital(i) && tokens.View(i).size() > 1) || IsMetricSign(tokens.View(i));
   if (!one && !listed && !CountsInWords(before)) return std::nullopt;
   const auto unit = UnitAt(tokens, i);
   if (!unit || unit->isWord || tokens.IsDashAt(unit->end) || tokens.IsNumber(unit->end)) return std::nullopt;
@@ -375,6 +420,15 @@ Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
   const std::size_t count = tokens.WordIndexBefore(i);
   const bool dative = !listed && CaseOfPreposition(tokens.WordBefore(count)) == Case::Dative;
   return Phrase{tokens.WithoutLastPoint(unit->end), dative ? unit->dativePlural : unit->plural};
+}
+
+// "4–8 (selten bis 12) cm lang": the unit of numbers before and in the brackets.
+Found UnitBehindBracketsAt(const Tokens& tokens, std::size_t i) {
+  if (i < 3 || !tokens.IsBlank(i - 1) || !tokens.Is(i - 2, ")") || !tokens.IsNumber(i - 3))
+    return std::nullopt;
+  const auto unit = UnitAt(tokens, i);
+  if (!unit || unit->isWord || !tokens.FreeBehind(unit->end - 1)) return std::nullopt;
+  return Phrase{tokens.WithoutLastPoint(unit->end), unit->plural};
 }
 
 // "km-Stand", "kWh-Preis", "%-Punkte".
@@ -395,6 +449,7 @@ Found UnitOfCompoundAt(const Tokens& tokens, std::size_t i) {
 bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
+  if (tokens.Is(before, "%")) return true;             // "20 % d. Kosten"
   if (tokens.Is(before, ".") && before > 0) --before;  // "Zeugn. d. Klasse"
   return tokens.IsCapital(before) && !CaseOfPreposition(tokens.View(before)) &&
          !(tokens.OpensClause(before) && StartsSentences(tokens.View(before)));
@@ -491,26 +546,13 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
   return std::nullopt;
 }
 
-constexpr Reading kOfWords[] = {&AddressAt,
-                                &AlternativesAt,
-                                &CreditorAt,
-                                &IbanAt,
-                                &ScriptureAt,
-                                &CalendarWordAt,
-                                &RomanAt,
-                                &AbbreviationPhraseAt,
-                                &StreetPhraseAt,
-                                &CutWordPhraseAt,
-                                &CutAdjectivePhraseAt,
-                                &CutNounPhraseAt,
-                                &CurrencyFirstAt,
-                                &UnitBehindWordAt,
-                                &UnitOfCompoundAt,
-                                &LoneUnitAt,
-                                &TimesBetweenMeasuresAt,
-                                &ArticlePhraseAt,
-                                &IndefiniteArticleAt,
-                                &InPhraseAt};
+constexpr Reading kOfWords[] = {&AddressAt,        &AlternativesAt,       &CreditorAt,
+                                &IbanAt,           &ScriptureAt,          &CalendarWordAt,
+                                &RomanAt,          &AbbreviationPhraseAt, &StreetPhraseAt,
+                                &CutWordPhraseAt,  &CutAdjectivePhraseAt, &CutNounPhraseAt,
+                                &CurrencyFirstAt,  &UnitBehindWordAt,     &UnitBehindBracketsAt,
+                                &UnitOfCompoundAt, &LoneUnitAt,           &TimesBetweenMeasuresAt,
+                                &ArticlePhraseAt,  &IndefiniteArticleAt,  &InPhraseAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
                                   &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};
@@ -533,7 +575,7 @@ Found ReadingAt(const Tokens& tokens, std::size_t i) {
     case TokenKind::Number:
       return tokens.FreeBefore(i) ? FirstOf(kOfNumbers, tokens, i) : NumberBehindLettersAt(tokens, i);
     case TokenKind::Sign:
-      return IsPunctuation(tokens.View(i)) ? std::nullopt : FirstOf(kOfSigns, tokens, i);
+      return IsPunctuation(tokens.View(i)) ? PunctuationAt(tokens, i) : FirstOf(kOfSigns, tokens, i);
     default:
       return std::nullopt;
   }

@@ -1,5 +1,6 @@
 #include "german/romans.h"
 
+#include "german/dates.h"
 #include "german/grammar.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
@@ -29,6 +30,8 @@ bool IsRomanHead(std::string_view word) {
                         "Weltkrieg",
                         "Hartz",
                         "Agenda",
+                        "WK",
+                        "Abb",
                         "Apollo",
                         "Artikel",
                         "Anhang",
@@ -57,6 +60,16 @@ bool IsRomanHead(std::string_view word) {
                         "Level",
                         "Steuerklasse",
                         "Lohnsteuerklasse",
+                        "Steuerklassen",
+                        "Stkl",
+                        "StKl",
+                        "NYHA",
+                        "GOLD",
+                        "CCS",
+                        "ASA",
+                        "Stadium",
+                        "Schutzklasse",
+                        "Art",
                         "Pflegestufe"});
 }
 
@@ -82,6 +95,7 @@ bool IsPlainRoman(std::string_view word) {
 bool NamesNumber(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
+  if (IsOneOf(tokens.View(before), {"SV", "TSV", "FC", "SC", "TV", "TuS", "BSC", "FSV"})) return true;
   if (tokens.IsCapital(before))
     return !IsAllCaps(tokens.View(before)) || RomanValue(tokens.View(before)) != 0;
   // "Zeichen: III/4-22".
@@ -99,6 +113,19 @@ bool StandsBehindArticle(const Tokens& tokens, std::size_t i) {
   if (label != Tokens::kNone && label > 0 && tokens.Is(label, ".")) --label;
   return label != Tokens::kNone &&
          IsOneOf(tokens.View(label), {"§", "§§", "Art", "Artikel", "Paragraf", "Paragraph"});
+}
+
+// "drei Teile: I. Kindheit, II. Jugend": the first of a row in the sentence.
+bool OpensRow(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 40;  // tokens
+  const std::size_t before = tokens.Before(i);
+  if (!tokens.Is(i, "I") || !tokens.Is(i + 1, ".") || before == Tokens::kNone || !tokens.Is(before, ":"))
+    return false;
+  if (tokens.IsLast(i + 1)) return true;
+  for (std::size_t at = i + 3; at < i + kNear; ++at) {
+    if (tokens.Is(at, "II") && tokens.Is(at + 1, ".")) return true;
+  }
+  return false;
 }
 
 // "LG München I", "TSV Dorf I – SV Stadt II": a letter that names the first of several.
@@ -157,9 +184,20 @@ bool IsGenitiveName(std::string_view name) {
   return name.ends_with('s') && !HasSuffix(name, {"us", "es", "as", "is", "os", "James", "Louis"});
 }
 
+bool IsApostrophe(std::string_view sign) {
+  return IsOneOf(sign, {"'", "’", "‘"});
+}
+
+// The name before the number, over the apostrophe of "Ramses’ II.".
+std::size_t NameBefore(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (before != Tokens::kNone && before > 0 && IsApostrophe(tokens.View(before))) return before - 1;
+  return tokens.WordIndexBefore(i);
+}
+
 // The ruler's name right before the number.
 std::size_t RulerBefore(const Tokens& tokens, std::size_t i) {
-  const std::size_t name = tokens.WordIndexBefore(i);
+  const std::size_t name = NameBefore(tokens, i);
   if (name == Tokens::kNone || !tokens.IsCapital(name)) return Tokens::kNone;
   if (IsRulersName(tokens.View(name))) return name;
   const auto title = tokens.WordBefore(name);
@@ -181,29 +219,82 @@ std::size_t FirstOfName(const Tokens& tokens, std::size_t name) {
 
 // "Er besiegte Napoleon III."
 bool OvercomesRuler(std::string_view verb) {
-  return IsOneOf(verb, {"besiegte",  "besiegten", "stürzte", "stürzten",    "krönte",       "krönten",
-                        "heiratete", "traf",      "empfing", "besuchte",    "unterstützte", "bekämpfte",
-                        "ermordete", "wählte",    "wählten", "kannte",      "vertrieb",     "schlug",
-                        "schlugen",  "beriet",    "malte",   "porträtierte"});
+  return IsOneOf(
+      verb,
+      {"besiegte",     "besiegten", "stürzte",       "stürzten",     "krönte",     "krönten",    "heiratete",
+       "traf",         "empfing",   "besuchte",      "unterstützte", "bekämpfte",  "ermordete",  "wählte",
+       "wählten",      "kannte",    "vertrieb",      "schlug",       "schlugen",   "beriet",     "malte",
+       "porträtierte", "besiegt",   "stürzt",        "trifft",       "trafen",     "heiratet",   "empfängt",
+       "besucht",      "besuchten", "beerbte",       "überlebte",    "begleitete", "bewunderte", "verehrte",
+       "zwang",        "zwangen",   "unterstützten", "bekämpften",   "ermordeten", "enthauptete"});
+}
+
+// "Er diente Ludwig XIV."
+bool ServesRuler(std::string_view verb) {
+  return IsOneOf(verb, {"diente", "dienten", "dient", "unterlag", "unterlagen", "half", "halfen", "huldigte",
+                        "huldigten", "gehorchte", "gehorchten", "begegnete", "begegneten", "gratulierte"});
+}
+
+bool IsPersonWord(std::string_view word) {
+  return IsOneOf(WithLowerStart(word), {"er", "sie", "man", "der", "die", "wer", "ich", "wir"});
+}
+
+// "Er krönte", "Der Sohn des Königs besiegte", but not "Im Jahr 800 krönte": who does it stands before the
+// verb.
+bool SubjectStandsBefore(const Tokens& tokens, std::size_t verb) {
+  constexpr int kWords = 10;
+  std::size_t at = tokens.Before(verb);
+  if (at == Tokens::kNone || tokens.IsNumber(at)) return false;
+  if (IsPersonWord(tokens.View(at))) return true;
+  for (int step = 0; step < kWords; ++step) {
+    const std::size_t before = tokens.Before(at);
+    if (before == Tokens::kNone || !(tokens.IsWord(before) || tokens.IsNumber(before))) break;
+    at = before;
+  }
+  const auto first = tokens.View(at);
+  return tokens.IsWord(at) && !CaseOfPreposition(first) &&
+         !IsOneOf(first,
+                  {"Im", "Am", "Zum", "Zur", "Vom", "Beim", "Dort", "Dann", "Danach", "Hier", "Später"});
+}
+
+// "traf er Karl V.": a pronoun between the verb and the name is who does it.
+std::optional<Case> CaseOfVerb(const Tokens& tokens, std::size_t first) {
+  std::size_t verb = tokens.WordIndexBefore(first);
+  if (verb == Tokens::kNone) return std::nullopt;
+  const bool pronoun = IsOneOf(tokens.View(verb), {"er", "sie", "man"});
+  if (pronoun) verb = tokens.WordIndexBefore(verb);
+  if (verb == Tokens::kNone) return std::nullopt;
+  const bool serves = ServesRuler(tokens.View(verb));
+  if (!serves && !OvercomesRuler(tokens.View(verb))) return std::nullopt;
+  if (!pronoun && !SubjectStandsBefore(tokens, verb)) return Case::Nominative;
+  return serves ? Case::Dative : Case::Accusative;
+}
+
+// "des Königs", "der Kaiserin", but "der König".
+Case CaseBehindArticle(std::string_view article, bool woman) {
+  if (article == "der") return woman ? Case::Genitive : Case::Nominative;
+  return article == "des" ? Case::Genitive : Case::Dative;
 }
 
 Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
-  if (IsGenitiveName(tokens.View(name))) return Case::Genitive;
+  if (IsGenitiveName(tokens.View(name)) || IsApostrophe(tokens.View(name + 1))) return Case::Genitive;
   const std::size_t first = FirstOfName(tokens, name);
   if (IsOneOf(tokens.View(first), {"Königs", "Kaisers", "Papstes", "Herzogs"})) return Case::Genitive;
   const auto before = tokens.WordBefore(first);
   // "ihrem Gatten Peter III."
   if (const std::size_t noun = tokens.WordIndexBefore(first);
-      noun != Tokens::kNone && tokens.IsCapital(noun)) {
+      noun != Tokens::kNone && tokens.IsCapital(noun) && !IsOneOf(tokens.View(noun), {"Namen", "Titel"})) {
     const auto article = tokens.WordBefore(noun);
     if (IsDeterminer(article) && article.ends_with("em")) return Case::Dative;
     if (IsDeterminer(article) && article.ends_with("en")) return Case::Accusative;
     if (IsDeterminer(article) && article.ends_with("es")) return Case::Genitive;
   }
-  if (IsOneOf(before, {"des", "der"})) return Case::Genitive;
-  if (IsOneOf(before, {"dem", "zum", "vom", "beim", "am", "im", "zur"})) return Case::Dative;
-  if (before == "den" || before == "über" || OvercomesRuler(before)) return Case::Accusative;
+  const std::string article = WithLowerStart(before);
+  if (IsOneOf(article, {"des", "der", "dem", "zum", "vom", "beim", "am", "im", "zur"}))
+    return CaseBehindArticle(article, IsWomansName(tokens.View(name)));
+  if (article == "den" || article == "über") return Case::Accusative;
   if (const auto asked = CaseOfPreposition(before)) return *asked;
+  if (const auto asked = CaseOfVerb(tokens, first)) return *asked;
   if (before != "und" && before != "oder") return Case::Nominative;
   // "unter Leo X. und Karl V.": the preposition before the first name holds for both.
   std::size_t at = tokens.WordIndexBefore(first);
@@ -212,6 +303,7 @@ Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
     if (at == Tokens::kNone) break;
     if (const auto asked = CaseOfPreposition(tokens.View(at)))
       return tokens.Is(at, "über") ? Case::Accusative : *asked;
+    if (OvercomesRuler(tokens.View(at)) && SubjectStandsBefore(tokens, at)) return Case::Accusative;
     if (tokens.IsWord(at) && !tokens.IsCapital(at) && !IsDeterminer(tokens.View(at))) break;
   }
   return Case::Nominative;
@@ -249,6 +341,9 @@ namespace {
 Found RomanSpan(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   const std::uint64_t second = tokens.IsDashAt(i + 1) ? RomanNumberAt(tokens, i + 2) : 0;
   if (second > value) return Phrase{i + 3, CardinalWords(value) + " bis " + CardinalWords(second)};
+  const std::uint64_t other = tokens.Is(i + 1, "/") ? RomanNumberAt(tokens, i + 2) : 0;
+  if (other != 0) return Phrase{i + 3, CardinalWords(value) + " " + CardinalWords(other)};  // "III/V"
+  if (tokens.Is(i + 1, ".") && tokens.IsNumber(i + 2)) return Phrase{i + 2, CardinalWords(value) + " Punkt "};
   return Phrase{i + 1, CardinalWords(value)};
 }
 
@@ -278,7 +373,23 @@ bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   return RulerBefore(tokens, i) != Tokens::kNone;
 }
 
+namespace {
+
+// "Stadium IIb".
+Found RomanWithLetterAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  if (!tokens.IsWord(i) || word.size() < 2 || word.size() > 5 || word.front() < 'I' || word.front() > 'X' ||
+      word.back() < 'a' || word.back() > 'd' || !tokens.FreeBefore(i) || !tokens.FreeBehind(i))
+    return std::nullopt;
+  const std::uint64_t value = RomanValue(word.substr(0, word.size() - 1));
+  if (value == 0 || value > 10 || !IsRomanHead(tokens.WordBefore(i))) return std::nullopt;
+  return Phrase{i + 1, CardinalWords(value) + " " + std::string(1, word.back())};
+}
+
+}  // namespace
+
 Found RomanAt(const Tokens& tokens, std::size_t i) {
+  if (auto lettered = RomanWithLetterAt(tokens, i)) return lettered;
   const std::uint64_t value = RomanNumberAt(tokens, i);
   if (value == 0 || (tokens.Is(i, "D") && tokens.OpensClause(i))) return std::nullopt;
   const bool point = tokens.Is(i + 1, ".");
@@ -291,7 +402,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   // "Karls V. Reich" is no fifth empire.
   const std::size_t ruler = point ? RulerBefore(tokens, i) : Tokens::kNone;
   const bool owner = ruler != Tokens::kNone && IsGenitiveName(tokens.View(ruler));
-  if (!owner && point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
+  const bool named = owner || (ruler != Tokens::kNone && IsMonth(tokens.View(next)));  // "Philipp II. August"
+  if (!named && point && tokens.IsCapital(next) && next > i + 2 && IsRomanOrdinalHead(tokens.View(next)))
     return Phrase{i + 2,
                   OrdinalWords(value, EndingAt(tokens, i, AgreementAt(tokens, NounBehind(tokens, next))))};
   std::size_t before = tokens.Before(i);
@@ -310,7 +422,7 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   const std::size_t name = point ? ruler : (king ? bare : Tokens::kNone);
   if (name == Tokens::kNone && value <= 20 && StandsBehindArticle(tokens, i))
     return Phrase{i + 1, CardinalWords(value)};
-  if (name == Tokens::kNone && NamesFirst(tokens, i)) return Phrase{i + 1, "eins"};
+  if (name == Tokens::kNone && (NamesFirst(tokens, i) || OpensRow(tokens, i))) return Phrase{i + 1, "eins"};
   if (name == Tokens::kNone && IsPlainRoman(tokens.View(i)) && value <= 100 && NamesNumber(tokens, i))
     return RomanSpan(tokens, i, value);
   if (name == Tokens::kNone || value > 40) return std::nullopt;

@@ -127,6 +127,8 @@ class SentenceReader {
   // "d. Vorrat", but not "Klasse 5 b."
   [[nodiscard]] bool IsLoneSmallLetter(std::size_t i) const {
     const auto word = tokens_.View(i);
+    if (word == "j" && i > 1 && tokens_.Is(i - 1, "-") && tokens_.IsNumber(i - 2))
+      return true;  // "72-j. Frau"
     if (word.size() != 1 || IsUpperWord(word) || !tokens_.FreeBefore(i)) return false;
     std::size_t before = tokens_.Before(i);
     const bool cut = before != Tokens::kNone && before > 0 && tokens_.Is(before, ".");  // "f. d. Fest"
@@ -224,7 +226,7 @@ class SentenceReader {
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
     if (!unit || !unit->endsWithPoint) return 0;
-    if (IsPackage(*unit)) return EndBehindAbbreviation(unit->end, Ending::Starter);
+    if (IsPackage(*unit) || unit->multiplies) return EndBehindAbbreviation(unit->end, Ending::Starter);
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
   }
 

@@ -50,6 +50,7 @@ constexpr SignName kBetween[] = {{"≈", "ungefähr"},
 
 bool NumberFollows(const Tokens& tokens, std::size_t i) {
   std::size_t next = tokens.Skip(i);
+  if (tokens.Is(next, ".") && tokens.IsNumber(next + 1)) return true;  // "p < .001"
   if (tokens.IsDashAt(next) || tokens.Is(next, "+") || tokens.Is(next, "$") || tokens.Is(next, "€")) ++next;
   return tokens.IsNumber(next);
 }
@@ -69,14 +70,26 @@ bool LeadsThroughMenu(const Tokens& tokens, std::size_t i) {
          tokens.IsCapital(i + 2) && tokens.View(i + 2).size() > 1;
 }
 
+bool HasEquation(const Tokens& tokens) {
+  for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
+    if (tokens.Is(i, "=")) return true;
+  }
+  return false;
+}
+
 Found MathSignAt(const Tokens& tokens, std::size_t i) {
   for (const SignName& one : kBetween) {
     if (!tokens.Is(i, one.sign)) continue;
     const bool spaced = i > 0 && tokens.IsBlank(i - 1) && tokens.IsBlank(i + 1) && !tokens.OpensLine(i);
     const bool compares =
         spaced && IsOneOf(one.sign, {"<", ">", "="}) && (tokens.IsWord(i + 2) || tokens.IsNumber(i + 2));
+    if (one.sign == "·" && spaced && (tokens.IsWord(i + 2) || tokens.Is(i + 2, "(")) && HasEquation(tokens))
+      return Phrase{i + 1, "mal"};
     if (!compares && !NumberFollows(tokens, i + 1) && !IsOneOf(one.sign, {"≈", "≠", "≤", "≥", "÷", "∞"}))
       return std::nullopt;
+    // "(= 1 Messlöffel)".
+    if (one.sign == "=" && i > 0 && tokens.Is(i - 1, "(") && tokens.IsBlank(i + 1))
+      return Phrase{i + 1, "gleich"};
     if (IsOneOf(one.sign, {"·", "="}) &&
         (tokens.Before(i) == Tokens::kNone || !(compares || tokens.IsNumber(tokens.Before(i)))))
       return std::nullopt;
@@ -92,24 +105,102 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
-bool HasEquation(const Tokens& tokens) {
-  for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
-    if (tokens.Is(i, "=")) return true;
-  }
-  return false;
-}
-
 // "10 + 5 - 3 = 7", "650 € + Nebenkosten": between two things that do not touch it.
 Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
   if (i < 2 || !tokens.IsBlank(i - 1) || !tokens.IsBlank(i + 1) || tokens.OpensLine(i)) return std::nullopt;
   const bool number = tokens.IsNumber(i + 2);
   if (tokens.Is(i, "+") && (number || tokens.IsWord(i + 2))) return Phrase{i + 1, "plus"};
-  if (!tokens.IsDashAt(i) || !number || !tokens.IsNumber(i - 2) || !HasEquation(tokens)) return std::nullopt;
+  // "3x² - 2x + 5".
+  const bool term = tokens.IsNumber(i - 2) || IsOneOf(tokens.View(i - 2), {"²", "³", ")"}) ||
+                    (tokens.IsWord(i - 2) && tokens.View(i - 2).size() == 1);
+  if (!tokens.IsDashAt(i) || !number || !term || !HasEquation(tokens)) return std::nullopt;
   return Phrase{i + 1, "minus"};
 }
 
-// "mc²", "2³", "10^6".
+// "10¹²", "10⁻³": the power that is set above the number.
+Found HighPowerAt(const Tokens& tokens, std::size_t i) {
+  constexpr std::string_view kDigits[] = {"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
+  if (i == 0 || !tokens.IsNumber(i - 1)) return std::nullopt;
+  const bool minus = tokens.Is(i, "⁻");
+  std::size_t at = minus ? i + 1 : i;
+  std::uint64_t power = 0;
+  for (; at < i + 4; ++at) {
+    std::uint64_t digit = 0;
+    while (digit < 10 && !tokens.Is(at, kDigits[digit])) ++digit;
+    if (digit == 10) break;
+    power = 10 * power + digit;
+  }
+  if (at == (minus ? i + 1 : i) || (at == i + 1 && (tokens.Is(i, "²") || tokens.Is(i, "³"))))
+    return std::nullopt;
+  return Phrase{at, (minus ? " hoch minus " : " hoch ") + CardinalWords(power)};
+}
+
+// "CO₂", "H₂O".
+Found SubscriptAt(const Tokens& tokens, std::size_t i) {
+  constexpr std::string_view kDigits[] = {"₀", "₁", "₂", "₃", "₄", "₅", "₆", "₇", "₈", "₉"};
+  if (i == 0 || !tokens.IsWord(i - 1)) return std::nullopt;
+  for (std::uint64_t digit = 0; digit < 10; ++digit) {
+    if (tokens.Is(i, kDigits[digit])) return Phrase{i + 1, " " + CardinalWords(digit)};
+  }
+  return std::nullopt;
+}
+
+// "Note: 2-", "eine 3+ in Mathe": a mark in school.
+Found MarkAt(const Tokens& tokens, std::size_t i) {
+  if (i < 2 || !tokens.IsDashAt(i) || !tokens.IsNumber(i - 1, 1, 1) || !tokens.FreeBefore(i - 1) ||
+      !(tokens.IsGap(i + 1) || IsOneOf(tokens.View(i + 1), {",", ".", ")", ";"})))
+    return std::nullopt;
+  const std::size_t next = tokens.Skip(i + 1);
+  if (tokens.IsNumber(next) || IsOneOf(tokens.View(next), {"und", "oder", "bis", "bzw", "€"}))
+    return std::nullopt;
+  constexpr std::size_t kNear = 20;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (HasPrefix(tokens.View(at),
+                  {"Note", "Zeugnis", "Halbjahr", "Hj", "Klausur", "Arbeit", "Klassenarbeit"}) ||
+        (at + 3 == i && IsOneOf(tokens.View(at), {"eine", "einer"})))
+      return Phrase{i + 1, " minus"};
+  }
+  return std::nullopt;
+}
+
+// "DIN EN 1090-2", "ISO 9001:2015".
+Found SignInNormAt(const Tokens& tokens, std::size_t i) {
+  if (i < 3 || !tokens.IsNumber(i - 1) || !tokens.IsNumber(i + 1) || !tokens.IsBlank(i - 2) ||
+      !IsOneOf(tokens.View(i - 3), {"DIN", "EN", "ISO", "VDE", "IEC", "VDI"}))
+    return std::nullopt;
+  if (tokens.Is(i, "-")) return Phrase{i + 1, " Strich "};
+  return tokens.Is(i, ":") ? Found(Phrase{i + 1, " Doppelpunkt "}) : std::nullopt;
+}
+
+// "r = .43", "p < .001": the zero before the point is left out.
+Found PointBeforeDigitsAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t sign = tokens.Before(i);
+  if (!tokens.Is(i, ".") || !tokens.IsNumber(i + 1) || !tokens.FreeBehind(i + 1) || sign == Tokens::kNone ||
+      !IsOneOf(tokens.View(sign), {"=", "<", ">", "≤", "≥", "≈", "-", "−", "–"}))
+    return std::nullopt;
+  return Phrase{i + 2, "Punkt " + DigitWords(tokens.View(i + 1))};
+}
+
+// "54,30 EUR-" of a statement of account.
+Found DebitAt(const Tokens& tokens, std::size_t i) {
+  const bool debit = i >= 3 && tokens.Is(i, "-") && IsOneOf(tokens.View(i - 1), {"EUR", "€"}) &&
+                     tokens.IsGap(i + 1) && tokens.IsNumber(tokens.Before(i - 1)) &&
+                     !tokens.IsWord(tokens.Skip(i + 1)) && !tokens.IsNumber(tokens.Skip(i + 1));
+  return debit ? Found(Phrase{i + 1, " minus"}) : std::nullopt;
+}
+
+// "das rote Kabel (+)": the sign itself is meant.
+Found SignAloneAt(const Tokens& tokens, std::size_t i) {
+  if (i == 0 || !tokens.Is(i - 1, "(") || !tokens.Is(i + 1, ")")) return std::nullopt;
+  if (tokens.Is(i, "+")) return Phrase{i + 1, "plus"};
+  return tokens.IsDashAt(i) ? Found(Phrase{i + 1, "minus"}) : std::nullopt;
+}
+
+// "mc²", "2³", "2^3".
 Found PowerAt(const Tokens& tokens, std::size_t i) {
+  if (tokens.Is(i, "^") && i > 0 && (tokens.IsNumber(i - 1) || tokens.View(i - 1).size() == 1) &&
+      (tokens.IsNumber(i + 1) || (tokens.IsWord(i + 1) && tokens.View(i + 1).size() == 1)))
+    return Phrase{i + 1, " hoch "};
   const bool square = tokens.Is(i, "²");
   if ((!square && !tokens.Is(i, "³")) || i == 0 || !(tokens.IsWord(i - 1) || tokens.IsNumber(i - 1)))
     return std::nullopt;
@@ -160,7 +251,8 @@ bool StandsInReference(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 12;  // tokens
   for (std::size_t at = i; at-- > 0 && at + kNear > i;) {
     if (tokens.Is(at, ",")) return false;
-    if (tokens.IsWord(at) && HasSuffix(tokens.View(at), {"eichen", "nummer", "Nummer", "nr", "Az"}))
+    if (tokens.IsWord(at) &&
+        HasSuffix(tokens.View(at), {"eichen", "nummer", "Nummer", "nr", "Az", "Kennziffer", "Referenz"}))
       return true;
   }
   return false;
@@ -217,9 +309,16 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
 
 }  // namespace
 
+Found PunctuationAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsNumber(i + 1) || !IsOneOf(tokens.View(i), {".", ":"})) return std::nullopt;
+  if (auto point = PointBeforeDigitsAt(tokens, i)) return point;
+  return SignInNormAt(tokens, i);
+}
+
 Found SignAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading : {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt,
-                             &PlusMinusAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
+                             &PlusMinusAt, &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt,
+                             &SignInNormAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

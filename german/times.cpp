@@ -79,6 +79,29 @@ bool IsWeekday(const Tokens& tokens, std::size_t i) {
   return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
 }
 
+// One of the words stands near before the token.
+bool StandsNearBefore(const Tokens& tokens, std::size_t i, std::initializer_list<std::string_view> endings) {
+  constexpr std::size_t kNear = 12;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (tokens.IsWord(at) && HasSuffix(WithLowerStart(tokens.View(at)), endings)) return true;
+  }
+  return false;
+}
+
+// "Akku bis 12 h".
+bool SpeaksOfDuration(const Tokens& tokens, std::size_t i) {
+  return StandsNearBefore(tokens, i,
+                          {"akku", "laufzeit", "ladezeit", "dauer", "betriebszeit", "wirkzeit", "backzeit",
+                           "wirkung", "hält", "haltbar", "lieferzeit"});
+}
+
+// "Öffnungszeiten: 9 bis 12 h".
+bool SpeaksOfOpening(const Tokens& tokens, std::size_t i) {
+  return StandsNearBefore(tokens, i,
+                          {"öffnungszeiten", "sprechzeiten", "sprechstunde", "sprechstunden", "geöffnet",
+                           "geschäftszeiten", "besuchszeiten", "öffnungszeit"});
+}
+
 // "um", but not "nach": that is as often before a duration.
 bool GoesWithClock(const Tokens& tokens, std::size_t i) {
   return IsWeekday(tokens, i) && !IsOneOf(WithLowerStart(tokens.WordBefore(i)),
@@ -161,6 +184,17 @@ bool OpensThen(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "Di–Do 9–12 u. 14–17 h": on days of the week hours are those of the clock.
+bool NamesWeekdayNear(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at), {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) ||
+        HasSuffix(tokens.View(at), {"nstag", "ontag", "woch", "erstag", "eitag", "amstag", "onntag"}))
+      return true;
+  }
+  return false;
+}
+
 // "9–17 Uhr", "8.30 bis 12.00 Uhr", "9-17h", "10:00–12:00".
 Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   auto first = ClockAt(tokens, i, true);
@@ -182,7 +216,8 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   const bool cutVon = sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") && tokens.Is(sign - 1, "v");
   const bool hours = (cutVon || tokens.WordBefore(i) == "von") && later && second->hour >= 10 &&
                      (dash || OpensThen(tokens, i));  // "von 9–17 h"
-  const bool clocks = GoesWithClock(tokens, i) || first->minute || hours ||
+  const bool clocks = GoesWithClock(tokens, i) || first->minute || hours || SpeaksOfOpening(tokens, i) ||
+                      (dash && later && second->hour >= 10 && NamesWeekdayNear(tokens, i)) ||
                       (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
   if (const std::size_t end = HourSignAt(tokens, second->end, clocks); end != 0) {
     const std::string begin = hourNamed ? ClockWords(*first) : FirstClockWords(*first);
@@ -225,6 +260,7 @@ bool IsMovedInTime(const Tokens& tokens, std::size_t i) {
 
 // "bis 18 h", but not "bis 12 h nach der Einnahme".
 bool EndsAtHour(const Tokens& tokens, std::size_t i, const Clock& clock) {
+  if (SpeaksOfDuration(tokens, i)) return false;
   // "14 h wäre ideal".
   if (clock.hour >= kFirstMorningHour && clock.hour < kHours && tokens.OpensClause(i) &&
       IsOneOf(tokens.View(tokens.Skip(tokens.Skip(clock.end) + 1)),
@@ -251,10 +287,14 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
       end != 0)
     return Phrase{end, ClockWords(*clock)};
   if (clock->minute && EndsInHours(tokens, i)) return Phrase{clock->end, ClockWords(*clock)};
-  const bool named =
-      IsOneOf(tokens.WordBefore(i),
-              {"Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start", "Einlass", "Rückkehr", "Anpfiff",
-               "Weiterfahrt", "Umstieg", "Abflug", "Landung", "Gottesdienst", "um", "Um", "gegen", "Gegen"});
+  const std::size_t sign = tokens.Before(i);  // "Ende ca. 22.00"
+  const bool about = sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") &&
+                     IsOneOf(tokens.View(sign - 1), {"ca", "gg", "gegen"});
+  const bool named = (IsWeekday(tokens, i) && clock->hour >= kFirstMorningHour) ||
+                     IsOneOf(tokens.WordBefore(about ? sign - 1 : i),
+                             {"Ende", "Schluss", "Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start",
+                              "Einlass", "Rückkehr", "Anpfiff", "Weiterfahrt", "Umstieg", "Abflug", "Landung",
+                              "Gottesdienst", "um", "Um", "gegen", "Gegen"});
   if (named && clock->minute && tokens.FreeBehind(clock->end - 1))
     return Phrase{clock->end, ClockWords(*clock)};
   return std::nullopt;
@@ -364,20 +404,21 @@ Found DurationAt(const Tokens& tokens, std::size_t i) {
 // Scores.
 
 bool IsSportsWord(std::string_view word) {
-  return HasSuffix(WithLowerStart(word),
-                   {"gewann",      "gewannen",   "gewinnt",       "gewonnen",      "siegte",     "siegten",
-                    "siegt",       "verlor",     "verloren",      "verliert",      "unterlag",   "unterlagen",
-                    "endete",      "endstand",   "halbzeitstand", "stand",         "spielstand", "ergebnis",
-                    "sieg",        "niederlage", "unentschieden", "satz",          "sätze",      "sätzen",
-                    "führte",      "führten",    "führt",         "führung",       "tor",        "tore",
-                    "spiel",       "halbzeit",   "spieltag",      "spielte",       "spielten",   "schlug",
-                    "schlugen",    "besiegte",   "besiegten",     "bezwang",       "traf",       "trennten",
-                    "trennte",     "remis",      "ausgleich",     "handball",      "basketball", "fußball",
-                    "tennis",      "drittel",    "viertel",       "matchball",     "tiebreak",   "treffer",
-                    "anschluss",   "rückstand",  "heimsieg",      "auswärtssieg",  "pause",      "bundesliga",
-                    "pokal",       "finale",     "halbfinale",    "viertelfinale", "partie",     "gewinnen",
-                    "ergebnisse",  "resultate",  "hinspiel",      "rückspiel",     "setzte",     "punkte",
-                    "verlängerung"});
+  return HasSuffix(
+      WithLowerStart(word),
+      {"gewann",       "gewannen",   "gewinnt",       "gewonnen",      "siegte",       "siegten",
+       "siegt",        "verlor",     "verloren",      "verliert",      "unterlag",     "unterlagen",
+       "endete",       "endstand",   "halbzeitstand", "stand",         "spielstand",   "ergebnis",
+       "sieg",         "niederlage", "unentschieden", "satz",          "sätze",        "sätzen",
+       "führte",       "führten",    "führt",         "führung",       "tor",          "tore",
+       "spiel",        "halbzeit",   "spieltag",      "spielte",       "spielten",     "schlug",
+       "schlugen",     "besiegte",   "besiegten",     "bezwang",       "traf",         "trennten",
+       "trennte",      "remis",      "ausgleich",     "handball",      "basketball",   "fußball",
+       "tennis",       "drittel",    "viertel",       "matchball",     "tiebreak",     "treffer",
+       "anschluss",    "rückstand",  "heimsieg",      "auswärtssieg",  "pause",        "bundesliga",
+       "pokal",        "finale",     "halbfinale",    "viertelfinale", "partie",       "gewinnen",
+       "ergebnisse",   "resultate",  "hinspiel",      "rückspiel",     "setzte",       "punkte",
+       "verlängerung", "bezwangen",  "setzten",       "besiegt",       "triumphierte", "triumphierten"});
 }
 
 bool IsRatioWord(std::string_view word) {
@@ -425,9 +466,27 @@ std::optional<Score> ScoreDigitsAt(const Tokens& tokens, std::size_t i) {
   return Score{*left, right->value, right->end, spaced};
 }
 
+// "29:27 (13:15)": what stands in brackets behind a score is one of a part of the game.
+bool StandsBehindScore(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 24;  // tokens
+  for (std::size_t at = i; at-- > 2 && at + kNear > i;) {
+    if (tokens.Is(at, ")")) return false;
+    if (!tokens.Is(at, "(")) continue;
+    const std::size_t right = tokens.Before(at);
+    return right != Tokens::kNone && right >= 2 && tokens.IsNumber(right) && tokens.Is(right - 1, ":") &&
+           tokens.IsNumber(right - 2);
+  }
+  return false;
+}
+
 bool LooksLikeClock(const Tokens& tokens, std::size_t i, const Score& score) {
   return tokens.IsNumber(i, 1, 2) && tokens.IsNumber(i + 2, 2, 2) && score.left <= kHours &&
          score.right < kMinutes;
+}
+
+// "15:00": no side has ever "00" or "05" goals.
+bool HasLeadingNull(const Tokens& tokens, std::size_t i) {
+  return tokens.Is(i + 1, ":") && tokens.IsNumber(i + 2, 2, 2) && tokens.View(i + 2).front() == '0';
 }
 
 Found ClockByColonAt(const Tokens& tokens, std::size_t i) {
@@ -447,7 +506,10 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
   if (clock && !score->spaced) {
     const bool time = GoesBeforeTimes(tokens.WordBefore(i)) &&
                       !IsOneOf(tokens.WordBefore(i), {"nach", "und", "vor", "bis", "von"});
-    if (time || (!Stands(tokens, i, IsSportsWord) && !Stands(tokens, i, IsRatioWord))) return std::nullopt;
+    if (time || HasLeadingNull(tokens, i) ||
+        (!StandsBehindScore(tokens, i) && !Stands(tokens, i, IsSportsWord) &&
+         !Stands(tokens, i, IsRatioWord)))
+      return std::nullopt;
   }
   // "2:3-Niederlage".
   if (!score->spaced && tokens.Is(score->end, "-") && tokens.IsCapital(score->end + 1))
@@ -459,9 +521,30 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
   return Phrase{score->end, words};
 }
 
+namespace {
+
+// "5 p.m.", "10:30 am".
+Found EnglishTimeAt(const Tokens& tokens, std::size_t i) {
+  constexpr std::uint64_t kNoon = 12;
+  const auto hour = DigitsAt(tokens, i, 2);
+  if (!hour || *hour == 0 || *hour > kNoon || !tokens.FreeBefore(i)) return std::nullopt;
+  const bool minutes = IsOneOf(tokens.View(i + 1), {":", "."}) && SixtiethAt(tokens, i + 2);
+  const std::size_t half = tokens.Skip(minutes ? i + 3 : i + 1);
+  std::string words = CardinalWords(*hour);
+  if (minutes) words += " Uhr " + CardinalWords(*SixtiethAt(tokens, i + 2));
+  words += tokens.View(half).starts_with('p') ? " P M" : " A M";
+  if (IsOneOf(tokens.View(half), {"a", "p"}) && tokens.Is(half + 1, ".") && tokens.Is(half + 2, "m"))
+    return Phrase{tokens.Is(half + 3, ".") && !tokens.IsLast(half + 3) ? half + 4 : half + 3, words};
+  if (minutes && IsOneOf(tokens.View(half), {"am", "pm"}) && tokens.FreeBehind(half))
+    return Phrase{half + 1, words};
+  return std::nullopt;
+}
+
+}  // namespace
+
 Found TimeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&PartOfHourAt, &HalfHourAt, &RaceTimeAt, &LongRaceTimeAt, &DurationAt,
-                             &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
+  for (const auto reading : {&EnglishTimeAt, &PartOfHourAt, &HalfHourAt, &RaceTimeAt, &LongRaceTimeAt,
+                             &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   if (auto score = ScoreAt(tokens, i)) return score;

@@ -48,6 +48,37 @@ std::optional<Unit> UnitBySurroundings(const Tokens& tokens, std::size_t i) {
   return unit;
 }
 
+std::optional<PerUnit> PerTwoUnitsBehind(const Tokens& tokens, std::size_t i) {
+  const bool bracket = tokens.Is(i, "(");
+  std::size_t at = bracket ? i + 1 : i;
+  if (tokens.Is(at, "mK") && tokens.FreeBehind(at)) return PerUnit{" pro Meter und Kelvin", at + 1};
+  const bool square = tokens.Is(at + 1, "²");
+  if (!tokens.Is(at, "m") || !(square || bracket)) return std::nullopt;
+  at = tokens.Skip(square ? at + 2 : at + 1);
+  if (IsOneOf(tokens.View(at), {"·", "*", "×"})) at = tokens.Skip(at + 1);
+  const auto second = tokens.View(at);
+  if (!IsOneOf(second, {"a", "K"}) || !tokens.FreeBehind(at) || (bracket && !tokens.Is(at + 1, ")")))
+    return std::nullopt;
+  return PerUnit{std::string(square ? " pro Quadratmeter" : " pro Meter") +
+                     (second == "a" ? " und Jahr" : " und Kelvin"),
+                 bracket ? at + 2 : at + 1};
+}
+
+std::optional<Unit> RunningMeterAt(const Tokens& tokens, std::size_t i) {
+  std::size_t end = 0;
+  if (IsOneOf(tokens.View(i), {"lfm", "lfdm", "Lfm", "lfdM"}) && tokens.FreeBehind(i)) end = i + 1;
+  const std::size_t meter = tokens.Skip(i + 2);
+  if (tokens.Is(i, "lfd") && tokens.Is(i + 1, ".") && IsOneOf(tokens.View(meter), {"m", "Meter", "Metern"}))
+    end = meter + 1;
+  if (end == 0) return std::nullopt;
+  Unit unit;
+  unit.singular = "laufender Meter";
+  unit.plural = "laufende Meter";
+  unit.dativePlural = "laufenden Metern";
+  unit.end = end;
+  return unit;
+}
+
 bool MayBeDividedBy(const Unit& unit) {
   return HasSuffix(unit.singular, {"ramm", "iter", "eter", "tunde", "inute", "ekunde", "Tag", "Stück"});
 }

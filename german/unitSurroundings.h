@@ -12,4 +12,10 @@ namespace lorelin {
 // "50 g" of "125 m/50 g", but not "150 PS" of "110 kW/150 PS".
 [[nodiscard]] bool MayBeDividedBy(const Unit& unit);
 
+// "lfd. m", "lfdm", "lfm".
+[[nodiscard]] std::optional<Unit> RunningMeterAt(const Tokens& tokens, std::size_t i);
+
+// "(m²a)", "(m²·K)", "mK" behind a stroke.
+[[nodiscard]] std::optional<PerUnit> PerTwoUnitsBehind(const Tokens& tokens, std::size_t i);
+
 }  // namespace lorelin

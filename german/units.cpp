@@ -112,6 +112,7 @@ constexpr std::array kUnits{
     UnitName{"TB", "Terabyte", "Terabyte", kN},
     UnitName{"MiB", "Mebibyte", "Mebibyte", kN},
     UnitName{"GiB", "Gibibyte", "Gibibyte", kN},
+    UnitName{"nl", "Nanoliter", "Nanoliter"},
     UnitName{"µg", "Mikrogramm", "Mikrogramm", kN},
     UnitName{"mcg", "Mikrogramm", "Mikrogramm", kN},
     UnitName{"I.E", "Internationale Einheit", "Internationale Einheiten", kF, Point::Always},
@@ -381,18 +382,6 @@ constexpr std::string_view kPeriods[] = {
     "Halbjahr",  "Kubikmeter", "Gramm",  "Tonne",        "Beutel",         "Dose",       "Glas",
     "Std",       "Abend",      "Hektar"};
 
-// "/(m²a)", "/(m² · a)", "/m²a".
-std::optional<PerUnit> PerTwoUnitsBehind(const Tokens& tokens, std::size_t i) {
-  const bool bracket = tokens.Is(i, "(");
-  std::size_t at = bracket ? i + 1 : i;
-  if (!tokens.Is(at, "m") || !tokens.Is(at + 1, "²")) return std::nullopt;
-  at = tokens.Skip(at + 2);
-  if (IsOneOf(tokens.View(at), {"·", "*", "×"})) at = tokens.Skip(at + 1);
-  if (!tokens.Is(at, "a") || !tokens.FreeBehind(at) || (bracket && !tokens.Is(at + 1, ")")))
-    return std::nullopt;
-  return PerUnit{" pro Quadratmeter und Jahr", bracket ? at + 2 : at + 1};
-}
-
 std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
   if (auto both = PerTwoUnitsBehind(tokens, i)) return both;
   if (tokens.Is(i, "100") && tokens.IsWord(tokens.Skip(i + 1))) {
@@ -414,6 +403,7 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
     if (value && *value > 1 && unit && !unit->endsWithPoint && MayBeDividedBy(*unit))
       return PerUnit{" pro " + CardinalWords(*value) + " " + unit->plural, unit->end};
   }
+  if (const auto unit = RunningMeterAt(tokens, i)) return PerUnit{" pro laufendem Meter", unit->end};
   if (const auto unit = SimpleUnitAt(tokens, i))
     return PerUnit{" pro " + unit->singular,
                    unit->endsWithPoint && tokens.IsLast(unit->end - 1) ? unit->end - 1 : unit->end};
@@ -486,7 +476,7 @@ std::optional<Currency> CurrencyAt(const Tokens& tokens, std::size_t i) {
 }
 
 std::optional<PerUnit> PerAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.Is(i, "/") && !tokens.Is(i, "∕")) return std::nullopt;
+  if ((!tokens.Is(i, "/") && !tokens.Is(i, "∕")) || tokens.Is(i + 2, ":")) return std::nullopt;
   return PerUnitBehind(tokens, i + 1);
 }
 
@@ -560,7 +550,8 @@ std::optional<Unit> ArcMinuteAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 std::optional<Unit> UnitAt(const Tokens& tokens, std::size_t i) {
-  auto unit = SimpleUnitAt(tokens, i);
+  auto unit = RunningMeterAt(tokens, i);
+  if (!unit) unit = SimpleUnitAt(tokens, i);
   if (!unit) unit = ArcMinuteAt(tokens, i);
   if (!unit) unit = InchAt(tokens, i);
   if (!unit) {

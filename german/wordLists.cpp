@@ -40,7 +40,8 @@ bool IsDegreeWord(std::string_view word) {
 
 bool IsLinkingVerb(std::string_view word) {
   static const Words words(
-      "kamen kommen lagen saßen fehlten folgten erschienen starben hingen gingen sterben liegen stehen "
+      "lebten lebte wohnten wohnte arbeiteten arbeitete standen kamen kommen lagen saßen fehlten folgten "
+      "erschienen starben hingen gingen sterben liegen stehen "
       "sitzen hängen "
       "ist sind war waren wird werden wurde wurden bleibt bleiben blieb fehlt fehlen fehlte liegt steht "
       "kommt kam heißt "
@@ -127,7 +128,11 @@ bool IsNumberedHead(std::string_view noun) {
       "Zeile Besuch Werktag Lauf Versuch Saison Spielzeit Amtszeit Schwangerschaftswoche SSW Hälfte BL Halbs "
       "HS Halbsatz "
       "Alternative Unterabs Unterabsatz Zone Zahlung Fuhre Ziehung Hj Schuljahr Grundgesetz Petr Thess Tim "
-      "Kor "
+      "Kor Zahlungserinnerung Zahlungsaufforderung Wohnsitz Nebenwohnsitz Staatsexamen Staatsprüfung "
+      "Abschlag "
+      "Abschlagszahlung Abschlagsrechnung Teilrechnung Teilzahlung Ratenzahlung Bauabschnitt Lesejahr "
+      "Elternteil "
+      "Fachsemester Rettungsweg Angebotsrunde Bieterrunde Korrektur Überarbeitung Fortschreibung "
       "Korinther Petrus Timotheus Thessalonicher Samuel Könige");
   if (words.Has(noun)) return true;
   // "Verhandlungstag", "Strafkammer": what is counted by its last part.
