@@ -73,14 +73,15 @@ void FrmExportQueue::Open(bool begun) {
   lstFiles_->SetFocus();
 }
 
-// Rows that do not change are not touched: a screen reader stays where it is.
+// Rows that do not change are not touched: a screen reader stays where it is. What is shown decides whether
+// to look again, not the queue, which may have ended meanwhile.
 void FrmExportQueue::Refresh() {
   const std::vector<ExportItem> items = queue_.Items();
   for (std::size_t i = 0; i < items.size(); ++i) ShowItem(static_cast<unsigned int>(i), items[i]);
   const std::string text = QueueText(items, queue_.TimeLeft());
   if (FromWx(lblState_->GetLabel()) != text) lblState_->SetLabel(ToWx(text));
   gauge_->SetValue(static_cast<int>(DoneOf(items) * kSteps));
-  const bool busy = queue_.Busy();
+  const bool busy = AnyLeft(items);
   cancelOne_->Enable(busy);
   cancelAll_->Enable(busy);
   if (busy && !timer_.IsRunning()) timer_.Start(kInterval);

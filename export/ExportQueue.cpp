@@ -11,6 +11,11 @@ bool IsOver(ExportState state) {
   return state != ExportState::Waiting && state != ExportState::Running;
 }
 
+template <typename Items>
+bool HasLeft(const Items& items) {
+  return std::any_of(items.begin(), items.end(), [](const auto& item) { return !IsOver(item.state); });
+}
+
 ExportState StateAfter(const RenderingResult& result) {
   if (result.end == RenderingEnd::Whole) return ExportState::Done;
   return result.end == RenderingEnd::Cancelled ? ExportState::Cancelled : ExportState::Failed;
@@ -28,6 +33,10 @@ double DoneOf(const std::vector<ExportItem>& items) {
     all += weight;
   }
   return all == 0 ? 1 : done / all;
+}
+
+bool AnyLeft(const std::vector<ExportItem>& items) {
+  return HasLeft(items);
 }
 
 ExportQueue::ExportQueue(SoundRendering& rendering, FileWriter& files, Clock& clock, std::size_t jobs)
@@ -51,9 +60,7 @@ void ExportQueue::End() {
 void ExportQueue::Add(std::vector<PlannedFile> files, const std::shared_ptr<const ExportVoice>& voice) {
   {
     const std::lock_guard guard(mutex_);
-    const bool busy = std::any_of(entries_.begin(), entries_.end(),
-                                  [](const Entry& entry) { return !IsOver(entry.state); });
-    if (!busy) {
+    if (!HasLeft(entries_)) {
       since_ = clock_.Steady();
       doneBefore_ = 0;
       for (const Entry& entry : entries_) doneBefore_ += DoneOf(entry);
@@ -109,8 +116,7 @@ void ExportQueue::CancelAll() {
 
 bool ExportQueue::Busy() const {
   const std::lock_guard guard(mutex_);
-  return std::any_of(entries_.begin(), entries_.end(),
-                     [](const Entry& entry) { return !IsOver(entry.state); });
+  return HasLeft(entries_);
 }
 
 std::optional<std::chrono::seconds> ExportQueue::TimeLeft() const {

@@ -30,6 +30,8 @@ struct ExportItem {
 
 // What is done of all of them, 0 to 1; what was given up or failed takes no more time.
 [[nodiscard]] double DoneOf(const std::vector<ExportItem>& items);
+// Whether any of them waits or runs.
+[[nodiscard]] bool AnyLeft(const std::vector<ExportItem>& items);
 
 // Makes sound files one behind the other, several at a time, each on a thread and with an engine of its own.
 // From any thread; nothing of it waits but its end.

@@ -166,8 +166,7 @@ std::string QueueText(const std::vector<ExportItem>& items, std::optional<std::c
   std::string text = std::to_string(done) + " von " +
                      Counted(static_cast<long long>(items.size()), "1 Datei", "Dateien") + " fertig";
   if (failed > 0) text += ", " + std::to_string(failed) + " nicht gelungen";
-  const bool busy = CountOf(items, ExportState::Waiting) + CountOf(items, ExportState::Running) > 0;
-  if (busy && left) text += ", noch " + LengthText(*left);
+  if (AnyLeft(items) && left) text += ", noch " + LengthText(*left);
   return text + ".";
 }
 

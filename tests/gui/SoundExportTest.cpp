@@ -6,6 +6,11 @@
 #include <wx/textctrl.h>
 
 #include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+#include <utility>
 
 #include "base/paths.h"
 #include "desktop/frmSoundExports.h"
@@ -198,6 +203,42 @@ TEST_F(SoundExportForm, MakesABookWithItsSound) {
   const auto wanted = NativePath(folder.File("musik/brief.epub"));  // either separator will do
   EXPECT_TRUE(
       std::ranges::any_of(files.files, [&](const auto& file) { return NativePath(file.first) == wanted; }));
+}
+
+// Told of every row that a list gets.
+class RowWatcher final : public wxDataViewModelNotifier {
+ public:
+  explicit RowWatcher(std::function<void()> added) : added_(std::move(added)) {}
+  bool ItemAdded(const wxDataViewItem&, const wxDataViewItem&) override {
+    added_();
+    return true;
+  }
+  bool ItemDeleted(const wxDataViewItem&, const wxDataViewItem&) override { return true; }
+  bool ItemChanged(const wxDataViewItem&) override { return true; }
+  bool ValueChanged(const wxDataViewItem&, unsigned int) override { return true; }
+  bool Cleared() override { return true; }
+  void Resort() override {}
+
+ private:
+  std::function<void()> added_;
+};
+
+TEST_F(SoundExportForm, ShowsTheEndThatComesWhileItLooks) {
+  rendering.holds = true;
+  ExportQueue queue(rendering, files, clock, 1);
+  std::string told;
+  FrmExportQueue shown(&form, queue, [&](const std::string& text) { told = text; });
+  auto& list = FindControl<wxDataViewListCtrl>(shown, "lstFiles");
+  list.GetModel()->AddNotifier(new RowWatcher([&] {
+    queue.CancelAll();
+    while (queue.Busy()) std::this_thread::yield();
+  }));
+  const auto text = std::make_shared<ExportText>(
+      ExportText{.written = "Eins.", .spoken = TracedText("Eins.", 0), .info = {}});
+  queue.Add(std::vector<PlannedFile>{PlanOneFile(text, {}, "eins.mp3")}, std::make_shared<ExportVoice>());
+  shown.Open(true);
+  EXPECT_TRUE(WaitUntil([&] { return FromWx(list.GetTextValue(0, 1)) == "abgebrochen"; }));
+  EXPECT_EQ(told, "0 von 1 Datei fertig.");
 }
 
 }  // namespace
