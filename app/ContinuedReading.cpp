@@ -61,6 +61,7 @@ void ContinuedReading::DocumentChanged() {
   stamp_ = current.stamp;
   if (shown_.empty()) return ShowOffer(std::nullopt);
   if (parts_.along.IsReading() && !another) return;
+  if (!parts_.places.HasAny()) return ShowOffer(std::nullopt);  // a long text takes its time to be fetched
   const std::string text = parts_.document.Text();
   const auto place = parts_.places.Find(shown_, text);
   ShowOffer(place ? OfferAt(text, *place) : std::nullopt);

@@ -85,9 +85,13 @@ void ReadingPlaces::Load() {
     entries_.erase(entries_.begin(), entries_.end() - static_cast<std::ptrdiff_t>(kMost));
 }
 
-std::optional<std::size_t> ReadingPlaces::Find(const std::string& path, std::string_view text) {
+bool ReadingPlaces::HasAny() {
   Load();
-  if (entries_.empty()) return std::nullopt;
+  return !entries_.empty();
+}
+
+std::optional<std::size_t> ReadingPlaces::Find(const std::string& path, std::string_view text) {
+  if (!HasAny()) return std::nullopt;
   const std::uint64_t content = ContentNumber(text);
   const std::string own = SamePath(path);
   const Entry* found = nullptr;

@@ -28,6 +28,8 @@ class ReadingPlaces {
   ReadingPlaces(const ReadingPlaces&) = delete;
   ReadingPlaces& operator=(const ReadingPlaces&) = delete;
 
+  // Whether there is anything to be found.
+  [[nodiscard]] bool HasAny();
   // The place, in characters, of the document with this content, wherever it lies now, or else of the one
   // that lay there and was changed.
   [[nodiscard]] std::optional<std::size_t> Find(const std::string& path, std::string_view text);

@@ -187,6 +187,37 @@ class RichTextBuffer::Implementation {
     wxTextCtrl& control_;
   };
 
+  // The control and what stands for it before a screen reader count the letters of each piece that is put in
+  // again, which takes as long as putting it in. The control only to format what is typed; the screen reader
+  // is told of all the pieces together.
+  class CountedOnce {
+   public:
+    CountedOnce(Implementation& text, gint begin)
+        : text_(text), accessible_(gtk_widget_get_accessible(GTK_WIDGET(text.view_))), begin_(begin) {
+      Change(&g_signal_handlers_block_matched);
+    }
+    ~CountedOnce() {
+      Change(&g_signal_handlers_unblock_matched);
+      const gint length = gtk_text_buffer_get_char_count(text_.buffer_) - begin_;
+      if (length > 0) g_signal_emit_by_name(accessible_, "text-changed::insert", begin_, length);
+    }
+    CountedOnce(const CountedOnce&) = delete;
+    CountedOnce& operator=(const CountedOnce&) = delete;
+
+   private:
+    void Change(decltype(&g_signal_handlers_block_matched) change) {
+      const guint signal = g_signal_lookup("insert-text", GTK_TYPE_TEXT_BUFFER);
+      for (gpointer listener : {static_cast<gpointer>(&text_.control_), static_cast<gpointer>(accessible_)}) {
+        change(text_.buffer_, static_cast<GSignalMatchType>(G_SIGNAL_MATCH_ID | G_SIGNAL_MATCH_DATA), signal,
+               0, nullptr, nullptr, listener);
+      }
+    }
+
+    Implementation& text_;
+    AtkObject* accessible_;  // the view's
+    gint begin_;
+  };
+
   // What the program does by itself is no change to take back.
   class Applying {
    public:
@@ -287,6 +318,7 @@ class RichTextBuffer::Implementation {
 
   void Append(std::string_view valid, gint old, const std::function<void(double)>& advance) {
     try {
+      const CountedOnce counted(*this, old);
       for (std::size_t at = 0; at < valid.size();) {
         std::size_t end = std::min(at + kPiece, valid.size());
         while (end < valid.size() && (static_cast<unsigned char>(valid[end]) & 0xC0U) == 0x80U) ++end;

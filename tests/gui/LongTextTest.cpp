@@ -4,6 +4,7 @@
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/textEncoding.h"
@@ -73,6 +74,38 @@ TEST_F(LongTextForm, TellsOfANewTextOnce) {
   form.Editor().LoadFile(folder.File("a.txt"));
   form.Editor().SetText("");
   EXPECT_EQ(told, 3);
+}
+
+// As a screen reader hears it: what was put in and taken out, in characters.
+TEST_F(LongTextForm, TellsAScreenReaderOfALoadedTextInOnePiece) {
+  struct Heard {
+    std::vector<std::pair<int, int>> inserted;
+    int deleted = 0;
+  } heard;
+  form.Editor().SetText("alter Text");
+  std::string text = "Grüße\n";
+  while (text.size() < (5U << 20)) text += text;
+  WriteFile(folder.File("a.txt"), text);
+  GtkWidget* const view = gtk_bin_get_child(GTK_BIN(form.Editor().GetHandle()));
+  AtkObject* const accessible = gtk_widget_get_accessible(view);
+  const gulong insertion = g_signal_connect(accessible, "text-changed::insert",
+                                            G_CALLBACK(+[](AtkObject*, int begin, int length, gpointer data) {
+                                              static_cast<Heard*>(data)->inserted.emplace_back(begin, length);
+                                            }),
+                                            &heard);
+  const gulong deletion = g_signal_connect(accessible, "text-changed::delete",
+                                           G_CALLBACK(+[](AtkObject*, int, int length, gpointer data) {
+                                             static_cast<Heard*>(data)->deleted += length;
+                                           }),
+                                           &heard);
+  form.Editor().LoadFile(folder.File("a.txt"));
+  const auto length = static_cast<int>(CharacterCount(text));
+  EXPECT_EQ(heard.inserted, (std::vector<std::pair<int, int>>{{10, length}}));
+  EXPECT_EQ(heard.deleted, 10);
+  form.Editor().WriteText("x");
+  EXPECT_EQ(heard.inserted.back(), (std::pair<int, int>{0, 1}));
+  g_signal_handler_disconnect(accessible, insertion);
+  g_signal_handler_disconnect(accessible, deletion);
 }
 
 TEST_F(LongTextForm, ReplacesManyPlacesAndTellsOfThemOnce) {
