@@ -13,29 +13,19 @@ namespace {
 // and the window would stay black. GTK offers no way to change that but the source itself, which has a name.
 constexpr std::string_view kLayoutSource = "[gtk+] incremental_validate_callback";
 constexpr gint kBehindEverything = G_PRIORITY_LOW;
-constexpr gint kDrawnAhead = 3;   // heights of the view; GTK draws some of what may be scrolled to as well
+constexpr gint kBeforeDrawing = GDK_PRIORITY_REDRAW - 1;  // of the lines that are seen first
+constexpr gint kDrawnAhead = 2;   // heights of the view; GTK draws some of what may be scrolled to as well
 constexpr gint64 kShare = 15000;  // microseconds
 constexpr gint64 kShortestPause = 500;
+constexpr gint64 kTimeToDraw = 100000;
 
-GtkWidget* undrawn = nullptr;  // the view that waits for lines; none when it has gone
-
-gboolean LayOutSome(GSource* source, GSourceFunc callback, gpointer data) {
-  const gint64 begin = g_get_monotonic_time();
-  gboolean goesOn = TRUE;
-  gint64 end = begin;
-  // Every time something was laid out, what is seen is drawn anew; a key may wait as long as this.
-  while (goesOn != FALSE && end < begin + kShare) {
-    goesOn = g_idle_funcs.dispatch(source, callback, data);
-    end = g_get_monotonic_time();
-  }
-  g_source_set_ready_time(source, end + std::max(kShortestPause, (end - begin) / 4));
-  if (undrawn != nullptr) gtk_widget_queue_draw(undrawn);
-  return goesOn;
-}
+GtkWidget* undrawn = nullptr;  // the view that waits to be drawn; none when it has gone
+gint64 drawnBy = 0;            // the rest waits until then; 0 for nothing waits
+guint layout = 0;              // the source that was begun last
 
 // Lines that are not laid out have no height: when they begin above the view's lower end, all of them would
 // be taken for visible and be drawn, which takes as long as laying out the whole text.
-gboolean WaitForLines(GtkWidget* widget, cairo_t* context, gpointer) {
+bool LacksLines(GtkWidget* widget) {
   GtkTextView* const view = GTK_TEXT_VIEW(widget);
   GtkTextIter end;
   gtk_text_buffer_get_end_iter(gtk_text_view_get_buffer(view), &end);
@@ -44,7 +34,41 @@ gboolean WaitForLines(GtkWidget* widget, cairo_t* context, gpointer) {
   gtk_text_view_get_line_yrange(view, &end, &top, &height);
   GdkRectangle visible;
   gtk_text_view_get_visible_rect(view, &visible);
-  const bool waits = height == 0 && top < visible.y + kDrawnAhead * visible.height;
+  return height == 0 && top < visible.y + kDrawnAhead * visible.height;
+}
+
+// The layout that was begun last, before everything else when lines are to be seen.
+void Hurry(bool forDrawing) {
+  GSource* const source = layout == 0 ? nullptr : g_main_context_find_source_by_id(nullptr, layout);
+  if (source == nullptr) return;
+  if (forDrawing) g_source_set_priority(source, kBeforeDrawing);
+  drawnBy = 0;
+  g_source_set_ready_time(source, 0);
+}
+
+gboolean LayOutSome(GSource* source, GSourceFunc callback, gpointer data) {
+  const gint64 begin = g_get_monotonic_time();
+  if (drawnBy != 0 && begin >= drawnBy) g_clear_weak_pointer(&undrawn);  // nobody looks
+  gboolean goesOn = TRUE;
+  gint64 end = begin;
+  bool canBeDrawn = false;
+  // Every time something was laid out, what is seen is drawn anew; a key may wait as long as this.
+  while (goesOn != FALSE && end < begin + kShare && !canBeDrawn) {
+    goesOn = g_idle_funcs.dispatch(source, callback, data);
+    end = g_get_monotonic_time();
+    canBeDrawn = undrawn != nullptr && !LacksLines(undrawn);
+  }
+  // What is there is seen before the rest is laid out.
+  drawnBy = canBeDrawn ? end + kTimeToDraw : 0;
+  g_source_set_priority(source, kBehindEverything);
+  g_source_set_ready_time(source, canBeDrawn ? drawnBy : end + std::max(kShortestPause, (end - begin) / 4));
+  if (undrawn != nullptr) gtk_widget_queue_draw(undrawn);
+  return goesOn;
+}
+
+gboolean WaitForLines(GtkWidget* widget, cairo_t* context, gpointer) {
+  const bool waits = LacksLines(widget);
+  if (waits || undrawn != nullptr) Hurry(waits);
   g_set_weak_pointer(&undrawn, waits ? widget : nullptr);
   if (!waits) return FALSE;
   gtk_render_background(gtk_widget_get_style_context(widget), context, 0, 0,
@@ -71,7 +95,9 @@ void SlowDown() {
     source->source_funcs = &paced;
     g_source_set_priority(source, kBehindEverything);
     g_source_set_ready_time(source, 0);
+    layout = seen;
   }
+  if (undrawn != nullptr && LacksLines(undrawn)) Hurry(true);
 }
 
 void After(gpointer object, const char* signal) {
@@ -84,6 +110,7 @@ void LayOutBehindOtherWork(wxTextCtrl& control) {
   GtkWidget* const scrolled = static_cast<GtkWidget*>(control.GetHandle());
   GtkWidget* const view = GTK_IS_BIN(scrolled) ? gtk_bin_get_child(GTK_BIN(scrolled)) : scrolled;
   if (!GTK_IS_TEXT_VIEW(view)) return;
+  g_set_weak_pointer(&undrawn, view);
   g_signal_connect(view, "draw", G_CALLBACK(WaitForLines), nullptr);
   After(view, "size-allocate");
   After(view, "style-updated");
