@@ -1,5 +1,7 @@
 #include "desktop/App.h"
 
+#include <wx/timer.h>
+
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -43,6 +45,11 @@
 #include "voices/keptVoice.h"
 
 namespace lorelin {
+namespace {
+
+constexpr int kFirstLook = 200;  // milliseconds until a person has seen the window
+
+}  // namespace
 
 // Everything that lives for the whole run, in the order in which the one needs the other.
 class App::Program {
@@ -50,8 +57,8 @@ class App::Program {
   Program()
       : services_(MakePlatformServices(false)),
         pump_(*services_.log),
-        voice_(MakeSpeechInstance(services_, pump_, true, Notice(0))),
-        voice2_(MakeSpeechInstance(services_, pump_, false, Notice(1))),
+        voice_(MakeSpeechInstance(services_, pump_, true, Notice(0), InstanceStart::WhenNeeded)),
+        voice2_(MakeSpeechInstance(services_, pump_, false, Notice(1), InstanceStart::WhenNeeded)),
         form_(std::make_unique<FrmMain>(
             services_.paths.cacheFolder, [this] { End(); }, *services_.log)),
         recovery_({.editor = form_->Editor(),
@@ -141,6 +148,7 @@ class App::Program {
     voiceDialogs_.OfferMore({.list = {library_, messageBoxes_, pump_},
                              .renew = [this] { RenewVoices(); },
                              .chosen = [this] { PrepareVoice(); }});
+    prepareVoice_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { PrepareVoice(); });
   }
 
   ~Program() {
@@ -182,7 +190,7 @@ class App::Program {
         .textmode = [this] { modules_.window.Textmode(); }};
     if (Main(parts, commandLine) != StartResult::Started) return false;
     KeepVoice();
-    PrepareVoice();
+    prepareVoice_.StartOnce(kFirstLook);
     remote_.Begin();
     OnMediaKeys(*form_, [this](RemoteRequest request) { remote_.Carry(request); });
     if (readsSelection) remote_.ReadAloud(selected);
@@ -368,6 +376,7 @@ class App::Program {
        .title = [this] { return std::string(WithoutChangeMark(modules_.documents.Title())); },
        .raise = [this] { Raise(); },
        .awaitsAnswer = [this] { return dialogs_.AwaitAnswer(); }}};
+  wxTimer prepareVoice_;  // who waits for the engine holds up the first picture
   ModFileReg fileTypes_;
   WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),
                               [this] { modules_.tasks.FollowFolder(); }};

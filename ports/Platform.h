@@ -70,12 +70,17 @@ struct PlatformServices {
 // `verbose` copies the log to standard error. Never throws.
 [[nodiscard]] PlatformServices MakePlatformServices(bool verbose);
 
+// Where an instance is a process of its own: whether it starts with the object, beside what its owner does
+// first, or with the first call that needs it.
+enum class InstanceStart { AtOnce, WhenNeeded };
+
 // An engine instance. `audible` prepares the sound device. `condition` is told what is wrong with
 // the instance, a German sentence, and "" when nothing is any more; on the pump's thread. The services and
 // the pump must outlive the instance.
 [[nodiscard]] std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump,
                                                            bool audible,
-                                                           std::function<void(const std::string&)> condition);
+                                                           std::function<void(const std::string&)> condition,
+                                                           InstanceStart start = InstanceStart::AtOnce);
 
 // Has an instance of this system look for voices anew, at once or when its text has ended; the next question
 // for its voices waits for the answer.

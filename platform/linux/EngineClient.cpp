@@ -4,12 +4,22 @@
 
 namespace lorelin {
 
-EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock, Log& log)
-    : condition_(std::make_shared<Condition>(options.condition)) {
+EngineClient::EngineClient(Options options, EventPump& pump, Clock& clock, Log& log)
+    : options_(std::move(options)),
+      pump_(pump),
+      clock_(clock),
+      log_(log),
+      condition_(std::make_shared<Condition>(options_.condition)) {
+  if (options_.start == InstanceStart::AtOnce) Connect();
+}
+
+void EngineClient::Connect() {
+  if (connection_) return;
+  EventPump& pump = pump_;
   const std::weak_ptr<Listener> listener = ListenerForTasks();
   const std::weak_ptr<Condition> condition = condition_;
   connection_ = std::make_unique<EngineConnection>(
-      options.engineFile, options.audible, options.folder, options.patience,
+      options_.engineFile, options_.audible, options_.folder, options_.patience,
       EngineConnection::Handlers{.ended =
                                      [listener, &pump](const engine::Ended& ended) {
                                        pump.Post([listener, ended] {
@@ -34,12 +44,13 @@ EngineClient::EngineClient(const Options& options, EventPump& pump, Clock& clock
                                          if (alive && *alive) (*alive)(text);
                                        });
                                      }},
-      clock, log);
+      clock_, log_);
 }
 
 EngineClient::~EngineClient() = default;
 
 const engine::Capabilities& EngineClient::Abilities() {
+  Connect();
   const bool first = abilities_ == nullptr;
   if (first || connection_->HasNewCapabilities(abilities_.get())) {
     abilities_ = connection_->WaitForCapabilities();
@@ -52,12 +63,13 @@ const engine::Capabilities& EngineClient::Abilities() {
 void EngineClient::PropertiesChanged() {
   if (properties_.voice == prepared_) return;
   prepared_ = properties_.voice;
+  Connect();
   connection_->Prepare(prepared_);
 }
 
 void EngineClient::RenewVoices() {
   prepared_ = 0;
-  connection_->Renew();
+  if (connection_) connection_->Renew();
 }
 
 void EngineClient::StartText(std::string_view text, bool goesOn) {
@@ -76,19 +88,19 @@ void EngineClient::ContinueText(std::string_view text, bool last) {
 }
 
 void EngineClient::PauseAudio() {
-  connection_->Pause();
+  if (connection_) connection_->Pause();
 }
 void EngineClient::ResumeAudio() {
-  connection_->Resume();
+  if (connection_) connection_->Resume();
 }
 
 void EngineClient::ResetAudio() {
   // A text that had ended already was not discarded; its end is still told.
-  if (connection_->Reset()) DiscardText();
+  if (connection_ && connection_->Reset()) DiscardText();
 }
 
 bool EngineClient::Speaking() {
-  return connection_->Speaking();
+  return connection_ && connection_->Speaking();
 }
 
 void EngineClient::SetSoundFormat(SoundFormat format, SoundQuality quality, bool tellsWords) {
@@ -98,10 +110,10 @@ void EngineClient::SetSoundFormat(SoundFormat format, SoundQuality quality, bool
 }
 
 int EngineClient::ProcessId() const {
-  return connection_->ProcessId();
+  return connection_ ? connection_->ProcessId() : -1;
 }
 std::chrono::microseconds EngineClient::LastStartLatency() const {
-  return connection_->LastStartLatency();
+  return connection_ ? connection_->LastStartLatency() : std::chrono::microseconds{};
 }
 
 }  // namespace lorelin

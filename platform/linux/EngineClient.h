@@ -11,11 +11,12 @@
 #include "ports/Clock.h"
 #include "ports/EventPump.h"
 #include "ports/Log.h"
+#include "ports/Platform.h"
 
 namespace lorelin {
 
-// A DirectSS instance in a process of its own, lorelin-engine. The process starts with the object and ends
-// with it; one that dies or does not answer is replaced, at most 3 times in 2 minutes.
+// A DirectSS instance in a process of its own, lorelin-engine. The process starts with the object, or when it
+// is needed, and ends with it; one that dies or does not answer is replaced, at most 3 times in 2 minutes.
 class EngineClient final : public SpeechInstance {
  public:
   struct Options {
@@ -26,12 +27,13 @@ class EngineClient final : public SpeechInstance {
     std::string folder{};
     // What is wrong with the instance, in German for the status bar, and "" when nothing is any more; on the
     // pump's thread.
-    std::function<void(const std::string&)> condition;
+    std::function<void(const std::string&)> condition{};
     EngineConnection::Patience patience{};
+    InstanceStart start = InstanceStart::AtOnce;
   };
 
   // Owns none of the references; they must outlive the object.
-  EngineClient(const Options& options, EventPump& pump, Clock& clock, Log& log);
+  EngineClient(Options options, EventPump& pump, Clock& clock, Log& log);
   ~EngineClient() override;
 
   void Speak(std::string_view text) override { StartText(text, false); }
@@ -56,12 +58,17 @@ class EngineClient final : public SpeechInstance {
  private:
   using Condition = std::function<void(const std::string&)>;
 
+  void Connect();
   void StartText(std::string_view text, bool goesOn);
   [[nodiscard]] const engine::Capabilities& Abilities() override;
   void PropertiesChanged() override;
 
-  std::shared_ptr<Condition> condition_;  // posted calls find it, if the object still lives
-  std::unique_ptr<EngineConnection> connection_;
+  const Options options_;
+  EventPump& pump_;
+  Clock& clock_;
+  Log& log_;
+  std::shared_ptr<Condition> condition_;          // posted calls find it, if the object still lives
+  std::unique_ptr<EngineConnection> connection_;  // none before the process is started
   std::shared_ptr<const engine::Capabilities> abilities_;
   std::int32_t prepared_ = 0;  // the voice that the engine was told of
   std::uint32_t goesOn_ = 0;   // the text of which more is to come

@@ -75,13 +75,15 @@ PlatformServices MakePlatformServices(bool verbose) {
 }
 
 std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool audible,
-                                             std::function<void(const std::string&)> condition) {
+                                             std::function<void(const std::string&)> condition,
+                                             InstanceStart start) {
   return std::make_unique<EngineClient>(
       EngineClient::Options{
           .engineFile = services.paths.engineFile,
           .audible = audible,
           .folder = audible ? std::string() : (NativePath(services.paths.programFolder) / "temp").string(),
-          .condition = std::move(condition)},
+          .condition = std::move(condition),
+          .start = start},
       pump, *services.clock, *services.log);
 }
 

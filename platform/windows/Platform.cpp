@@ -78,7 +78,8 @@ PlatformServices MakePlatformServices(bool verbose) {
 }
 
 std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, EventPump& pump, bool,
-                                             std::function<void(const std::string&)> condition) {
+                                             std::function<void(const std::string&)> condition,
+                                             InstanceStart) {
   if (auto engine = MakeEngine(pump, *services.log)) return engine;
   services.log->Write(MissingSpeech::kReason);
   if (condition) pump.Post([condition] { condition(MissingSpeech::kReason); });

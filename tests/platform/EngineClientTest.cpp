@@ -57,6 +57,26 @@ class HeardWords : public testing::Test {
   std::vector<HeardWord> words;
 };
 
+TEST(EngineClients, StartTheirProcessWhenItIsNeeded) {
+  TemporaryFolder folder;
+  TaskPump pump;
+  FakeClock clock;
+  FakeLog log;
+  EngineClient engine({.engineFile = LORELIN_BIN_DIR "/lorelin-engine",
+                       .folder = folder.Path(),
+                       .patience = kLongPatience,
+                       .start = InstanceStart::WhenNeeded},
+                      pump, clock, log);
+  engine.PauseAudio();
+  engine.ResumeAudio();
+  engine.ResetAudio();
+  engine.RenewVoices();
+  EXPECT_FALSE(engine.Speaking());
+  EXPECT_EQ(engine.ProcessId(), -1);
+  EXPECT_GT(engine.VoiceCount(), 0);
+  EXPECT_GT(engine.ProcessId(), 0);
+}
+
 TEST_F(HeardWords, AreToldBeforeTheEndInTheOrderOfTheText) {
   real.engine.Speak("\x01„Grüße“ aus Köln.");
   ASSERT_TRUE(real.WaitForEnd());
