@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/DroppedVoice.h"
@@ -47,7 +48,8 @@
 namespace lorelin {
 namespace {
 
-constexpr int kFirstLook = 200;  // milliseconds until a person has seen the window
+constexpr int kFirstLook = 200;     // milliseconds until a person has seen the window
+constexpr int kEnginesStart = 500;  // milliseconds that engines need on a busy machine
 
 }  // namespace
 
@@ -148,7 +150,7 @@ class App::Program {
     voiceDialogs_.OfferMore({.list = {library_, messageBoxes_, pump_},
                              .renew = [this] { RenewVoices(); },
                              .chosen = [this] { PrepareVoice(); }});
-    prepareVoice_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { PrepareVoice(); });
+    firstLook_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { AfterFirstLook(); });
   }
 
   ~Program() {
@@ -190,7 +192,7 @@ class App::Program {
         .textmode = [this] { modules_.window.Textmode(); }};
     if (Main(parts, commandLine) != StartResult::Started) return false;
     KeepVoice();
-    prepareVoice_.StartOnce(kFirstLook);
+    firstLook_.StartOnce(kFirstLook);
     remote_.Begin();
     OnMediaKeys(*form_, [this](RemoteRequest request) { remote_.Carry(request); });
     if (readsSelection) remote_.ReadAloud(selected);
@@ -235,6 +237,14 @@ class App::Program {
   void Raise() {
     form_->Iconize(false);
     form_->Raise();
+  }
+
+  // Engines that start hold up the first picture, and who waits for them the first keys.
+  void AfterFirstLook() {
+    if (std::exchange(enginesStart_, true)) return PrepareVoice();
+    StartInstance(*voice_);
+    StartInstance(*voice2_);
+    firstLook_.StartOnce(kEnginesStart);
   }
 
   // A voice that takes its time to load is ready when the next text is read.
@@ -376,7 +386,8 @@ class App::Program {
        .title = [this] { return std::string(WithoutChangeMark(modules_.documents.Title())); },
        .raise = [this] { Raise(); },
        .awaitsAnswer = [this] { return dialogs_.AwaitAnswer(); }}};
-  wxTimer prepareVoice_;  // who waits for the engine holds up the first picture
+  wxTimer firstLook_;
+  bool enginesStart_ = false;
   ModFileReg fileTypes_;
   WxFolderWatch scriptsWatch_{JoinPath(services_.paths.programFolder, {"scripts"}),
                               [this] { modules_.tasks.FollowFolder(); }};

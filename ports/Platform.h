@@ -82,6 +82,9 @@ enum class InstanceStart { AtOnce, WhenNeeded };
                                                            std::function<void(const std::string&)> condition,
                                                            InstanceStart start = InstanceStart::AtOnce);
 
+// Has an instance that starts when it is needed start now; does not wait for it.
+void StartInstance(DirectSS& instance);
+
 // Has an instance of this system look for voices anew, at once or when its text has ended; the next question
 // for its voices waits for the answer.
 void RenewVoices(DirectSS& instance);

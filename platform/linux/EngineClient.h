@@ -44,6 +44,8 @@ class EngineClient final : public SpeechInstance {
   void ResetAudio() override;
   bool Speaking() override;
 
+  // Starts the process if it is not there yet; does not wait for it.
+  void Start() { Connect(); }
   // Has another engine process take the place of this one, once no text is under way: it finds the voices
   // that are there by then.
   void RenewVoices();

@@ -87,6 +87,10 @@ std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, E
       pump, *services.clock, *services.log);
 }
 
+void StartInstance(DirectSS& instance) {
+  if (auto* const client = dynamic_cast<EngineClient*>(&instance)) client->Start();
+}
+
 void RenewVoices(DirectSS& instance) {
   if (auto* const client = dynamic_cast<EngineClient*>(&instance)) client->RenewVoices();
 }

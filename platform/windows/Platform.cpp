@@ -86,6 +86,9 @@ std::unique_ptr<DirectSS> MakeSpeechInstance(const PlatformServices& services, E
   return std::make_unique<MissingSpeech>(pump);
 }
 
+// All of them start at once.
+void StartInstance(DirectSS&) {}
+
 // The voices of the system's own engines are not this program's to renew.
 void RenewVoices(DirectSS&) {}
 

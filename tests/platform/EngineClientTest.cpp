@@ -74,7 +74,10 @@ TEST(EngineClients, StartTheirProcessWhenItIsNeeded) {
   EXPECT_FALSE(engine.Speaking());
   EXPECT_EQ(engine.ProcessId(), -1);
   EXPECT_GT(engine.VoiceCount(), 0);
-  EXPECT_GT(engine.ProcessId(), 0);
+  const int process = engine.ProcessId();
+  EXPECT_GT(process, 0);
+  engine.Start();
+  EXPECT_EQ(engine.ProcessId(), process);
 }
 
 TEST_F(HeardWords, AreToldBeforeTheEndInTheOrderOfTheText) {
