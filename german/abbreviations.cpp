@@ -521,7 +521,11 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"stell", "stelle"},
                              {"verbr", "verbrauch"},
                              {"grdst", "grundstück"},
-                             {"gesch", "geschoss"}};
+                             {"gesch", "geschoss"},
+                             {"sj", "sjahr"},
+                             {"rj", "rjahr"},
+                             {"ulj", "uljahr"},
+                             {"bj", "bjahr"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
   if (word.empty() || (!point && !HasSuffix(word, {"str", "Str", "bhf"}))) return std::nullopt;

@@ -108,7 +108,7 @@ constexpr Abbreviation kTable[] = {
     A{"chin.", "chinesisch", Described, Never, Adjective}, A{"chem.", "chemisch", Described, Never, Adjective},
     A{"biol.", "biologisch", Described, Never, Adjective}, A{"berufl.", "beruflich", Described, Never, Adjective},
     A{"unbefr.", "unbefristet", Described, Never, Adjective}, A{"befr.", "befristet", Described, Never, Adjective},
-    A{"ausf.", "ausführlich", Described, Never, Adjective}, A{"akt.", "aktuell", Described, Never, Adjective},
+    A{"ausf.", "ausführlich", Described, Never, Adjective}, A{"prof.", "professionell", Described, Never, Adjective}, A{"akt.", "aktuell", Described, Never, Adjective},
 };
 // clang-format on
 

@@ -266,24 +266,30 @@ Found LeadingZeroAt(const Tokens& tokens, std::size_t i) {
 
 Found IbanAt(const Tokens& tokens, std::size_t i) {
   const auto country = tokens.View(i);
-  if (!tokens.IsWord(i) || country.size() != 2 || !IsAllCaps(country) || !tokens.IsNumber(i + 1))
+  constexpr std::size_t kTaxDigits = 9;
+  // "USt-IdNr. DE 123456789".
+  const std::size_t first =
+      tokens.IsBlank(i + 1) && tokens.IsNumber(i + 2, kTaxDigits, kTaxDigits) ? i + 2 : i + 1;
+  if (!tokens.IsWord(i) || country.size() != 2 || !IsAllCaps(country) || !tokens.IsNumber(first))
     return std::nullopt;
   if (!tokens.FreeBefore(i)) return std::nullopt;
   std::string digits;
-  std::size_t end = i + 1;
-  for (std::size_t at = i + 1; tokens.IsNumber(at) && digits.size() < 30;) {
+  std::size_t end = first;
+  for (std::size_t at = first; tokens.IsNumber(at) && digits.size() < 30;) {
     digits += tokens.View(at);
     end = ++at;
     if (tokens.IsBlank(at) && tokens.IsNumber(at + 1)) ++at;
   }
   const bool named = tokens.Before(i) != Tokens::kNone &&
                      (IsOneOf(tokens.WordBefore(i), {"IBAN"}) || tokens.Is(tokens.Before(i), ":"));
-  const bool whole = tokens.View(i + 1).size() >= 9;  // "DE123456789" of a tax number
+  const bool whole = tokens.View(first).size() >= kTaxDigits;  // "DE123456789" of a tax number
   if (digits.size() < 16 && !whole && !(named && digits.size() >= 10)) return std::nullopt;
   std::string words{country[0], ' ', country[1]};
-  words += ' ' + DigitWords(std::string_view(digits).substr(0, 2));
-  for (std::size_t at = 2; at < digits.size(); at += 4)
-    words += ", " + DigitWords(std::string_view(digits).substr(at, 4));
+  const std::size_t head = digits.size() == kTaxDigits ? 3 : 2;
+  words += ' ' + DigitWords(std::string_view(digits).substr(0, head));
+  const std::size_t group = digits.size() == kTaxDigits ? 3 : 4;
+  for (std::size_t at = head; at < digits.size(); at += group)
+    words += ", " + DigitWords(std::string_view(digits).substr(at, group));
   return Phrase{end, words};
 }
 

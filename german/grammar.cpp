@@ -389,7 +389,8 @@ namespace {
 // "mit großem Garten, kleinem Teich und separatem Eingang": the preposition holds for all of them.
 std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i) {
   std::size_t at = OverPoint(tokens, tokens.Before(i));
-  if (at == Tokens::kNone || !tokens.IsWord(i) ||
+  const bool ordinal = tokens.IsNumber(i, 1, 2) && tokens.Is(i + 1, ".") && !tokens.Is(at, ",");
+  if (at == Tokens::kNone || !(tokens.IsWord(i) || ordinal) ||
       !IsOneOf(tokens.View(at), {",", "und", "oder", "sowie", "u", "o"}))
     return std::nullopt;
   for (int step = 0; step < kWordsBack && at != Tokens::kNone; ++step) {

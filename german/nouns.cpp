@@ -191,6 +191,11 @@ Noun NounOf(std::string_view word) {
   if (form == 0) form = LookUpMore(word);
   const bool whole = form != 0;
   if (form == 0) form = LookUpLastPart(word);
+  // "Kalenderjahres".
+  if (form == 0 && word.ends_with("es")) {
+    form = LookUpLastPart(word.substr(0, word.size() - 2)) & (kMasculine | kNeuter);
+    if (form != 0) form |= kGenitive;
+  }
   Noun noun = FromForm(form);
   noun.known = form != 0;
   noun.whole = whole;

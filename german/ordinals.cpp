@@ -246,6 +246,19 @@ bool NamesOffice(const Tokens& tokens, std::size_t i, std::size_t next, std::uin
   return false;
 }
 
+// "zwischen Wohnung und 1. Tätigkeitsstätte": the second thing must follow.
+bool StandsBehindBetween(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kWords = 4;
+  std::size_t at = tokens.Before(i);
+  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {"und", "u"})) return false;
+  for (std::size_t step = 0; step < kWords; ++step) {
+    at = tokens.WordIndexBefore(at);
+    if (at == Tokens::kNone) return false;
+    if (IsOneOf(tokens.View(at), {"zwischen", "Zwischen", "zw"})) return true;
+  }
+  return false;
+}
+
 PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
   const auto word = tokens.View(next);
   if (IsMonth(word) || MonthAt(tokens, next))
@@ -283,6 +296,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
                       (IsSingularNoun(tokens, next) && !word.ends_with("en") && !CountsTime(before));
     return fits ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
+  if (StandsBehindBetween(tokens, i) && isNoun) return PointMeaning::Ordinal;
   return BeforeNounAlone(tokens, i, next);
 }
 
@@ -386,6 +400,7 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (word == "OG" || word == "UG" || word == "EG") return {Gender::Neuter, false, false, true};
   if (word == "FC" || word == "SC" || word == "FCK" || word == "FCN")
     return {Gender::Masculine, false, false, true};
+  if (IsOneOf(word, {"Bekl", "Beklagten", "Ast", "Angekl"})) return {Gender::Masculine, false, false, true};
   // "zweite Vorsitzende" is a woman, with another article a man.
   const auto article =
       tokens.WordBefore(tokens.Before(noun) == Tokens::kNone ? noun : tokens.Before(noun) - 1);

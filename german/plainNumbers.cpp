@@ -296,6 +296,14 @@ Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
   if (number->IsOne() && many && many->IsWhole() && many->value >= 100 &&
       !(many->IsYear() && many->value > 1900 && many->value < 2100))
     return Phrase{many->end, "eins zu " + NumberText(*many)};
+  // "125/10.000" of a house, "58/1.240" of the costs.
+  const bool ofThousands = many && many->IsWhole() && many->value > number->value &&
+                           (many->grouped || many->value == 1000 || many->value == 10000);
+  if (number->IsWhole() && ofThousands && !LabelBefore(tokens, i) && tokens.FreeBehind(many->end - 1) &&
+      !tokens.Is(many->end, "/")) {
+    if (many->value % 1000 != 0) return Phrase{many->end, NumberText(*number) + " von " + NumberText(*many)};
+    return Phrase{many->end, NumberText(*number) + " " + WithUpperStart(OrdinalWords(many->value, "el"))};
+  }
   const auto per = PerAt(tokens, number->end);
   if (!per || tokens.IsNumber(number->end + 1)) return std::nullopt;
   return Phrase{tokens.WithoutLastPoint(per->end), NumberText(*number) + per->words};

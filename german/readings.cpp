@@ -276,7 +276,8 @@ Found StreetPhraseAt(const Tokens& tokens, std::size_t i) {
   if (!street) return std::nullopt;
   const bool keepsPoint = tokens.Is(street->end - 1, ".") && tokens.IsLast(street->end - 1);
   std::string words = std::string(tokens.View(i).substr(0, street->stemLength)) + std::string(street->spoken);
-  const auto plural = PluralOf(WithUpperStart(street->spoken));  // "150 Betriebsstd."
+  if (words.ends_with("jahr") && StandsInGenitive(tokens, i)) words += "es";  // "des 18. Lebensj."
+  const auto plural = PluralOf(WithUpperStart(street->spoken));               // "150 Betriebsstd."
   if (tokens.Is(i + 1, ".") && !plural.empty())
     words = BentNoun(tokens, i, words, words.substr(0, street->stemLength) + WithLowerStart(plural));
   return Phrase{keepsPoint ? street->end - 1 : street->end, words};
@@ -407,7 +408,11 @@ Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
   if (before.empty() || tokens.View(i).size() > 8 || !tokens.FreeBefore(i) ||
       IsOneOf(tokens.View(i), {"A", "V", "U", "P", "Pack", "Sch", "E"}))
     return std::nullopt;
-  const bool one = CountsOne(before) || (IsMetricSign(tokens.View(i)) && IsOrdinalBefore(tokens, i));
+  // "1,80 € das St."
+  const std::size_t price = before == "das" ? tokens.Before(tokens.WordIndexBefore(i)) : Tokens::kNone;
+  const bool each = price != Tokens::kNone && IsOneOf(tokens.View(price), {"€", "EUR", "Euro"}) &&
+                    IsOneOf(tokens.View(i), {"St", "Stk", "Stck", "kg", "Pfd", "Paar"});
+  const bool one = each || CountsOne(before) || (IsMetricSign(tokens.View(i)) && IsOrdinalBefore(tokens, i));
   const bool listed =
       (before == "in" && !tokens.IsCapital(i) && tokens.View(i).size() > 1) || IsMetricSign(tokens.View(i));
   if (!one && !listed && !CountsInWords(before)) return std::nullopt;
@@ -418,7 +423,10 @@ Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   if (one) return Phrase{tokens.WithoutLastPoint(unit->end), unit->singular};
   const std::size_t count = tokens.WordIndexBefore(i);
-  const bool dative = !listed && CaseOfPreposition(tokens.WordBefore(count)) == Case::Dative;
+  // "in vollen km", but "in km".
+  const bool bare = listed && CaseOfPreposition(before).has_value();
+  const bool described = !listed || before.ends_with("en");
+  const bool dative = !bare && described && CaseOfPreposition(tokens.WordBefore(count)) == Case::Dative;
   return Phrase{tokens.WithoutLastPoint(unit->end), dative ? unit->dativePlural : unit->plural};
 }
 

@@ -202,6 +202,8 @@ class SentenceReader {
         tokens_.Is(next + 1, ".") && IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"});
     if (weekday && ending != Ending::Often) return false;  // "Führg. So. 15 Uhr"
     if (StartsSentences(word)) return true;
+    // "Anl. N, Zeile 31".
+    if (word.size() == 1 && ending != Ending::Often) return false;
     // "90 Min. Anschl. Diskussion."
     if (IsOneOf(word, {"Anschl", "Ggf", "Evtl", "Vgl", "Zzgl", "Mind", "Vorauss", "Zudem", "Lt", "Gem"}) &&
         tokens_.Is(next + 1, "."))

@@ -117,6 +117,14 @@ Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, "minus"};
 }
 
+// "auf die Polung (+/-)", "+/− 5 %".
+Found PlusOrMinusAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "+") || !tokens.Is(i + 1, "/") || !tokens.IsDashAt(i + 2)) return std::nullopt;
+  const bool free = i == 0 || tokens.IsGap(i - 1) || tokens.Is(i - 1, "(");
+  if (!free || !(tokens.IsGap(i + 3) || tokens.Is(i + 3, ")"))) return std::nullopt;
+  return Phrase{i + 3, "plus minus"};
+}
+
 // "10¹²", "10⁻³": the power that is set above the number.
 Found HighPowerAt(const Tokens& tokens, std::size_t i) {
   constexpr std::string_view kDigits[] = {"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
@@ -316,9 +324,10 @@ Found PunctuationAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt,
-                             &PlusMinusAt, &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt,
-                             &SignInNormAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
+  for (const auto reading :
+       {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt, &PlusOrMinusAt, &PlusMinusAt,
+        &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt, &SignInNormAt, &PowerAt,
+        &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

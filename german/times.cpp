@@ -1,5 +1,6 @@
 #include "german/times.h"
 
+#include "german/dates.h"
 #include "german/grammar.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
@@ -258,17 +259,31 @@ bool IsMovedInTime(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "Mo., 3.2., 7 h", "am 5. Mai, 18 h".
+bool StandsBehindDate(const Tokens& tokens, std::size_t i) {
+  const std::size_t comma = tokens.Before(i);
+  if (comma == Tokens::kNone || !tokens.Is(comma, ",")) return false;
+  for (std::size_t first = 2; first <= 6 && first <= comma; ++first) {
+    const auto date = DateShapeAt(tokens, comma - first);
+    if (date && date->end == comma) return true;
+  }
+  return false;
+}
+
 // "bis 18 h", but not "bis 12 h nach der Einnahme".
 bool EndsAtHour(const Tokens& tokens, std::size_t i, const Clock& clock) {
   if (SpeaksOfDuration(tokens, i)) return false;
+  if (StandsBehindDate(tokens, i)) return true;
   // "14 h wäre ideal".
   if (clock.hour >= kFirstMorningHour && clock.hour < kHours && tokens.OpensClause(i) &&
       IsOneOf(tokens.View(tokens.Skip(tokens.Skip(clock.end) + 1)),
               {"wäre", "passt", "geht", "klappt", "ginge"}))
     return true;
   if (tokens.WordBefore(i) == "auf" && clock.hour >= kFirstMorningHour) return IsMovedInTime(tokens, i);
-  if (!IsOneOf(tokens.WordBefore(i), {"bis", "vor", "seit"}) || clock.hour < kFirstMorningHour ||
-      clock.hour > 23)
+  constexpr std::uint64_t kEvening = 19;
+  const bool behindNach = tokens.WordBefore(i) == "nach" && clock.hour >= kEvening;  // "nach 22 h"
+  if (!(IsOneOf(tokens.WordBefore(i), {"bis", "vor", "seit"}) || behindNach) ||
+      clock.hour < kFirstMorningHour || clock.hour > 23)
     return false;
   const std::size_t behind = tokens.Skip(tokens.Skip(clock.end) + 1);
   return !tokens.IsCapital(behind) && !IsOneOf(tokens.View(behind), {"nach", "lang", "am", "pro", "täglich",

@@ -34,7 +34,8 @@ bool IsDegreeWord(std::string_view word) {
       "je jeweils noch "
       "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
       "exakt ganz spätestens frühestens einschließlich "
-      "mehr als zu vorauss voraussichtlich evtl eventuell wohl vermutlich ggf gegebenenfalls");
+      "mehr als zu vorauss voraussichtlich voraussichtl vsl evtl eventuell wohl vermutlich ggf "
+      "gegebenenfalls");
   return words.Has(word);
 }
 
@@ -228,7 +229,8 @@ bool IsLabel(std::string_view word) {
       "Schalter Terminal Buchstabe Fußnote Anm Anmerkung "
       "Beispiel Bsp Formel Gleichung Stufe Pflegestufe Pflegegrad Steuerklasse Lohnsteuerklasse Lektionen "
       "ICE IC RE RB ISO DIN EN IEC A B BGH "
-      "Kabinett Bd Heft Ausgabe Folge Staffel Bundestagsdrucksache Drucksache Drs Klasse Randnummer Rn Rdnr "
+      "UAbs Unterabs Unterabsatz Halbsatz Kabinett Bd Heft Ausgabe Folge Staffel Bundestagsdrucksache "
+      "Drucksache Drs Klasse Randnummer Rn Rdnr "
       "Tz Kunden Postfach Zone Schritt Schlüssel Figur Variante Szene Postleitzahl");
   if (words.Has(word)) return true;
   constexpr std::size_t kShortestName = 3;  // of a street, before its last part
