@@ -192,6 +192,19 @@ bool MeansDisease(std::string_view noun) {
        "insult",  "ischämie",  "reizung",  "entzündung", "krankheit"});
 }
 
+// "Die Berufung der Kl. hat Erfolg".
+bool SpeaksOfLawsuit(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 24;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    if (tokens.IsCapital(at) &&
+        HasPrefix(tokens.View(at),
+                  {"Bekl", "Klage", "Berufung", "Revision", "Gericht", "Urteil", "Streit", "Schadensersatz",
+                   "Rechtsstreit", "Prozess", "Landgericht", "Amtsgericht"}))
+      return true;
+  }
+  return false;
+}
+
 bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
   switch (one.around) {
@@ -345,6 +358,17 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Motorway:
       return tokens.IsCapital(next) && !NounOf(tokens.View(next)).whole &&
              IsOneOf(tokens.WordBefore(i), {"der", "zwischen", "an", "und", "ab", "bis"});
+    case Around::Sex: {
+      const std::size_t before = tokens.Before(i);
+      const std::size_t age = NumberBehind(tokens, end);
+      return before != Tokens::kNone && IsOneOf(tokens.View(before), {"(", ","}) && tokens.Is(end, ",") &&
+             tokens.IsNumber(age, 1, 3) &&
+             IsOneOf(tokens.View(tokens.Skip(age + 1)), {"J", "Jahre", "Mon", "Monate", "-", ",", ")"});
+    }
+    case Around::Court:
+      return !tokens.IsNumber(next) && SpeaksOfLawsuit(tokens, i) &&
+             (IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"der", "die"}) ||
+              (i > 2 && tokens.Is(i - 2, ".") && tokens.Is(i - 3, "d")));
     case Around::OfMan:
       return IsOneOf(tokens.WordBefore(i), {"Der", "Dem", "Des", "dem", "des", "vom", "zum", "beim"});
     case Around::Quoted:

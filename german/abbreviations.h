@@ -41,6 +41,8 @@ enum class Around : std::uint8_t {
   Percent,         // "%" stands before
   Section,         // "§" follows
   PageBefore,      // a page or paragraph stands before
+  Sex,             // an age follows
+  Court,           // "der" or "d." stands before in a text on a lawsuit
   OfMan,           // "der", "dem" or "des" opens the clause or stands before
   Quoted,          // what is quoted follows
   Motorway,        // a place follows, a motorway is spoken of

@@ -91,10 +91,24 @@ std::string QuantityWords(const Tokens& tokens, std::size_t first, std::size_t b
   return quantity.words;
 }
 
+// "in den ersten 6 Mon.": "den" before many is always the dative.
+bool StandsBehindDen(const Tokens& tokens, std::size_t first) {
+  constexpr int kAdjectives = 2;
+  std::size_t at = tokens.WordIndexBefore(first);
+  for (int step = 0; step <= kAdjectives && at != Tokens::kNone; ++step) {
+    const auto word = tokens.View(at);
+    if (IsOneOf(word, {"den", "Den", "diesen", "seinen", "ihren", "Ihren", "unseren", "meinen"})) return true;
+    if (IsUpperWord(word) || !word.ends_with("en") || IsDeterminer(word)) return false;
+    at = tokens.WordIndexBefore(at);
+  }
+  return false;
+}
+
 std::string UnitWords(const Tokens& tokens, std::size_t first, std::size_t behind, const Quantity& quantity,
                       const Unit& unit) {
   if (quantity.one || quantity.singular) return unit.singular;
-  return CaseAt(tokens, first, behind) == Case::Dative ? unit.dativePlural : unit.plural;
+  const bool dative = CaseAt(tokens, first, behind) == Case::Dative || StandsBehindDen(tokens, first);
+  return dative ? unit.dativePlural : unit.plural;
 }
 
 // Money.
@@ -429,6 +443,10 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   if (!second || !tokens.FreeBehind(second->end - 1) || tokens.IsDashAt(second->end)) return std::nullopt;
   if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {"/", ".", ":"}))) return std::nullopt;
   if (tokens.Is(second->end, "/") && tokens.IsNumber(second->end + 1)) return std::nullopt;
+  // "3–4 x tgl.": so many times.
+  const std::size_t times = tokens.Skip(second->end);
+  if (IsOneOf(tokens.View(times), {"x", "×"}) && !tokens.IsNumber(tokens.Skip(times + 1)))
+    return std::nullopt;
   if (between->words == " mal ")
     return Phrase{second->end, NumberText(*first) + " mal " + NumberText(*second)};
   const bool word = tokens.Is(tokens.Skip(first->end), "bis");

@@ -22,7 +22,14 @@ bool IsMany(std::string_view word) {
 
 // "Unsere Tel. lautet": the verb behind the point is one of a single thing.
 bool SingleVerbFollows(const Tokens& tokens, std::size_t i) {
-  const std::size_t next = tokens.Skip(i + 2);
+  std::size_t next = tokens.Skip(i + 2);
+  // "Die Pat. (54 J.) klagt".
+  constexpr std::size_t kLongBracket = 40;  // tokens
+  if (tokens.Is(next, "(")) {
+    const std::size_t most = next + kLongBracket;
+    while (next < most && next < tokens.Count() && !tokens.Is(next, ")")) ++next;
+    next = tokens.Skip(next + 1);
+  }
   return tokens.IsWord(next) && !tokens.IsCapital(next) &&
          (HasSuffix(tokens.View(next), {"t", "te"}) ||
           IsOneOf(tokens.View(next), {"wird", "wurde", "war", "kam", "gab", "stand", "lag", "befand"}));

@@ -55,11 +55,30 @@ bool NamesSeveral(const Tokens& tokens, std::size_t end) {
          IsOneOf(tokens.View(joint), {"und", "bis", "u"});
 }
 
+// "Bericht d. Vorstands": what belongs to the noun before.
+bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  if (tokens.Is(before, "%")) return true;             // "20 % d. Kosten"
+  if (tokens.Is(before, ".") && before > 0) --before;  // "Zeugn. d. Klasse"
+  return tokens.IsCapital(before) && !CaseOfPreposition(tokens.View(before)) &&
+         !(tokens.OpensClause(before) && StartsSentences(tokens.View(before)));
+}
+
+// "von der Bekl.", "Antrag der Bekl.": behind a noun or preposition "der" is that of a woman.
+bool IsOfWoman(const Tokens& tokens, std::size_t i) {
+  const std::size_t article = tokens.WordIndexBefore(i);
+  if (article == Tokens::kNone || !tokens.Is(article, "der")) return false;
+  const auto before = tokens.WordBefore(article);
+  return IsUpperWord(before) || CaseOfPreposition(before).has_value();
+}
+
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, const std::string& words) {
   if (words == "Vorsitzend" || words == "Beklagt") {
     const bool many = words == "Beklagt" && NamesSeveral(tokens, end);
-    return words + std::string(EndingAt(tokens, i, {Gender::Masculine, many, false, true}));
+    const Gender gender = IsOfWoman(tokens, i) ? Gender::Feminine : Gender::Masculine;
+    return words + std::string(EndingAt(tokens, i, {gender, many, false, true}));
   }
   if (words == "angefangen" && IsOneOf(tokens.WordBefore(i), {"je", "Je", "pro"})) {
     const Agreement each = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(end)));
@@ -255,6 +274,8 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (written == "jd.") words = EachWord(tokens, found->end);
   if (written == "v." && words == "von") words = VonOrVom(tokens, i, found->end);
   if (found->abbreviation->bending == Bending::Adjective) words = BentAdjective(tokens, i, found->end, words);
+  if (written == "Kl." && words == "Klägerin" && tokens.WordBefore(i).empty())
+    words = BelongsToNounBefore(tokens, i - 3) ? "Klägers" : "Kläger";  // "d. Kl."
   if (found->abbreviation->bending == Bending::None && !PluralOf(words).empty())
     words = BentNoun(tokens, i, words, PluralOf(words));
   if (IsOneOf(words, {"Klasse", "Jahrgangsstufe", "Größe"}) &&
@@ -453,16 +474,6 @@ Found UnitOfCompoundAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, unit->singular};
 }
 
-// "Bericht d. Vorstands": what belongs to the noun before.
-bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
-  std::size_t before = tokens.Before(i);
-  if (before == Tokens::kNone) return false;
-  if (tokens.Is(before, "%")) return true;             // "20 % d. Kosten"
-  if (tokens.Is(before, ".") && before > 0) --before;  // "Zeugn. d. Klasse"
-  return tokens.IsCapital(before) && !CaseOfPreposition(tokens.View(before)) &&
-         !(tokens.OpensClause(before) && StartsSentences(tokens.View(before)));
-}
-
 std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& noun) {
   const bool feminine = noun.plural || noun.gender == Gender::Feminine;
   if (noun.genitive && !noun.plural) return "des";
@@ -471,6 +482,10 @@ std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& no
   const bool whole = next != Tokens::kNone && !tokens.Is(next + 1, ".") && next == tokens.Skip(i + 2);
   const bool genitive = feminine || !whole || !noun.known;
   if (genitive && BelongsToNounBefore(tokens, i)) return feminine ? "der" : "des";
+  // "Die Kosten trägt d. Bekl.": who does something stands there more often than to whom it is done.
+  if (IsOneOf(tokens.View(next), {"Bekl", "Kl"}) && !tokens.WordBefore(i).empty() &&
+      !CaseOfPreposition(tokens.WordBefore(i)))
+    return "der";
   const auto ending = EndingAt(tokens, i, noun);
   if (ending == "e") return "die";
   return ending == "es" ? "das" : "d" + std::string(ending);

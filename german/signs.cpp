@@ -117,6 +117,14 @@ Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, "minus"};
 }
 
+// "230 V~": the wave of the current is not said.
+Found WaveBehindUnitAt(const Tokens& tokens, std::size_t i) {
+  const bool behindUnit = tokens.Is(i, "~") && i > 2 && IsOneOf(tokens.View(i - 1), {"V", "A"}) &&
+                          tokens.IsNumber(tokens.IsBlank(i - 2) ? i - 3 : i - 2);
+  const bool ends = tokens.IsGap(i + 1) || IsOneOf(tokens.View(i + 1), {",", ")", ";", "/"});
+  return behindUnit && ends ? Found(Phrase{i + 1, ""}) : std::nullopt;
+}
+
 // "auf die Polung (+/-)", "+/− 5 %".
 Found PlusOrMinusAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "+") || !tokens.Is(i + 1, "/") || !tokens.IsDashAt(i + 2)) return std::nullopt;
@@ -325,9 +333,9 @@ Found PunctuationAt(const Tokens& tokens, std::size_t i) {
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading :
-       {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt, &PlusOrMinusAt, &PlusMinusAt,
-        &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt, &SignInNormAt, &PowerAt,
-        &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
+       {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt, &PlusOrMinusAt,
+        &WaveBehindUnitAt, &PlusMinusAt, &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt,
+        &SignInNormAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

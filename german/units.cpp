@@ -403,6 +403,11 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
     if (value && *value > 1 && unit && !unit->endsWithPoint && MayBeDividedBy(*unit))
       return PerUnit{" pro " + CardinalWords(*value) + " " + unit->plural, unit->end};
   }
+  if (tokens.Is(i, "Mt") && tokens.Is(i + 1, ".") && !tokens.IsLast(i + 1))
+    return PerUnit{" pro Monat", i + 2};
+  // "1,08 USD/EUR".
+  if (IsOneOf(tokens.View(i), {"EUR", "USD", "CHF", "GBP"}) && tokens.FreeBehind(i))
+    return PerUnit{" pro " + std::string(CurrencyAt(tokens, i)->name), i + 1};
   if (const auto unit = RunningMeterAt(tokens, i)) return PerUnit{" pro laufendem Meter", unit->end};
   if (const auto unit = SimpleUnitAt(tokens, i))
     return PerUnit{" pro " + unit->singular,
