@@ -358,6 +358,11 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Motorway:
       return tokens.IsCapital(next) && !NounOf(tokens.View(next)).whole &&
              IsOneOf(tokens.WordBefore(i), {"der", "zwischen", "an", "und", "ab", "bis"});
+    case Around::Person:
+      for (std::size_t at = end; at < end + 8; ++at) {
+        if (HasPrefix(tokens.View(at), {"Person", "Pers"})) return true;
+      }
+      return false;
     case Around::Sex: {
       const std::size_t before = tokens.Before(i);
       const std::size_t age = NumberBehind(tokens, end);
@@ -546,6 +551,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"verbr", "verbrauch"},
                              {"grdst", "grundstück"},
                              {"gesch", "geschoss"},
+                             {"sreg", "sregister"},
                              {"sj", "sjahr"},
                              {"rj", "rjahr"},
                              {"ulj", "uljahr"},

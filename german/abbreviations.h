@@ -41,6 +41,7 @@ enum class Around : std::uint8_t {
   Percent,         // "%" stands before
   Section,         // "§" follows
   PageBefore,      // a page or paragraph stands before
+  Person,          // a person is spoken of: "nat. u. jur. Personen"
   Sex,             // an age follows
   Court,           // "der" or "d." stands before in a text on a lawsuit
   OfMan,           // "der", "dem" or "des" opens the clause or stands before

@@ -90,7 +90,7 @@ constexpr Abbreviation kTable[] = {
     A{"offiz.", "offiziell", Described, Never, Adjective}, A{"notw.", "notwendig", Described, Never, Adjective},
     A{"norw.", "norwegisch", Described, Never, Adjective},
     A{"niederl.", "niederländisch", Described, Never, Adjective},
-    A{"nat.", "national", Described, Never, Adjective}, A{"milit.", "militärisch", Described, Never, Adjective},
+    A{"nat.", "natürlich", Person, Never, Adjective}, A{"nat.", "national", Described, Never, Adjective}, A{"milit.", "militärisch", Described, Never, Adjective},
     A{"menschl.", "menschlich", Described, Never, Adjective}, A{"weibl.", "weiblich", Described, Never, Adjective},
     A{"männl.", "männlich", Described, Never, Adjective},
     A{"landw.", "landwirtschaftlich", Described, Never, Adjective},
@@ -108,7 +108,7 @@ constexpr Abbreviation kTable[] = {
     A{"chin.", "chinesisch", Described, Never, Adjective}, A{"chem.", "chemisch", Described, Never, Adjective},
     A{"biol.", "biologisch", Described, Never, Adjective}, A{"berufl.", "beruflich", Described, Never, Adjective},
     A{"unbefr.", "unbefristet", Described, Never, Adjective}, A{"befr.", "befristet", Described, Never, Adjective},
-    A{"ausf.", "ausführlich", Described, Never, Adjective}, A{"prof.", "professionell", Described, Never, Adjective}, A{"akt.", "aktuell", Described, Never, Adjective},
+    A{"ausf.", "ausführlich", Described, Never, Adjective}, A{"außergew.", "außergewöhnlich", Described, Never, Adjective}, A{"prof.", "professionell", Described, Never, Adjective}, A{"akt.", "aktuell", Described, Never, Adjective},
 };
 // clang-format on
 

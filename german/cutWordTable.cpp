@@ -24,6 +24,7 @@ std::string_view CutNouns() {
       "Geschäftsstelle/Geschäftsstellen "
       "Geschäftszeichen Gesetz/Gesetze Gesetzbuch Grundstück/Grundstücke Haushalt/Haushalte Inhaber "
       "Inspektor "
+      "Lehrkraft/Lehrkräfte Fachkraft/Fachkräfte Pflegekraft/Pflegekräfte Arbeitskraft/Arbeitskräfte "
       "Institut/Institute Jahrgang/Jahrgänge Justiz Kammer/Kammern Kanzlei/Kanzleien Kategorie/Kategorien "
       "Kommission/Kommissionen Konferenz/Konferenzen Landgericht Landkreis/Landkreise Leiter "
       "Leitung/Leitungen "

@@ -243,6 +243,15 @@ bool IsWeekdayWord(std::string_view word) {
   return word == "Sonnabend";
 }
 
+}  // namespace
+
+bool StandsBehindWeekday(const Tokens& tokens, std::size_t i) {
+  const std::size_t comma = tokens.Before(i);
+  if (comma == Tokens::kNone || comma == 0 || !tokens.Is(comma, ",")) return false;
+  const std::size_t day = tokens.Is(comma - 1, ".") ? comma - 2 : comma - 1;
+  return tokens.IsWord(day) && IsWeekdayWord(tokens.View(day));
+}
+
 // "am Do., 12.12.": a person says "am Donnerstag, dem zwölften".
 std::string_view ArticleBehindWeekday(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
@@ -256,6 +265,8 @@ std::string_view ArticleBehindWeekday(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(before, {"am", "vom", "zum", "beim", "ab", "seit", "dem"})) return "dem ";
   return IsOneOf(before, {"bis", "für", "auf", "den", "kommenden", "nächsten", "diesen"}) ? "den " : "";
 }
+
+namespace {
 
 // "15/01/2024", "15-01-2024": the day first.
 Found DayFirstAt(const Tokens& tokens, std::size_t i) {

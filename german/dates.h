@@ -35,6 +35,12 @@ struct DateShape {
 // Dates of every kind: also "1.–14. Juli", "24./25.12.", "2024-05-03", "05/2024", "Mai '24".
 [[nodiscard]] Found DateAt(const Tokens& tokens, std::size_t i);
 
+// The day of a month stands behind "Mo.," or "Montag,".
+[[nodiscard]] bool StandsBehindWeekday(const Tokens& tokens, std::size_t i);
+
+// "dem " or "den ", as it is said between the weekday and its day; empty for neither.
+[[nodiscard]] std::string_view ArticleBehindWeekday(const Tokens& tokens, std::size_t i);
+
 // "Okt. 2024", "Mo., 3.10.", "Mo–Fr".
 [[nodiscard]] Found CalendarWordAt(const Tokens& tokens, std::size_t i);
 

@@ -512,6 +512,7 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   const bool list = tokens.Is(at, ",");
   bool bare = true;  // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
+    if (tokens.Is(at, ")")) return std::nullopt;  // "1 Gerät (inkl. 2 Batterien), 1 Anleitung"
     if (EndsClause(tokens, at)) return std::nullopt;
     const std::size_t before = tokens.Before(at);
     // "Saft von 1 Zitrone, 1 Prise Salz": only what stands before the comma is of the juice.

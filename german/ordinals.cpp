@@ -313,6 +313,8 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
     return tokens.IsCapital(i + 2) && !LabelBefore(tokens, i) ? PointMeaning::Ordinal
                                                               : PointMeaning::Sentence;
   if (JoinedOrdinalBehind(tokens, i + 2) != Tokens::kNone) return PointMeaning::Ordinal;
+  constexpr std::uint64_t kDays = 31;
+  if (tokens.Is(i + 2, ",") && value <= kDays && StandsBehindWeekday(tokens, i)) return PointMeaning::Ordinal;
   if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
     const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || IsRank(tokens, i) ||
                      EditionFollows(tokens, i + 3);
@@ -543,7 +545,10 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   const Agreement agreement = ofMonth ? AgreementOf(Gender::Masculine) : AgreementAt(tokens, noun);
   std::string words = OrdinalWords(value, EndingAt(tokens, i, agreement));
   if (noun == Tokens::kNone && !HasDeterminer(tokens, i)) {
-    if (IsRank(tokens, i)) {
+    if (tokens.Is(i + 2, ",") && StandsBehindWeekday(tokens, i)) {
+      const std::string article(ArticleBehindWeekday(tokens, i));  // "v. Mo., 5., bis Fr., 9. Mai"
+      words = article + OrdinalWords(value, article.empty() ? "er" : "en");
+    } else if (IsRank(tokens, i)) {
       words = RankWords(tokens, i, value);
     } else if (CountsFromSide(tokens, tokens.Skip(i + 2))) {
       words = WithUpperStart(OrdinalWords(value, "er"));

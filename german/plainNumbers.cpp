@@ -252,6 +252,15 @@ Found PlainNumberAt(const Tokens& tokens, std::size_t i) {
 
 // "A380", "M8": the number behind letters is said for itself.
 Found NumberBehindLettersAt(const Tokens& tokens, std::size_t i) {
+  // "A123456789": the number of somebody insured.
+  if (i > 0 && tokens.IsCapital(i - 1) && tokens.IsNumber(i, 6, 20) && tokens.FreeBehind(i) &&
+      tokens.View(i - 1).size() <= 3 && !(tokens.Is(i + 1, ",") && tokens.IsNumber(i + 2))) {
+    std::string words;
+    const auto digits = tokens.View(i);
+    for (std::size_t at = 0; at < digits.size(); at += 3)
+      words += (at == 0 ? "" : ", ") + DigitWords(digits.substr(at, 3));
+    return Phrase{i + 1, words};
+  }
   const auto value = DigitsAt(tokens, i, 4);
   if (i == 0 || !value || !tokens.IsWord(i - 1)) return std::nullopt;
   if (tokens.View(i - 1).size() == 1 && tokens.Is(i + 1, ".") && tokens.IsNumber(i + 2, 1, 3))  // "v1.2"
