@@ -246,12 +246,23 @@ bool GoesOnBehindComma(const Tokens& tokens, std::size_t comma) {
   return tokens.Is(comma, ",") && IsOneOf(tokens.View(tokens.Skip(comma + 1)), {"aber", "sondern", "jedoch"});
 }
 
+// The token before the bracket that closes here.
+std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing) {
+  constexpr std::size_t kLong = 30;  // tokens
+  for (std::size_t at = closing; at > 0 && closing - at < kLong; --at) {
+    if (tokens.Is(at, "(")) return tokens.Before(at);
+  }
+  return Tokens::kNone;
+}
+
 // The verb of the clause asks for an object: a subject has been there, or it is an order.
 bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
   std::size_t at = tokens.Before(i);
   bool subject = false;
   bool verb = false;
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
+    if (tokens.Is(at, ")")) at = BeforeBracket(tokens, at);  // "bringt 3 Hefte (A5) und 1 Block mit"
+    if (at == Tokens::kNone) return false;
     const bool list =
         tokens.Is(at, ",") && (tokens.IsNumber(at + 2) || tokens.IsNumber(at + 1));  // "1,5 kg, 1 l"
     if (!list && !GoesOnBehindComma(tokens, at) && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","}))

@@ -76,7 +76,7 @@ bool TakesObject(std::string_view word) {
       "verschenke verkaufe biete tausche benötige sieht fand findet stellt stellte mietete vermietet besitzt "
       "überweise überweist überweisen sende senden sendet schicke schicken schickt verordne verordnet bitte "
       "bitten "
-      "besaß hält hielt verursacht erzielte erzielt schoss");
+      "bringt bringen brachte brachten besaß hält hielt verursacht erzielte erzielt schoss");
   return words.Has(word);
 }
 
