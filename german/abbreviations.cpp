@@ -99,8 +99,42 @@ bool StandsBehindPage(const Tokens& tokens, std::size_t i, std::size_t end) {
     return false;
   const std::size_t before = tokens.Before(i);
   const std::size_t number = tokens.IsNumber(before) ? before : before - 1;
-  return LabelBefore(tokens, number) || !tokens.IsWord(tokens.Skip(end)) ||
+  // "auf den Seiten 34–37 und 40 f.": the label stands before the first of several.
+  std::size_t first = number;
+  for (int step = 0; step < 8; ++step) {
+    const std::size_t back = tokens.Before(first);
+    if (back == Tokens::kNone || !(tokens.IsNumber(back) || tokens.IsDashAt(back) ||
+                                   IsOneOf(tokens.View(back), {",", "und", "u", "."})))
+      break;
+    first = back;
+  }
+  return LabelBefore(tokens, number) || LabelBefore(tokens, first) || !tokens.IsWord(tokens.Skip(end)) ||
          IsAllCaps(tokens.View(tokens.Skip(end))) || StartsSentences(tokens.View(tokens.Skip(end)));
+}
+
+// "mit 1 TL Kurkuma", "Eier u. Mehl": spoons, grams or what is cooked stand before.
+bool MeasuresIngredient(const Tokens& tokens, std::size_t i) {
+  for (std::size_t at = 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at),
+                {"TL", "EL", "Teelöffel", "Esslöffel", "Prise", "Msp", "Salz", "Zucker", "Mehl", "Butter",
+                 "Öl", "Sahne", "Eier", "Teig", "Pfeffer", "Quark", "Milch"}) ||
+        (tokens.IsNumber(at) && IsOneOf(tokens.View(tokens.Skip(at + 1)), {"g", "ml", "l"})))
+      return true;
+  }
+  return false;
+}
+
+// "studierte Germanistik u. Gesch.", "Lehrer für Bio. und Gesch.".
+bool SpeaksOfStudies(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 24;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (tokens.IsWord(at) &&
+        (HasPrefix(WithLowerStart(tokens.View(at)), {"studi", "unterricht", "lehramt", "lehrte", "promov"}) ||
+         HasSuffix(tokens.View(at), {"studium", "fach", "fächer", "lehrer", "lehrerin", "professor",
+                                     "Professor", "Lehrer", "Lehrerin", "Fach", "Fächer", "Dozent"})))
+      return true;
+  }
+  return false;
 }
 
 bool StandsBehindOrdinal(const Tokens& tokens, std::size_t i) {
@@ -387,6 +421,13 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
       return IsAboutWind(tokens, i);
     case Around::Percent:
       return tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), "%");
+    case Around::Feminine:
+      return IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"die", "eine", "diese", "keine", "letzte",
+                                                            "nächste", "jede", "zur", "einer", "dieser"});
+    case Around::Prepared:
+      return tokens.IsLast(end - 1) && MeasuresIngredient(tokens, i);
+    case Around::Subject:
+      return SpeaksOfStudies(tokens, i);
     case Around::DayBefore:
       return StandsBehindOrdinal(tokens, i);
   }

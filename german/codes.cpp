@@ -45,8 +45,9 @@ bool PhoneWordBefore(const Tokens& tokens, std::size_t i) {
       const bool file = letter && before != Tokens::kNone && tokens.IsNumber(before) &&
                         tokens.View(i).front() != '0' && !tokens.Is(i, "+") && !tokens.Is(i, "(");
       if (IsPhoneWord(tokens.View(at)) && !file) return true;
-      if (!IsOneOf(tokens.View(at), {"unter", "der", "Nummer", "Nr", "ist", "lautet", "die", "mit", "Sie",
-                                     "uns", "erreichen", "mich", "an", "rufen", "täglich"}))
+      if (!IsOneOf(tokens.View(at), {"unter",   "der", "Nummer", "Nr",        "ist",      "lautet",   "die",
+                                     "mit",     "Sie", "uns",    "erreichen", "mich",     "an",       "rufen",
+                                     "täglich", "ihr", "du",     "man",       "erreicht", "erreichst"}))
         return false;
     } else if (!IsOneOf(tokens.View(at), {":", ".", "-"})) {
       return false;
@@ -110,7 +111,9 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
   if (groups.digits < least) return std::nullopt;
   // "01.02.2024" is a date, "0,5" and "007" are numbers.
   if (!named && zero && tokens.View(at).size() < 3 && tokens.Is(at + 1, ".")) return std::nullopt;
-  if (!named && zero && groups.groups > 1 && tokens.View(at).size() < 3 && !tokens.Is(at, "00"))
+  // "(0 30) 4 49 17 62": the brackets tell that the parts belong together.
+  const bool area = tokens.Is(i, "(") && tokens.IsNumber(at + 2) && tokens.Is(at + 3, ")");
+  if (!named && !area && zero && groups.groups > 1 && tokens.View(at).size() < 3 && !tokens.Is(at, "00"))
     return std::nullopt;
   return Phrase{groups.end, words + groups.words};
 }
@@ -161,12 +164,20 @@ Found EmergencyAt(const Tokens& tokens, std::size_t i) {
 
 // Behind "ISBN", with or without dashes.
 Found IsbnAt(const Tokens& tokens, std::size_t i) {
+  constexpr int kWordsBetween = 6;  // "Die ISBN des neuen Buches lautet:"
+  const auto isName = [&](std::size_t at) {
+    return IsOneOf(tokens.View(at), {"ISBN", "ISSN", "EAN", "GTIN"});
+  };
   std::size_t before = tokens.Before(i);
   if (before != Tokens::kNone && tokens.Is(before, ":")) before = tokens.Before(before);
-  if (before == Tokens::kNone || !IsOneOf(tokens.View(before), {"ISBN", "ISSN", "EAN", "GTIN"}))
-    return std::nullopt;
+  if (before == Tokens::kNone || !tokens.FreeBefore(i)) return std::nullopt;
+  const bool named = isName(before);
+  const bool book = IsOneOf(tokens.View(i), {"978", "979"}) && tokens.IsDashAt(i + 1);
+  for (int step = 0; step < kWordsBetween && !book && before != Tokens::kNone && !isName(before); ++step)
+    before = tokens.IsWord(before) ? tokens.Before(before) : Tokens::kNone;
+  if (before == Tokens::kNone) return std::nullopt;
   const DigitGroups groups = ReadGroups(tokens, i, 13);
-  if (groups.digits < 8) return std::nullopt;
+  if (groups.digits < (named ? 8U : (book ? 13U : 10U))) return std::nullopt;
   const bool check = tokens.Is(groups.end, "-") && tokens.Is(groups.end + 1, "X");
   return Phrase{check ? groups.end + 2 : groups.end, groups.words + (check ? ", X" : "")};
 }

@@ -170,7 +170,7 @@ std::optional<CutWord> CutWordAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
   auto cut = WholeOfCut(written);
   const bool opens = tokens.IsCapital(i) && tokens.OpensClause(i);
-  if (!cut && opens) {
+  if (!cut && opens && !NounOf(written).whole) {
     cut = WholeOfCut(WithLowerStart(written));
     if (cut) cut->words = WithUpperStart(cut->words);
   }

@@ -152,6 +152,7 @@ Found FractionCompoundAt(const Tokens& tokens, std::size_t i) {
   if (!over || !under || *under < 2 || !tokens.Is(i + 1, "/") || !tokens.Is(i + 3, "-") ||
       !tokens.IsCapital(i + 4))
     return std::nullopt;
+  if (*over == 24 && *under == 7) return Phrase{i + 3, "Vierundzwanzig-sieben"};  // "24/7-Support"
   const std::string words = WithUpperStart(PartWords(*over)) + OrdinalWords(*under, "el");
   if (tokens.Is(i + 4, "Takt") && !tokens.Is(i + 5, "-")) return Phrase{i + 5, words + "takt"};
   return Phrase{i + 3, words};

@@ -200,14 +200,43 @@ std::string_view EndingOfDeterminer(std::string_view word) {
 
 constexpr std::string_view kAccusativePrepositions[] = {"für", "durch", "gegen", "ohne", "um",
                                                         "bis", "pro",   "per",   "à",    "via"};
-constexpr std::string_view kDativePrepositions[] = {
-    "aus",       "bei",       "mit",       "nach",           "seit",     "von",   "zu",   "ab",
-    "außer",     "gegenüber", "binnen",    "gemäß",          "samt",     "nebst", "in",   "an",
-    "auf",       "vor",       "hinter",    "neben",          "zwischen", "unter", "laut", "entsprechend",
-    "zuzüglich", "inklusive", "exklusive", "einschließlich", "abzüglich"};
+constexpr std::string_view kDativePrepositions[] = {"aus",
+                                                    "bei",
+                                                    "mit",
+                                                    "nach",
+                                                    "seit",
+                                                    "von",
+                                                    "zu",
+                                                    "ab",
+                                                    "außer",
+                                                    "gegenüber",
+                                                    "binnen",
+                                                    "gemäß",
+                                                    "samt",
+                                                    "nebst",
+                                                    "in",
+                                                    "an",
+                                                    "auf",
+                                                    "vor",
+                                                    "hinter",
+                                                    "neben",
+                                                    "zwischen",
+                                                    "unter",
+                                                    "laut",
+                                                    "entsprechend",
+                                                    "dank",
+                                                    "entgegen",
+                                                    "mitsamt",
+                                                    "zuzüglich",
+                                                    "inklusive",
+                                                    "exklusive",
+                                                    "einschließlich",
+                                                    "abzüglich"};
 constexpr std::string_view kGenitivePrepositions[] = {
-    "wegen",  "während", "trotz",    "innerhalb", "außerhalb",  "statt",   "anstatt",      "mittels",
-    "anhand", "zwecks",  "oberhalb", "unterhalb", "anlässlich", "infolge", "hinsichtlich", "bezüglich"};
+    "wegen",      "während",  "trotz",        "innerhalb", "außerhalb", "statt",    "anstatt",
+    "mittels",    "aufgrund", "angesichts",   "mithilfe",  "zugunsten", "zulasten", "inmitten",
+    "unweit",     "abseits",  "jenseits",     "anhand",    "zwecks",    "oberhalb", "unterhalb",
+    "anlässlich", "infolge",  "hinsichtlich", "bezüglich"};
 
 // "auf 1 Liter", "über 1 Meter": not the place but the measure.
 bool MeasuresWith(std::string_view preposition) {
@@ -255,8 +284,73 @@ std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing) {
   return Tokens::kNone;
 }
 
+bool IsModalVerb(std::string_view word) {
+  return IsOneOf(word, {"können", "müssen", "sollen", "dürfen", "wollen", "mögen", "möchten", "sollten",
+                        "könnten", "müssten", "dürften", "konnten", "mussten"});
+}
+
+bool IsFiniteVerb(std::string_view word) {
+  return IsVerb(word) || IsLinkingVerb(word) || IsModalVerb(word) ||
+         IsOneOf(word, {"muss", "soll", "kann", "darf", "will", "mag"});
+}
+
+bool IsPronoun(std::string_view word) {
+  return IsOneOf(word, {"ich", "du", "er", "sie", "es", "wir", "ihr", "man", "Sie"});
+}
+
+// "Ab Mai kostet 1 Liter 2 €", "Am Tor hielt 1 Wagen": behind a phrase with a preposition and the verb stands
+// the subject.
+bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
+  std::size_t verb = tokens.Before(i);
+  const bool reflexive =
+      verb != Tokens::kNone && tokens.Is(verb, "sich");  // "Daraus lässt sich 1 Topf machen"
+  for (int step = 0;
+       step < 3 && verb != Tokens::kNone && (IsDegreeWord(tokens.View(verb)) || tokens.Is(verb, "sich"));
+       ++step)
+    verb = tokens.Before(verb);
+  if (verb == Tokens::kNone || !tokens.IsWord(verb) || tokens.IsCapital(verb)) return false;
+  const auto word = tokens.View(verb);
+  const bool past = HasSuffix(word, {"te", "ten"}) && word != "bitte" && !IsOrdinalWord(word);
+  const bool verbal = (IsVerb(word) || TakesObject(word) || past || (reflexive && word.ends_with('t'))) &&
+                      !IsPronoun(word) && !IsOneOf(word, {"gibt", "gab", "bitte", "heißt"}) &&
+                      !(word.ends_with('e') && !past);  // "kaufe" has its subject
+  std::size_t first = verb;
+  for (int step = 0; step < 2 * kWordsBack; ++step) {
+    const std::size_t before = tokens.Before(first);
+    const bool ordinal =
+        before != Tokens::kNone && before > 0 && tokens.Is(before, ".") && tokens.IsNumber(before - 1);
+    if (before == Tokens::kNone || !(tokens.IsWord(before) || tokens.IsNumber(before) || ordinal)) break;
+    first = before;
+    if (IsPronoun(tokens.View(first)) || IsFiniteVerb(tokens.View(first))) return false;
+  }
+  if (!verbal || first == verb || !tokens.IsCapital(first)) return false;
+  const std::string opening = WithLowerStart(tokens.View(first));
+  return CaseOfPreposition(opening) || IsOneOf(opening, {"im", "am", "zum", "zur", "beim", "vom"}) ||
+         (reflexive && StartsSentences(tokens.View(first)));
+}
+
+bool IsRelative(std::string_view word) {
+  return IsOneOf(word, {"der", "die", "das", "welcher", "welche", "welches", "wer", "was"});
+}
+
+// "Der Mann, der dort stand, trug 1 Hut": the sentence goes on with its verb behind the clause between.
+bool GoesOnBehindRelative(const Tokens& tokens, std::size_t comma) {
+  const auto verb = tokens.View(tokens.Skip(comma + 1));
+  if (!(IsVerb(verb) || TakesObject(verb) || HasSuffix(verb, {"te", "ten"})) || IsPronoun(verb)) return false;
+  for (std::size_t at = tokens.Before(comma); at != Tokens::kNone; at = tokens.Before(at)) {
+    if (!tokens.Is(at, ",")) {
+      if (tokens.Before(at) == Tokens::kNone) return IsOneOf(tokens.View(at), {"Wer", "Was"});
+      continue;
+    }
+    const std::size_t pronoun = tokens.Skip(at + 1);
+    return IsRelative(tokens.View(pronoun)) || IsRelative(tokens.View(tokens.Skip(pronoun + 1)));
+  }
+  return false;
+}
+
 // The verb of the clause asks for an object: a subject has been there, or it is an order.
 bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
+  if (anyVerb && VerbAwaitsSubject(tokens, i)) return false;
   std::size_t at = tokens.Before(i);
   bool subject = false;
   bool verb = false;
@@ -265,6 +359,7 @@ bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
     if (at == Tokens::kNone) return false;
     const bool list =
         tokens.Is(at, ",") && (tokens.IsNumber(at + 2) || tokens.IsNumber(at + 1));  // "1,5 kg, 1 l"
+    if (anyVerb && tokens.Is(at, ",") && GoesOnBehindRelative(tokens, at)) return true;
     if (!list && !GoesOnBehindComma(tokens, at) && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","}))
       return false;
     const std::string word = WithLowerStart(tokens.View(at));
@@ -279,16 +374,6 @@ bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
     at = before;
   }
   return anyVerb && subject && verb;
-}
-
-bool IsModalVerb(std::string_view word) {
-  return IsOneOf(word, {"können", "müssen", "sollen", "dürfen", "wollen", "mögen", "möchten", "sollten",
-                        "könnten", "müssten", "dürften", "konnten", "mussten"});
-}
-
-bool IsFiniteVerb(std::string_view word) {
-  return IsVerb(word) || IsLinkingVerb(word) || IsModalVerb(word) ||
-         IsOneOf(word, {"muss", "soll", "kann", "darf", "will", "mag"});
 }
 
 // Nothing but adverbs and phrases with prepositions stand before: "Anschließend", "Zum Schluss".
@@ -312,6 +397,7 @@ bool OnlyAdverbsBefore(const Tokens& tokens, std::size_t first) {
 // "1 Teelöffel Salz zugeben", "Anschließend 1 Ei unterrühren", "1 m lang".
 bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (!tokens.OpensClause(first) && !OnlyAdverbsBefore(tokens, first)) return false;
+  if (VerbAwaitsSubject(tokens, first)) return false;
   std::string_view last;
   for (std::size_t i = behind; i < tokens.Count() && i < behind + 40; ++i) {
     // "500 g Mehl, 1 Würfel Hefe und 1 Ei verkneten": the verb stands behind the whole list.
@@ -473,7 +559,8 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   if (IsOneOf(governor.word, {"auf", "in", "an"}) && MovesSomething(tokens, i)) asked = Case::Accusative;
   if (governor.word == "an" && SendsSomething(tokens, i)) asked = Case::Accusative;
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
-  if (!governor.byPreposition && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;
+  const bool predicate = tokens.WordBefore(i) == "als";  // "lebt er als fr. Autor"
+  if (!governor.byPreposition && !predicate && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;
   return StrongEnding(asked, noun);
 }
 
@@ -484,6 +571,15 @@ bool AdjectiveSaysDirection(const Tokens& tokens, std::size_t first) {
   const auto adjective = tokens.View(first + 2);
   if (!tokens.IsWord(first + 2) || IsUpperWord(adjective)) return false;
   return HasSuffix(adjective, {"e", "es"});
+}
+
+bool IsSpanOfTime(const Tokens& tokens, std::size_t i) {
+  const auto isSpan = [](std::string_view word) {
+    return IsOneOf(word, {"Sekunde", "Minute", "Stunde", "Tag", "Nacht", "Woche", "Monat", "Quartal", "Jahr",
+                          "Jahrzehnt", "Jahrhundert"});
+  };
+  const auto unit = UnitAt(tokens, i);
+  return isSpan(unit ? std::string_view(unit->singular) : tokens.View(i));
 }
 
 Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first) {
@@ -501,7 +597,9 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
                                  "Prozentpunkt", "Stück", "Punkt", "Million", "Milliarde"}) ||
                         WithLowerStart(tokens.WordBefore(preposition)) == "bis";
   if (MeasuresWith(word) && (measured || (word == "auf" && FallsTo(tokens, first)))) return Case::Accusative;
-  if ((word == "in" || word == "auf" || word == "an") && MovesSomething(tokens, first))
+  // "in 1 Stunde liefern" is no place where something goes.
+  const bool span = word == "in" && IsSpanOfTime(tokens, tokens.Skip(first + 1));
+  if ((word == "in" || word == "auf" || word == "an") && !span && MovesSomething(tokens, first))
     return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});
   return place && AdjectiveSaysDirection(tokens, first) ? Case::Accusative : *CaseOfPreposition(word);
@@ -528,6 +626,10 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
     const std::size_t before = tokens.Before(at);
     // "Saft von 1 Zitrone, 1 Prise Salz": only what stands before the comma is of the juice.
     if (list && IsOneOf(tokens.View(at), {"von", "v"}) && before != Tokens::kNone && tokens.IsCapital(before))
+      return std::nullopt;
+    // "1 Topf mit Deckel, 1 Löffel": so has what is counted before.
+    if (list && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at)) && before != Tokens::kNone &&
+        tokens.IsCapital(before) && before > 1 && tokens.IsNumber(tokens.Before(before)))
       return std::nullopt;
     if (bare && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at))) return CaseBehind(tokens, at, first);
     bare =
@@ -557,6 +659,17 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   return std::nullopt;
 }
 
+// "ist für 2 bis 4 Personen, 1 Runde dauert 20 Minuten": the verb behind makes a subject of it.
+bool OpensMainClause(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  const std::size_t before = tokens.Before(first);
+  const std::size_t verb = tokens.Skip(behind);
+  if (before == Tokens::kNone || !tokens.Is(before, ",") || !tokens.IsWord(verb)) return false;
+  const auto word = tokens.View(verb);
+  const auto next = tokens.View(tokens.Skip(verb + 1));
+  return (IsFiniteVerb(word) || IsLinkingVerb(word)) && !IsPronoun(word) && !IsPronoun(next) &&
+         !HasSuffix(word, {"en", "bitte"}) && !tokens.IsLast(tokens.Skip(verb + 1));
+}
+
 bool IsTime(std::string_view word) {
   return IsOneOf(word, {"Tag", "Monat"});
 }
@@ -568,6 +681,8 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone)
     return CaseBehind(tokens, at, first);
   if (IsPartOfThing(tokens.WordBefore(first))) return Case::Genitive;
+  if (OpensMainClause(tokens, first, behind)) return Case::Nominative;
+  if (IsOneOf(tokens.View(tokens.Skip(behind)), {"lang", "lange"})) return Case::Accusative;
   if (const auto asked = CaseOfList(tokens, first)) return *asked;
   if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))
     return Case::Accusative;
@@ -577,15 +692,31 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   return Case::Nominative;
 }
 
+namespace {
+
+// "der Täter, der 1 Waffe trug": no article but the subject of the clause.
+bool OpensRelativeClause(const Tokens& tokens, std::size_t first) {
+  std::size_t pronoun = tokens.Before(first);
+  while (pronoun != Tokens::kNone && IsDegreeWord(tokens.View(pronoun))) pronoun = tokens.Before(pronoun);
+  if (pronoun == Tokens::kNone || !IsRelative(tokens.View(pronoun))) return false;
+  const std::size_t comma = tokens.Before(pronoun);
+  const std::size_t noun = comma == Tokens::kNone ? comma : tokens.Before(comma);
+  return noun != Tokens::kNone && tokens.Is(comma, ",") && tokens.IsCapital(noun);
+}
+
+}  // namespace
+
 std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behind, const Agreement& noun) {
   const Governor governor = GovernorOf(tokens, first);
-  if (governor.kind == Kind::Definite)
+  const bool relative = OpensRelativeClause(tokens, first);
+  if (governor.kind == Kind::Definite && !relative)
     return "ein" + std::string(BehindDer(EndingOfDeterminer(governor.word), governor, noun));
   constexpr std::array<std::array<std::string_view, 4>, 3> kForms{
       std::array<std::string_view, 4>{"ein", "eines", "einem", "einen"},
       {"eine", "einer", "einer", "eine"},
       {"ein", "eines", "einem", "ein"}};
-  const Case asked = noun.genitive ? Case::Genitive : CaseAt(tokens, first, behind);
+  const Case asked =
+      noun.genitive ? Case::Genitive : (relative ? Case::Accusative : CaseAt(tokens, first, behind));
   return std::string(kForms[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)]);
 }
 

@@ -133,7 +133,7 @@ constexpr Abbreviation kTable[] = {
     A{"Fahrst.", "Fahrstuhl"}, A{"Trinkw.", "Trinkwasser"}, A{"Durchg. verb.", "Durchgang verboten"},
     A{"Elt.", "Eltern"}, A{"Vors. Stufe", "Vorsicht Stufe"}, A{"Mittagsr.", "Mittagsruhe"},
     A{"Ausf. freihalten", "Ausfahrt freihalten"}, A{"Einf. freihalten", "Einfahrt freihalten"},
-    A{"Einl. ab", "Einlass ab"}, A{"Einl. um", "Einlass um"}, A{"Sz.", "Szene", DayBefore, Noun},
+    A{"Einl. ab", "Einlass ab"}, A{"Einl. ca.", "Einlass circa"}, A{"Einl. um", "Einlass um"}, A{"Sz.", "Szene", DayBefore, Noun},
     A{"Weltkr.", "Weltkrieg", Anything, Starter},
     A{"Ki.", "Kinder", SmallWord}, A{"Bft.", "Beaufort", Number}, A{"Bft", "Beaufort", Number},
     A{"ggw.", "gegenwärtig"}, A{"f. Anf.", "für Anfänger"}, A{"auß.", "außer"}, A{"Akad.", "Akademie"},

@@ -119,6 +119,7 @@ std::optional<Fraction> FractionAt(const Tokens& tokens, std::size_t i) {
   if (!numerator || !stroke || !denominator || tokens.View(i).front() == '0') return std::nullopt;
   if (IsOneOf(tokens.View(i + 3), {".", ","}) && tokens.IsNumber(i + 4)) return std::nullopt;
   if (*numerator < 1 || *numerator >= *denominator || tokens.View(i + 2).front() == '0') return std::nullopt;
+  if (*numerator == 24 && *denominator == 7) return std::nullopt;  // all day, all week
   return Fraction{*numerator, *denominator, i + 3};
 }
 

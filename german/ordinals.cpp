@@ -387,6 +387,7 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   while (tokens.Is(noun + 1, "-") && tokens.IsCapital(noun + 2)) noun += 2;  // "E-Bike"
   const auto word = tokens.View(noun);
   Agreement agreement = AgreementOf(NounOf(WholeNounAt(tokens, noun)));
+  if (!agreement.known && IsWomansName(word)) return AgreementOf(Gender::Feminine);
   if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
   if (IsOneOf(word,
               {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Abt", "Mannsch", "BL"}))

@@ -49,6 +49,7 @@ Found OneOfMany(const Tokens& tokens, std::size_t i) {
 // "bring 1 flasche wasser mit": nouns as they are written in chats.
 Found OneSmallNounAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsWord(i + 2) || IsDegreeWord(tokens.View(i + 2))) return std::nullopt;
+  if (IsOneOf(tokens.View(i + 2), {"plus", "minus", "mal"})) return std::nullopt;  // "die Note 1 plus"
   if (tokens.Before(i) != Tokens::kNone && tokens.IsCapital(tokens.Before(i))) return std::nullopt;
   const Noun noun = NounOf(WithUpperStart(tokens.View(i + 2)));
   if (!noun.whole || !noun.singular) return std::nullopt;
@@ -73,14 +74,34 @@ Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
-// "1 rote Chili", "1 grüner Apfel": the ending of an adjective without an article tells more than the noun.
+// "1 rote Chili", "dank 1 guten Idee": the ending of an adjective without an article tells more than the
+// noun.
 std::string AsItsAdjective(const Tokens& tokens, std::size_t i, std::size_t noun, const std::string& one) {
   const auto adjective = tokens.View(i + 2);
   if (noun == i + 2 || tokens.Is(i + 3, ".") || IsDegreeWord(adjective)) return one;
   if (adjective.ends_with('e')) return "eine";
   if (adjective.ends_with("er") && one == "einen") return "ein";
+  if (adjective.ends_with("en") && one == "eine") return "einer";
   if (adjective.ends_with("es") && IsOneOf(one, {"eine", "einen"})) return "ein";
   return one;
+}
+
+// "1 Mann starb, 1 weiterer wurde verletzt": the noun has been before, the ending tells its gender.
+Found AnotherAt(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i + 2);
+  const std::size_t ending = HasSuffix(word, {"es", "er", "en"}) ? 2 : 1;
+  if (word.size() <= ending || tokens.Is(i + 3, "-") ||
+      !IsOneOf(
+          word.substr(0, word.size() - ending),
+          {"weiter", "ander",  "zusätzlich", "zweit",  "dritt",   "neu",  "alt",  "jung",  "jünger",  "älter",
+           "klein",  "groß",   "kleiner",    "größer", "einzig",  "rot",  "blau", "grün",  "schwarz", "weiß",
+           "gelb",   "kaputt", "gut",        "besser", "einzeln", "halb", "ganz", "eigen", "frei"}))
+    return std::nullopt;
+  if (HasSuffix(word, {"es", "er"})) return Phrase{i + 1, "ein"};
+  if (word.ends_with('e')) return Phrase{i + 1, "eine"};
+  if (!word.ends_with("en")) return std::nullopt;
+  const std::string one = OneBefore(tokens, i, i + 3, AgreementOf(Gender::Masculine));
+  return Phrase{i + 1, one == "ein" ? "einen" : one};
 }
 
 // "1 Tasse", "mit 1 großen Zwiebel".
@@ -98,7 +119,10 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(i + 2), {"oder", "bis"}) && tokens.IsNumber(i + 4) && tokens.IsCapital(i + 6))
     return Phrase{i + 1, "ein"};
   const std::size_t noun = NounBehind(tokens, i + 2);
-  if (noun == Tokens::kNone) return OneSmallNounAt(tokens, i);
+  if (noun == Tokens::kNone) {
+    if (const auto another = AnotherAt(tokens, i)) return another;
+    return OneSmallNounAt(tokens, i);
+  }
   if (StartsSentences(tokens.View(noun))) return std::nullopt;
   // "1 BvR 16/13": the register of a court.
   if (tokens.IsNumber(noun + 2) && tokens.Is(noun + 3, "/") && tokens.IsNumber(noun + 4)) return std::nullopt;

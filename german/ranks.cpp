@@ -49,12 +49,31 @@ std::size_t VerbBeforeOnly(const Tokens& tokens, std::size_t i) {
   return Tokens::kNone;
 }
 
+// "Nach der 1. Runde lag er vorn, am Ende wurde er 4.": else it may as well be an age.
+bool SpeaksOfContest(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 40;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i; ++at) {
+    if (tokens.IsWord(at) &&
+        HasSuffix(WithLowerStart(tokens.View(at)),
+                  {"rang",     "runde",         "platz",           "rennen",     "lauf",
+                   "finale",   "ziel",          "wettkampf",       "wettbewerb", "etappe",
+                   "turnier",  "meisterschaft", "meisterschaften", "springen",   "sprung",
+                   "spielen",  "turnieren",     "wertung",         "marathon",   "saison",
+                   "durchgang"}))
+      return true;
+  }
+  return false;
+}
+
 // "Er wurde 3.", "als 2. von 5 Kindern": the token of the verb, over "nur" and the like.
 std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.WordIndexBefore(i);
   if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"}))
     at = tokens.WordIndexBefore(at);
   if (at == Tokens::kNone) return at;
+  if (IsOneOf(tokens.View(at), {"er", "sie"}) && IsOneOf(tokens.WordBefore(at), {"wurde", "wird"}) &&
+      SpeaksOfContest(tokens, i))
+    return tokens.WordIndexBefore(at);
   if (IsRankVerb(tokens.View(at))) return at;
   const std::size_t contest = VerbBeforeContest(tokens, at);
   return contest == Tokens::kNone ? VerbBeforeOnly(tokens, i) : contest;
@@ -117,7 +136,8 @@ std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) 
   }
   const std::size_t verb = VerbOfRank(tokens, i);
   if (verb == Tokens::kNone) return WithUpperStart(OrdinalWords(value, tokens.Is(0, "Sie") ? "e" : "er"));
-  const bool woman = MeansWoman(tokens.WordBefore(verb)) || tokens.Is(0, "Sie") ||
+  const bool woman = MeansWoman(tokens.WordBefore(verb)) || tokens.WordBefore(i) == "sie" ||
+                     tokens.Is(0, "Sie") ||
                      (tokens.WordIndexBefore(verb) != Tokens::kNone &&
                       MeansWoman(tokens.WordBefore(tokens.WordIndexBefore(verb))));
   const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});

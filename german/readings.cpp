@@ -114,8 +114,9 @@ bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
   if (at == Tokens::kNone) return false;
   if (tokens.Is(at, ".") && at > 0) --at;
   const std::size_t article = tokens.Before(at);
+  // "Ende d. 16. Jh.", but "seit d. 16. Jh."
   if (article != Tokens::kNone && article > 0 && tokens.Is(article, ".") && tokens.Is(article - 1, "d"))
-    return true;
+    return !CaseOfPreposition(tokens.WordBefore(article - 1));
   return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
 }
 
@@ -125,7 +126,8 @@ bool JoinsPlural(const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
   if (before == Tokens::kNone || !tokens.IsCapital(before) || !tokens.IsCapital(next)) return false;
   const Noun noun = NounOf(tokens.View(next));
-  return noun.known && noun.plural && !noun.singular;
+  const Noun first = NounOf(tokens.View(before));
+  return noun.known && noun.plural && (!noun.singular || (first.known && first.plural && !first.singular));
 }
 
 // "Peter u. a. kamen".

@@ -144,14 +144,6 @@ bool IsTitle(std::string_view word) {
                         "Grafen",     "Pharao",   "Ramses",  "Landgraf", "Markgraf"});
 }
 
-bool IsWomansName(std::string_view name) {
-  if (name.ends_with('s')) name.remove_suffix(1);
-  return IsOneOf(name, {"Elisabeth", "Maria",   "Katharina", "Margarethe", "Victoria",  "Viktoria",
-                        "Christina", "Beatrix", "Juliana",   "Wilhelmina", "Isabella",  "Anna",
-                        "Mary",      "Olga",    "Kleopatra", "Elizabeth",  "Margrethe", "Sophie",
-                        "Louise",    "Luise",   "Johanna",   "Sonja",      "Silvia",    "Theresia"});
-}
-
 // Names of rulers and popes, by which a letter such as "I." or "V." is a number and no second name.
 bool IsRulersName(std::string_view name) {
   for (int i = 0; i < 2; ++i) {

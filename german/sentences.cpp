@@ -142,6 +142,9 @@ class SentenceReader {
     if (const auto found = AbbreviationAt(tokens_, i)) {
       end = found->end;
       ending = found->abbreviation->ending;
+      const std::size_t comma = tokens_.Before(i);  // "12 Bücher, u. a. „Zeit“"
+      if (found->abbreviation->written == "u. a." && comma != Tokens::kNone && tokens_.Is(comma, ","))
+        ending = Ending::Never;
       if (ending == Ending::Never && found->abbreviation->spoken.ends_with("ummer")) ending = Ending::Starter;
       if (ending == Ending::Never && IsUpperWord(found->abbreviation->spoken) && StartsAnewAt(end))
         ending = Ending::Starter;
@@ -228,6 +231,8 @@ class SentenceReader {
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
     if (!unit || !unit->endsWithPoint) return 0;
+    if (SubjectFollows(unit->end) && VerbStandsBefore(i))
+      return EndBehindAbbreviation(unit->end, Ending::Often);
     if (IsPackage(*unit) || unit->multiplies) return EndBehindAbbreviation(unit->end, Ending::Starter);
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
   }
@@ -236,6 +241,19 @@ class SentenceReader {
   bool SubjectFollows(std::size_t end) {
     const std::size_t next = AfterGaps(end);
     return tokens_.IsCapital(next) && tokens_.IsBlank(next + 1) && IsLinkingVerb(tokens_.View(next + 2));
+  }
+
+  // "Der Saal fasst ca. 400 Pers. Einlass ist …", but "Nach ca. 30 Min. Backzeit ist …": the sentence has its
+  // verb, so that another one is that of the next.
+  bool VerbStandsBefore(std::size_t i) {
+    for (std::size_t at = 2; at < i; ++at) {
+      const auto word = tokens_.View(at);
+      if (tokens_.IsWord(at) && !tokens_.IsCapital(at) && tokens_.IsBlank(at + 1) && !IsDegreeWord(word) &&
+          !CaseOfPreposition(word) && !IsOrdinalWord(word) &&
+          (IsVerb(word) || IsLinkingVerb(word) || HasSuffix(word, {"t", "te", "ten"})))
+        return true;
+    }
+    return false;
   }
 
   std::optional<Unit> UnitOrMultiple(std::size_t i) {

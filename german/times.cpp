@@ -305,6 +305,13 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const std::size_t sign = tokens.Before(i);  // "Ende ca. 22.00"
   const bool about = sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") &&
                      IsOneOf(tokens.View(sign - 1), {"ca", "gg", "gegen"});
+  // "beim Stand von 14:12".
+  const std::size_t of = tokens.WordIndexBefore(i);
+  const bool score =
+      clock->byColon && of != Tokens::kNone && tokens.Is(of, "von") &&
+      HasSuffix(WithLowerStart(tokens.WordBefore(of)), {"stand", "ergebnis", "sieg", "führung", "rückstand",
+                                                        "niederlage", "tore", "verhältnis", "torverhältnis"});
+  if (score) return std::nullopt;
   const bool named = (IsWeekday(tokens, i) && clock->hour >= kFirstMorningHour) ||
                      IsOneOf(tokens.WordBefore(about ? sign - 1 : i),
                              {"Ende", "Schluss", "Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start",
@@ -521,7 +528,9 @@ Found ScoreAt(const Tokens& tokens, std::size_t i) {
   if (clock && !score->spaced) {
     const bool time = GoesBeforeTimes(tokens.WordBefore(i)) &&
                       !IsOneOf(tokens.WordBefore(i), {"nach", "und", "vor", "bis", "von"});
-    if (time || HasLeadingNull(tokens, i) ||
+    const bool shown = StandsNearBefore(
+        tokens, i, {"wecker", "nduhr", "turmuhr", "standuhr", "bahnhofsuhr", "taschenuhr", "küchenuhr"});
+    if (time || shown || HasLeadingNull(tokens, i) ||
         (!StandsBehindScore(tokens, i) && !Stands(tokens, i, IsSportsWord) &&
          !Stands(tokens, i, IsRatioWord)))
       return std::nullopt;

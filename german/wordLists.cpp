@@ -51,7 +51,10 @@ bool IsLinkingVerb(std::string_view word) {
       "entspricht entsprechen stand standen saß sitzt lag hängt hing lebt wohnt arbeitet wächst beginnt "
       "begann endet endete klingelt klingelte "
       "passierte geschah erschien erscheint gesucht starb stirbt scheint schien spielt mitspielt singt "
-      "tritt trat");
+      "tritt trat gehören gehörte gehörten fällt fallen fiel fielen reichen genügen genügte passen "
+      "existieren existierte drohen droht drohte landete explodierte brennt brannte verschwand verschwanden "
+      "bestand bestehen entstand entstanden verunglückte ertrank erklingt erklang blieben verbleiben wohnen "
+      "zählen zählte gehe gehen ging kostenlos passierten ereignete handelt handelte");
   return words.Has(word);
 }
 
@@ -134,6 +137,11 @@ bool IsNumberedHead(std::string_view noun) {
       "Abschlagszahlung Abschlagsrechnung Teilrechnung Teilzahlung Ratenzahlung Bauabschnitt Lesejahr "
       "Elternteil "
       "Fachsemester Rettungsweg Angebotsrunde Bieterrunde Korrektur Überarbeitung Fortschreibung "
+      "Stadtrat Stadtdirektor Beigeordneter Beigeordnete Sekretär Staatsanwalt Staatsanwältin Geiger "
+      "Geigerin "
+      "Violine Kapellmeister Konzertmeister Konzertmeisterin Landesrat Minister Landrat Steuermann Assistent "
+      "Assistentin Geschäftsführer Direktor Vizepräsident Vizepräsidentin Kassierer Schriftführer "
+      "Schriftführerin Botschafter Ehefrau Ehemann Frau "
       "Korinther Petrus Timotheus Thessalonicher Samuel Könige");
   if (words.Has(noun)) return true;
   // "Verhandlungstag", "Strafkammer": what is counted by its last part.
@@ -199,6 +207,26 @@ bool StartsSentences(std::string_view word) {
       "Nächsten Gut Schön Schade Klar Okay Ok Lass Lasst Kannst Bist Hast Weißt Siehst Mir Mich Uns Dir Dich "
       "Euch Ihm Ihn Ihnen");
   return words.Has(word);
+}
+
+bool IsWomansName(std::string_view name) {
+  static const Words words(
+      "Elisabeth Maria Katharina Margarethe Margarete Margareta Victoria Viktoria Christina Christine "
+      "Beatrix "
+      "Juliana Wilhelmina Isabella Anna Anne Mary Olga Kleopatra Elizabeth Margrethe Sophie Sophia Louise "
+      "Luise Johanna Sonja Silvia Theresia Therese Teresa Barbara Hildegard Hedwig Brigitta Brigitte "
+      "Birgitta "
+      "Cäcilia Lucia Luzia Agnes Agatha Ursula Walburga Notburga Helena Helene Klara Clara Monika Rita "
+      "Veronika Magdalena Martha Marta Edith Gertrud Mechthild Kunigunde Adelheid Odilia Ottilie Afra "
+      "Apollonia "
+      "Dorothea Genoveva Gudula Lioba Irmgard Bernadette Birgit Petra Sabine Susanne Karin Ingrid Heike "
+      "Claudia Andrea Angela Ulrike Renate Julia Laura Lena Lisa Sarah Sara Emma Mia Hannah Hanna Leonie "
+      "Marie "
+      "Amelie Eva Ida Frieda Greta Charlotte Gisela Helga Erika Ilse Irene Ruth Doris Inge Ute Gabriele "
+      "Cornelia Kerstin Silke Anja Nicole Stefanie Stephanie Melanie Nadine Sandra Katja Kathrin Katrin Nina "
+      "Jana Franziska Lea Paula Mathilde Auguste Henriette Friederike Karoline Caroline Amalie");
+  if (name == "Andreas") return false;
+  return words.Has(name) || (name.ends_with('s') && words.Has(name.substr(0, name.size() - 1)));
 }
 
 bool IsVessel(std::string_view word) {

@@ -19,6 +19,8 @@ namespace lorelin {
 [[nodiscard]] bool IsOrdinalWord(std::string_view word);
 // Nouns that are numbered by ordinals even without an article: "1. Klasse", "2. Vorsitzender".
 [[nodiscard]] bool IsNumberedHead(std::string_view noun);
+// "Elisabeth", "Annas": the first name of a woman, its genitive as well.
+[[nodiscard]] bool IsWomansName(std::string_view name);
 // "seit", "Sommer": a number of four digits behind it is a year.
 [[nodiscard]] bool GoesBeforeYears(std::string_view word);
 
