@@ -182,7 +182,10 @@ bool StandsAsAttribute(const Tokens& tokens, std::size_t i, std::size_t next) {
   const Noun what = NounOf(tokens.View(noun));
   const std::size_t before = tokens.Before(i);
   const bool opens = tokens.OpensClause(i) && (before == Tokens::kNone || !tokens.Is(before, ","));
-  return (what.known || what.guessed) && (opens || HasDeterminer(tokens, i) || HasPreposition(tokens, i));
+  // "max. Wassertemp."
+  const bool cut = tokens.Is(noun + 1, ".") && (StreetAt(tokens, noun) || CutWordAt(tokens, noun));
+  return (what.known || what.guessed || cut) &&
+         (opens || HasDeterminer(tokens, i) || HasPreposition(tokens, i));
 }
 
 // "Lied: EG 321, Str. 1–3".
@@ -616,7 +619,8 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                         (!NounOf(tokens.View(i)).known || part.written == "abt") &&
                         part.written.size() + (EndsLikeNoWord(word) ? 3 : 4) <= word.size() &&
                         (IsOneOf(tokens.View(behind), {":", ",", ")", ";", "!", "-", "–", "("}) ||
-                         (part.written.size() > 2 && tokens.IsLast(i + 1)) || ShortWordAt(tokens, behind));
+                         ((part.written.size() > 2 || part.written.back() == 'j') && tokens.IsLast(i + 1)) ||
+                         ShortWordAt(tokens, behind));
     if (!common && !parted &&
         (!tokens.IsCapital(i) || !point || NounOf(tokens.View(i)).whole || behind == i + 2 ||
          !(tokens.IsNumber(behind) || (tokens.IsWord(behind) && !tokens.IsCapital(behind)))))

@@ -211,8 +211,21 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before != Tokens::kNone && IsOneOf(tokens.View(before), {":", ".", "-"}))
     before = before > 0 && !tokens.IsBlank(before - 1) ? before - 1 : tokens.Before(before);
-  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"}))
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"lautet", "ist", "ist:"})) {
+    // "Die Steuernummer Ihres Kindes lautet …".
+    constexpr std::size_t kWords = 5;
+    const bool lautet = tokens.Is(before, "lautet");
     before = tokens.Before(before);
+    std::size_t name = before;
+    for (std::size_t step = 0; lautet && step < kWords && name != Tokens::kNone; ++step) {
+      const std::size_t word = tokens.Is(name, ".") && name > 0 ? name - 1 : name;
+      if (IsCodeWord(tokens.View(word))) {
+        before = word;
+        break;
+      }
+      name = tokens.Before(name);
+    }
+  }
   if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
   // "Steuer-Nr. 143/207/50881".
   if (before != Tokens::kNone && before >= 2 && tokens.Is(before, "Nr") && tokens.Is(before - 1, "-")) {

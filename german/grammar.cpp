@@ -715,8 +715,13 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
       std::array<std::string_view, 4>{"ein", "eines", "einem", "einen"},
       {"eine", "einer", "einer", "eine"},
       {"ein", "eines", "einem", "ein"}};
-  const Case asked =
+  Case asked =
       noun.genitive ? Case::Genitive : (relative ? Case::Accusative : CaseAt(tokens, first, behind));
+  // "ggf. 1 weiteren Hub": no nominative has such an adjective.
+  const bool described = tokens.IsNumber(first) && first + 3 < behind && tokens.IsWord(first + 2) &&
+                         tokens.IsBlank(first + 3) && !tokens.IsCapital(first + 2);
+  if (asked == Case::Nominative && described && tokens.View(first + 2).ends_with("en"))
+    asked = noun.gender == Gender::Masculine ? Case::Accusative : Case::Dative;
   return std::string(kForms[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)]);
 }
 

@@ -66,6 +66,10 @@ Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
     if (!tokens.IsCapital(at) || tokens.Before(at) == Tokens::kNone || !tokens.IsNumber(tokens.Before(at)))
       continue;
     const Noun noun = NounOf(tokens.View(at));
+    if (HasSuffix(tokens.View(at),
+                  {"letzte", "letzten", "wachsene", "wachsenen", "Tote", "Toten", "Kranke", "Kranken",
+                   "Jugendliche", "Jugendlichen", "fragte", "fragten", "stellten"}))
+      return Phrase{i + 1, "einer"};  // "5 Verletzte, 1 davon schwer"
     if (!noun.known && !noun.guessed) continue;
     const Gender gender = noun.singular ? noun.gender : NounOf(SingularOf(tokens.View(at))).gender;
     if (gender == Gender::Feminine) return Phrase{i + 1, "eine"};

@@ -215,8 +215,11 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
   const bool glued = tokens.Is(second->end, "h");
   const std::size_t sign = tokens.Before(i);
   const bool cutVon = sign != Tokens::kNone && sign > 0 && tokens.Is(sign, ".") && tokens.Is(sign - 1, "v");
-  const bool hours = (cutVon || tokens.WordBefore(i) == "von") && later && second->hour >= 10 &&
-                     (dash || OpensThen(tokens, i));  // "von 9–17 h"
+  // "von 9–17 h", "von 19 bis 6 h".
+  constexpr std::uint64_t kEvening = 17;
+  const bool overNight = first->hour >= kEvening && second->hour < kFirstMorningHour + 6;
+  const bool hours = (cutVon || IsOneOf(tokens.WordBefore(i), {"von", "Von"})) &&
+                     (overNight || (later && second->hour >= 10 && (dash || OpensThen(tokens, i))));
   const bool clocks = GoesWithClock(tokens, i) || first->minute || hours || SpeaksOfOpening(tokens, i) ||
                       (dash && later && second->hour >= 10 && NamesWeekdayNear(tokens, i)) ||
                       (glued && second->hour > 6 && later && dash && !tokens.IsBlank(second->end));
