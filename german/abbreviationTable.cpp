@@ -66,7 +66,7 @@ constexpr Abbreviation kTable[] = {
     A{"v. Chr.", "vor Christus", Anything, Often}, A{"n. Chr.", "nach Christus", Anything, Often},
     A{"v. u. Z.", "vor unserer Zeitrechnung", Anything, Often}, A{"u. Z.", "unserer Zeitrechnung", Anything, Often},
     A{"d. J.", "der Jüngere", RulerBefore, Noun}, A{"d. J.", "dieses Jahres", Anything, Noun},
-    A{"d. M.", "dieses Monats", Anything, Noun},
+    A{"d. M.", "dieses Monats", Anything, Noun}, A{"v. M.", "vorigen Monats", DayBefore, Noun},
     A{"d. Ä.", "der Ältere", Anything, Noun}, A{"d. Gr.", "der Große", Anything, Noun},
     A{"v. J.", "vorigen Jahres", Anything, Noun}, A{"n. J.", "nächsten Jahres", Anything, Noun},
     A{"l. J.", "laufenden Jahres", Anything, Noun},

@@ -175,8 +175,7 @@ Found MoneyAt(const Tokens& tokens, std::size_t i, std::size_t first) {
                     (tokens.IsGap(dashes) || IsOneOf(tokens.View(dashes), {".", ",", ")", ";", "!", "/"}));
   if (bare)
     return Phrase{dashes, QuantityWords(tokens, first, dashes, *quantity, Gender::Masculine) + " Euro"};
-  if (!currency || (tokens.Is(tokens.Skip(dashes), "Fr") && quantity->number.value > 24 && false))
-    return std::nullopt;
+  if (!currency) return std::nullopt;
   std::size_t end = currency->end;
   std::string words =
       quantity->singular || quantity->number.whole.empty()
@@ -199,6 +198,8 @@ std::string MultipliedWords(const Tokens& tokens, std::size_t first, std::size_t
   } else if (const auto unit = UnitAt(tokens, next); unit && !unit->isWord) {
     words = " " + (CaseAt(tokens, first, unit->end) == Case::Dative ? unit->dativePlural : unit->plural);
     end = unit->end;
+  } else if (tokens.Is(end, "/")) {
+    words = PerWords(tokens, end);  // "11,2 Tsd./µl"
   }
   return words;
 }

@@ -89,13 +89,13 @@ std::string_view WholePart(std::string_view word) {
     std::string_view whole;
   };
   constexpr Part kParts[] = {
-      {"jähr", "jährig"},      {"j", "jährig"},      {"trg", "türig"},        {"tür", "türig"},
-      {"sitz", "sitzig"},      {"stöck", "stöckig"}, {"gesch", "geschossig"}, {"köpf", "köpfig"},
-      {"std", "stündig"},      {"stünd", "stündig"}, {"tlg", "teilig"},       {"teil", "teilig"},
-      {"wöch", "wöchig"},      {"monat", "monatig"}, {"tät", "tätig"},        {"täg", "tägig"},
-      {"seit", "seitig"},      {"reih", "reihig"},   {"zeil", "zeilig"},      {"spur", "spurig"},
-      {"zyl", "zylindrig"},    {"bänd", "bändig"},   {"sprach", "sprachig"},  {"gesch", "geschossig"},
-      {"prozent", "prozentig"}};
+      {"jähr", "jährig"},       {"j", "jährig"},      {"trg", "türig"},        {"tür", "türig"},
+      {"sitz", "sitzig"},       {"stöck", "stöckig"}, {"gesch", "geschossig"}, {"köpf", "köpfig"},
+      {"std", "stündig"},       {"stünd", "stündig"}, {"tlg", "teilig"},       {"teil", "teilig"},
+      {"wöch", "wöchig"},       {"monat", "monatig"}, {"tät", "tätig"},        {"täg", "tägig"},
+      {"seit", "seitig"},       {"reih", "reihig"},   {"zeil", "zeilig"},      {"spur", "spurig"},
+      {"zyl", "zylindrig"},     {"bänd", "bändig"},   {"sprach", "sprachig"},  {"gesch", "geschossig"},
+      {"prozent", "prozentig"}, {"tgl", "täglich"},   {"tägl", "täglich"},     {"jährl", "jährlich"}};
   for (const Part& part : kParts) {
     if (part.written == word) return part.whole;
   }

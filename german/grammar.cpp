@@ -715,8 +715,7 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
       std::array<std::string_view, 4>{"ein", "eines", "einem", "einen"},
       {"eine", "einer", "einer", "eine"},
       {"ein", "eines", "einem", "ein"}};
-  Case asked =
-      noun.genitive ? Case::Genitive : (relative ? Case::Accusative : CaseAt(tokens, first, behind));
+  Case asked = noun.genitive ? Case::Genitive : (relative ? Case::Accusative : CaseAt(tokens, first, behind));
   // "ggf. 1 weiteren Hub": no nominative has such an adjective.
   const bool described = tokens.IsNumber(first) && first + 3 < behind && tokens.IsWord(first + 2) &&
                          tokens.IsBlank(first + 3) && !tokens.IsCapital(first + 2);

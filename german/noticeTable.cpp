@@ -45,7 +45,7 @@ constexpr Abbreviation kTable[] = {
     A{"Fakt.-Nr.", "Fakturanummer"}, A{"Dtzd.", "Dutzend"}, A{"btto.", "brutto"}, A{"ntto.", "netto"},
     A{"postop.", "postoperativ", Described, Never, Adjective}, A{"postop.", "postoperativ"}, A{"p. op.", "postoperativ", Anything, Noun}, A{"p.op.", "postoperativ", Anything, Noun},
     A{"präop.", "präoperativ", Described, Never, Adjective}, A{"intraop.", "intraoperativ", Anything, Never, Adjective},
-    A{"Rö.", "Röntgen"}, A{"Diab. mell.", "Diabetes mellitus", Anything, Noun}, A{"D. m.", "Diabetes mellitus", Anything, Noun},
+    A{"Rö.", "Röntgen"}, A{"Diab.", "Diabetes", Anything, Noun}, A{"Diab. mell.", "Diabetes mellitus", Anything, Noun}, A{"D. m.", "Diabetes mellitus", Anything, Noun},
     A{"klin.", "klinisch", Anything, Never, Adjective}, A{"path.", "pathologisch", Anything, Never, Adjective},
     A{"neurol.", "neurologisch", Anything, Never, Adjective}, A{"kardiol.", "kardiologisch", Anything, Never, Adjective},
     A{"orthop.", "orthopädisch", Anything, Never, Adjective}, A{"chir.", "chirurgisch", Anything, Never, Adjective},

@@ -527,9 +527,22 @@ Found PlacedAt(const Tokens& tokens, std::size_t i) {
   return Phrase{word + 1, WithUpperStart(OrdinalWords(*place, "")) + WithLowerStart(tokens.View(word))};
 }
 
+// "1.-Klasse-Ticket", "2.-Liga-Spiel".
+Found OrdinalOfCompoundAt(const Tokens& tokens, std::size_t i) {
+  const auto value = DigitsAt(tokens, i, 2);
+  if (!value || *value == 0 || !tokens.FreeBefore(i) || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "-") ||
+      !tokens.IsCapital(i + 3) || !tokens.Is(i + 4, "-") || !tokens.IsCapital(i + 5))
+    return std::nullopt;
+  const Agreement first = AgreementOf(NounOf(tokens.View(i + 3)));
+  const auto ending =
+      EndingAt(tokens, 0, first.known ? first : AgreementOf(Gender::Neuter));  // "1.-OG-Wohnung"
+  return Phrase{i + 2, WithUpperStart(OrdinalWords(*value, ending))};
+}
+
 }  // namespace
 
 Found OrdinalAt(const Tokens& tokens, std::size_t i) {
+  if (auto compound = OrdinalOfCompoundAt(tokens, i)) return compound;
   if (auto item = ItemAt(tokens, i)) return item;
   if (auto placed = PlacedAt(tokens, i)) return placed;
   if (auto superlative = SuperlativeAt(tokens, i)) return superlative;
