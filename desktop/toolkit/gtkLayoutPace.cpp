@@ -18,10 +18,19 @@ constexpr gint kDrawnAhead = 2;   // heights of the view; GTK draws some of what
 constexpr gint64 kShare = 15000;  // microseconds
 constexpr gint64 kShortestPause = 500;
 constexpr gint64 kTimeToDraw = 100000;
+constexpr gint kOutOfTurn = 1000;  // lines, more than two heights of a view
 
 GtkWidget* undrawn = nullptr;  // the view that waits to be drawn; none when it has gone
 gint64 drawnBy = 0;            // the rest waits until then; 0 for nothing waits
 guint layout = 0;              // the source that was begun last
+GtkWidget* goesToCaret =
+    nullptr;  // the view whose caret was put where nothing is laid out; none when it has gone
+
+gint HeightOf(GtkTextView* view, const GtkTextIter& line, gint& top) {
+  gint height = 0;
+  gtk_text_view_get_line_yrange(view, &line, &top, &height);
+  return height;
+}
 
 // Lines that are not laid out have no height: when they begin above the view's lower end, all of them would
 // be taken for visible and be drawn, which takes as long as laying out the whole text.
@@ -30,8 +39,7 @@ bool LacksLines(GtkWidget* widget) {
   GtkTextIter end;
   gtk_text_buffer_get_end_iter(gtk_text_view_get_buffer(view), &end);
   gint top = 0;
-  gint height = 0;
-  gtk_text_view_get_line_yrange(view, &end, &top, &height);
+  const gint height = HeightOf(view, end, top);
   GdkRectangle visible;
   gtk_text_view_get_visible_rect(view, &visible);
   return height == 0 && top < visible.y + kDrawnAhead * visible.height;
@@ -44,6 +52,50 @@ void Hurry(bool forDrawing) {
   if (forDrawing) g_source_set_priority(source, kBeforeDrawing);
   drawnBy = 0;
   g_source_set_ready_time(source, 0);
+}
+
+// Whether everything up to the caret has its height; `top` is where what has none begins, if it lies near.
+// The toolkit lays out the lines around a place that somebody goes to before those in front of them.
+bool IsReached(GtkTextView* view, gint& top) {
+  GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
+  GtkTextIter line;
+  gtk_text_buffer_get_iter_at_mark(buffer, &line, gtk_text_buffer_get_insert(buffer));
+  const gint last = gtk_text_iter_get_line(&line);
+  gtk_text_iter_backward_lines(&line, kOutOfTurn);
+  while (HeightOf(view, line, top) != 0) {
+    if (gtk_text_iter_get_line(&line) == last) return true;
+    gtk_text_iter_forward_line(&line);
+  }
+  return false;
+}
+
+// GTK goes only as far as lines have their height.
+void GoOnToCaret(bool done) {
+  GtkTextView* const view = GTK_TEXT_VIEW(goesToCaret);
+  gint top = 0;
+  if (done || IsReached(view, top)) {
+    GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
+    GtkTextIter caret;
+    gtk_text_buffer_get_iter_at_mark(buffer, &caret, gtk_text_buffer_get_insert(buffer));
+    gtk_text_view_scroll_to_iter(view, &caret, 0, FALSE, 0, 0);
+    g_clear_weak_pointer(&goesToCaret);
+    return;
+  }
+  GtkAdjustment* const place = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view));
+  const double page = gtk_adjustment_get_page_size(place);
+  gtk_adjustment_set_value(place, std::max(gtk_adjustment_get_value(place), top - (kDrawnAhead + 1) * page));
+}
+
+void CaretMoved(GtkTextBuffer* buffer, GtkTextIter* where, GtkTextMark* mark, gpointer view) {
+  if (mark != gtk_text_buffer_get_insert(buffer)) return;
+  gint top = 0;
+  g_set_weak_pointer(&goesToCaret,
+                     HeightOf(GTK_TEXT_VIEW(view), *where, top) == 0 ? GTK_WIDGET(view) : nullptr);
+}
+
+gboolean StayThere() {
+  g_clear_weak_pointer(&goesToCaret);
+  return FALSE;
 }
 
 gboolean LayOutSome(GSource* source, GSourceFunc callback, gpointer data) {
@@ -63,6 +115,7 @@ gboolean LayOutSome(GSource* source, GSourceFunc callback, gpointer data) {
   g_source_set_priority(source, kBehindEverything);
   g_source_set_ready_time(source, canBeDrawn ? drawnBy : end + std::max(kShortestPause, (end - begin) / 4));
   if (undrawn != nullptr) gtk_widget_queue_draw(undrawn);
+  if (goesToCaret != nullptr) GoOnToCaret(goesOn == FALSE);
   return goesOn;
 }
 
@@ -116,6 +169,12 @@ void LayOutBehindOtherWork(wxTextCtrl& control) {
   After(view, "style-updated");
   GtkTextBuffer* const buffer = gtk_text_view_get_buffer(GTK_TEXT_VIEW(view));
   After(buffer, "changed");
+  g_signal_connect(buffer, "mark-set", G_CALLBACK(CaretMoved), view);
+  g_signal_connect(view, "scroll-event", G_CALLBACK(StayThere), nullptr);
+  if (GTK_IS_SCROLLED_WINDOW(scrolled)) {
+    g_signal_connect(gtk_scrolled_window_get_vscrollbar(GTK_SCROLLED_WINDOW(scrolled)), "change-value",
+                     G_CALLBACK(StayThere), nullptr);
+  }
   After(buffer, "apply-tag");
 }
 

@@ -25,10 +25,27 @@ class LongTextForm : public FormFixture {
     window.Textmode();
     EXPECT_TRUE(WaitUntil([&] { return Height() > 0; }));
   }
+  GtkTextView* View() { return GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(form.Editor().GetHandle()))); }
   // How much of the text is laid out, in pixels.
-  double Height() {
-    GtkWidget* const view = gtk_bin_get_child(GTK_BIN(form.Editor().GetHandle()));
-    return gtk_adjustment_get_upper(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view)));
+  double Height() { return gtk_adjustment_get_upper(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(View()))); }
+  // All of it; the toolkit lays out some lines at the end before it comes there.
+  bool IsLaidOut() {
+    GtkTextIter line;
+    gtk_text_buffer_get_iter_at_line(gtk_text_view_get_buffer(View()), &line, kLines - 2000);
+    gint top = 0;
+    gint height = 0;
+    gtk_text_view_get_line_yrange(View(), &line, &top, &height);
+    return height > 0;
+  }
+  bool ShowsTheCaret() {
+    GtkTextBuffer* const buffer = gtk_text_view_get_buffer(View());
+    GtkTextIter caret;
+    gtk_text_buffer_get_iter_at_mark(buffer, &caret, gtk_text_buffer_get_insert(buffer));
+    GdkRectangle place;
+    gtk_text_view_get_iter_location(View(), &caret, &place);
+    GdkRectangle visible;
+    gtk_text_view_get_visible_rect(View(), &visible);
+    return place.y >= visible.y && place.y + place.height <= visible.y + visible.height;
   }
   static std::string LongText() {
     std::string text;
@@ -62,6 +79,15 @@ TEST_F(LongTextForm, ShowsTheBeginningOfANewTextAtOnce) {
   EXPECT_LT(Height(), kHalf);
 }
 
+TEST_F(LongTextForm, ShowsThePlaceThatWasAskedForBeforeItWasLaidOut) {
+  form.Editor().SetText(LongText());
+  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
+  ASSERT_LT(Height(), kHalf);
+  g_signal_emit_by_name(View(), "move-cursor", GTK_MOVEMENT_BUFFER_ENDS, 1, FALSE);
+  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
+  EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+}
+
 TEST_F(LongTextForm, TellsOfANewTextOnce) {
   int told = 0;
   form.Editor().SetText("alt");
@@ -86,8 +112,7 @@ TEST_F(LongTextForm, TellsAScreenReaderOfALoadedTextInOnePiece) {
   std::string text = "Grüße\n";
   while (text.size() < (5U << 20)) text += text;
   WriteFile(folder.File("a.txt"), text);
-  GtkWidget* const view = gtk_bin_get_child(GTK_BIN(form.Editor().GetHandle()));
-  AtkObject* const accessible = gtk_widget_get_accessible(view);
+  AtkObject* const accessible = gtk_widget_get_accessible(GTK_WIDGET(View()));
   const gulong insertion = g_signal_connect(accessible, "text-changed::insert",
                                             G_CALLBACK(+[](AtkObject*, int begin, int length, gpointer data) {
                                               static_cast<Heard*>(data)->inserted.emplace_back(begin, length);
