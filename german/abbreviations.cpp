@@ -427,6 +427,9 @@ bool Fits(const Abbreviation& one, const Tokens& tokens, std::size_t i, std::siz
     case Around::Feminine:
       return IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"die", "eine", "diese", "keine", "letzte",
                                                             "nächste", "jede", "zur", "einer", "dieser"});
+    case Around::Weekday:
+      return IsOneOf(tokens.View(next), {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) ||
+             HasSuffix(tokens.View(next), {"tag", "woch", "abend"});
     case Around::Prepared:
       return tokens.IsLast(end - 1) && MeasuresIngredient(tokens, i);
     case Around::Subject:

@@ -70,6 +70,7 @@ enum class Around : std::uint8_t {
   Listed,          // a comma stands before
   Disease,         // a disease follows
   Feminine,        // an article or adjective stands before that no man or thing has
+  Weekday,         // a day of the week follows
   Prepared,        // the sentence ends with it, and something to eat is made in it
   Subject,         // studies or lessons are spoken of
   DayBefore        // an ordinal stands before: "19. Jh."

@@ -94,6 +94,7 @@ bool IsDayOfMonth(const Tokens& tokens, std::size_t i, std::size_t behind) {
   const std::size_t next = tokens.Skip(behind);
   const std::string before = WithLowerStart(tokens.WordBefore(i));
   if (IsOneOf(before, {"am", "vom", "zum", "ab", "bis"})) return true;
+  if (before.empty() && StandsBehindWeekday(tokens, i)) return true;
   if (before.empty() && (HasPreposition(tokens, i) || HasDeterminer(tokens, i))) return true;  // "v. 3. 5."
   return IsOneOf(before, {"dem", "den"}) &&
          (tokens.Is(next, ",") || (tokens.IsWord(next) && !tokens.IsCapital(next)));

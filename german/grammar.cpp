@@ -301,6 +301,16 @@ bool IsPronoun(std::string_view word) {
 // "Ab Mai kostet 1 Liter 2 €", "Am Tor hielt 1 Wagen": behind a phrase with a preposition and the verb stands
 // the subject.
 bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
+  // "Im Hof brannten 3 Autos und 1 Schuppen": what the first of a list is, the others are.
+  for (int step = 0; step < 3; ++step) {
+    const std::size_t joint = tokens.Before(i);
+    const std::size_t noun = joint == Tokens::kNone ? joint : tokens.Before(joint);
+    const std::size_t number = noun == Tokens::kNone ? noun : tokens.Before(noun);
+    if (number == Tokens::kNone || !IsOneOf(tokens.View(joint), {"und", ",", "sowie"}) ||
+        !tokens.IsCapital(noun) || !tokens.IsNumber(number))
+      break;
+    i = number;
+  }
   std::size_t verb = tokens.Before(i);
   const bool reflexive =
       verb != Tokens::kNone && tokens.Is(verb, "sich");  // "Daraus lässt sich 1 Topf machen"
@@ -615,6 +625,10 @@ bool EndsClause(const Tokens& tokens, std::size_t at) {
 // "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
 std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   std::size_t at = OverPoint(tokens, tokens.Before(first));
+  const std::size_t right = at;
+  while (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "noch", "genau", "mindestens", "höchstens"}))
+    at = OverPoint(tokens, tokens.Before(at));  // "aus 3 Männern und nur 1 Frau"
+  if (at != right && at != Tokens::kNone && tokens.Is(at, ",")) return std::nullopt;
   if (at == Tokens::kNone ||
       !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus", "u", "o", "+", "&"}))
     return std::nullopt;
@@ -648,7 +662,9 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
       const bool part = found != Tokens::kNone && list && tokens.Is(found, "von") &&
                         tokens.WordIndexBefore(found) != Tokens::kNone &&
                         tokens.IsCapital(tokens.WordIndexBefore(found));
-      if (part) return std::nullopt;
+      // "ab 39 € und 1 Tasse gratis": "ab" is said of the price.
+      const bool price = found != Tokens::kNone && tokens.Is(found, "ab") && IsPriceAt(tokens, at);
+      if (part || price) return std::nullopt;
       if (found != Tokens::kNone) return CaseBehind(tokens, found, at);
     }
     if (IsOneOf(tokens.View(at), {":", ";", "("}) || IsVerb(tokens.View(at)) ||

@@ -112,10 +112,24 @@ bool GoesToClass(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   return false;
 }
 
+// "aus der 2. Reihe, … aus der 5.": another of the row that has been named.
+bool RepeatsOrdinal(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 30;  // tokens
+  const auto article = tokens.WordBefore(i);
+  if (!IsOneOf(article, {"der", "die", "zur", "einer", "eine"})) return false;
+  for (std::size_t at = i > kNear ? i - kNear : 0; at + 5 < i; ++at) {
+    if (tokens.IsNumber(at, 1, 2) && tokens.Is(at + 1, ".") && tokens.IsBlank(at + 2) &&
+        tokens.IsCapital(at + 3) && !MonthAt(tokens, at + 3) && tokens.WordBefore(at) == article &&
+        NounOf(tokens.View(at + 3)).whole)
+      return true;
+  }
+  return false;
+}
+
 PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (LabelBefore(tokens, i) || value >= kYears) return PointMeaning::Sentence;
   const bool one = DeterminesOneAlone(tokens, i) || IsRank(tokens, i) || StandsBehindOrdinal(tokens, i) ||
-                   GoesToClass(tokens, i, value);
+                   GoesToClass(tokens, i, value) || RepeatsOrdinal(tokens, i);
   return one ? PointMeaning::OrdinalAtEnd : PointMeaning::Sentence;
 }
 
@@ -130,6 +144,11 @@ PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t ne
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
   if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i) ||
       CountsFromSide(tokens, next))
+    return PointMeaning::Ordinal;
+  // "Seine 9. und letzte Sinfonie".
+  const std::size_t described = NounBehind(tokens, tokens.Skip(next + 1));
+  if (IsOneOf(tokens.View(next), {"und", "oder"}) && HasDeterminer(tokens, i) && described != Tokens::kNone &&
+      described > next + 2 && IsSingularNoun(tokens, described))
     return PointMeaning::Ordinal;
   // "bis spät. 15. d. M."
   if (IsOneOf(tokens.View(next), {"d", "ds", "dieses"}) &&
@@ -325,6 +344,19 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
 
 }  // namespace
 
+namespace {
+
+// "90-minütige", "100%ige" of "die 1. 90-minütige Sendung": the token of the adjective.
+std::size_t GluedAdjectiveAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t word = tokens.Is(i + 1, "-") || tokens.Is(i + 1, "%") ? i + 2 : i + 1;
+  const bool adjective = tokens.IsNumber(i) && tokens.IsWord(word) && !tokens.IsCapital(word) &&
+                         tokens.View(word).size() >= 3 &&
+                         HasSuffix(tokens.View(word), {"e", "en", "er", "es", "em"});
+  return adjective ? word : Tokens::kNone;
+}
+
+}  // namespace
+
 PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (!value || *value == 0 || !tokens.FreeBefore(i)) return PointMeaning::Sentence;
@@ -338,6 +370,8 @@ PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   if (tokens.IsCapital(next)) return BeforeCapital(tokens, i, next, *value);
   if (tokens.IsWord(next)) return BeforeSmallWord(tokens, i, next);
   if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone)
+    return PointMeaning::Ordinal;
+  if (GluedAdjectiveAt(tokens, next) != Tokens::kNone && DeterminesOne(tokens, i) && *value < kYears)
     return PointMeaning::Ordinal;
   // "die 3. „Klasse“"
   if (IsOneOf(tokens.View(next), {"„", "»", "(", "–", "-", "\""}) || tokens.IsNumber(next))
@@ -362,6 +396,7 @@ std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
     if (joined == Tokens::kNone) break;
     next = tokens.Skip(joined + 2);
   }
+  if (const std::size_t glued = GluedAdjectiveAt(tokens, next); glued != Tokens::kNone) next = glued;
   if (tokens.Is(next, ",") && EditionFollows(tokens, next + 1)) next = tokens.Skip(next + 1);
   return NounBehindPlace(tokens, NounBehind(tokens, next));
 }

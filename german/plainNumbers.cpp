@@ -137,7 +137,11 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
     const std::string one = OneBefore(tokens, i, noun + 1, AgreementOf(Gender::Masculine));
     return Phrase{i + 1, one == "ein" ? "einen" : one};
   }
-  if (agreement.known && agreement.plural) return std::nullopt;
+  // "3 Autos und 1 Schuppen": one of them is no plural, whatever the lexicon knows of the form.
+  const bool one = noun == i + 2 && tokens.View(noun).ends_with("en") && before != Tokens::kNone &&
+                   tokens.IsWord(before) && !tokens.IsCapital(before);
+  if (agreement.known && agreement.plural && !one) return std::nullopt;
+  if (agreement.known && agreement.plural) agreement = AgreementOf(Gender::Masculine);
   // Most words that no lexicon knows are masculine; behind another noun the number is its name.
   if (!agreement.known && (tokens.Before(i) == Tokens::kNone ||
                            (tokens.IsCapital(tokens.Before(i)) && !tokens.OpensClause(tokens.Before(i)))))

@@ -125,6 +125,22 @@ bool IsRank(const Tokens& tokens, std::size_t i) {
   return BecomesOne(tokens, i) || AsksForRank(tokens, i) || CommaOfSecondRank(tokens, i) != Tokens::kNone;
 }
 
+namespace {
+
+// "Die 10. Klasse wurde 3."
+bool OpensWithFeminine(const Tokens& tokens) {
+  if (!IsOneOf(tokens.View(0), {"Die", "Eine", "Meine", "Seine", "Ihre", "Unsere"})) return false;
+  constexpr std::size_t kNear = 8;  // tokens
+  for (std::size_t at = 1; at < kNear; ++at) {
+    if (!tokens.IsCapital(at)) continue;
+    const Noun noun = NounOf(tokens.View(at));
+    return noun.singular && noun.gender == Gender::Feminine;
+  }
+  return false;
+}
+
+}  // namespace
+
 // "Dritter", "Dritte", "drittes" of the children.
 std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (const std::size_t comma = CommaOfSecondRank(tokens, i); comma != Tokens::kNone) {
@@ -136,8 +152,8 @@ std::string RankWords(const Tokens& tokens, std::size_t i, std::uint64_t value) 
   }
   const std::size_t verb = VerbOfRank(tokens, i);
   if (verb == Tokens::kNone) return WithUpperStart(OrdinalWords(value, tokens.Is(0, "Sie") ? "e" : "er"));
-  const bool woman = MeansWoman(tokens.WordBefore(verb)) || tokens.WordBefore(i) == "sie" ||
-                     tokens.Is(0, "Sie") ||
+  const bool woman = MeansWoman(tokens.WordBefore(verb)) || OpensWithFeminine(tokens) ||
+                     tokens.WordBefore(i) == "sie" || tokens.Is(0, "Sie") ||
                      (tokens.WordIndexBefore(verb) != Tokens::kNone &&
                       MeansWoman(tokens.WordBefore(tokens.WordIndexBefore(verb))));
   const bool child = HasSuffix(tokens.View(i + 7), {"Kindern", "Geschwistern"});

@@ -248,12 +248,27 @@ Found LetterSpanAt(const Tokens& tokens, std::size_t i) {
   const auto last = tokens.View(i + 1);
   if (first.size() != 1 || last.size() != 1 || !tokens.IsWord(i - 1) || !tokens.IsWord(i + 1))
     return std::nullopt;
-  const bool counted = i >= 2 && tokens.IsNumber(i - 2);
+  const bool parted =
+      i >= 3 && tokens.IsBlank(i - 2) && tokens.IsNumber(i - 3) && !IsUpperWord(first);  // "3 a-c"
+  const bool counted = (i >= 2 && tokens.IsNumber(i - 2)) || parted;
   const bool alone = i < 2 || tokens.IsGap(i - 2) || tokens.Is(i - 2, "(");
   const bool rising = first.front() < last.front() && IsUpperWord(first) == IsUpperWord(last);
   const bool span = counted || (alone && (tokens.Is(i, "–") || (first == "A" && last == "Z")));
   if (!rising || !span || !tokens.FreeBehind(i + 1) || tokens.Is(i + 2, "-")) return std::nullopt;
   return Phrase{i + 1, " bis "};
+}
+
+// "von Mai 1998 – Juni 2004": from one month to another.
+Found MonthSpanAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  if (!tokens.IsDashAt(i) || before == Tokens::kNone || !tokens.IsNumber(before, 4, 4)) return std::nullopt;
+  const auto next = MonthAt(tokens, tokens.Skip(i + 1));
+  std::size_t month = tokens.Before(before);
+  if (month != Tokens::kNone && month > 0 && tokens.Is(month, ".")) --month;
+  if (!next || !tokens.IsNumber(tokens.Skip(next->end), 4, 4) || month == Tokens::kNone ||
+      !MonthAt(tokens, month))
+    return std::nullopt;
+  return Phrase{tokens.Skip(i + 1), tokens.IsBlank(i - 1) ? "bis " : " bis "};
 }
 
 bool IsCodeLetters(const Tokens& tokens, std::size_t i) {
@@ -335,7 +350,7 @@ Found SignAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading :
        {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt, &PlusOrMinusAt,
         &WaveBehindUnitAt, &PlusMinusAt, &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt,
-        &SignInNormAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &AmpersandAt}) {
+        &SignInNormAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &MonthSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;
