@@ -551,7 +551,7 @@ constexpr Abbreviation kTable[] = {
     A{"Sek.", "Sekunde", DayBefore, Noun},
     A{"Jh.", "Jahrhundert", Anything, Often, Genitive}, A{"Jhs.", "Jahrhunderts", Anything, Often},
     A{"Jhdt.", "Jahrhundert", Anything, Often, Genitive}, A{"Jhd.", "Jahrhundert", Anything, Often, Genitive},
-    A{"w.", "weiblich", Sex}, A{"w", "weiblich", Sex}, A{"m.", "männlich", Sex}, A{"m", "männlich", Sex}, A{"Kj.", "Kalenderjahr", Anything, Starter}, A{"Jt.", "Jahrtausend", DayBefore, Often, Genitive}, A{"Jahrh.", "Jahrhundert", Anything, Often, Genitive},
+    A{"w.", "weiblich", Sex}, A{"w", "weiblich", Sex}, A{"m.", "männlich", Sex}, A{"m", "männlich", Sex}, A{"s/w", "schwarz-weiß"}, A{"S/W", "schwarz-weiß"}, A{"Kj.", "Kalenderjahr", Anything, Starter}, A{"Jt.", "Jahrtausend", DayBefore, Often, Genitive}, A{"Jahrh.", "Jahrhundert", Anything, Often, Genitive},
     A{"Mo.", "Montag", Number}, A{"Di.", "Dienstag", Number}, A{"Mi.", "Mittwoch", Number},
     A{"Do.", "Donnerstag", Number}, A{"Sa.", "Samstag", Number}, A{"So.", "Sonntag", Number},
     A{"vorm.", "vormittags", NumberBefore, Noun}, A{"vorm.", "vormals", Capital}, A{"vorm.", "vormittags", Anything, Noun}, A{"nachm.", "nachmittags", Anything, Noun},

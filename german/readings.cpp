@@ -400,6 +400,14 @@ Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   const std::size_t next = tokens.Skip(i + 1);
   if (!tokens.IsNumber(next) || (next > i + 1) != tokens.IsBlank(i - 1)) return std::nullopt;
+  // "die Klassen 5a–5d".
+  const auto isClass = [&](std::size_t number) {
+    return tokens.IsNumber(number, 1, 3) && tokens.IsWord(number + 1) &&
+           tokens.View(number + 1).size() == 1 && !tokens.IsCapital(number + 1);
+  };
+  if (next == i + 1 && isClass(i - 2) && isClass(next) && tokens.FreeBefore(i - 2) &&
+      tokens.FreeBehind(next + 1) && !tokens.IsDashAt(next + 2))
+    return Phrase{next, " bis "};
   // "63 v. Chr.–14 n. Chr."
   if (tokens.Is(before, ".") && before > 0 && tokens.Is(before - 1, "Chr"))
     return Phrase{next, before + 1 == i ? " bis " : "bis "};

@@ -127,6 +127,7 @@ constexpr std::array kUnits{
     UnitName{"Gr", "Grad", "Grad", kM, Point::Always},
     UnitName{"Kps", "Kapsel", "Kapseln", kF, Point::Always},
     UnitName{"Drg", "Dragee", "Dragees", kN, Point::Always},
+    UnitName{"Zig", "Zigarette", "Zigaretten", kF, Point::Always},
     UnitName{"Ktn", "Karton", "Kartons", kM, Point::Always},
     UnitName{"Krt", "Karton", "Kartons", kM, Point::Always},
     UnitName{"Pal", "Palette", "Paletten", kF, Point::Always},
