@@ -240,7 +240,12 @@ class SentenceReader {
   // "… bis zum 31.12. Ausnahmen sind möglich."
   bool SubjectFollows(std::size_t end) {
     const std::size_t next = AfterGaps(end);
-    return tokens_.IsCapital(next) && tokens_.IsBlank(next + 1) && IsLinkingVerb(tokens_.View(next + 2));
+    if (!tokens_.IsCapital(next) || !tokens_.IsBlank(next + 1)) return false;
+    // "… am 31.12. Abweichende Abreden sind nichtig."
+    const auto word = tokens_.View(next);
+    const bool described = HasSuffix(word, {"ende", "liche", "ige", "ische", "barte", "ierte"}) &&
+                           tokens_.IsCapital(next + 2) && NounOf(tokens_.View(next + 2)).known;
+    return described || IsLinkingVerb(tokens_.View(next + 2));
   }
 
   // "Der Saal fasst ca. 400 Pers. Einlass ist …", but "Nach ca. 30 Min. Backzeit ist …": the sentence has its

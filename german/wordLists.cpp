@@ -30,7 +30,8 @@ class Words {
 
 bool IsDegreeWord(std::string_view word) {
   static const Words words(
-      "nur etwa ca circa zirka rund knapp gut fast genau mindestens höchstens maximal minimal max mind min "
+      "nur etwa ca rd insges circa zirka rund knapp gut fast genau mindestens höchstens maximal minimal max "
+      "mind min "
       "je jeweils noch "
       "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
       "exakt ganz spätestens frühestens einschließlich "
