@@ -80,6 +80,7 @@ std::string_view CutNouns() {
       "Zitronenabrieb Orangenabrieb Sinfonie/Sinfonien Gehzeit/Gehzeiten Wanderzeit/Wanderzeiten Fahrzeit/Fahrzeiten Höhenunterschied Höhenmeter Weglänge "
       "Parkmöglichkeit/Parkmöglichkeiten Sitzgelegenheit/Sitzgelegenheiten "
       "Packungsanleitung Packungsanweisung Packungsbeilage Gebrauchsanleitung Parkplatz/Parkplätze "
+      "Platz/Plätze Sitzplatz/Sitzplätze Stehplatz/Stehplätze Stellplatz/Stellplätze "
       "Parterre Personal Pension Pflege Planung Portion/Portionen Position/Positionen Praxis "
       "Produkt/Produkte "
       "Programm/Programme Projekt/Projekte Prospekt Provision Qualität Rabatt/Rabatte Raum/Räume "

@@ -298,6 +298,22 @@ bool IsPronoun(std::string_view word) {
   return IsOneOf(word, {"ich", "du", "er", "sie", "es", "wir", "ihr", "man", "Sie"});
 }
 
+bool IsAdverbOfTimeOrPlace(std::string_view word) {
+  return IsOneOf(
+      word, {"heute",        "gestern", "vorgestern", "morgen",       "dann",    "danach",   "dort",
+             "hier",         "nun",     "jetzt",      "später",       "zuletzt", "abends",   "nachts",
+             "morgens",      "mittags", "früher",     "damals",       "zuerst",  "endlich",  "plötzlich",
+             "daraufhin",    "täglich", "jährlich",   "leider",       "zudem",   "außerdem", "schließlich",
+             "anschließend", "bald",    "kürzlich",   "gleichzeitig", "draußen", "drinnen"});
+}
+
+// "Letzte Woche", "Jeden Tag".
+bool TellsWhen(std::string_view adjective, std::string_view noun) {
+  return HasPrefix(adjective, {"letzte", "vorige", "vergangene", "nächste", "jede", "diese"}) &&
+         HasSuffix(noun, {"Woche", "Monat", "Jahr", "Nacht", "Abend", "Morgen", "Tag", "tag", "woch",
+                          "Sommer", "Winter", "Herbst", "Mal"});
+}
+
 // "Ab Mai kostet 1 Liter 2 €", "Am Tor hielt 1 Wagen": behind a phrase with a preposition and the verb stands
 // the subject.
 bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
@@ -322,7 +338,7 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   const auto word = tokens.View(verb);
   const bool past = HasSuffix(word, {"te", "ten"}) && word != "bitte" && !IsOrdinalWord(word);
   const bool verbal = (IsVerb(word) || TakesObject(word) || past || (reflexive && word.ends_with('t'))) &&
-                      !IsPronoun(word) && !IsOneOf(word, {"gibt", "gab", "bitte", "heißt"}) &&
+                      !IsPronoun(word) && !IsOneOf(word, {"bitte", "heißt"}) &&
                       !(word.ends_with('e') && !past);  // "kaufe" has its subject
   std::size_t first = verb;
   for (int step = 0; step < 2 * kWordsBack; ++step) {
@@ -336,7 +352,9 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   if (!verbal || first == verb || !tokens.IsCapital(first)) return false;
   const std::string opening = WithLowerStart(tokens.View(first));
   return CaseOfPreposition(opening) || IsOneOf(opening, {"im", "am", "zum", "zur", "beim", "vom"}) ||
-         (reflexive && StartsSentences(tokens.View(first)));
+         (reflexive && StartsSentences(tokens.View(first))) ||
+         (first + 2 == verb && IsAdverbOfTimeOrPlace(opening)) ||
+         (first + 4 == verb && TellsWhen(opening, tokens.View(first + 2)));
 }
 
 bool IsRelative(std::string_view word) {
@@ -724,7 +742,10 @@ bool OpensRelativeClause(const Tokens& tokens, std::size_t first) {
 
 std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behind, const Agreement& noun) {
   const Governor governor = GovernorOf(tokens, first);
-  const bool relative = OpensRelativeClause(tokens, first);
+  // "Morgen bekommt jeder 1 Apfel": no article either.
+  const bool everybody = HasPrefix(tokens.WordBefore(first), {"jede", "alle", "keine"}) &&
+                         !CaseOfPreposition(tokens.WordBefore(tokens.WordIndexBefore(first)));
+  const bool relative = OpensRelativeClause(tokens, first) || everybody;
   if (governor.kind == Kind::Definite && !relative)
     return "ein" + std::string(BehindDer(EndingOfDeterminer(governor.word), governor, noun));
   constexpr std::array<std::array<std::string_view, 4>, 3> kForms{

@@ -158,6 +158,9 @@ unsigned LookUpFirst(std::string_view word) {
     if (const unsigned form = LookUpSensesOfLastPart(WithLowerStart(word))) return form;
   }
   if (IsOneOf(word, {"Kfz", "KFZ", "Gewerk", "Dragee", "Sachet", "Reagenz", "Lot"})) return kNeuter;
+  // Things, not what is done: "einen Gefallen".
+  if (IsOneOf(word, {"Gefallen", "Korken", "Knoten", "Fetzen", "Zinken", "Samen", "Husten", "Rochen"}))
+    return kMasculine | kPlural;
   return 0;
 }
 
