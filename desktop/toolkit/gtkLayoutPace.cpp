@@ -69,21 +69,27 @@ bool IsReached(GtkTextView* view, gint& top) {
   return false;
 }
 
-// GTK goes only as far as lines have their height.
+// GTK goes only as far as lines have their height, and its gliding there ends when more get theirs.
 void GoOnToCaret(bool done) {
   GtkTextView* const view = GTK_TEXT_VIEW(goesToCaret);
-  gint top = 0;
-  if (done || IsReached(view, top)) {
-    GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
-    GtkTextIter caret;
-    gtk_text_buffer_get_iter_at_mark(buffer, &caret, gtk_text_buffer_get_insert(buffer));
-    gtk_text_view_scroll_to_iter(view, &caret, 0, FALSE, 0, 0);
-    g_clear_weak_pointer(&goesToCaret);
-    return;
-  }
   GtkAdjustment* const place = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view));
   const double page = gtk_adjustment_get_page_size(place);
-  gtk_adjustment_set_value(place, std::max(gtk_adjustment_get_value(place), top - (kDrawnAhead + 1) * page));
+  gint top = 0;
+  if (!done && !IsReached(view, top)) {
+    const double furthest = top - (kDrawnAhead + 1) * page;
+    gtk_adjustment_set_value(place, std::max(gtk_adjustment_get_value(place), furthest));
+    return;
+  }
+  GtkTextBuffer* const buffer = gtk_text_view_get_buffer(view);
+  GtkTextIter caret;
+  gtk_text_buffer_get_iter_at_mark(buffer, &caret, gtk_text_buffer_get_insert(buffer));
+  GdkRectangle line;
+  gtk_text_view_get_iter_location(view, &caret, &line);
+  GdkRectangle visible;
+  gtk_text_view_get_visible_rect(view, &visible);
+  if (line.y < visible.y || line.y + line.height > visible.y + visible.height)
+    gtk_adjustment_set_value(place, line.y - (page - line.height) / 2);
+  g_clear_weak_pointer(&goesToCaret);
 }
 
 void CaretMoved(GtkTextBuffer* buffer, GtkTextIter* where, GtkTextMark* mark, gpointer view) {

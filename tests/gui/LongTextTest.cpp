@@ -88,6 +88,24 @@ TEST_F(LongTextForm, ShowsThePlaceThatWasAskedForBeforeItWasLaidOut) {
   EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
 }
 
+TEST_F(LongTextForm, ShowsWhatWasFoundBeforeItWasLaidOut) {
+  form.Editor().SetText(LongText());
+  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
+  ASSERT_LT(Height(), kHalf);
+  ASSERT_TRUE(form.Editor().FindNext("Zeile 25000 ", true, false));
+  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
+  EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+}
+
+TEST_F(LongTextForm, ShowsAChapterBeforeItIsLaidOut) {
+  form.Editor().SetText(LongText());
+  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
+  ASSERT_LT(Height(), kHalf);
+  form.Editor().Marks().PlaceCaret(500000);
+  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
+  EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+}
+
 TEST_F(LongTextForm, TellsOfANewTextOnce) {
   int told = 0;
   form.Editor().SetText("alt");
