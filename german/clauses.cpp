@@ -1,6 +1,8 @@
 #include "german/clauses.h"
 
+#include "german/grammar.h"
 #include "german/units.h"
+#include "german/wordLists.h"
 
 namespace lorelin {
 
@@ -53,6 +55,199 @@ bool IsPriceAt(const Tokens& tokens, std::size_t first) {
   std::size_t at = first;
   while (tokens.IsNumber(at) || IsOneOf(tokens.View(at), {",", "."})) ++at;
   return CurrencyAt(tokens, tokens.Skip(at)).has_value();
+}
+
+namespace {
+
+bool IsModalVerb(std::string_view word) {
+  return IsOneOf(word, {"können", "müssen", "sollen", "dürfen", "wollen", "mögen", "möchten", "sollten",
+                        "könnten", "müssten", "dürften", "konnten", "mussten"});
+}
+
+}  // namespace
+
+bool IsFiniteVerb(std::string_view word) {
+  return IsVerb(word) || IsLinkingVerb(word) || IsModalVerb(word) ||
+         IsOneOf(word, {"muss", "soll", "kann", "darf", "will", "mag"});
+}
+
+bool IsPronoun(std::string_view word) {
+  return IsOneOf(word, {"ich", "du", "er", "sie", "es", "wir", "ihr", "man", "Sie"});
+}
+
+bool IsRelative(std::string_view word) {
+  return IsOneOf(word, {"der", "die", "das", "welcher", "welche", "welches", "wer", "was"});
+}
+
+namespace {
+
+constexpr int kWordsInClause = 10;  // to either side of a verb
+
+// A small word of no closed class: a verb, an adverb, an adjective.
+bool MayBeVerb(std::string_view word) {
+  if (IsOneOf(word, {"muss", "müssen", "soll", "sollen", "kann", "können", "darf", "dürfen", "will", "wollen",
+                     "möchte", "möchten", "sollte", "sollten", "musste", "mussten", "konnte", "konnten"}))
+    return true;
+  return !IsUpperWord(word) && word.size() > 2 && !StartsSentences(WithUpperStart(word)) &&
+         !IsDegreeWord(word) && !IsDeterminer(word) && !CaseOfPreposition(word);
+}
+
+// "Reserviere 1 Tisch": an order, or what a buyer or seller writes.
+bool IsOrder(std::string_view word) {
+  return HasSuffix(word, {"e", "en"}) && !StartsSentences(word) && !NounOf(word).whole;
+}
+
+// "hatte 3 Schwestern, aber nur 1 Bruder": the verb holds for what stands behind such a comma as well.
+bool GoesOnBehindComma(const Tokens& tokens, std::size_t comma) {
+  return tokens.Is(comma, ",") && IsOneOf(tokens.View(tokens.Skip(comma + 1)), {"aber", "sondern", "jedoch"});
+}
+
+// The token before the bracket that closes here.
+std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing) {
+  constexpr std::size_t kLong = 30;  // tokens
+  for (std::size_t at = closing; at > 0 && closing - at < kLong; --at) {
+    if (tokens.Is(at, "(")) return tokens.Before(at);
+  }
+  return Tokens::kNone;
+}
+
+bool IsAdverbOfTimeOrPlace(std::string_view word) {
+  return IsOneOf(
+      word, {"heute",        "gestern", "vorgestern", "morgen",       "dann",    "danach",   "dort",
+             "hier",         "nun",     "jetzt",      "später",       "zuletzt", "abends",   "nachts",
+             "morgens",      "mittags", "früher",     "damals",       "zuerst",  "endlich",  "plötzlich",
+             "daraufhin",    "täglich", "jährlich",   "leider",       "zudem",   "außerdem", "schließlich",
+             "anschließend", "bald",    "kürzlich",   "gleichzeitig", "draußen", "drinnen"});
+}
+
+// "Letzte Woche", "Jeden Tag".
+bool TellsWhen(std::string_view adjective, std::string_view noun) {
+  return HasPrefix(adjective, {"letzte", "vorige", "vergangene", "nächste", "jede", "diese"}) &&
+         HasSuffix(noun, {"Woche", "Monat", "Jahr", "Nacht", "Abend", "Morgen", "Tag", "tag", "woch",
+                          "Sommer", "Winter", "Herbst", "Mal"});
+}
+
+// "Ab Mai kostet 1 Liter 2 €", "Am Tor hielt 1 Wagen": behind a phrase with a preposition and the verb stands
+// the subject.
+bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
+  // "Im Hof brannten 3 Autos und 1 Schuppen": what the first of a list is, the others are.
+  for (int step = 0; step < 3; ++step) {
+    const std::size_t joint = tokens.Before(i);
+    const std::size_t noun = joint == Tokens::kNone ? joint : tokens.Before(joint);
+    const std::size_t number = noun == Tokens::kNone ? noun : tokens.Before(noun);
+    if (number == Tokens::kNone || !IsOneOf(tokens.View(joint), {"und", ",", "sowie"}) ||
+        !tokens.IsCapital(noun) || !tokens.IsNumber(number))
+      break;
+    i = number;
+  }
+  std::size_t verb = tokens.Before(i);
+  const bool reflexive =
+      verb != Tokens::kNone && tokens.Is(verb, "sich");  // "Daraus lässt sich 1 Topf machen"
+  for (int step = 0;
+       step < 3 && verb != Tokens::kNone && (IsDegreeWord(tokens.View(verb)) || tokens.Is(verb, "sich"));
+       ++step)
+    verb = tokens.Before(verb);
+  if (verb == Tokens::kNone || !tokens.IsWord(verb) || tokens.IsCapital(verb)) return false;
+  const auto word = tokens.View(verb);
+  const bool past = HasSuffix(word, {"te", "ten"}) && word != "bitte" && !IsOrdinalWord(word);
+  const bool verbal = (IsVerb(word) || TakesObject(word) || past || (reflexive && word.ends_with('t'))) &&
+                      !IsPronoun(word) && !IsOneOf(word, {"bitte", "heißt"}) &&
+                      !(word.ends_with('e') && !past);  // "kaufe" has its subject
+  std::size_t first = verb;
+  for (int step = 0; step < 2 * kWordsInClause; ++step) {
+    const std::size_t before = tokens.Before(first);
+    const bool ordinal =
+        before != Tokens::kNone && before > 0 && tokens.Is(before, ".") && tokens.IsNumber(before - 1);
+    if (before == Tokens::kNone || !(tokens.IsWord(before) || tokens.IsNumber(before) || ordinal)) break;
+    first = before;
+    if (IsPronoun(tokens.View(first)) || IsFiniteVerb(tokens.View(first))) return false;
+  }
+  if (!verbal || first == verb || !tokens.IsCapital(first)) return false;
+  const std::string opening = WithLowerStart(tokens.View(first));
+  return CaseOfPreposition(opening) || IsOneOf(opening, {"im", "am", "zum", "zur", "beim", "vom"}) ||
+         (reflexive && StartsSentences(tokens.View(first))) ||
+         (first + 2 == verb && IsAdverbOfTimeOrPlace(opening)) ||
+         (first + 4 == verb && TellsWhen(opening, tokens.View(first + 2)));
+}
+
+// "Der Mann, der dort stand, trug 1 Hut": the sentence goes on with its verb behind the clause between.
+bool GoesOnBehindRelative(const Tokens& tokens, std::size_t comma) {
+  const auto verb = tokens.View(tokens.Skip(comma + 1));
+  if (!(IsVerb(verb) || TakesObject(verb) || HasSuffix(verb, {"te", "ten"})) || IsPronoun(verb)) return false;
+  for (std::size_t at = tokens.Before(comma); at != Tokens::kNone; at = tokens.Before(at)) {
+    if (!tokens.Is(at, ",")) {
+      if (tokens.Before(at) == Tokens::kNone) return IsOneOf(tokens.View(at), {"Wer", "Was"});
+      continue;
+    }
+    const std::size_t pronoun = tokens.Skip(at + 1);
+    return IsRelative(tokens.View(pronoun)) || IsRelative(tokens.View(tokens.Skip(pronoun + 1)));
+  }
+  return false;
+}
+
+// Nothing but adverbs and phrases with prepositions stand before: "Anschließend", "Zum Schluss".
+bool OnlyAdverbsBefore(const Tokens& tokens, std::size_t first) {
+  std::size_t at = tokens.Before(first);
+  for (int step = 0; step < kWordsInClause && at != Tokens::kNone; ++step) {
+    if (IsOneOf(tokens.View(at), {".", "!", "?", ":", ";", ",", "(", "–"})) return true;
+    const std::string word = WithLowerStart(tokens.View(at));
+    if (!(tokens.IsWord(at) || tokens.IsNumber(at)) || IsFiniteVerb(word)) return false;
+    const std::size_t before = tokens.Before(at);
+    if (tokens.IsNumber(at) && (before == Tokens::kNone || tokens.OpensClause(at))) return true;
+    const bool opens = before == Tokens::kNone || tokens.OpensClause(at);
+    if (opens)
+      return StartsSentences(WithUpperStart(word)) || CaseOfPreposition(word) || word.ends_with("end") ||
+             word.ends_with('s');
+    at = before;
+  }
+  return at == Tokens::kNone;
+}
+
+}  // namespace
+
+bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
+  if (anyVerb && VerbAwaitsSubject(tokens, i)) return false;
+  std::size_t at = tokens.Before(i);
+  bool subject = false;
+  bool verb = false;
+  for (int step = 0; step < 2 * kWordsInClause && at != Tokens::kNone; ++step) {
+    if (tokens.Is(at, ")")) at = BeforeBracket(tokens, at);  // "bringt 3 Hefte (A5) und 1 Block mit"
+    if (at == Tokens::kNone) return false;
+    const bool list =
+        tokens.Is(at, ",") && (tokens.IsNumber(at + 2) || tokens.IsNumber(at + 1));  // "1,5 kg, 1 l"
+    if (anyVerb && tokens.Is(at, ",") && GoesOnBehindRelative(tokens, at)) return true;
+    if (!list && !GoesOnBehindComma(tokens, at) && IsOneOf(tokens.View(at), {":", ";", "(", "–", ","}))
+      return false;
+    const std::string word = WithLowerStart(tokens.View(at));
+    if (IsLinkingVerb(word)) return false;
+    if (TakesObject(word)) return true;
+    const std::size_t before = tokens.Before(at);
+    const bool named = before == Tokens::kNone || !CaseOfPreposition(tokens.View(before));
+    if (anyVerb && tokens.IsCapital(at) && before == Tokens::kNone && IsOrder(tokens.View(at))) return true;
+    subject = subject || (tokens.IsCapital(at) && named && !StartsSentences(tokens.View(at)));
+    subject = subject || tokens.Is(at, "Sie");
+    verb = verb || (tokens.IsWord(at) && MayBeVerb(tokens.View(at)));
+    at = before;
+  }
+  return anyVerb && subject && verb;
+}
+
+bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  if (!tokens.OpensClause(first) && !OnlyAdverbsBefore(tokens, first)) return false;
+  if (VerbAwaitsSubject(tokens, first)) return false;
+  std::string_view last;
+  for (std::size_t i = behind; i < tokens.Count() && i < behind + 40; ++i) {
+    // "500 g Mehl, 1 Würfel Hefe und 1 Ei verkneten": the verb stands behind the whole list.
+    const bool list = tokens.Is(i, ",") && (tokens.IsNumber(i + 2) || tokens.IsCapital(i + 2));
+    if (list) continue;
+    if (tokens.IsWord(i)) {
+      last = tokens.View(i);
+      if (IsLinkingVerb(last) || IsModalVerb(last)) return false;
+    } else if (IsOneOf(tokens.View(i), {",", ";", ":", "("})) {
+      break;
+    }
+  }
+  return !last.empty() && !IsUpperWord(last) && HasSuffix(last, {"en", "ern", "eln"}) && !IsDegreeWord(last);
 }
 
 }  // namespace lorelin

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 #include "german/tokens.h"
 
 namespace lorelin {
 
-// What the clause around a token tells of the case that its prepositions ask for.
+// What the clause around a token tells of the case that its prepositions and its verb ask for.
 
 // "Rücksendung an o. g. Adresse".
 [[nodiscard]] bool SendsSomething(const Tokens& tokens, std::size_t i);
@@ -19,5 +20,20 @@ namespace lorelin {
 
 // "auf 1,35 € steigen".
 [[nodiscard]] bool IsPriceAt(const Tokens& tokens, std::size_t first);
+
+[[nodiscard]] bool IsFiniteVerb(std::string_view word);
+
+// "ich", "man".
+[[nodiscard]] bool IsPronoun(std::string_view word);
+
+// A word that opens a relative clause: "der", "welche", "was".
+[[nodiscard]] bool IsRelative(std::string_view word);
+
+// The verb before the token asks for an object: a subject has been there, or it is an order. `anyVerb`: not
+// only verbs that are known to take one.
+[[nodiscard]] bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb);
+
+// "1 Teelöffel Salz zugeben", "Anschließend 1 Ei unterrühren", but not "1 m lang".
+[[nodiscard]] bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind);
 
 }  // namespace lorelin
