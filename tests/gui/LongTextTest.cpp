@@ -47,6 +47,16 @@ class LongTextForm : public FormFixture {
     gtk_text_view_get_visible_rect(View(), &visible);
     return place.y >= visible.y && place.y + place.height <= visible.y + visible.height;
   }
+  // Most of it is not laid out yet.
+  void BeginALongText() {
+    form.Editor().SetText(LongText());
+    for (int i = 0; i < 3; ++i) pump.WaitForEvents();
+    ASSERT_LT(Height(), kHalf);
+  }
+  void ExpectTheCaretInTheEnd() {
+    ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
+    EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+  }
   static std::string LongText() {
     std::string text;
     for (int line = 0; line < kLines; ++line)
@@ -80,30 +90,21 @@ TEST_F(LongTextForm, ShowsTheBeginningOfANewTextAtOnce) {
 }
 
 TEST_F(LongTextForm, ShowsThePlaceThatWasAskedForBeforeItWasLaidOut) {
-  form.Editor().SetText(LongText());
-  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
-  ASSERT_LT(Height(), kHalf);
+  BeginALongText();
   g_signal_emit_by_name(View(), "move-cursor", GTK_MOVEMENT_BUFFER_ENDS, 1, FALSE);
-  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
-  EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+  ExpectTheCaretInTheEnd();
 }
 
 TEST_F(LongTextForm, ShowsWhatWasFoundBeforeItWasLaidOut) {
-  form.Editor().SetText(LongText());
-  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
-  ASSERT_LT(Height(), kHalf);
+  BeginALongText();
   ASSERT_TRUE(form.Editor().FindNext("Zeile 25000 ", true, false));
-  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
-  EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+  ExpectTheCaretInTheEnd();
 }
 
 TEST_F(LongTextForm, ShowsAChapterBeforeItIsLaidOut) {
-  form.Editor().SetText(LongText());
-  for (int i = 0; i < 3; ++i) pump.WaitForEvents();
-  ASSERT_LT(Height(), kHalf);
+  BeginALongText();
   form.Editor().Marks().PlaceCaret(500000);
-  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(); }));
-  EXPECT_TRUE(WaitUntil([&] { return ShowsTheCaret(); }));
+  ExpectTheCaretInTheEnd();
 }
 
 TEST_F(LongTextForm, TellsOfANewTextOnce) {
