@@ -5,21 +5,19 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 no_survey "$bin"
 unset http_proxy https_proxy HTTP_PROXY HTTPS_PROXY ALL_PROXY all_proxy
 
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 start() {
   "$bin/lorelin" "$@" >"$home/log" 2>&1 &
   process=$!
   within 60 window_is_there
 }
-keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
 dialog_is_there() { dialog=$(xdotool getactivewindow 2>/dev/null) && [ "$dialog" != "$window" ]; }
 dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 holds() { grep -qF -- "$2" "$1" 2>/dev/null; }
-ended() { ! kill -0 "$process" 2>/dev/null; }
 no_importer_left() { ! pgrep -f "^$bin/lorelin-import" >/dev/null; }
 
 cat >"$home/buch.html" <<'PAGE'

@@ -6,21 +6,19 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 no_survey "$bin"
 
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 start() {
   "$bin/lorelin" "$@" >"$home/log" 2>&1 &
   process=$!
   within 60 window_is_there
 }
-keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
 type_text() {
   keys ctrl+1
   sleep 0.5
   xdotool type --delay 15 "$1"
 }
-ended() { ! kill -0 "$process" 2>/dev/null; }
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
 dialog_is_there() { dialog=$(xdotool getactivewindow 2>/dev/null) && [ "$dialog" != "$window" ]; }
 dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }

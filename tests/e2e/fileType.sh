@@ -5,6 +5,7 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 unset LORELIN_HOME
 # Without a desktop the tool would look into the file instead of into the types.
 export HOME=$home XDG_CACHE_HOME=$home/cache XDG_CURRENT_DESKTOP=GNOME
@@ -13,14 +14,12 @@ no_survey "$bin"
 cp -r "$bin/lorelin" "$bin/lorelin-engine" "$bin/lorelin-page.so" "$bin/hypertext" "$bin/vts.ico" "$home/prog"
 printf 'Stopp();' >"$home/x.vts"
 
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 run_once() {
   "$home/prog/lorelin" >"$home/log" 2>&1 &
-  local process=$!
-  within 20 window_is_there || return 1
+  process=$!
+  within 60 window_is_there || return 1
   sleep 0.5
-  xdotool windowactivate --sync "$window" key alt+F4
-  wait $process
+  closes && wait $process
 }
 type_of() { [ "$(xdg-mime query filetype "$home/x.vts" 2>/dev/null)" = application/x-lorelin-vts ]; }
 default_of() { [ "$(xdg-mime query default application/x-lorelin-vts 2>/dev/null)" = lorelin.desktop ]; }

@@ -5,6 +5,7 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 no_survey "$bin"
 extensions='HKCU\Software\VB and VBA Program Settings\Lorelin\Extensions'
 "$bin/lorelin-cli" reg add "$extensions\\Schlaf" ObjectName org.lorelin.test.sleeps
@@ -18,9 +19,6 @@ start() {
   process=$!
   within 40 window_is_there
 }
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
-keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
-ended() { ! kill -0 "$process" 2>/dev/null; }
 logged() { grep -qF -- "$1" "$LORELIN_HOME/lorelin.log" 2>/dev/null; }
 waves() { find "$LORELIN_HOME/temp" -name '*.wav' | wc -l; }
 

@@ -8,6 +8,7 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 no_survey "$bin"
 mkdir -p "$LORELIN_HOME"
 ln -s "$LORELIN_RUNTIME" "$LORELIN_HOME/runtime"
@@ -23,16 +24,13 @@ printf '%s' "$text" >"$home/text.txt"
 
 "$bin/lorelin" "$home/text.txt" /s >"$home/log" 2>&1 &
 process=$!
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 rendered() { cmp -s "$(ls "$LORELIN_HOME"/temp/*.wav 2>/dev/null | head -n 1)" "$home/befehl.wav"; }
 check "the window appears" within 20 window_is_there
 check "it renders what the command line renders" within 30 rendered
-for key in F6 F6 shift+F9 F7 F5; do xdotool windowactivate --sync "$window" key "$key"; sleep 0.3; done
+for key in F6 F6 shift+F9 F7 F5; do keys "$key"; sleep 0.3; done
 check "it is still there" kill -0 "$process"
-xdotool windowactivate --sync "$window" key Escape
-xdotool windowactivate --sync "$window" key alt+F4
-ended() { ! kill -0 "$process" 2>/dev/null; }
-check "it ends when it is closed" within 10 ended
+keys Escape
+check "it ends when it is closed" closes
 check "no engine is left" within 5 no_engine_left "$bin"
 check "no warning was printed" test ! -s "$home/log"
 cat "$home/log"

@@ -5,19 +5,17 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 umask 000
 secret=Zwetschgenmus
 copied=Sauerkirsche
 titled=Stachelbeere
 
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 start() {
   "$bin/lorelin" "$@" >"$home/log" 2>&1 &
   process=$!
   within 60 window_is_there
 }
-keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
-ended() { ! kill -0 "$process" 2>/dev/null; }
 dialog_is_there() { dialog=$(xdotool getactivewindow 2>/dev/null) && [ "$dialog" != "$window" ]; }
 dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 rendered() { ls "$data"/temp/*.wav >/dev/null 2>&1; }

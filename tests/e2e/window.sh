@@ -5,6 +5,7 @@ if [ -z "${LORELIN_ON_SCREEN:-}" ]; then
 fi
 bin=$1
 . "$(dirname "$0")/expect.sh"
+. "$(dirname "$0")/mainWindow.sh"
 lorelin=$bin/lorelin
 no_survey "$bin"
 
@@ -13,12 +14,6 @@ start() {
   process=$!
   within 20 window_is_there
 }
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
-keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
-close_window() { keys alt+F4; }
-# A key is lost now and then while another program's window comes or goes.
-closes() { close_window && within 5 ended || { window_is_there && close_window; within 10 ended; }; }
-ended() { ! kill -0 "$process" 2>/dev/null; }
 temporary() { ls "$LORELIN_HOME"/temp/*.wav 2>/dev/null | head -n 1; }
 wave_of() { is_wave "$(temporary)" "$1"; }
 
@@ -67,8 +62,7 @@ wait "$process" 2>/dev/null
 check "it starts after it was killed" start
 sleep 1
 check "what was typed is still there" snapshot_holds "Das darf nicht weg sein."
-close_window
-check "it ends" within 10 ended
+check "it ends" closes
 wait "$process"
 rm -rf "$LORELIN_HOME/recovery"
 
@@ -102,8 +96,7 @@ sleep 0.5
 xdotool key Escape
 check "it can be cancelled" within 10 dialog_is_gone
 check "and nothing has changed" title_is "gespeichert.txt – Lorelin"
-close_window
-check "it ends" within 10 ended
+check "it ends" closes
 wait "$process"
 
 printf 'Lieber Leser, das steht in der Datei.' >"$home/brief.txt"
@@ -112,8 +105,7 @@ check "a document is read aloud at the start" start brief.txt /s
 check "it becomes a WAV file" within 10 wave_of 1
 keys F5
 sleep 1
-close_window
-check "it ends while it waits for the speech" within 10 ended
+check "it ends while it waits for the speech" closes
 wait "$process"
 check "with code 0" test $? -eq 0
 check "no engine is left" within 5 no_engine_left "$bin"
@@ -131,8 +123,7 @@ sleep 3
 keys Escape
 check "Escape ends its wait" within 1 grep -q 'probe.vts: abgebrochen' "$LORELIN_HOME/taskscripts.log"
 check "and what would have come" test ! -e "$home/nie.wav"
-close_window
-check "it ends" within 10 ended
+check "it ends" closes
 wait "$process"
 check "with code 0" test $? -eq 0
 

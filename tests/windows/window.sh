@@ -8,6 +8,7 @@ fi
 build=$1
 source=$2
 . "$source/tests/e2e/expect.sh"
+. "$source/tests/e2e/mainWindow.sh"
 unset LORELIN_HOME
 export WINEPREFIX=$home/wine
 run() { "$source/tools/with-wine" "$@"; }
@@ -25,11 +26,7 @@ start() {
   process=$!
   within 40 window_is_there
 }
-window_is_there() { window=$(xdotool search --onlyvisible --name 'Lorelin$' 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
-keys() { xdotool windowactivate --sync "$window" key --delay 40 "$@"; }
 click() { xdotool windowactivate --sync "$window" mousemove --window "$window" "$1" "$2" click 1; }
-close_window() { keys alt+F4; }
-ended() { ! kill -0 "$process" 2>/dev/null; }
 # A key that comes while another window is on top gets lost.
 closes() { ended || { close_window 2>/dev/null && within 10 ended; }; }
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
