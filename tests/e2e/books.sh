@@ -15,8 +15,6 @@ start() {
   within 60 window_is_there
 }
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
-dialog_is_there() { dialog=$(xdotool getactivewindow 2>/dev/null) && [ "$dialog" != "$window" ]; }
-dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 holds() { grep -qF -- "$2" "$1" 2>/dev/null; }
 no_importer_left() { ! pgrep -f "^$bin/lorelin-import" >/dev/null; }
 

@@ -20,8 +20,6 @@ type_text() {
   xdotool type --delay 15 "$1"
 }
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
-dialog_is_there() { dialog=$(xdotool getactivewindow 2>/dev/null) && [ "$dialog" != "$window" ]; }
-dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 snapshot_holds() { grep -qF -- "$1" "$LORELIN_HOME"/recovery/*.rtf 2>/dev/null; }
 
 check "the window appears" start

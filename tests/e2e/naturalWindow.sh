@@ -27,7 +27,12 @@ process=$!
 rendered() { cmp -s "$(ls "$LORELIN_HOME"/temp/*.wav 2>/dev/null | head -n 1)" "$home/befehl.wav"; }
 check "the window appears" within 20 window_is_there
 check "it renders what the command line renders" within 30 rendered
-for key in F6 F6 shift+F9 F7 F5; do keys "$key"; sleep 0.3; done
+keys F6
+check "the first pause tells how to go on" within 5 dialog_is_there
+sleep 0.3
+xdotool key Return
+check "which is answered" within 5 dialog_is_gone
+for key in F6 shift+F9 Right F7 F5; do keys "$key"; sleep 0.3; done
 check "it is still there" kill -0 "$process"
 keys Escape
 check "it ends when it is closed" closes

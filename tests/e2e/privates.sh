@@ -16,8 +16,6 @@ start() {
   process=$!
   within 60 window_is_there
 }
-dialog_is_there() { dialog=$(xdotool getactivewindow 2>/dev/null) && [ "$dialog" != "$window" ]; }
-dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 rendered() { ls "$data"/temp/*.wav >/dev/null 2>&1; }
 logged() { grep -qF "$1" "$data/taskscripts.log" 2>/dev/null; }
 # Whatever in a program's folders others could come to; in a closed folder they come to nothing. Pages and scripts that

@@ -67,8 +67,6 @@ wait "$process"
 rm -rf "$LORELIN_HOME/recovery"
 
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
-dialog_is_there() { [ "$(xdotool getactivewindow 2>/dev/null)" != "$window" ]; }
-dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 # answer KEYS PATH: opens a file dialog by its keys and types the path there.
 answer() {
   keys "$1"

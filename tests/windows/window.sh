@@ -30,8 +30,6 @@ click() { xdotool windowactivate --sync "$window" mousemove --window "$window" "
 # A key that comes while another window is on top gets lost.
 closes() { ended || { close_window 2>/dev/null && within 10 ended; }; }
 title_is() { [ "$(xdotool getwindowname "$window" 2>/dev/null)" = "$1" ]; }
-dialog_is_there() { [ "$(xdotool getactivewindow 2>/dev/null)" != "$window" ]; }
-dialog_is_gone() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 # answer KEYS PATH: opens a file dialog by its keys and types the path there.
 answer() {
   keys "$1"
