@@ -53,6 +53,10 @@ class Tree {
   lorelin::TemporaryFolder folder_;
 };
 
+bool IsBetweenCharacters(std::string_view text, std::size_t at) {
+  return at == text.size() || (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80;
+}
+
 // Written once more in the plainest way; for UTF-8 only.
 bool Matches(std::string_view pattern, std::string_view name) {
   std::vector<bool> row(name.size() + 1, false);
@@ -62,7 +66,8 @@ bool Matches(std::string_view pattern, std::string_view name) {
     for (std::size_t at = 0; at <= name.size(); ++at) {
       if (!row[at]) continue;
       if (pattern[i] == '*') {
-        for (std::size_t to = at; to <= name.size(); ++to) next[to] = true;
+        for (std::size_t to = at; to <= name.size(); ++to)
+          next[to] = IsBetweenCharacters(name, to) || next[to];
       } else if (pattern[i] == '?' && at < name.size()) {
         next[at + std::max<std::size_t>(lorelin::Utf8Length(name.substr(at)), 1)] = true;
       } else if (pattern[i] != '?' && at < name.size() && name[at] == pattern[i]) {
