@@ -112,6 +112,14 @@ bool IsAboutWind(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "Urt. v. 12.5.2025, LG Köln": the court and no greeting.
+bool NamesDecision(const Tokens& tokens, std::size_t i) {
+  for (std::size_t at = 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at), {"Urt", "Urteil", "Beschl", "Beschluss", "Az", "Aktenzeichen"})) return true;
+  }
+  return false;
+}
+
 // "die max. Dosis", "bei evtl. Schäden", "Max. Höhe": what belongs to a noun and no adverb.
 bool StandsAsAttribute(const Tokens& tokens, std::size_t i, std::size_t next) {
   if (!tokens.IsBlank(next - 1) || StartsSentences(tokens.View(next))) return false;
@@ -207,7 +215,7 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
       return next > end && tokens.IsWord(next) && !tokens.IsCapital(next);
     case Around::Closing:
       return tokens.OpensClause(i) && (tokens.IsGap(end) || tokens.Is(end, ",")) &&
-             tokens.Count() <= end + 5 && tokens.Count() <= i + 7;
+             tokens.Count() <= end + 5 && tokens.Count() <= i + 7 && !NamesDecision(tokens, i);
     case Around::SmallBefore: {
       const auto before = tokens.WordBefore(i);
       return !before.empty() && !IsUpperWord(before);

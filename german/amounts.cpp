@@ -104,10 +104,24 @@ bool StandsBehindDen(const Tokens& tokens, std::size_t first) {
   return false;
 }
 
+// "zu 2 Jahren 6 Mon.": what goes on with an amount stands in its case.
+std::size_t FirstOfJoined(const Tokens& tokens, std::size_t first) {
+  std::size_t unit = tokens.Before(first);
+  if (unit != Tokens::kNone && unit > 0 && tokens.Is(unit, ".")) --unit;
+  if (unit == Tokens::kNone || !tokens.IsWord(unit)) return first;
+  const std::size_t number = tokens.Before(unit);
+  const auto found = UnitAt(tokens, unit);
+  return number != Tokens::kNone && tokens.IsNumber(number) && found &&
+                 IsOneOf(found->plural, {"Jahre", "Monate", "Wochen", "Tage", "Stunden"})
+             ? number
+             : first;
+}
+
 std::string UnitWords(const Tokens& tokens, std::size_t first, std::size_t behind, const Quantity& quantity,
                       const Unit& unit) {
   if (quantity.one || quantity.singular) return unit.singular;
-  const bool dative = CaseAt(tokens, first, behind) == Case::Dative || StandsBehindDen(tokens, first);
+  const bool dative =
+      CaseAt(tokens, FirstOfJoined(tokens, first), behind) == Case::Dative || StandsBehindDen(tokens, first);
   return dative ? unit.dativePlural : unit.plural;
 }
 

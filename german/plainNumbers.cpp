@@ -167,7 +167,8 @@ Found TogetherAt(const Tokens& tokens, std::size_t i) {
                                        "spielen", "spielten", "fahren", "fuhren", "leben", "wohnen", "saßen",
                                        "sitzen",  "reisten",  "sie",    "ihr",    "uns",   "euch"}))
     return std::nullopt;
-  const bool goesOn = tokens.Is(i + 1, ".") && tokens.IsWord(tokens.Skip(i + 2));  // "zu 3. und"
+  const bool goesOn = tokens.Is(i + 1, ".") && (tokens.IsWord(tokens.Skip(i + 2)) ||
+                                                IsOneOf(tokens.View(i + 2), {",", ";", ")", "?", "!"}));
   return Phrase{goesOn ? i + 2 : i + 1, OrdinalWords(*number, "")};
 }
 

@@ -268,6 +268,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (written == "u. a." && tokens.IsLast(found->end - 1)) words = "und anderes";
   if (written == "u. a." && (JoinsPlural(tokens, i, found->end) || EndsNames(tokens, i, found->end)))
     words = NamesInDative(tokens, i) ? "und anderen" : "und andere";
+  if (IsOneOf(written, {"o. Ä.", "o. ä.", "u. Ä.", "u. ä."}) && NamesInDative(tokens, i)) words.back() = 'm';
   if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
   if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
   if (written == "z." && words == "zum" && LooksLikePlace(tokens.View(tokens.Skip(found->end)))) words = "zu";

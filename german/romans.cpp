@@ -378,12 +378,29 @@ Found RomanWithLetterAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, CardinalWords(value) + " " + std::string(1, word.back())};
 }
 
+// "Anlage V" of a tax return is named by a letter, as "Anlage N" and "Anlage KAP" are.
+bool NamesTaxForm(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 40;  // tokens
+  if (tokens.View(i).size() != 1 || !IsOneOf(tokens.WordBefore(i), {"Anlage", "Anlagen"})) return false;
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    if (!tokens.IsWord(at)) continue;
+    if (HasPrefix(WithLowerStart(tokens.View(at)), {"steuer", "einkommensteuer", "einkünfte", "vermietung",
+                                                    "finanzamt", "elster", "werbungskosten", "mieteinn"}))
+      return true;
+    if (IsOneOf(tokens.View(at), {"N", "KAP", "SO", "G", "S", "R", "AUS"}) &&
+        IsOneOf(tokens.WordBefore(at), {"Anlage", "Anlagen", "und"}))
+      return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (auto lettered = RomanWithLetterAt(tokens, i)) return lettered;
   const std::uint64_t value = RomanNumberAt(tokens, i);
-  if (value == 0 || (tokens.Is(i, "D") && tokens.OpensClause(i))) return std::nullopt;
+  if (value == 0 || (tokens.Is(i, "D") && tokens.OpensClause(i)) || NamesTaxForm(tokens, i))
+    return std::nullopt;
   const bool point = tokens.Is(i + 1, ".");
   const std::size_t next = tokens.Skip(i + 2);
   if (const std::size_t last = LastJoinedRoman(tokens, i);

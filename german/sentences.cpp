@@ -95,7 +95,7 @@ class SentenceReader {
     if (!IsOneOf(sign, {".", "!", "?", "…"})) return 0;
     const std::size_t behind = BehindClosing(i + 1);
     covered_ = behind;
-    if (!tokens_.IsGap(behind)) return 0;
+    if (!tokens_.IsGap(behind) || (i >= 2 && IsAgainstSign(tokens_, i - 2))) return 0;
     if (sign == "." && i > 0 && tokens_.IsWord(i - 1)) return EndBehindWordAndPoint(i, behind);
     return SmallWordFollows(behind) ? 0 : WithGaps(behind);
   }

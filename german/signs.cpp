@@ -1,6 +1,7 @@
 #include "german/signs.h"
 
 #include "german/dates.h"
+#include "german/grammar.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 
@@ -338,9 +339,16 @@ Found LifeSignAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, WithGaps(tokens, i, words)};
 }
 
+// "Müller ./. Stadt Köln", "./. 2 % Skonto".
+Found AgainstAt(const Tokens& tokens, std::size_t i) {
+  if (!IsAgainstSign(tokens, i) || !tokens.IsGap(i + 3)) return std::nullopt;
+  return Phrase{i + 3, NumberFollows(tokens, i + 3) ? "minus" : "gegen"};
+}
+
 }  // namespace
 
 Found PunctuationAt(const Tokens& tokens, std::size_t i) {
+  if (auto against = AgainstAt(tokens, i)) return against;
   if (!tokens.IsNumber(i + 1) || !IsOneOf(tokens.View(i), {".", ":"})) return std::nullopt;
   if (auto point = PointBeforeDigitsAt(tokens, i)) return point;
   return SignInNormAt(tokens, i);

@@ -77,6 +77,9 @@ bool IsWeekday(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   while (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", ",", ":", "("}) && before > 0)
     --before;
+  // "ab ca. 17h".
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"ca", "circa", "etwa"}))
+    before = tokens.WordIndexBefore(before);
   return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
 }
 
