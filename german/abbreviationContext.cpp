@@ -5,6 +5,7 @@
 #include "german/cutWords.h"
 #include "german/dates.h"
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/units.h"

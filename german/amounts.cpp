@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ordinals.h"

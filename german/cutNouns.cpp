@@ -1,7 +1,11 @@
 #include "german/cutNouns.h"
 
+#include "german/abbreviations.h"
+#include "german/cutWords.h"
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/nouns.h"
+#include "german/wordLists.h"
 
 namespace lorelin {
 namespace {
@@ -120,6 +124,21 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
     return std::string(singular) + "in";
   const bool genitive = (IsGenitive(before) || BelongsToNoun(tokens, i)) && noun.gender != Gender::Feminine;
   return genitive ? Genitive(singular) : std::string(singular);
+}
+
+std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
+  if (!tokens.Is(noun + 1, ".") && !IsAllCaps(tokens.View(noun))) return std::string(tokens.View(noun));
+  if (const auto found = AbbreviationAt(tokens, noun); found && IsUpperWord(found->abbreviation->spoken))
+    return std::string(found->abbreviation->spoken);
+  if (const auto street = StreetAt(tokens, noun))
+    return std::string(tokens.View(noun).substr(0, street->stemLength)) + std::string(street->spoken);
+  if (const auto cut = CutWordAt(tokens, noun)) return cut->words;
+  return std::string(tokens.View(noun));
+}
+
+bool IsHeadAt(const Tokens& tokens, std::size_t i) {
+  if (IsNumberedHead(tokens.View(i))) return true;
+  return tokens.Is(i + 1, ".") && IsNumberedHead(WholeNounAt(tokens, i));
 }
 
 }  // namespace lorelin

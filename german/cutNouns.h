@@ -12,4 +12,10 @@ namespace lorelin {
 [[nodiscard]] std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singular,
                                    std::string_view plural);
 
+// "Temperatur" for "Temp." and "Gebühr" for "Geb.", else the noun as it stands.
+[[nodiscard]] std::string WholeNounAt(const Tokens& tokens, std::size_t noun);
+
+// "Etage", and "Etg." as well: a noun that goes with an ordinal.
+[[nodiscard]] bool IsHeadAt(const Tokens& tokens, std::size_t i);
+
 }  // namespace lorelin

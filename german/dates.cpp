@@ -3,6 +3,7 @@
 #include <array>
 
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "german/clauses.h"
+#include "german/labels.h"
 #include "german/units.h"
 #include "german/wordLists.h"
 
@@ -581,37 +582,6 @@ std::string OneHalfBefore(const Tokens& tokens, std::size_t first, std::size_t b
   const std::string one = OneBefore(tokens, first, behind, noun);
   if (one == "ein") return noun.gender == Gender::Neuter ? "ein halbes" : "ein halber";
   return one + (one == "eine" ? " halbe" : " halben");
-}
-
-bool IsAgainstSign(const Tokens& tokens, std::size_t i) {
-  return tokens.Is(i, ".") && tokens.Is(i + 1, "/") && tokens.Is(i + 2, ".") &&
-         (i == 0 || tokens.IsGap(i - 1));
-}
-
-namespace {
-
-// "z. B. 1 Glas", "zum Beispiel 1 Glas", but "Beispiel 1".
-bool EndsForExample(const Tokens& tokens, std::size_t word) {
-  if (tokens.Is(word, "Beispiel")) return IsOneOf(tokens.WordBefore(word), {"zum", "Zum"});
-  const std::size_t point = tokens.Before(word);
-  return tokens.Is(word, "B") && point != Tokens::kNone && point > 0 && tokens.Is(point, ".") &&
-         IsOneOf(tokens.View(point - 1), {"z", "Z"});
-}
-
-}  // namespace
-
-bool LabelBefore(const Tokens& tokens, std::size_t i) {
-  std::size_t before = tokens.Before(i);
-  const bool cut = before != Tokens::kNone && tokens.Is(before, ".") && before > 0;
-  if (cut) --before;
-  if (before == Tokens::kNone) return false;
-  if (tokens.Is(before, "§")) return true;
-  if (EndsForExample(tokens, before)) return false;
-  // "A 7", "L 1100", but not "i. J. 1347".
-  if (!(cut && tokens.Is(before, "J")) && tokens.IsCapital(before) && tokens.View(before).size() == 1 &&
-      tokens.FreeBefore(before))
-    return true;
-  return tokens.IsWord(before) && IsLabel(tokens.View(before));
 }
 
 }  // namespace lorelin

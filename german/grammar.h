@@ -59,12 +59,4 @@ struct Agreement {
 // A word of the closed classes that begins a sentence where it has a capital: "Die", "Danach", "Er".
 [[nodiscard]] bool StartsSentences(std::string_view word);
 
-// The "./." of lawyers and merchants begins at the token.
-[[nodiscard]] bool IsAgainstSign(const Tokens& tokens, std::size_t i);
-
-// A word behind which a number is a name: "Kapitel 3", "Zimmer 12", "Goethestraße 5".
-[[nodiscard]] bool IsLabel(std::string_view word);
-// The label stands right before the token, in full or as an abbreviation.
-[[nodiscard]] bool LabelBefore(const Tokens& tokens, std::size_t i);
-
 }  // namespace lorelin

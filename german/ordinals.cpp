@@ -1,11 +1,13 @@
 #include "german/ordinals.h"
 
 #include "german/abbreviations.h"
-#include "german/cutWords.h"
+#include "german/cutNouns.h"
 #include "german/dates.h"
+#include "german/labels.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ranks.h"
+#include "german/rowItems.h"
 #include "german/wordLists.h"
 
 namespace lorelin {
@@ -74,23 +76,6 @@ bool LineEndsWithInfinitive(const Tokens& tokens, std::size_t i) {
   }
   return last != Tokens::kNone && !tokens.IsCapital(last) &&
          HasSuffix(tokens.View(last), {"en", "ern", "eln"});
-}
-
-// "Temperatur" for "Temp." and "Gebühr" for "Geb.".
-std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
-  if (!tokens.Is(noun + 1, ".") && !IsAllCaps(tokens.View(noun))) return std::string(tokens.View(noun));
-  if (const auto found = AbbreviationAt(tokens, noun); found && IsUpperWord(found->abbreviation->spoken))
-    return std::string(found->abbreviation->spoken);
-  if (const auto street = StreetAt(tokens, noun))
-    return std::string(tokens.View(noun).substr(0, street->stemLength)) + std::string(street->spoken);
-  if (const auto cut = CutWordAt(tokens, noun)) return cut->words;
-  return std::string(tokens.View(noun));
-}
-
-// "Etage", and "Etg." as well.
-bool IsHeadAt(const Tokens& tokens, std::size_t i) {
-  if (IsNumberedHead(tokens.View(i))) return true;
-  return tokens.Is(i + 1, ".") && IsNumberedHead(WholeNounAt(tokens, i));
 }
 
 bool IsSingularNoun(const Tokens& tokens, std::size_t i) {
@@ -202,48 +187,6 @@ bool CountsTime(std::string_view preposition) {
                                                "zu", "mit", "von", "ab", "für"});
 }
 
-// An item of a row in the sentence: "1." at the beginning of a clause.
-bool OpensItem(const Tokens& tokens, std::size_t i, std::uint64_t value) {
-  return DigitsAt(tokens, i, 2) == value && tokens.Is(i + 1, ".") && tokens.IsBlank(i + 2) &&
-         (tokens.OpensClause(i) || IsOneOf(tokens.WordBefore(i), {"und", "sowie", "oder"})) &&
-         tokens.IsWord(i + 3) && !IsHeadAt(tokens, i + 3) && !MonthAt(tokens, i + 3) &&
-         !DateShapeAt(tokens, i);
-}
-
-bool HasItem(const Tokens& tokens, std::size_t from, std::size_t to, std::uint64_t value) {
-  for (std::size_t at = from; at < to && at < tokens.Count(); ++at) {
-    if (tokens.IsNumber(at, 1, 2) && OpensItem(tokens, at, value)) return true;
-  }
-  return false;
-}
-
-constexpr std::size_t kNearItem = 60;    // tokens
-constexpr std::uint64_t kLastItem = 12;  // more are days or ages
-
-// How far a sentence surely reaches while its end is still looked for.
-std::size_t EndOfCertain(const Tokens& tokens, std::size_t from) {
-  std::size_t at = from;
-  for (; at < from + kNearItem && at < tokens.Count(); ++at) {
-    const bool point = tokens.Is(at, ".") && !tokens.IsNumber(at - 1);
-    if (point || IsOneOf(tokens.View(at), {"!", "?", "…"})) break;
-  }
-  return at;
-}
-
-// "Diagnosen: 1. Arterielle Hypertonie, 2. Diabetes": with the item before or behind it; the second is looked
-// for up to a token.
-bool IsRowItem(const Tokens& tokens, std::size_t i, std::size_t to) {
-  const auto value = DigitsAt(tokens, i, 2);
-  if (!value || *value == 0 || *value > kLastItem || !OpensItem(tokens, i, *value)) return false;
-  if (*value == 1) return HasItem(tokens, i + 3, to, 2);
-  return HasItem(tokens, i > kNearItem ? i - kNearItem : 0, i, *value - 1);
-}
-
-bool BeginsRow(const Tokens& tokens, std::size_t i) {
-  const std::size_t before = tokens.Before(i);
-  return before != Tokens::kNone && tokens.Is(before, ":") && OpensItem(tokens, i, 1);
-}
-
 // "Sie ist 1. Geigerin", "1. Vorsitzender und 2. Kassierer": an office, where no new sentence can have begun.
 bool NamesOffice(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
   constexpr std::size_t kNear = 14;  // tokens
@@ -287,7 +230,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
       IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"}) && !tokens.IsLast(i + 1) && value <= 31)
     return DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) ? PointMeaning::Ordinal
                                                                       : AtEnd(tokens, i, value);
-  if (BeginsRow(tokens, i) || IsRowItem(tokens, i, EndOfCertain(tokens, i + 2))) return PointMeaning::List;
+  if (IsItemOfRow(tokens, i)) return PointMeaning::List;
   if (StartsSentenceAt(tokens, next)) {
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
@@ -511,15 +454,6 @@ Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 namespace {
-
-// "erstens", "zweitens" of a row that stands in one line.
-Found RowItemAt(const Tokens& tokens, std::size_t i) {
-  if (!IsRowItem(tokens, i, i + kNearItem)) return std::nullopt;
-  for (std::size_t at = i > 4 * kNearItem ? i - 4 * kNearItem : 0; at < i; ++at) {
-    if (tokens.Kind(at) == TokenKind::Line) return std::nullopt;
-  }
-  return Phrase{i + 2, OrdinalWords(*DigitsAt(tokens, i, 2), "ens")};
-}
 
 // "Zu 1. gibt es nichts zu sagen", "die Beklagte zu 2. ist".
 Found ItemAt(const Tokens& tokens, std::size_t i) {

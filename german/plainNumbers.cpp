@@ -1,6 +1,7 @@
 #include "german/plainNumbers.h"
 
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ordinals.h"

@@ -2,6 +2,7 @@
 
 #include "german/dates.h"
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 

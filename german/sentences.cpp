@@ -7,6 +7,7 @@
 #include "german/nouns.h"
 #include "german/ordinals.h"
 #include "german/romans.h"
+#include "german/signs.h"
 #include "german/units.h"
 #include "german/wordLists.h"
 

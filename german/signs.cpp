@@ -1,7 +1,6 @@
 #include "german/signs.h"
 
 #include "german/dates.h"
-#include "german/grammar.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 
@@ -346,6 +345,11 @@ Found AgainstAt(const Tokens& tokens, std::size_t i) {
 }
 
 }  // namespace
+
+bool IsAgainstSign(const Tokens& tokens, std::size_t i) {
+  return tokens.Is(i, ".") && tokens.Is(i + 1, "/") && tokens.Is(i + 2, ".") &&
+         (i == 0 || tokens.IsGap(i - 1));
+}
 
 Found PunctuationAt(const Tokens& tokens, std::size_t i) {
   if (auto against = AgainstAt(tokens, i)) return against;

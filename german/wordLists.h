@@ -30,4 +30,7 @@ namespace lorelin {
 // "Saft 1 Zitrone": what is of the thing behind it.
 [[nodiscard]] bool IsPartOfThing(std::string_view word);
 
+// A word behind which a number is a name: "Kapitel 3", "Zimmer 12", "Goethestraße 5".
+[[nodiscard]] bool IsLabel(std::string_view word);
+
 }  // namespace lorelin

@@ -1,0 +1,32 @@
+#include "german/labels.h"
+
+#include "german/wordLists.h"
+
+namespace lorelin {
+namespace {
+
+// "z. B. 1 Glas", "zum Beispiel 1 Glas", but "Beispiel 1".
+bool EndsForExample(const Tokens& tokens, std::size_t word) {
+  if (tokens.Is(word, "Beispiel")) return IsOneOf(tokens.WordBefore(word), {"zum", "Zum"});
+  const std::size_t point = tokens.Before(word);
+  return tokens.Is(word, "B") && point != Tokens::kNone && point > 0 && tokens.Is(point, ".") &&
+         IsOneOf(tokens.View(point - 1), {"z", "Z"});
+}
+
+}  // namespace
+
+bool LabelBefore(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  const bool cut = before != Tokens::kNone && tokens.Is(before, ".") && before > 0;
+  if (cut) --before;
+  if (before == Tokens::kNone) return false;
+  if (tokens.Is(before, "§")) return true;
+  if (EndsForExample(tokens, before)) return false;
+  // "A 7", "L 1100", but not "i. J. 1347".
+  if (!(cut && tokens.Is(before, "J")) && tokens.IsCapital(before) && tokens.View(before).size() == 1 &&
+      tokens.FreeBefore(before))
+    return true;
+  return tokens.IsWord(before) && IsLabel(tokens.View(before));
+}
+
+}  // namespace lorelin

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "german/tokens.h"
+
+namespace lorelin {
+
+// The label stands right before the token, in full or as an abbreviation.
+[[nodiscard]] bool LabelBefore(const Tokens& tokens, std::size_t i);
+
+}  // namespace lorelin
