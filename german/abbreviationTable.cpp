@@ -181,7 +181,7 @@ constexpr Abbreviation kTable[] = {
     A{"Joh.", "Johann", Capital}, A{"Seb.", "Sebastian", Name}, A{"Wilh.", "Wilhelm", Name}, A{"Friedr.", "Friedrich", Name},
     A{"Heinr.", "Heinrich", Name}, A{"Ferd.", "Ferdinand", Name}, A{"Theod.", "Theodor", Name}, A{"Ludw.", "Ludwig", Name},
     A{"Gottfr.", "Gottfried", Name}, A{"Jos.", "Josef", Name}, A{"Alex.", "Alexander", Name}, A{"Chr.", "Christian", Name},
-    A{"Sprechstd.", "Sprechstunde"}, A{"tel.", "telefonisch", Described, Never, Adjective}, A{"jd.", "jeden"},
+    A{"Sprechstd.", "Sprechstunde"}, A{"tel.", "telefonisch", Described, Never, Adjective}, A{"jd. Mon.", "jeden Monats"}, A{"jd. Mts.", "jeden Monats"}, A{"jd.", "jeden"},
     A{"StRin", "Studienrätin", Capital}, A{"OStRin", "Oberstudienrätin", Capital}, A{"LRin", "Lehrerin", Capital},
     A{"entf.", "entfernt", Away, Noun}, A{"Frühst.", "Frühstück", Anything, Noun},
     A{"Kl.", "Klasse", DayBefore, Noun},

@@ -296,6 +296,17 @@ bool EndsAtHour(const Tokens& tokens, std::size_t i, const Clock& clock) {
                                                                      "dauern", "vor", "später", "früher"});
 }
 
+// "Abfahrt in Köln 9.05", "Ankunft Hannover 16.38".
+bool StandsBehindStop(const Tokens& tokens, std::size_t i) {
+  const std::size_t place = tokens.WordIndexBefore(i);
+  if (place == Tokens::kNone || !tokens.IsCapital(place)) return false;
+  std::size_t at = tokens.WordIndexBefore(place);
+  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"in", "aus", "ab", "an", "von"}))
+    at = tokens.WordIndexBefore(at);
+  return at != Tokens::kNone && IsOneOf(tokens.View(at), {"Abfahrt", "Ankunft", "Abflug", "Landung",
+                                                          "Weiterfahrt", "Rückfahrt", "Hinfahrt"});
+}
+
 // The list "8, 10 und 12 Uhr" stays numbers; one time is read.
 Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, true);
@@ -319,6 +330,7 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
                                                         "niederlage", "tore", "verhältnis", "torverhältnis"});
   if (score) return std::nullopt;
   const bool named = (IsWeekday(tokens, i) && clock->hour >= kFirstMorningHour) ||
+                     StandsBehindStop(tokens, i) ||
                      IsOneOf(tokens.WordBefore(about ? sign - 1 : i),
                              {"Ende", "Schluss", "Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start",
                               "Einlass", "Rückkehr", "Anpfiff", "Weiterfahrt", "Umstieg", "Abflug", "Landung",
