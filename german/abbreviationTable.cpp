@@ -190,7 +190,7 @@ constexpr Abbreviation kTable[] = {
     A{"Rindfl.", "Rindfleisch", Anything, Noun}, A{"HDL", "hab dich lieb"}, A{"HDGDL", "hab dich ganz doll lieb"},
     A{"Zi.", "Zimmer", Determined}, A{"lin.", "liniert"}, A{"kar.", "kariert"}, A{"mitbr.", "mitbringen", Anything, Noun},
     A{"Sportkl.", "Sportkleidung", Anything, Noun}, A{"Bib.", "Bibliothek", Anything, Noun}, A{"AK", "Abendkasse", Price},
-    A{"VVK", "Vorverkauf", Price}, A{"Einl.", "Einlass", Number}, A{"erb.", "erbeten", Anything, Noun},
+    A{"VVK", "Vorverkauf", Price}, A{"Einl.", "Einlass", Number}, A{"w. erb.", "werden erbeten", Anything, Noun}, A{"erb.", "erbeten", Anything, Noun}, A{"verst. sich", "verstehen sich"}, A{"verst.", "verstorben", Described, Never, Adjective}, A{"verst.", "verstorben", Anything, Noun}, A{"Öffn.-Zeiten", "Öffnungszeiten"}, A{"Öffn.-Zeit", "Öffnungszeit"}, A{"Gesch.-Führer", "Geschäftsführer"}, A{"Gesch.-Führung", "Geschäftsführung"}, A{"Öffentl.-Arb.", "Öffentlichkeitsarbeit", Anything, Noun},
     A{"Reg.", "Regie", Colon}, A{"Mod.", "Moderation", Colon}, A{"Kam.", "Kamera", Colon}, A{"Mus.", "Musik", Colon},
     A{"Darst.", "Darsteller", Colon}, A{"Sprech.", "Sprecher", Colon}, A{"geb.", "gebunden", OfBook}, A{"Tb.", "Taschenbuch", Anything, Noun},
     A{"kpl.", "komplett", Anything, Never, Adjective}, A{"kpl.", "komplett"}, A{"verb.", "verboten", Closed, Noun},

@@ -173,6 +173,17 @@ Found TogetherAt(const Tokens& tokens, std::size_t i) {
   return Phrase{goesOn ? i + 2 : i + 1, OrdinalWords(*number, "")};
 }
 
+// "wurde 1954 Weltmeister", "war 1987 Trainer": one person, in a year.
+bool NamesWhatSomebodyBecame(const Tokens& tokens, std::size_t i, std::size_t noun) {
+  const auto word = tokens.View(noun);
+  if (HasSuffix(word, {"meister", "sieger", "Erster", "Zweiter", "Dritter", "Vierter", "Fünfter", "Sechster",
+                       "Letzter"}))
+    return true;
+  const Noun what = NounOf(word);
+  return what.singular && word.ends_with("er") &&
+         IsOneOf(tokens.WordBefore(i), {"wurde", "war", "wird", "ist", "blieb", "als", "ward"});
+}
+
 bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& number) {
   const std::size_t next = tokens.Skip(number.end);
   if (next == number.end) return false;
@@ -184,6 +195,7 @@ bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& n
   if (noun == Tokens::kNone) return false;
   const Noun what = NounOf(tokens.View(noun));
   const bool many = (what.known || what.guessed) && what.plural && !StartsSentences(tokens.View(noun));
+  if (number.IsYear() && noun == next && NamesWhatSomebodyBecame(tokens, i, noun)) return false;
   return many && !GoesBeforeYears(tokens.WordBefore(i));
 }
 

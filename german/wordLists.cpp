@@ -237,9 +237,10 @@ bool IsVessel(std::string_view word) {
 
 bool IsPartOfThing(std::string_view word) {
   return IsOneOf(
-      word, {"Saft",    "Schale", "Abrieb", "Mark",    "Inhalt",  "Fruchtfleisch", "Zesten",    "Preis",
-             "Gewicht", "Hälfte", "Dauer",  "Kosten",  "Wert",    "Blätter",       "Blättchen", "Kaufpreis",
-             "Miete",   "Bau",    "Kauf",   "Verlust", "Vorlage", "Abgabe"});
+      word, {"Saft",      "Schale",     "Abrieb",    "Mark",    "Inhalt",      "Fruchtfleisch", "Zesten",
+             "Preis",     "Gewicht",    "Hälfte",    "Dauer",   "Kosten",      "Wert",          "Blätter",
+             "Blättchen", "Kaufpreis",  "Miete",     "Bau",     "Kauf",        "Verlust",       "Vorlage",
+             "Abgabe",    "Begleitung", "Gegenwart", "Beisein", "Anwesenheit", "Ablauf"});
 }
 
 bool IsLabel(std::string_view word) {
