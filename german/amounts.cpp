@@ -408,7 +408,8 @@ bool IsCodeBefore(const Tokens& tokens, std::size_t i) {
                  {"Nr",         "Nummer",       "Code",    "Artikelnummer", "Norm",         "Konto",
                   "Modell",     "Typ",          "Telefon", "Tel",           "Fax",          "Kennzeichen",
                   "Durchwahl",  "Aktenzeichen", "Az",      "Bestellnummer", "Kundennummer", "Rechnungsnummer",
-                  "Drucksache", "Rechnung",     "Version"});
+                  "Drucksache", "Rechnung",     "Version", "Boeing",        "Airbus",       "Embraer",
+                  "Fokker"});
 }
 
 // Two digits that shorten the second year: "2019/20", "1914-18".
