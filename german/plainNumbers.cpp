@@ -109,6 +109,20 @@ Found AnotherAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, one == "ein" ? "einen" : one};
 }
 
+// "zwischen 1 und 3 Stunden", but not "zwischen 1 und 3 Uhr".
+Found LeastOfAt(const Tokens& tokens, std::size_t i) {
+  if (!IsOneOf(tokens.WordBefore(i), {"zwischen", "Zwischen"}) || !tokens.Is(i + 2, "und") ||
+      !tokens.IsNumber(i + 4))
+    return std::nullopt;
+  const std::size_t what = tokens.Skip(i + 5);
+  if (CurrencyAt(tokens, what)) return Phrase{i + 1, "einem"};
+  if (const auto unit = UnitAt(tokens, what))
+    return Phrase{i + 1, unit->gender == Gender::Feminine ? "einer" : "einem"};
+  const Noun one = NounOf(SingularOf(tokens.View(what)));
+  if (!one.known || !NounOf(tokens.View(what)).plural) return std::nullopt;
+  return Phrase{i + 1, one.gender == Gender::Feminine ? "einer" : "einem"};
+}
+
 // "1 Tasse", "mit 1 großen Zwiebel".
 Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "1") || !tokens.IsBlank(i + 1) || !tokens.FreeBefore(i) || LabelBefore(tokens, i))
@@ -120,6 +134,7 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (tokens.Is(i + 2, "von") ||
       (!named && IsOneOf(tokens.View(i + 2), {"der", "dieser", "unserer", "ihrer"})))
     return OneOfMany(tokens, i);  // "nur 1 der 5 Kandidaten", but "Platz 1 der Charts"
+  if (const auto least = LeastOfAt(tokens, i)) return least;
   // "1 oder 2 Tage".
   if (IsOneOf(tokens.View(i + 2), {"oder", "bis"}) && tokens.IsNumber(i + 4) && tokens.IsCapital(i + 6))
     return Phrase{i + 1, "ein"};
