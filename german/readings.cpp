@@ -245,29 +245,13 @@ std::string OurWord(const Tokens& tokens, std::size_t end) {
   return agreement.known && (agreement.plural || agreement.gender == Gender::Feminine) ? "unsere" : "unser";
 }
 
-std::optional<Case> CaseOfPrepositionBefore(const Tokens& tokens, std::size_t i) {
-  std::size_t before = tokens.Before(i);
-  if (before == Tokens::kNone) return std::nullopt;
-  if (!tokens.Is(before, ".")) return CaseOfPreposition(tokens.View(before));
-  if (before == 0) return std::nullopt;
-  --before;
-  if (IsOneOf(tokens.View(before), {"m", "v", "b", "n", "z"})) return Case::Dative;
-  return tokens.Is(before, "f") ? std::optional(Case::Accusative) : std::nullopt;
-}
-
 // "durch s. Roman", "m. s. Familie": behind a preposition it is no "siehe".
 std::string HisWord(const Tokens& tokens, std::size_t i, std::size_t end) {
-  const auto asked = CaseOfPrepositionBefore(tokens, i);
-  const Agreement noun = AgreementAt(tokens, NounBehind(tokens, tokens.Skip(end)));
-  if (!asked || !noun.known || !tokens.IsCapital(tokens.Skip(end))) return "siehe";
-  constexpr std::string_view kThing[] = {"", "es", "em", "en"};
-  constexpr std::string_view kWoman[] = {"e", "er", "er", "e"};
-  constexpr std::string_view kMany[] = {"e", "er", "en", "e"};
-  const auto at = static_cast<std::size_t>(*asked);
-  if (noun.plural) return "sein" + std::string(kMany[at]);
-  if (noun.gender == Gender::Feminine) return "sein" + std::string(kWoman[at]);
-  const bool child = noun.gender == Gender::Neuter && *asked == Case::Accusative;
-  return "sein" + std::string(child ? "" : kThing[at]);
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
+  const Agreement agreement = AgreementAt(tokens, noun);
+  if (!HasPreposition(tokens, i) || !agreement.known || !tokens.IsCapital(tokens.Skip(end))) return "siehe";
+  if (!agreement.plural) return "s" + OneBefore(tokens, i, noun + 1, agreement);
+  return CaseAt(tokens, i, noun + 1) == Case::Dative ? "seinen" : "seine";
 }
 
 // "ins Engl. und Frz.", "aus dem Engl.": the name of a language behind its article.

@@ -103,7 +103,8 @@ check "a document is read aloud at the start" start brief.txt /s
 check "it becomes a WAV file" within 10 wave_of 1
 keys F5
 sleep 1
-check "it ends while it waits for the speech" closes
+close_window
+check "it ends while it waits for the speech" within 10 ended
 wait "$process"
 check "with code 0" test $? -eq 0
 check "no engine is left" within 5 no_engine_left "$bin"
