@@ -373,6 +373,15 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
       return IsAboutWind(tokens, i);
     case Around::Percent:
       return tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), "%");
+    case Around::FirstOfClause:
+      return tokens.OpensClause(i) && tokens.IsNumber(NumberBehind(tokens, end));
+    case Around::OneOfTime: {
+      std::size_t before = tokens.Before(i);
+      if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
+      return before != Tokens::kNone &&
+             IsOneOf(tokens.View(before), {"weitere", "weiteren", "angefangene", "angefangenen", "angef",
+                                           "pro", "Pro", "je", "Je", "jede", "Jede", "einer", "eine"});
+    }
     case Around::Feminine:
       return IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"die", "eine", "diese", "keine", "letzte",
                                                             "nächste", "jede", "zur", "einer", "dieser"});

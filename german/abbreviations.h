@@ -69,6 +69,8 @@ enum class Around : std::uint8_t {
   Ward,            // a stay in a hospital or the like follows
   Listed,          // a comma stands before
   Disease,         // a disease follows
+  FirstOfClause,   // it opens a clause, and a number follows
+  OneOfTime,       // "jede weitere", "pro" or the like stands before
   Feminine,        // an article or adjective stands before that no man or thing has
   Weekday,         // a day of the week follows
   Prepared,        // the sentence ends with it, and something to eat is made in it

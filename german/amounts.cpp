@@ -126,6 +126,11 @@ std::string UnitWords(const Tokens& tokens, std::size_t first, std::size_t behin
   return dative ? unit.dativePlural : unit.plural;
 }
 
+// "92 Tkm", "300 TEUR": a thousand grows together with what counts it.
+std::string GapBefore(const Quantity& quantity, std::string_view name) {
+  return name.starts_with("tausend ") && quantity.number.IsWhole() && !quantity.one ? "" : " ";
+}
+
 // Money.
 
 std::uint64_t Hundredths(const WrittenNumber& number) {
@@ -153,8 +158,8 @@ std::string MoneyWords(const Tokens& tokens, std::size_t first, std::size_t behi
                                 ? OneOfCurrency(tokens, first, behind, currency, cents)
                                 : CardinalWords(number.value);
   if (number.IsWhole())
-    return QuantityWords(tokens, first, behind, quantity, currency.gender) + " " +
-           CurrencyName(currency, quantity.one);
+    return QuantityWords(tokens, first, behind, quantity, currency.gender) +
+           GapBefore(quantity, currency.name) + CurrencyName(currency, quantity.one);
   if (!cents) return NumberText(number) + " " + std::string(currency.name);
   const std::uint64_t rest = Hundredths(number);
   if (number.value == 0 && rest > 0)
@@ -284,7 +289,8 @@ Found MeasureAt(const Tokens& tokens, std::size_t i, std::size_t first) {
   const auto unit = UnitAt(tokens, at);
   if (!unit || !IsRealUnit(tokens, first, *quantity, at, *unit)) return std::nullopt;
   return Phrase{tokens.WithoutLastPoint(unit->end),
-                QuantityWords(tokens, first, unit->end, *quantity, unit->gender) + " " +
+                QuantityWords(tokens, first, unit->end, *quantity, unit->gender) +
+                    GapBefore(*quantity, unit->singular) +
                     UnitWords(tokens, first, unit->end, *quantity, *unit)};
 }
 

@@ -59,16 +59,19 @@ bool IsPriceAt(const Tokens& tokens, std::size_t first) {
 
 namespace {
 
-bool IsModalVerb(std::string_view word) {
+bool IsPluralModalVerb(std::string_view word) {
   return IsOneOf(word, {"können", "müssen", "sollen", "dürfen", "wollen", "mögen", "möchten", "sollten",
                         "könnten", "müssten", "dürften", "konnten", "mussten"});
 }
 
 }  // namespace
 
+bool IsModalVerb(std::string_view word) {
+  return IsPluralModalVerb(word) || IsOneOf(word, {"muss", "soll", "kann", "darf", "will", "mag"});
+}
+
 bool IsFiniteVerb(std::string_view word) {
-  return IsVerb(word) || IsLinkingVerb(word) || IsModalVerb(word) ||
-         IsOneOf(word, {"muss", "soll", "kann", "darf", "will", "mag"});
+  return IsVerb(word) || IsLinkingVerb(word) || IsModalVerb(word);
 }
 
 bool IsPronoun(std::string_view word) {
@@ -242,7 +245,7 @@ bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind)
     if (list) continue;
     if (tokens.IsWord(i)) {
       last = tokens.View(i);
-      if (IsLinkingVerb(last) || IsModalVerb(last)) return false;
+      if (IsLinkingVerb(last) || IsPluralModalVerb(last)) return false;
     } else if (IsOneOf(tokens.View(i), {",", ";", ":", "("})) {
       break;
     }

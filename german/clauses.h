@@ -21,6 +21,9 @@ namespace lorelin {
 // "auf 1,35 € steigen".
 [[nodiscard]] bool IsPriceAt(const Tokens& tokens, std::size_t first);
 
+// "kann", "müssen".
+[[nodiscard]] bool IsModalVerb(std::string_view word);
+
 [[nodiscard]] bool IsFiniteVerb(std::string_view word);
 
 // "ich", "man".

@@ -309,7 +309,8 @@ Found MonthOfYearAt(const Tokens& tokens, std::size_t i) {
   const auto year = *DigitsAt(tokens, i + 2, 4);
   if (year < 1900 || year > 2100 || (i > 0 && tokens.Is(i - 1, "/"))) return std::nullopt;
   if (!tokens.IsNumber(i, 2, 2) &&
-      !IsOneOf(tokens.WordBefore(i), {"seit", "ab", "bis", "im", "in", "Stand", "Seit", "vom", "von"}))
+      !IsOneOf(tokens.WordBefore(i), {"seit", "ab", "bis", "im", "in", "Stand", "Seit", "vom", "von", "EZ",
+                                      "TÜV", "HU", "Erstzulassung"}))
     return std::nullopt;
   return Phrase{i + 3, std::string(kMonths[*month - 1]) + " " + YearText(tokens, i + 2)};
 }
@@ -331,9 +332,11 @@ Found MonthSpanAt(const Tokens& tokens, std::size_t i) {
 // "TÜV bis 05/26".
 Found MonthOfShortYearAt(const Tokens& tokens, std::size_t i) {
   const auto month = MonthNumberAt(tokens, i);
-  if (!month || !tokens.IsNumber(i, 2, 2) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 2) ||
-      !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 2) || tokens.Is(i + 3, "/"))
+  if (!month || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 2) || !tokens.FreeBefore(i) ||
+      !tokens.FreeBehind(i + 2) || tokens.Is(i + 3, "/"))
     return std::nullopt;
+  const bool car = IsOneOf(tokens.WordBefore(i), {"TÜV", "HU", "EZ", "Erstzulassung"});
+  if (!car && !tokens.IsNumber(i, 2, 2)) return std::nullopt;
   if (!IsOneOf(tokens.WordBefore(i),
                {"TÜV",     "HU",   "EZ",       "bis",   "seit",          "ab",          "Stand",
                 "Seit",    "Ab",   "gültig",   "Miete", "Gehalt",        "Lohn",        "Abrechnung",

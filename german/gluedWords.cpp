@@ -153,6 +153,10 @@ Found FractionCompoundAt(const Tokens& tokens, std::size_t i) {
       !tokens.IsCapital(i + 4))
     return std::nullopt;
   if (*over == 24 && *under == 7) return Phrase{i + 3, "Vierundzwanzig-sieben"};  // "24/7-Support"
+  // "1/4-Finale".
+  if (*over == 1 && HasPrefix(tokens.View(i + 4), {"Final"}))
+    return Phrase{i + 5, WithUpperStart(*under == 2 ? "halb" : OrdinalWords(*under, "el")) +
+                             WithLowerStart(tokens.View(i + 4))};
   const std::string words = WithUpperStart(PartWords(*over)) + OrdinalWords(*under, "el");
   if (tokens.Is(i + 4, "Takt") && !tokens.Is(i + 5, "-")) return Phrase{i + 5, words + "takt"};
   return Phrase{i + 3, words};

@@ -345,10 +345,6 @@ std::optional<Case> CaseOfEarlierPreposition(const Tokens& tokens, std::size_t i
   return std::nullopt;
 }
 
-}  // namespace
-
-namespace {
-
 // "f. d. 1. u. 2. Kind", "Wahl d. 2. Vorsitzenden": the article that is meant by "d.".
 std::string_view EndingOfCutArticle(const Tokens& tokens, std::size_t i, const Governor& governor,
                                     const Agreement& noun) {
@@ -366,10 +362,6 @@ std::string_view EndingOfCutArticle(const Tokens& tokens, std::size_t i, const G
   return "en";
 }
 
-}  // namespace
-
-namespace {
-
 // "die 3 gr. Zimmer", "aus bis zu 20 versch. Arten": what is counted is many.
 std::optional<std::string_view> EndingBehindNumber(const Tokens& tokens, std::size_t i) {
   const std::size_t number = tokens.Before(i);
@@ -382,6 +374,15 @@ std::optional<std::string_view> EndingBehindNumber(const Tokens& tokens, std::si
   const Governor governor = GovernorOf(tokens, first);
   if (governor.kind != Kind::None || governor.byPreposition == Case::Dative) return "en";
   return governor.byPreposition == Case::Genitive ? "er" : "e";
+}
+
+// "Zahlen Sie auf u. g. Konto".
+bool NamesAccountBehind(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 8;  // tokens
+  for (std::size_t at = i; at < i + kNear; ++at) {
+    if (HasSuffix(tokens.View(at), {"Konto", "konto", "Kto", "Bankverbindung"})) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -401,7 +402,8 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
     return StrongEnding(asked, many);
   }
   if (IsOneOf(governor.word, {"auf", "in", "an"}) && MovesSomething(tokens, i)) asked = Case::Accusative;
-  if (governor.word == "an" && SendsSomething(tokens, i)) asked = Case::Accusative;
+  const bool account = governor.word == "auf" && NamesAccountBehind(tokens, i);
+  if ((governor.word == "an" || account) && SendsSomething(tokens, i)) asked = Case::Accusative;
   if (!governor.byPreposition && noun.genitive) asked = Case::Genitive;
   const bool predicate = tokens.WordBefore(i) == "als";  // "lebt er als fr. Autor"
   if (!governor.byPreposition && !predicate && VerbAsksForObject(tokens, i, false)) asked = Case::Accusative;

@@ -147,14 +147,15 @@ unsigned LookUpSensesOfLastPart(std::string_view word) {
                        "ektor",         "aktor",        "zeitmesser",   "druckmesser",   "ungsmesser",
                        "zahlmesser"}))
     return kMasculine;
-  if (HasSuffix(word, {"pauschale", "haushaltsleiter", "stehleiter", "trittleiter", "anlegeleiter"}))
+  if (HasSuffix(word, {"pauschale", "luftfeuchte", "bodenfeuchte", "restfeuchte", "haushaltsleiter",
+                       "stehleiter", "trittleiter", "anlegeleiter"}))
     return kFeminine;
   return 0;
 }
 
 // Words that the lexicon has in another sense.
 unsigned LookUpFirst(std::string_view word) {
-  if (HasSuffix(word, {"teil", "band", "gehalt", "tor", "messer", "pauschale", "leiter"})) {
+  if (HasSuffix(word, {"teil", "band", "gehalt", "tor", "messer", "pauschale", "leiter", "feuchte"})) {
     if (const unsigned form = LookUpSensesOfLastPart(WithLowerStart(word))) return form;
   }
   if (IsOneOf(word, {"Kfz", "KFZ", "Gewerk", "Dragee", "Sachet", "Reagenz", "Lot"})) return kNeuter;

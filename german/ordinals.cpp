@@ -58,6 +58,8 @@ bool DeterminesOne(const Tokens& tokens, std::size_t i) {
 bool DeterminesOneAlone(const Tokens& tokens, std::size_t i) {
   const std::string word = WithLowerStart(tokens.WordBefore(i));
   if (word == "die" || word == "zur") return false;
+  // "am 3. nur noch 40."
+  if (IsDegreeWord(word) && !IsOneOf(word, {"spätestens", "frühestens"})) return false;
   // "in Sport eine 3.", "mit einer 2."
   if (IsOneOf(word, {"eine", "einer", "keine", "meine", "deine", "seine", "ihre"})) return false;
   if (word == "der") {

@@ -251,7 +251,7 @@ Found LongNumberAt(const Tokens& tokens, std::size_t i) {
 
 // "2x täglich", "3×".
 Found TimesAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 3);
+  const auto number = DigitsAt(tokens, i, 4);
   if (!number || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t at = tokens.Skip(i + 1);
   if (*number == 0 && at == i + 1 && tokens.Is(at, "x") && tokens.IsNumber(at + 1))
@@ -271,7 +271,8 @@ Found TimesAt(const Tokens& tokens, std::size_t i) {
   const bool each = at == i + 1 && tokens.IsBlank(at + 1);  // "2x 3 Std.", but "2 x 3"
   if (!times || !tokens.FreeBehind(at) || (tokens.IsNumber(tokens.Skip(at + 1)) && !each))
     return std::nullopt;
-  return Phrase{at + 1, CardinalWords(*number, "ein") + "mal"};
+  constexpr std::uint64_t kThousand = 1000;  // "tausendmal"
+  return Phrase{at + 1, (*number == kThousand ? "tausend" : CardinalWords(*number, "ein")) + "mal"};
 }
 
 // "1-2x täglich", "2–3 mal".

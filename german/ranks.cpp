@@ -9,8 +9,20 @@
 namespace lorelin {
 namespace {
 
+// "kam als 27. ins Ziel": between such a word and a small one it is no age.
+bool ComesAsOne(const Tokens& tokens, std::size_t i) {
+  const std::size_t next = tokens.Skip(i + 2);
+  return tokens.WordBefore(i) == "als" && tokens.IsNumber(i, 1, 3) && tokens.Is(i + 1, ".") && next > i + 2 &&
+         tokens.IsWord(next) && !tokens.IsCapital(next);
+}
+
 bool MayBeRank(const Tokens& tokens, std::size_t i) {
-  return DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank;
+  return DigitsAt(tokens, i, 4).value_or(kLastRank + 1) <= kLastRank || ComesAsOne(tokens, i);
+}
+
+// "älter als 12."
+bool Compares(std::string_view word) {
+  return !IsUpperWord(word) && word.size() > 4 && word.ends_with("er") && !IsDeterminer(word);
 }
 
 bool IsRankVerb(std::string_view word) {
@@ -75,7 +87,7 @@ std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(at), {"er", "sie"}) && IsOneOf(tokens.WordBefore(at), {"wurde", "wird"}) &&
       SpeaksOfContest(tokens, i))
     return tokens.WordIndexBefore(at);
-  if (IsRankVerb(tokens.View(at))) return at;
+  if (IsRankVerb(tokens.View(at))) return Compares(tokens.WordBefore(at)) ? Tokens::kNone : at;
   const std::size_t contest = VerbBeforeContest(tokens, at);
   return contest == Tokens::kNone ? VerbBeforeOnly(tokens, i) : contest;
 }

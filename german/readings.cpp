@@ -209,6 +209,13 @@ bool ToHer(const Tokens& tokens, std::size_t end) {
   return agreement.known && agreement.gender == Gender::Feminine;
 }
 
+// "vertr. d. d. Eltern", "vertr. d. d. Hausverw."
+bool ByHerOrThem(const Tokens& tokens, std::size_t end) {
+  const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
+  const Agreement agreement = AgreementAt(tokens, noun);
+  return agreement.known && (agreement.plural || agreement.gender == Gender::Feminine);
+}
+
 // "jd. 2. Samstag", "jd. Woche".
 std::string EachWord(const Tokens& tokens, std::size_t end) {
   const std::size_t next = tokens.Skip(end);
@@ -282,6 +289,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
   if (written == "z." && words == "zum" && LooksLikePlace(tokens.View(tokens.Skip(found->end)))) words = "zu";
   if (written == "z." && words == "zum" && ToHer(tokens, found->end)) words = "zur";
+  if (written == "vertr. d. d." && ByHerOrThem(tokens, found->end)) words = "vertreten durch die";
   if (written == "n." && words == "nach" && !GoesBehindNach(tokens, found->end)) words = "nicht";
   if (written == "uns.") words = OurWord(tokens, found->end);
   if (written == "s." && words == "siehe") words = HisWord(tokens, i, found->end);

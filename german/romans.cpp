@@ -85,6 +85,11 @@ std::uint64_t RomanNumberAt(const Tokens& tokens, std::size_t i) {
   return RomanValue(word);
 }
 
+// "Gruppe C", "Band L": alone these letters only name.
+bool IsRatherLetter(std::string_view word) {
+  return IsOneOf(word, {"C", "D", "L", "M"});
+}
+
 // Letters that make a number and hardly anything else: "III", "XIV", "LVIII".
 bool IsPlainRoman(std::string_view word) {
   if (word.size() < 2 || word.find_first_not_of("IVXLC") != std::string_view::npos) return false;
@@ -418,7 +423,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", "-"}) && before > 0)
     --before;  // "Typ-I-Fehler"
-  if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100)
+  if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100 &&
+      !IsRatherLetter(tokens.View(i)))
     return RomanSpan(tokens, i, value);
   const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
   if (ordinal && IsPlainRoman(tokens.View(i)) &&

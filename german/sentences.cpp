@@ -1,6 +1,7 @@
 #include "german/sentences.h"
 
 #include "german/abbreviations.h"
+#include "german/clauses.h"
 #include "german/cutWords.h"
 #include "german/dates.h"
 #include "german/grammar.h"
@@ -232,7 +233,7 @@ class SentenceReader {
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
     if (!unit || !unit->endsWithPoint) return 0;
-    if (SubjectFollows(unit->end) && VerbStandsBefore(i))
+    if ((SubjectFollows(unit->end) || ManyDoSomething(unit->end)) && VerbStandsBefore(i))
       return EndBehindAbbreviation(unit->end, Ending::Often);
     if (IsPackage(*unit) || unit->multiplies) return EndBehindAbbreviation(unit->end, Ending::Starter);
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
@@ -246,7 +247,26 @@ class SentenceReader {
     const auto word = tokens_.View(next);
     const bool described = HasSuffix(word, {"ende", "liche", "ige", "ische", "barte", "ierte"}) &&
                            tokens_.IsCapital(next + 2) && NounOf(tokens_.View(next + 2)).known;
-    return described || IsLinkingVerb(tokens_.View(next + 2));
+    return described || IsLinkingVerb(tokens_.View(next + 2)) || IsModalVerb(tokens_.View(next + 2));
+  }
+
+  // "Der Bus fährt alle 20 Min. Nachtbusse verkehren stündlich."
+  bool ManyDoSomething(std::size_t end) {
+    const std::size_t next = AfterGaps(end);
+    const auto verb = tokens_.View(next + 2);
+    const Noun noun = NounOf(tokens_.View(next));
+    constexpr std::size_t kShortestVerb = 5;
+    return tokens_.IsCapital(next) && noun.plural && !noun.singular && tokens_.IsBlank(next + 1) &&
+           tokens_.IsWord(next + 2) && !tokens_.IsCapital(next + 2) && verb.size() >= kShortestVerb &&
+           verb.ends_with("en") && !IsDeterminer(verb) && !tokens_.IsLast(next + 2) &&
+           !tokens_.IsCapital(tokens_.Skip(next + 3));
+  }
+
+  // "Die Parteien vereinbaren".
+  [[nodiscard]] bool IsVerbOfMany(std::size_t i) const {
+    if (!tokens_.View(i).ends_with("en") || tokens_.IsCapital(tokens_.Skip(i + 1))) return false;
+    const Noun subject = NounOf(tokens_.WordBefore(i));
+    return IsUpperWord(tokens_.WordBefore(i)) && subject.known && subject.plural;
   }
 
   // "Der Saal fasst ca. 400 Pers. Einlass ist …", but "Nach ca. 30 Min. Backzeit ist …": the sentence has its
@@ -256,7 +276,7 @@ class SentenceReader {
       const auto word = tokens_.View(at);
       if (tokens_.IsWord(at) && !tokens_.IsCapital(at) && tokens_.IsBlank(at + 1) && !IsDegreeWord(word) &&
           !CaseOfPreposition(word) && !IsOrdinalWord(word) &&
-          (IsVerb(word) || IsLinkingVerb(word) || HasSuffix(word, {"t", "te", "ten"})))
+          (IsVerb(word) || IsLinkingVerb(word) || HasSuffix(word, {"t", "te", "ten"}) || IsVerbOfMany(at)))
         return true;
     }
     return false;

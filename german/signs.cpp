@@ -121,7 +121,7 @@ Found PlusMinusAt(const Tokens& tokens, std::size_t i) {
 Found WaveBehindUnitAt(const Tokens& tokens, std::size_t i) {
   const bool behindUnit = tokens.Is(i, "~") && i > 2 && IsOneOf(tokens.View(i - 1), {"V", "A"}) &&
                           tokens.IsNumber(tokens.IsBlank(i - 2) ? i - 3 : i - 2);
-  const bool ends = tokens.IsGap(i + 1) || IsOneOf(tokens.View(i + 1), {",", ")", ";", "/"});
+  const bool ends = tokens.IsGap(i + 1) || IsOneOf(tokens.View(i + 1), {",", ")", ";", "/", "."});
   return behindUnit && ends ? Found(Phrase{i + 1, ""}) : std::nullopt;
 }
 

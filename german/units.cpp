@@ -182,6 +182,8 @@ constexpr std::array kUnits{
     UnitName{"Hm", "Höhenmeter", "Höhenmeter"},
     UnitName{"hm", "Höhenmeter", "Höhenmeter"},
     UnitName{"Km", "Kilometer", "Kilometer"},
+    UnitName{"Tkm", "tausend Kilometer", "tausend Kilometer"},
+    UnitName{"tkm", "tausend Kilometer", "tausend Kilometer"},
     UnitName{"lfm", "laufender Meter", "laufende Meter"},
     UnitName{"rm", "Raummeter", "Raummeter"},
     UnitName{"fm", "Festmeter", "Festmeter"},

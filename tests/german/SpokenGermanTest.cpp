@@ -28,6 +28,21 @@ TEST(SpokenGermanTest, KeepsTheEndOfASentenceAndInventsNone) {
             "Wir treffen uns am fünften. Die Sitzung ist kurz.");
 }
 
+TEST(SpokenGermanTest, EndsASentenceBehindAUnitWhenAnotherSubjectHasItsVerb) {
+  EXPECT_EQ(Spoken("Die Frist beträgt 6 Mon. Urlaub kann man nehmen."),
+            "Die Frist beträgt sechs Monate. Urlaub kann man nehmen.");
+  EXPECT_EQ(Spoken("Der Bus fährt alle 20 Min. Nachtbusse verkehren selten."),
+            "Der Bus fährt alle zwanzig Minuten. Nachtbusse verkehren selten.");
+  EXPECT_EQ(Spoken("Nach 30 Min. Fahrzeit sind wir da."), "Nach dreißig Minuten Fahrzeit sind wir da.");
+}
+
+TEST(SpokenGermanTest, KnowsLettersAndAgesFromNumbersAndRanks) {
+  EXPECT_EQ(Spoken("Wir spielen in Gruppe C."), "Wir spielen in Gruppe C.");
+  EXPECT_EQ(Spoken("Sie ist in Gruppe IV."), "Sie ist in Gruppe vier.");
+  EXPECT_EQ(Spoken("Er ist älter als 12."), "Er ist älter als zwölf.");
+  EXPECT_EQ(Spoken("Er kam als 27. ins Ziel."), "Er kam als Siebenundzwanzigster ins Ziel.");
+}
+
 TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
   const std::string bytes("\xFF\xC3 \0\x80 \xE2\x80 \xC2", 10);
   EXPECT_EQ(Spoken(bytes), bytes);
