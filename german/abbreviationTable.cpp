@@ -198,7 +198,7 @@ constexpr Abbreviation kTable[] = {
     A{"Preisst.", "Preisstufe"}, A{"Sig.-Störung", "Signalstörung"}, A{"Handgep.", "Handgepäck", Anything, Starter},
     A{"Gep.", "Gepäck", Anything, Starter}, A{"Ausf.", "Ausfahrt", Number}, A{"Anschlussst.", "Anschlussstelle"},
     A{"AS", "Anschlussstelle", Motorway}, A{"Ri.-Fb.", "Richtungsfahrbahn"},
-    A{"best. Sie", "bestätigen Sie"}, A{"a. Ihr", "auf Ihr"}, A{"a. Ihre", "auf Ihre"}, A{"verr.", "verrechnet", Anything, Noun},
+    A{"best. Sie", "bestätigen Sie"}, A{"a. Ihr", "auf Ihr"}, A{"a. Anfr.", "auf Anfrage", Anything, Often}, A{"a. Anfrage", "auf Anfrage"}, A{"a. Wunsch", "auf Wunsch"}, A{"a. Ihre", "auf Ihre"}, A{"verr.", "verrechnet", Anything, Noun},
     A{"Orig.", "Original", Anything, Noun}, A{"i. Orig.", "im Original", Anything, Noun}, A{"Durchw.", "Durchwahl"},
     A{"Kl.", "Kläger", OfMan, Starter}, A{"Kl.", "Klägerin", Court, Starter}, A{"Bekl.", "Beklagt", Anything, Starter, Adjective},
     A{"oder spät.", "oder später", Closed, Noun}, A{"od. spät.", "oder später", Closed, Noun}, A{"o. spät.", "oder später", Closed, Noun},

@@ -361,7 +361,24 @@ Found MeasureSpanAt(const Tokens& tokens, std::size_t i) {
 
 }  // namespace
 
+namespace {
+
+// "-,50 €", "–,99 EUR".
+Found CentsAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsDashAt(i) || !tokens.Is(i + 1, ",") || !tokens.IsNumber(i + 2, 2, 2)) return std::nullopt;
+  const auto currency = CurrencyAt(tokens, tokens.Skip(i + 3));
+  if (!currency || currency->hundredth.empty()) return std::nullopt;
+  std::size_t end = currency->end;
+  std::string words =
+      CardinalWords(*DigitsAt(tokens, i + 2, 2), "ein") + " " + std::string(currency->hundredth);
+  words += PerWords(tokens, end);
+  return Phrase{tokens.WithoutLastPoint(end), words};
+}
+
+}  // namespace
+
 Found AmountAt(const Tokens& tokens, std::size_t i) {
+  if (auto cents = CentsAt(tokens, i)) return cents;
   if (!tokens.FreeBefore(i)) return std::nullopt;
   const bool dosage = i >= 2 && tokens.IsDashAt(i - 1) && tokens.IsNumber(i - 2);  // "20-20-20 Tropfen"
   if (auto span = dosage ? Found() : MeasureSpanAt(tokens, i)) return span;

@@ -274,6 +274,23 @@ Found DosageAt(const Tokens& tokens, std::size_t i) {
   return Phrase{at + 1, words};
 }
 
+// "0x80070057": a number to the base of sixteen, sign by sign.
+Found HexadecimalAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "0") || !tokens.FreeBefore(i) || !tokens.View(i + 1).starts_with('x'))
+    return std::nullopt;
+  std::size_t end = i + 2;
+  while (tokens.IsNumber(end) || tokens.IsWord(end)) ++end;
+  const auto digits = tokens.View(i + 1, end).substr(1);
+  if (digits.size() < 2 || digits.find_first_not_of("0123456789abcdefABCDEF") != std::string_view::npos)
+    return std::nullopt;
+  std::string words = "null x";
+  for (const char digit : digits) {
+    const std::string_view one(&digit, 1);
+    words += ' ' + (digit <= '9' ? DigitWords(one) : WithUpperStart(one));
+  }
+  return Phrase{end, words};
+}
+
 // "0815", "007": zeros at the beginning are said.
 Found LeadingZeroAt(const Tokens& tokens, std::size_t i) {
   const auto digits = tokens.View(i);
@@ -339,8 +356,8 @@ Found CreditorAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found CodeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading :
-       {&IsbnAt, &DosageAt, &ExtensionAt, &EmergencyAt, &PhoneAt, &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
+  for (const auto reading : {&HexadecimalAt, &IsbnAt, &DosageAt, &ExtensionAt, &EmergencyAt, &PhoneAt,
+                             &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

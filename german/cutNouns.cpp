@@ -86,6 +86,20 @@ bool BelongsToNoun(const Tokens& tokens, std::size_t i) {
   return noun != Tokens::kNone && tokens.IsCapital(noun);
 }
 
+// "bei anhaltenden Beschw.": without an article one thing would be "anhaltender".
+bool DescribesMany(const Tokens& tokens, std::size_t i, Gender gender) {
+  const std::size_t adjective = tokens.WordIndexBefore(i);
+  if (gender != Gender::Feminine || adjective == Tokens::kNone || tokens.IsCapital(adjective)) return false;
+  const auto word = tokens.View(adjective);
+  const bool bent = word.size() > 5 && word.ends_with("en") && !IsVerb(word) && !IsDeterminer(word) &&
+                    !CaseOfPreposition(word);
+  std::size_t before = tokens.Before(adjective);
+  if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
+  return bent && before != Tokens::kNone &&
+         (CaseOfPreposition(tokens.View(before)) ||
+          IsOneOf(tokens.View(before), {"und", "oder", "u", "o", "bzw", "sowie"}));
+}
+
 bool IsGenitive(std::string_view before) {
   return IsOneOf(before,
                  {"des", "eines", "dieses", "jedes", "ihres", "seines", "unseres", "meines", "Ihres"});
@@ -109,7 +123,8 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
   if (tokens.IsNumber(tokens.Skip(i + 2))) return std::string(singular);  // "535 Abs. 2"
   if (CountsMany(tokens, i) ||
       (noun.known && DeterminesMany(before, noun.gender) && !SingleVerbFollows(tokens, i)) ||
-      IsMany(before) || (before == "die" && PluralVerbFollows(tokens, i))) {
+      IsMany(before) || (before == "die" && PluralVerbFollows(tokens, i)) ||
+      (noun.known && DescribesMany(tokens, i, noun.gender))) {
     const bool bends = IsDativePlural(tokens, i) && !plural.ends_with('n') && !plural.ends_with('s');
     return std::string(plural) + (bends ? "n" : "");
   }

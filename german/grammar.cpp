@@ -581,6 +581,12 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
 
 std::string OneHalfBefore(const Tokens& tokens, std::size_t first, std::size_t behind,
                           const Agreement& noun) {
+  // "je angefangene 1/2 Stunde": the adjective stands where the article would.
+  const std::size_t point = tokens.Before(first);
+  if (point != Tokens::kNone && point > 0 && tokens.Is(point - 1, "angef")) return "halbe";
+  const auto before = tokens.WordBefore(first);
+  if (HasPrefix(before, {"angefangene", "weitere", "folgende", "volle"}))
+    return "halb" + std::string(before.substr(before.find_last_of('e')));
   const std::string one = OneBefore(tokens, first, behind, noun);
   if (one == "ein") return noun.gender == Gender::Neuter ? "ein halbes" : "ein halber";
   return one + (one == "eine" ? " halbe" : " halben");

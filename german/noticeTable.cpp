@@ -117,7 +117,7 @@ constexpr Abbreviation kTable[] = {
     A{"n. Trin.", "nach Trinitatis", Anything, Noun}, A{"bürgerl.", "bürgerlich", Name},
     A{"nördl. Breite", "nördlicher Breite"}, A{"südl. Breite", "südlicher Breite"},
     A{"östl. Länge", "östlicher Länge"}, A{"westl. Länge", "westlicher Länge"},
-    A{"präop.", "präoperativ"}, A{"angef. Std.", "angefangene Stunde", Anything, Noun}, A{"angef.", "angefangen", Described, Never, Adjective},
+    A{"präop.", "präoperativ"}, A{"angef. Std.", "angefangene Stunde", Anything, Noun}, A{"angef.", "angefangene", Number}, A{"angef.", "angefangen", Described, Never, Adjective},
     A{"Prov.", "Provision", Closed}, A{"keine Prov.", "keine Provision", Anything, Noun},
     A{"ohne Prov.", "ohne Provision", Anything, Noun},
     // Notes, minutes and recipes.

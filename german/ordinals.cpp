@@ -100,13 +100,15 @@ bool GoesToClass(const Tokens& tokens, std::size_t i, std::uint64_t value) {
 }
 
 // "aus der 2. Reihe, … aus der 5.": another of the row that has been named.
-bool RepeatsOrdinal(const Tokens& tokens, std::size_t i) {
+// "in 5. Generation, … bereits die 6.": the next of them, whatever stands before.
+bool RepeatsOrdinal(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   constexpr std::size_t kNear = 30;  // tokens
   const auto article = tokens.WordBefore(i);
   if (!IsOneOf(article, {"der", "die", "zur", "einer", "eine"})) return false;
   for (std::size_t at = i > kNear ? i - kNear : 0; at + 5 < i; ++at) {
     if (tokens.IsNumber(at, 1, 2) && tokens.Is(at + 1, ".") && tokens.IsBlank(at + 2) &&
-        tokens.IsCapital(at + 3) && !MonthAt(tokens, at + 3) && tokens.WordBefore(at) == article &&
+        tokens.IsCapital(at + 3) && !MonthAt(tokens, at + 3) &&
+        (tokens.WordBefore(at) == article || DigitsAt(tokens, at, 2) == value - 1) &&
         NounOf(tokens.View(at + 3)).whole)
       return true;
   }
@@ -116,7 +118,7 @@ bool RepeatsOrdinal(const Tokens& tokens, std::size_t i) {
 PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   if (LabelBefore(tokens, i) || value >= kYears) return PointMeaning::Sentence;
   const bool one = DeterminesOneAlone(tokens, i) || IsRank(tokens, i) || StandsBehindOrdinal(tokens, i) ||
-                   GoesToClass(tokens, i, value) || RepeatsOrdinal(tokens, i);
+                   GoesToClass(tokens, i, value) || RepeatsOrdinal(tokens, i, value);
   return one ? PointMeaning::OrdinalAtEnd : PointMeaning::Sentence;
 }
 
@@ -264,10 +266,13 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   return BeforeNounAlone(tokens, i, next);
 }
 
-// "3., überarb. Aufl.".
-bool EditionFollows(const Tokens& tokens, std::size_t i) {
-  const std::size_t noun = NounBehind(tokens, tokens.Skip(i));
-  return noun != Tokens::kNone && IsOneOf(tokens.View(noun), {"Auflage", "Aufl", "Ausgabe", "Ausg"});
+// "3., überarb. Aufl.", "28., völlig neu bearbeitete Auflage": kNone where no edition is described.
+std::size_t EditionBehind(const Tokens& tokens, std::size_t i) {
+  constexpr int kWords = 6;
+  std::size_t at = tokens.Skip(i);
+  for (int word = 0; word < kWords && tokens.IsWord(at) && !tokens.IsCapital(at); ++word)
+    at = tokens.Skip(tokens.Is(at + 1, ".") ? at + 2 : at + 1);
+  return IsOneOf(tokens.View(at), {"Auflage", "Aufl", "Ausgabe", "Ausg"}) ? at : Tokens::kNone;
 }
 
 // "2.OG", "der 1., 2. und 3. Platz", "(am 3.)".
@@ -281,7 +286,7 @@ PointMeaning WithoutGap(const Tokens& tokens, std::size_t i, std::uint64_t value
   if (tokens.Is(i + 2, ",") && value <= kDays && StandsBehindWeekday(tokens, i)) return PointMeaning::Ordinal;
   if (IsOneOf(tokens.View(i + 2), {",", ")", ";", ":", "?", "!", "“", "\"", "–"})) {
     const bool one = DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || IsRank(tokens, i) ||
-                     EditionFollows(tokens, i + 3);
+                     EditionBehind(tokens, i + 3) != Tokens::kNone;
     return one && !LabelBefore(tokens, i) ? PointMeaning::Ordinal : PointMeaning::Sentence;
   }
   return PointMeaning::Sentence;
@@ -342,7 +347,8 @@ std::size_t NounOfOrdinal(const Tokens& tokens, std::size_t behind) {
     next = tokens.Skip(joined + 2);
   }
   if (const std::size_t glued = GluedAdjectiveAt(tokens, next); glued != Tokens::kNone) next = glued;
-  if (tokens.Is(next, ",") && EditionFollows(tokens, next + 1)) next = tokens.Skip(next + 1);
+  const std::size_t edition = tokens.Is(next, ",") ? EditionBehind(tokens, next + 1) : Tokens::kNone;
+  if (edition != Tokens::kNone) return edition;
   return NounBehindPlace(tokens, NounBehind(tokens, next));
 }
 

@@ -92,6 +92,10 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
            std::string(EndingAt(tokens, counted ? number : i, {Gender::Masculine, true, false, true, true}));
   const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
+  // "(lat. Lynx lynx)": the language of a name.
+  if (i > 0 && tokens.Is(i - 1, "(") && words.ends_with("isch") && noun != Tokens::kNone &&
+      !NounOf(tokens.View(noun)).known)
+    return words;
   // "i. H. v. mtl. 50 €".
   const bool sum = noun == Tokens::kNone && tokens.IsNumber(tokens.Skip(end));
   if (sum && tokens.WordBefore(i).empty()) return words;

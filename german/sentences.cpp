@@ -150,6 +150,8 @@ class SentenceReader {
       if (ending == Ending::Never && found->abbreviation->spoken.ends_with("ummer")) ending = Ending::Starter;
       if (ending == Ending::Never && IsUpperWord(found->abbreviation->spoken) && StartsAnewAt(end))
         ending = Ending::Starter;
+      if (ending == Ending::Noun && found->abbreviation->spoken.ends_with("bahnhof") && IsStationAt(i, end))
+        ending = Ending::Often;
       if (!tokens_.Is(end - 1, ".")) {
         covered_ = end;
         return 0;
@@ -168,6 +170,15 @@ class SentenceReader {
     }
     if (end == 0) return EndBehindRoman(i);
     return EndBehindAbbreviation(end, ending);
+  }
+
+  // "Der Zug hält in Köln Hbf. Reisende nach …", but "ab Köln Hbf. Gleis 5": the name of a station is
+  // complete.
+  bool IsStationAt(std::size_t i, std::size_t end) {
+    const std::size_t place = tokens_.WordIndexBefore(i);
+    const auto next = tokens_.View(AfterGaps(end));
+    return place != Tokens::kNone && tokens_.IsCapital(place) && HasPreposition(tokens_, place) &&
+           !IsLabel(next) && !IsOneOf(next, {"Bahnsteig", "Steig", "Ausgang", "Nord", "Süd", "Ost", "West"});
   }
 
   // Behind a noun that is cut: "Bitte auf dieses Kto. Die Rechnung folgt." No name begins with these.

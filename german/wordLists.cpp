@@ -36,7 +36,7 @@ bool IsDegreeWord(std::string_view word) {
       "erst schon bereits weiteren ungefähr annähernd beinahe lediglich bloß insgesamt nahezu wenigstens "
       "exakt ganz spätestens frühestens einschließlich "
       "mehr als zu vorauss voraussichtlich voraussichtl vsl evtl eventuell wohl vermutlich ggf "
-      "gegebenenfalls");
+      "gegebenenfalls völlig vollständig komplett gründlich grundlegend stark leicht");
   return words.Has(word);
 }
 
@@ -206,7 +206,24 @@ bool StartsSentences(std::string_view word) {
       "Seitdem Bisher Künftig Zurzeit Derzeit Momentan Mittlerweile Plötzlich Endlich Sogar Besonders Vor "
       "Neu Neue Letzte Letzten Nächste "
       "Nächsten Gut Schön Schade Klar Okay Ok Lass Lasst Kannst Bist Hast Weißt Siehst Mir Mich Uns Dir Dich "
-      "Euch Ihm Ihn Ihnen");
+      "Euch Ihm Ihn Ihnen "
+      "Andernfalls Ansonsten Hingegen Stattdessen Daraufhin Daneben Dahinter Dennoch Indes Indessen "
+      "Wiederum Ausnahmsweise Anfangs Anfänglich Ursprünglich Einst Fortan Seither Einmal Zweimal "
+      "Beispielsweise Möglicherweise Glücklicherweise Hierfür Hiervon Hieraus Daraus Dementsprechend "
+      "Infolgedessen Jeweils Diesmal Vorher Nachher Hinterher Draußen Drinnen Oben Unten Links Rechts "
+      "Damals Letztlich Letztendlich Übrigens Immerhin Offenbar Angeblich Normalerweise Üblicherweise "
+      "Teilweise Nebenan Gegenüber Unterdessen Währenddessen Zusätzlich Gegebenenfalls Mindestens Höchstens "
+      "Spätestens Frühestens Ungefähr Fast Knapp Nahezu Sämtliche Solche Etliche Zahlreiche Andere Anderen "
+      "Anders Derartige Wenngleich Sofern Soweit Sodass Indem Irgendwann Kaum Samstags Sonntags Montags "
+      "Feiertags Werktags Könnten Könntest Könnt Magst Sag Gib Nimm Denk Denkt Schreib Meld Melde Meldet "
+      "Vergiss Vergesst Hol Lies Komm Sollten Solltest Wollt Willst Habt Seid Wirst Würden Würdest Wären "
+      "Dürfte Müsste Musst Hatte Hatten Wurden Kam Kamen Lag Lagen Liegt Steht Erscheint Erscheinen Reichen "
+      "Füllen Vereinbaren Vermeiden Bewahren Verwenden Achten Halten Setzen Entnehmen Ungeachtet Angesichts "
+      "Aufgrund Anstelle Infolge Hinsichtlich Bezüglich Mithilfe Zuvor Daheim Zuhause Weitaus Vorerst "
+      "Vorläufig Vorsichtshalber Erstmals Letztmals Keinesfalls Niemals Nirgends Überall Dorthin Hierher "
+      "Unweit Nördlich Südlich Östlich Westlich Zusammen Allein Gemeinsam Jedenfalls Ebenfalls Gleichfalls "
+      "Womöglich Sicherlich Bestimmt Tatsächlich Eigens Lediglich Ausschließlich Überwiegend Vorwiegend "
+      "Hauptsächlich Insbesondere Vorausgesetzt");
   return words.Has(word);
 }
 

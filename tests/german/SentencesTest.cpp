@@ -35,6 +35,12 @@ TEST(SentencesTest, EndBehindAbbreviationsAndNumbersThatEndThem) {
   EXPECT_EQ(Parts("Lies Kapitel 3. Danach nicht."), (Texts{"Lies Kapitel 3. ", "Danach nicht."}));
 }
 
+TEST(SentencesTest, EndBehindTheNameOfAStation) {
+  EXPECT_EQ(Parts("Er hält in Köln Hbf. Reisende warten."),
+            (Texts{"Er hält in Köln Hbf. ", "Reisende warten."}));
+  EXPECT_EQ(Parts("Er fährt ab Köln Hbf. Gleis 5 ab."), (Texts{"Er fährt ab Köln Hbf. Gleis 5 ab."}));
+}
+
 TEST(SentencesTest, EndAtEmptyLines) {
   EXPECT_EQ(Parts("Titel\n\nText\nweiter"), (Texts{"Titel\n\n", "Text\nweiter"}));
 }

@@ -20,6 +20,25 @@ TEST(SpokenGermanTest, PutsNumbersIntoTheCaseOfTheirNoun) {
   EXPECT_EQ(Spoken("Gemäß Abs. 1 Satz 1 gilt es."), "Gemäß Absatz eins Satz eins gilt es.");
 }
 
+TEST(SpokenGermanTest, ReadsTheNextOfARowAsAnOrdinal) {
+  EXPECT_EQ(Spoken("Das ist die 5. Generation, dann folgt die 6."),
+            "Das ist die fünfte Generation, dann folgt die sechste.");
+  EXPECT_EQ(Spoken("Im Lotto fiel die 6."), "Im Lotto fiel die sechs.");
+  EXPECT_EQ(Spoken("in 3., völlig neu bearbeiteter Aufl. erschienen"),
+            "in dritter, völlig neu bearbeiteter Auflage erschienen");
+}
+
+TEST(SpokenGermanTest, ReadsSumsBelowOneAndNumbersOfComputers) {
+  EXPECT_EQ(Spoken("Es kostet -,50 €."), "Es kostet fünfzig Cent.");
+  EXPECT_EQ(Spoken("je angef. 1/2 Std. 5 €"), "je angefangene halbe Stunde fünf Euro");
+  EXPECT_EQ(Spoken("Fehler 0x8Fa0"), "Fehler null x acht F A null");
+}
+
+TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
+  EXPECT_EQ(Spoken("bei starken Beschw. anrufen"), "bei starken Beschwerden anrufen");
+  EXPECT_EQ(Spoken("bei einer starken Beschw. anrufen"), "bei einer starken Beschwerde anrufen");
+}
+
 TEST(SpokenGermanTest, KeepsTheEndOfASentenceAndInventsNone) {
   EXPECT_EQ(Spoken("Das war 1990. Danach ging er."), "Das war neunzehnhundertneunzig. Danach ging er.");
   EXPECT_EQ(Spoken("Äpfel, Birnen usw. Dann ging er."), "Äpfel, Birnen und so weiter. Dann ging er.");
