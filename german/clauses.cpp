@@ -208,6 +208,15 @@ bool OnlyAdverbsBefore(const Tokens& tokens, std::size_t first) {
 
 }  // namespace
 
+bool OpensRelativeClause(const Tokens& tokens, std::size_t first) {
+  std::size_t pronoun = tokens.Before(first);
+  while (pronoun != Tokens::kNone && IsDegreeWord(tokens.View(pronoun))) pronoun = tokens.Before(pronoun);
+  if (pronoun == Tokens::kNone || !IsRelative(tokens.View(pronoun))) return false;
+  const std::size_t comma = tokens.Before(pronoun);
+  const std::size_t noun = comma == Tokens::kNone ? comma : tokens.Before(comma);
+  return noun != Tokens::kNone && tokens.Is(comma, ",") && tokens.IsCapital(noun);
+}
+
 bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
   if (anyVerb && VerbAwaitsSubject(tokens, i)) return false;
   std::size_t at = tokens.Before(i);

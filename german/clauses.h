@@ -32,6 +32,9 @@ namespace lorelin {
 // A word that opens a relative clause: "der", "welche", "was".
 [[nodiscard]] bool IsRelative(std::string_view word);
 
+// "der Täter, der 1 Waffe trug": no article but the subject of the clause.
+[[nodiscard]] bool OpensRelativeClause(const Tokens& tokens, std::size_t first);
+
 // The verb before the token asks for an object: a subject has been there, or it is an order. `anyVerb`: not
 // only verbs that are known to take one.
 [[nodiscard]] bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb);

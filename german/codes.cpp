@@ -44,7 +44,8 @@ bool PhoneWordBefore(const Tokens& tokens, std::size_t i) {
       const std::size_t before = tokens.Before(at);
       const bool file = letter && before != Tokens::kNone && tokens.IsNumber(before) &&
                         tokens.View(i).front() != '0' && !tokens.Is(i, "+") && !tokens.Is(i, "(");
-      if (IsPhoneWord(tokens.View(at)) && !file) return true;
+      const bool partOfCut = letter && before != Tokens::kNone && tokens.Is(before, ".");  // "ü. d. M. 412"
+      if (IsPhoneWord(tokens.View(at)) && !file && !partOfCut) return true;
       if (!IsOneOf(tokens.View(at), {"unter",   "der", "Nummer", "Nr",        "ist",      "lautet",   "die",
                                      "mit",     "Sie", "uns",    "erreichen", "mich",     "an",       "rufen",
                                      "täglich", "ihr", "du",     "man",       "erreicht", "erreichst"}))

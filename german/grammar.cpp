@@ -544,20 +544,6 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   return Case::Nominative;
 }
 
-namespace {
-
-// "der Täter, der 1 Waffe trug": no article but the subject of the clause.
-bool OpensRelativeClause(const Tokens& tokens, std::size_t first) {
-  std::size_t pronoun = tokens.Before(first);
-  while (pronoun != Tokens::kNone && IsDegreeWord(tokens.View(pronoun))) pronoun = tokens.Before(pronoun);
-  if (pronoun == Tokens::kNone || !IsRelative(tokens.View(pronoun))) return false;
-  const std::size_t comma = tokens.Before(pronoun);
-  const std::size_t noun = comma == Tokens::kNone ? comma : tokens.Before(comma);
-  return noun != Tokens::kNone && tokens.Is(comma, ",") && tokens.IsCapital(noun);
-}
-
-}  // namespace
-
 std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behind, const Agreement& noun) {
   const Governor governor = GovernorOf(tokens, first);
   // "Morgen bekommt jeder 1 Apfel": no article either.
@@ -574,6 +560,10 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
   // "ggf. 1 weiteren Hub": no nominative has such an adjective.
   const bool described = tokens.IsNumber(first) && first + 3 < behind && tokens.IsWord(first + 2) &&
                          tokens.IsBlank(first + 3) && !tokens.IsCapital(first + 2);
+  // "rief 1 Nachbar die Polizei"
+  if (asked == Case::Accusative && behind > 0 && IsWeakNominative(tokens.View(behind - 1)) &&
+      PrepositionBefore(tokens, first) == Tokens::kNone)
+    asked = Case::Nominative;
   if (asked == Case::Nominative && described && tokens.View(first + 2).ends_with("en"))
     asked = noun.gender == Gender::Masculine ? Case::Accusative : Case::Dative;
   return std::string(kForms[static_cast<std::size_t>(noun.gender)][static_cast<std::size_t>(asked)]);

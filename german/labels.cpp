@@ -22,9 +22,10 @@ bool LabelBefore(const Tokens& tokens, std::size_t i) {
   if (before == Tokens::kNone) return false;
   if (tokens.Is(before, "§")) return true;
   if (EndsForExample(tokens, before)) return false;
-  // "A 7", "L 1100", but not "i. J. 1347".
-  if (!(cut && tokens.Is(before, "J")) && tokens.IsCapital(before) && tokens.View(before).size() == 1 &&
-      tokens.FreeBefore(before))
+  // "A 7", "L 1100", but not "i. J. 1347" and "ü. d. M. 412 m".
+  const std::size_t point = cut ? tokens.Before(before) : Tokens::kNone;
+  const bool partOfCut = point != Tokens::kNone && tokens.Is(point, ".");
+  if (!partOfCut && tokens.IsCapital(before) && tokens.View(before).size() == 1 && tokens.FreeBefore(before))
     return true;
   return tokens.IsWord(before) && IsLabel(tokens.View(before));
 }

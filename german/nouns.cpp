@@ -118,11 +118,11 @@ unsigned LookUpMore(std::string_view word) {
                      "Smartwatch", "Challenge", "Crew",  "Jeans", "Watch", "BIC",   "EU",
                      "Gruppe",     "App",       "Cloud", "Mall",  "Area"}))
     return kFeminine;
-  if (IsOneOf(word, {"Muffin",     "Cookie",  "Hoodie",     "Brownie",  "Zombie",  "Touchscreen", "Screen",
-                     "Screenshot", "Voucher", "Cappuccino", "Junkie",   "Teenie",  "LKW",         "PKW",
-                     "TV",         "Tweet",   "Podcast",    "Blog",     "Account", "Newsletter",  "Schmand",
-                     "Döner",      "Wrap",    "Shake",      "Smoothie", "Burger",  "Router",      "Stick",
-                     "Beamer",     "Airbag",  "Coupon",     "FC",       "SC"}))
+  if (IsOneOf(word, {"Biss",    "Muffin",     "Cookie",  "Hoodie",     "Brownie",  "Zombie",  "Touchscreen",
+                     "Screen",  "Screenshot", "Voucher", "Cappuccino", "Junkie",   "Teenie",  "LKW",
+                     "PKW",     "TV",         "Tweet",   "Podcast",    "Blog",     "Account", "Newsletter",
+                     "Schmand", "Döner",      "Wrap",    "Shake",      "Smoothie", "Burger",  "Router",
+                     "Stick",   "Beamer",     "Airbag",  "Coupon",     "FC",       "SC"}))
     return kMasculine;
   if (IsOneOf(word, {"Gate",       "Keyboard", "Dashboard", "Board",     "Notebook", "Unentschieden",
                      "Remis",      "Like",     "Selfie",    "Meme",      "GIF",      "PDF",
@@ -212,6 +212,17 @@ Noun NounOf(std::string_view word) {
   noun = FromForm(GuessByEnding(word));
   noun.guessed = noun.singular || noun.plural;
   return noun;
+}
+
+bool IsWeakNominative(std::string_view word) {
+  const auto bent = [](const std::string& form) {
+    const Noun other = NounOf(form);
+    return other.whole && other.singular && other.plural && other.gender == Gender::Masculine;
+  };
+  const Noun noun = NounOf(word);
+  return noun.whole && noun.singular && !noun.plural && !word.ends_with("or") &&
+         noun.gender == Gender::Masculine &&
+         (bent(std::string(word) + "n") || bent(std::string(word) + "en"));
 }
 
 }  // namespace lorelin

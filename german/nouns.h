@@ -26,4 +26,7 @@ struct Noun {
 // The word, or a last part of it that begins not behind this byte, stands in the lexicon.
 [[nodiscard]] bool IsNounFrom(std::string_view word, std::size_t latest);
 
+// "Nachbar", "Zeuge": the first case of a man or beast whose others end in "-n".
+[[nodiscard]] bool IsWeakNominative(std::string_view word);
+
 }  // namespace lorelin

@@ -113,6 +113,13 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
   return words + std::string(EndingAt(tokens, i, agreement));
 }
 
+// "a. d. 12. Jh.": a preposition of one letter before the token.
+bool IsCutPreposition(const Tokens& tokens, std::size_t i) {
+  const std::size_t point = tokens.Before(i);
+  return point != Tokens::kNone && point > 0 && tokens.Is(point, ".") &&
+         IsOneOf(tokens.View(point - 1), {"a", "i", "v", "n", "f", "b", "m", "s", "z"});
+}
+
 // "des 19. Jh.".
 bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.Before(i);
@@ -121,7 +128,7 @@ bool StandsInGenitive(const Tokens& tokens, std::size_t i) {
   const std::size_t article = tokens.Before(at);
   // "Ende d. 16. Jh.", but "seit d. 16. Jh."
   if (article != Tokens::kNone && article > 0 && tokens.Is(article, ".") && tokens.Is(article - 1, "d"))
-    return !CaseOfPreposition(tokens.WordBefore(article - 1));
+    return !CaseOfPreposition(tokens.WordBefore(article - 1)) && !IsCutPreposition(tokens, article - 1);
   return tokens.WordBefore(at) == "des" || tokens.WordBefore(at) == "eines";
 }
 
@@ -166,9 +173,17 @@ bool IsManOrThing(const Tokens& tokens, std::size_t noun) {
   return what.whole && what.singular && what.gender != Gender::Feminine;
 }
 
-// "Gruß a. d. Urlaub", but "Halle a. d. Saale".
-std::string OutOfOrAt(const Tokens& tokens, std::size_t end) {
-  return IsManOrThing(tokens, tokens.Skip(end)) ? "aus dem" : "an der";
+// "Gruß a. d. Urlaub", "a. d. 12. Jh.", "stammt a. d. Zeit", but "Halle a. d. Saale".
+std::string OutOfOrAt(const Tokens& tokens, std::size_t i, std::size_t end) {
+  const std::size_t next = tokens.Skip(end);
+  const bool ordinal = tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".");
+  const Agreement noun = AgreementAt(tokens, ordinal ? NounOfOrdinal(tokens, next + 2) : next);
+  const bool manOrThing =
+      ordinal ? noun.known && noun.gender != Gender::Feminine : IsManOrThing(tokens, next);
+  if (manOrThing) return "aus dem";
+  const bool origin =
+      IsOneOf(tokens.WordBefore(i), {"stammt", "stammen", "stammte", "stammten", "kommt", "kommen"});
+  return ordinal || origin ? "aus der" : "an der";
 }
 
 // "Preußen", "Bayern", "Deutschland".
@@ -290,7 +305,7 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
     words = NamesInDative(tokens, i) ? "und anderen" : "und andere";
   if (IsOneOf(written, {"o. Ä.", "o. ä.", "u. Ä.", "u. ä."}) && NamesInDative(tokens, i)) words.back() = 'm';
   if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
-  if (written == "a. d.") words = OutOfOrAt(tokens, found->end);
+  if (written == "a. d.") words = OutOfOrAt(tokens, i, found->end);
   if (written == "z." && words == "zum" && LooksLikePlace(tokens.View(tokens.Skip(found->end)))) words = "zu";
   if (written == "z." && words == "zum" && ToHer(tokens, found->end)) words = "zur";
   if (written == "vertr. d. d." && ByHerOrThem(tokens, found->end)) words = "vertreten durch die";
@@ -394,6 +409,11 @@ Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
   if (DateShapeAt(tokens, next)) return Phrase{i + 2, "dem"};
   const bool ordinal = tokens.IsNumber(next, 1, 2) && tokens.Is(next + 1, ".");
   const std::size_t noun = ordinal ? NounOfOrdinal(tokens, next + 2) : NounBehind(tokens, next);
+  // "d. letzten 3 Tage": what is counted behind the adjective is many.
+  const std::size_t count = tokens.Skip(next + 1);
+  if (tokens.IsWord(next) && tokens.View(next).ends_with("en") && !tokens.IsCapital(next) &&
+      tokens.IsNumber(count, 1, 3) && !tokens.Is(count + 1, "."))
+    return Phrase{i + 2, ArticleWord(tokens, i, {Gender::Feminine, true, false, true})};
   const Agreement agreement = AgreementAt(tokens, noun);
   if (noun == Tokens::kNone || !agreement.known ||
       (opens && !NounOf(tokens.View(noun)).known && !tokens.Is(noun + 1, ".")))

@@ -1,5 +1,6 @@
 #include "german/romans.h"
 
+#include "german/clauses.h"
 #include "german/dates.h"
 #include "german/grammar.h"
 #include "german/numberWords.h"
@@ -358,6 +359,12 @@ std::size_t LastJoinedRoman(const Tokens& tokens, std::size_t i) {
 }
 
 }  // namespace
+
+bool GoesOnWithName(const Tokens& tokens, std::size_t i) {
+  const auto verb = tokens.View(tokens.Skip(i + 1));
+  return IsRulersName(tokens.View(i)) &&
+         !(IsFiniteVerb(verb) || (!IsUpperWord(verb) && HasSuffix(verb, {"te", "ten"})));
+}
 
 bool IsRomanOrdinalAt(const Tokens& tokens, std::size_t i) {
   if (RomanNumberAt(tokens, i) == 0 || !tokens.Is(i + 1, ".")) return false;

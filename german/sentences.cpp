@@ -193,6 +193,7 @@ class SentenceReader {
   // "Ludwig XIV. baute", "im XX. Jahrhundert".
   std::size_t EndBehindRoman(std::size_t i) {
     if (!tokens_.Is(i + 1, ".") || !IsRomanOrdinalAt(tokens_, i)) return 0;
+    if (GoesOnWithName(tokens_, AfterGaps(i + 2))) return EndBehindAbbreviation(i + 2, Ending::Starter);
     return EndBehindAbbreviation(i + 2, Ending::Noun);
   }
 
@@ -258,7 +259,11 @@ class SentenceReader {
     const auto word = tokens_.View(next);
     const bool described = HasSuffix(word, {"ende", "liche", "ige", "ische", "barte", "ierte"}) &&
                            tokens_.IsCapital(next + 2) && NounOf(tokens_.View(next + 2)).known;
-    return described || IsLinkingVerb(tokens_.View(next + 2)) || IsModalVerb(tokens_.View(next + 2));
+    // "… am 30.9. Termine vergeben wir telefonisch."
+    const bool turned = tokens_.IsWord(next + 2) && !tokens_.IsCapital(next + 2) &&
+                        tokens_.IsBlank(next + 3) && IsPronoun(tokens_.View(next + 4));
+    return described || turned || IsLinkingVerb(tokens_.View(next + 2)) ||
+           IsModalVerb(tokens_.View(next + 2));
   }
 
   // "Der Bus fährt alle 20 Min. Nachtbusse verkehren stündlich."

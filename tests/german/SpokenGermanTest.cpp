@@ -34,6 +34,21 @@ TEST(SpokenGermanTest, ReadsSumsBelowOneAndNumbersOfComputers) {
   EXPECT_EQ(Spoken("Fehler 0x8Fa0"), "Fehler null x acht F A null");
 }
 
+TEST(SpokenGermanTest, TellsBySomebodysNameWhoDoesSomething) {
+  EXPECT_EQ(Spoken("Nachts rief 1 Nachbar die Polizei."), "Nachts rief ein Nachbar die Polizei.");
+  EXPECT_EQ(Spoken("Nachts rief er 1 Arzt."), "Nachts rief er einen Arzt.");
+}
+
+TEST(SpokenGermanTest, ReadsTheSecondNameBehindTheNumberOfARuler) {
+  EXPECT_EQ(Spoken("Hier starb Maximilian I. Joseph."), "Hier starb Maximilian der Erste Joseph.");
+  EXPECT_EQ(Spoken("Es folgte Ludwig I. Otto wurde König."), "Es folgte Ludwig der Erste. Otto wurde König.");
+}
+
+TEST(SpokenGermanTest, ReadsOutOfSomethingByItsGender) {
+  EXPECT_EQ(Spoken("Er stammt a. d. 12. Jh."), "Er stammt aus dem zwölften Jahrhundert.");
+  EXPECT_EQ(Spoken("Halle a. d. Saale"), "Halle an der Saale");
+}
+
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
   EXPECT_EQ(Spoken("bei starken Beschw. anrufen"), "bei starken Beschwerden anrufen");
   EXPECT_EQ(Spoken("bei einer starken Beschw. anrufen"), "bei einer starken Beschwerde anrufen");
