@@ -7,6 +7,7 @@
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ordinals.h"
+#include "german/unitSurroundings.h"
 #include "german/units.h"
 #include "german/wordLists.h"
 
@@ -34,9 +35,10 @@ bool AreTemperatures(const Tokens& tokens, std::size_t i) {
 
 // "50/60 Hz": no fraction has such parts.
 bool AreAlternatives(const Tokens& tokens, std::size_t i) {
-  if (!tokens.IsNumber(i, 2, 4) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 4)) return false;
+  if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 4)) return false;
   const auto unit = UnitAt(tokens, tokens.Skip(i + 3));
-  return unit && !unit->isWord;
+  if (unit && unit->singular.ends_with("byte")) return true;  // "8/256 GB"
+  return unit && !unit->isWord && !tokens.IsNumber(i, 1, 1);
 }
 
 std::optional<Quantity> FractionQuantityAt(const Tokens& tokens, std::size_t i) {
@@ -233,21 +235,6 @@ std::string MultipleWords(const Tokens& tokens, std::size_t first, const Quantit
   return number + (multiple.singular == "tausend" && quantity.number.IsWhole() ? "" : " ") + name;
 }
 
-bool HasElectricContext(const Tokens& tokens) {
-  for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
-    const auto word = WithLowerStart(tokens.View(i));
-    if (tokens.IsWord(i) &&
-        (IsOneOf(word, {"v", "w", "kW", "volt", "watt", "hz"}) ||
-         HasSuffix(word, {"strom",          "sicherung",         "sicherungen", "ampere",    "spannung",
-                          "netzteil",       "ladegerät",         "akku",        "batterie",  "leitung",
-                          "steckdose",      "stromstärke",       "abgesichert", "anschluss", "kabel",
-                          "ladestrom",      "sicherungsautomat", "automat",     "fließen",   "fließt",
-                          "schutzschalter", "stromkreis"})))
-      return true;
-  }
-  return false;
-}
-
 // "5 A" is a flat or a class as well, "Zimmer 5 m" no metre.
 bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantity, std::size_t unitAt,
                 const Unit& unit) {
@@ -260,6 +247,10 @@ bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantit
     return false;
   // "205/55 R 16 91 V" of a tyre.
   if (unit.singular == "Volt" && first > 1 && tokens.IsBlank(first - 1) && tokens.IsNumber(first - 2))
+    return false;
+  // "Core i7-13700K".
+  if (unitAt == first + 1 && first > 1 && tokens.Is(first - 1, "-") && !tokens.IsGap(first - 2) &&
+      tokens.View(unitAt).size() == 1)
     return false;
   if (unit.singular == "Kelvin")
     return !quantity.number.IsWhole() || unit.end != unitAt + 1 || quantity.number.value >= 1000 ||

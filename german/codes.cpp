@@ -119,14 +119,6 @@ Found PhoneAt(const Tokens& tokens, std::size_t i) {
   return Phrase{groups.end, words + groups.words};
 }
 
-// "Fax -68": what is dialled behind the number before.
-Found ExtensionAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.IsDashAt(i) || !tokens.IsNumber(i + 1, 1, 4) || !PhoneWordBefore(tokens, i))
-    return std::nullopt;
-  if (i == 0 || !tokens.IsBlank(i - 1) || !tokens.FreeBehind(i + 1)) return std::nullopt;
-  return Phrase{i + 2, DigitWords(tokens.View(i + 1))};
-}
-
 // "Wählen Sie die 112", "rief die 110": the verb stands before or behind.
 bool DialsSomewhere(const Tokens& tokens) {
   for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
@@ -136,6 +128,16 @@ bool DialsSomewhere(const Tokens& tokens) {
       return true;
   }
   return false;
+}
+
+// "Fax -68": what is dialled behind the number before.
+Found ExtensionAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.IsDashAt(i) || !tokens.IsNumber(i + 1, 1, 4)) return std::nullopt;
+  const bool dialled = tokens.WordBefore(i) == "unter" && DialsSomewhere(tokens) &&
+                       !UnitAt(tokens, tokens.Skip(i + 2));  // "Frau Lutz erreichen Sie unter -312"
+  if (!dialled && !PhoneWordBefore(tokens, i)) return std::nullopt;
+  if (i == 0 || !tokens.IsBlank(i - 1) || !tokens.FreeBehind(i + 1)) return std::nullopt;
+  return Phrase{i + 2, DigitWords(tokens.View(i + 1))};
 }
 
 // "Notruf 112", "die 110".
@@ -250,6 +252,13 @@ Found SerialAt(const Tokens& tokens, std::size_t i) {
     const bool point = tokens.Is(at, ".") && digits < 16;  // "Versicherungsnummer 47-118.334"
     if ((tokens.IsBlank(at) || tokens.IsDashAt(at) || tax || point) && tokens.IsNumber(at + 1)) ++at;
   }
+  // "Bestell-Nr. 10-4456-B".
+  const bool letter = tokens.Is(end, "-") && tokens.IsCapital(end + 1) && tokens.View(end + 1).size() == 1 &&
+                      tokens.FreeBehind(end + 1) && !tokens.IsDashAt(end + 2);
+  if (letter) {
+    words += " " + std::string(tokens.View(end + 1));
+    end += 2;
+  }
   const bool secret = IsOneOf(tokens.View(before), {"PIN", "TAN", "Code"});
   if (digits < (secret ? 3U : 5U) || !tokens.FreeBehind(end - 1) ||
       (IsOneOf(tokens.View(end), {"/", ",", "-"}) && !tokens.IsGap(end + 1)))
@@ -306,12 +315,23 @@ Found LeadingZeroAt(const Tokens& tokens, std::size_t i) {
 
 }  // namespace
 
+namespace {
+
+// "DE 811 234 567": the nine digits of a tax number in groups of three.
+bool AreThreeGroupsOfThree(const Tokens& tokens, std::size_t i) {
+  return tokens.IsNumber(i, 3, 3) && tokens.IsBlank(i + 1) && tokens.IsNumber(i + 2, 3, 3) &&
+         tokens.IsBlank(i + 3) && tokens.IsNumber(i + 4, 3, 3) && !tokens.IsNumber(i + 6);
+}
+
+}  // namespace
+
 Found IbanAt(const Tokens& tokens, std::size_t i) {
   const auto country = tokens.View(i);
   constexpr std::size_t kTaxDigits = 9;
   // "USt-IdNr. DE 123456789".
-  const std::size_t first =
-      tokens.IsBlank(i + 1) && tokens.IsNumber(i + 2, kTaxDigits, kTaxDigits) ? i + 2 : i + 1;
+  const bool grouped = tokens.IsBlank(i + 1) && AreThreeGroupsOfThree(tokens, i + 2);
+  const bool apart = tokens.IsBlank(i + 1) && tokens.IsNumber(i + 2, kTaxDigits, kTaxDigits);
+  const std::size_t first = grouped || apart ? i + 2 : i + 1;
   if (!tokens.IsWord(i) || country.size() != 2 || !IsAllCaps(country) || !tokens.IsNumber(first))
     return std::nullopt;
   if (!tokens.FreeBefore(i)) return std::nullopt;
@@ -324,7 +344,7 @@ Found IbanAt(const Tokens& tokens, std::size_t i) {
   }
   const bool named = tokens.Before(i) != Tokens::kNone &&
                      (IsOneOf(tokens.WordBefore(i), {"IBAN"}) || tokens.Is(tokens.Before(i), ":"));
-  const bool whole = tokens.View(first).size() >= kTaxDigits;  // "DE123456789" of a tax number
+  const bool whole = grouped || tokens.View(first).size() >= kTaxDigits;  // "DE123456789" of a tax number
   if (digits.size() < 16 && !whole && !(named && digits.size() >= 10)) return std::nullopt;
   std::string words{country[0], ' ', country[1]};
   const std::size_t head = digits.size() == kTaxDigits ? 3 : 2;

@@ -97,7 +97,7 @@ bool IsDayOfMonth(const Tokens& tokens, std::size_t i, std::size_t behind) {
   if (IsOneOf(before, {"am", "vom", "zum", "ab", "bis"})) return true;
   if (before.empty() && StandsBehindWeekday(tokens, i)) return true;
   if (before.empty() && (HasPreposition(tokens, i) || HasDeterminer(tokens, i))) return true;  // "v. 3. 5."
-  return IsOneOf(before, {"dem", "den"}) &&
+  return IsOneOf(before, {"dem", "den", "der"}) &&
          (tokens.Is(next, ",") || (tokens.IsWord(next) && !tokens.IsCapital(next)));
 }
 
@@ -369,6 +369,9 @@ Found WeekdaysAt(const Tokens& tokens, std::size_t i) {
     ++at;
   } else if (tokens.Is(at, "oder")) {
     between = " oder ";
+  } else if (tokens.Is(at, "o") && tokens.Is(at + 1, ".")) {
+    between = " oder ";
+    ++at;
   } else if (tokens.Is(at, ",")) {
     between = ", ";
   } else {

@@ -89,13 +89,14 @@ std::string_view WholePart(std::string_view word) {
     std::string_view whole;
   };
   constexpr Part kParts[] = {
-      {"jähr", "jährig"},       {"j", "jährig"},      {"trg", "türig"},        {"tür", "türig"},
-      {"sitz", "sitzig"},       {"stöck", "stöckig"}, {"gesch", "geschossig"}, {"köpf", "köpfig"},
-      {"std", "stündig"},       {"stünd", "stündig"}, {"tlg", "teilig"},       {"teil", "teilig"},
-      {"wöch", "wöchig"},       {"monat", "monatig"}, {"tät", "tätig"},        {"täg", "tägig"},
-      {"seit", "seitig"},       {"reih", "reihig"},   {"zeil", "zeilig"},      {"spur", "spurig"},
-      {"zyl", "zylindrig"},     {"bänd", "bändig"},   {"sprach", "sprachig"},  {"gesch", "geschossig"},
-      {"prozent", "prozentig"}, {"tgl", "täglich"},   {"tägl", "täglich"},     {"jährl", "jährlich"}};
+      {"jähr", "jährig"},      {"j", "jährig"},          {"f", "fach"},        {"trg", "türig"},
+      {"tür", "türig"},        {"sitz", "sitzig"},       {"stöck", "stöckig"}, {"gesch", "geschossig"},
+      {"köpf", "köpfig"},      {"std", "stündig"},       {"stünd", "stündig"}, {"tlg", "teilig"},
+      {"teil", "teilig"},      {"wöch", "wöchig"},       {"monat", "monatig"}, {"tät", "tätig"},
+      {"täg", "tägig"},        {"seit", "seitig"},       {"reih", "reihig"},   {"zeil", "zeilig"},
+      {"spur", "spurig"},      {"zyl", "zylindrig"},     {"bänd", "bändig"},   {"sprach", "sprachig"},
+      {"gesch", "geschossig"}, {"prozent", "prozentig"}, {"tgl", "täglich"},   {"tägl", "täglich"},
+      {"jährl", "jährlich"}};
   for (const Part& part : kParts) {
     if (part.written == word) return part.whole;
   }
@@ -108,6 +109,7 @@ Found CutAgeAt(const Tokens& tokens, std::size_t i) {
   const std::size_t part = tokens.Is(i + 1, "-") ? i + 2 : i + 1;
   const auto whole = WholePart(tokens.View(part));
   if (!number || !tokens.FreeBefore(i) || whole.empty() || !tokens.Is(part + 1, ".")) return std::nullopt;
+  if (whole == "fach" && part == i + 1) return std::nullopt;  // "S. 5f."
   const std::size_t noun = NounBehind(tokens, tokens.Skip(part + 2));
   std::string words = PartWords(*number) + std::string(whole);
   if (noun == Tokens::kNone) return Phrase{tokens.WithoutLastPoint(part + 2), words};
@@ -222,12 +224,24 @@ Found StarsAt(const Tokens& tokens, std::size_t i) {
   return Phrase{dash ? end : end + 1, dash ? words : words + "-"};
 }
 
+// "3in1".
+Found ManyInOneAt(const Tokens& tokens, std::size_t i) {
+  const auto many = DigitsAt(tokens, i, 2);
+  const std::size_t in = tokens.Is(i + 1, "-") ? i + 2 : i + 1;
+  const std::size_t one = tokens.Is(in + 1, "-") ? in + 2 : in + 1;
+  if (!many || !tokens.FreeBefore(i) || !tokens.Is(in, "in") || !tokens.Is(one, "1") ||
+      !tokens.FreeBehind(one))
+    return std::nullopt;
+  const bool goesOn = tokens.IsDashAt(one + 1);  // "2-in-1-Tablet"
+  return Phrase{one + 1, CardinalWords(*many) + (goesOn ? "-in-eins" : " in eins")};
+}
+
 }  // namespace
 
 Found GluedAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading :
-       {&DecadeAt, &StarsAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &CutAgeAt, &AdjectivePartAt,
-        &WaitingPartAt, &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
+       {&DecadeAt, &StarsAt, &ManyInOneAt, &PercentPartAt, &PartSpanAt, &CompoundSpanAt, &CutAgeAt,
+        &AdjectivePartAt, &WaitingPartAt, &FractionCompoundAt, &SignCompoundAt, &CompoundAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

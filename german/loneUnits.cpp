@@ -110,7 +110,7 @@ Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
 Found UnitBehindWordAt(const Tokens& tokens, std::size_t i) {
   const auto before = tokens.WordBefore(i);
   if (before.empty() || tokens.View(i).size() > 8 || !tokens.FreeBefore(i) ||
-      IsOneOf(tokens.View(i), {"A", "V", "U", "P", "Pack", "Sch", "E"}))
+      IsOneOf(tokens.View(i), {"A", "V", "U", "P", "K", "J", "N", "W", "Pack", "Sch", "E"}))
     return std::nullopt;
   // "1,80 € das St."
   const std::size_t price = before == "das" ? tokens.Before(tokens.WordIndexBefore(i)) : Tokens::kNone;

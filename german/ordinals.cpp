@@ -8,6 +8,7 @@
 #include "german/numbers.h"
 #include "german/ranks.h"
 #include "german/rowItems.h"
+#include "german/units.h"
 #include "german/wordLists.h"
 
 namespace lorelin {
@@ -225,6 +226,17 @@ bool StandsBehindBetween(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+constexpr std::uint64_t kHighestFloor = 60;
+
+// "Whg. 3. OG".
+bool IsFloorOfFlat(const Tokens& tokens, std::size_t i, std::size_t next) {
+  const std::size_t point = tokens.Before(i);
+  const bool cut =
+      point != Tokens::kNone && point > 0 && tokens.Is(point, ".") && tokens.Is(point - 1, "Whg");
+  return (cut || IsOneOf(tokens.WordBefore(i), {"Wohnung", "wohnung"})) &&
+         IsOneOf(tokens.View(next), {"OG", "UG", "Stock", "Etage", "Obergeschoss", "Stockwerk"});
+}
+
 PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next, std::uint64_t value) {
   const auto word = tokens.View(next);
   if (IsMonth(word) || MonthAt(tokens, next))
@@ -239,6 +251,7 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
     const PointMeaning meaning = AtEnd(tokens, i, value);
     return tokens.OpensLine(i) && meaning == PointMeaning::Sentence ? PointMeaning::List : meaning;
   }
+  if (IsFloorOfFlat(tokens, i, next) && value <= kHighestFloor) return PointMeaning::Ordinal;  // "Whg. 3. OG"
   if (LabelBefore(tokens, i)) return PointMeaning::Sentence;
   const Noun noun = NounOf(word);
   const bool cut = tokens.Is(next + 1, ".") && NounOf(WholeNounAt(tokens, next)).known;  // "zum 3. Werkt."
@@ -307,6 +320,26 @@ std::size_t GluedAdjectiveAt(const Tokens& tokens, std::size_t i) {
 
 }  // namespace
 
+namespace {
+
+// "ab der 2. 5 €": the price of what is counted.
+bool PriceOfNextFollows(const Tokens& tokens, std::size_t i, std::size_t next) {
+  const std::size_t article = tokens.WordIndexBefore(i);
+  if (article == Tokens::kNone || !IsOneOf(tokens.View(article), {"der", "dem", "die", "das"})) return false;
+  const auto price = NumberAt(tokens, next);
+  return price && CurrencyAt(tokens, tokens.Skip(price->end)) &&
+         IsOneOf(tokens.WordBefore(article), {"ab", "bei", "für", "Ab", "Bei", "Für", "nach", "mit"});
+}
+
+// "das 1. Kind kam 1998, das 2. 2001.": a year alone is no sentence.
+bool YearOfNextFollows(const Tokens& tokens, std::size_t i, std::size_t next) {
+  const bool ends = tokens.IsNumber(next, 4, 4) && IsOneOf(tokens.View(next + 1), {".", ",", ";"}) &&
+                    !tokens.IsNumber(next + 2);
+  return ends && IsOneOf(WithLowerStart(tokens.WordBefore(i)), {"der", "die", "das", "ihr", "sein", "ihre"});
+}
+
+}  // namespace
+
 PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 4);
   if (!value || *value == 0 || !tokens.FreeBefore(i)) return PointMeaning::Sentence;
@@ -322,6 +355,8 @@ PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone)
     return PointMeaning::Ordinal;
   if (GluedAdjectiveAt(tokens, next) != Tokens::kNone && DeterminesOne(tokens, i) && *value < kYears)
+    return PointMeaning::Ordinal;
+  if (tokens.IsNumber(next) && (PriceOfNextFollows(tokens, i, next) || YearOfNextFollows(tokens, i, next)))
     return PointMeaning::Ordinal;
   // "die 3. „Klasse“"
   if (IsOneOf(tokens.View(next), {"„", "»", "(", "–", "-", "\""}) || tokens.IsNumber(next))
@@ -488,8 +523,10 @@ Found SuperlativeAt(const Tokens& tokens, std::size_t i) {
   const auto place = DigitsAt(tokens, i, 2);
   if (!place || *place < 2 || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t word = i + 3;
-  if (!(tokens.Is(i + 2, "-") || tokens.IsBlank(i + 2)) || !IsSuperlative(tokens.View(word)))
-    return std::nullopt;
+  if (!(tokens.Is(i + 2, "-") || tokens.IsBlank(i + 2))) return std::nullopt;
+  if (tokens.Is(i + 2, "-") && tokens.IsCapital(word) && IsSuperlative(WithLowerStart(tokens.View(word))))
+    return Phrase{word + 1, WithUpperStart(OrdinalWords(*place, "")) + WithLowerStart(tokens.View(word))};
+  if (!IsSuperlative(tokens.View(word))) return std::nullopt;
   if (tokens.IsBlank(i + 2) && !HasDeterminer(tokens, i)) return std::nullopt;
   return Phrase{word + 1, OrdinalWords(*place, "") + std::string(tokens.View(word))};
 }

@@ -225,6 +225,7 @@ class SentenceReader {
     if (IsOneOf(word, {"Anschl", "Ggf", "Evtl", "Vgl", "Zzgl", "Mind", "Vorauss", "Zudem", "Lt", "Gem"}) &&
         tokens_.Is(next + 1, "."))
       return true;
+    if (ending == Ending::Often && word == "Tel") return true;
     if (tokens_.Is(next + 1, ".") &&
         (AbbreviationAt(tokens_, next) || UnitAt(tokens_, next) || WholeOfCut(word)))
       return false;
@@ -243,10 +244,11 @@ class SentenceReader {
       return EndBehindAbbreviation(date->end, SubjectFollows(date->end) ? Ending::Often : Ending::Noun);
     }
     if (tokens_.Is(i + 1, ".") && !tokens_.IsNumber(i + 2)) return EndBehindNumberAndPoint(i);
+    if (const std::size_t end = EndOfPriceWithPoint(i); end != 0)
+      return EndBehindAbbreviation(end, OthersFollow(i, end) ? Ending::Often : Ending::Noun);
     const auto unit = UnitOrMultiple(tokens_.Skip(i + 1));
     if (!unit || !unit->endsWithPoint) return 0;
-    if ((SubjectFollows(unit->end) || ManyDoSomething(unit->end)) && VerbStandsBefore(i))
-      return EndBehindAbbreviation(unit->end, Ending::Often);
+    if (OthersFollow(i, unit->end)) return EndBehindAbbreviation(unit->end, Ending::Often);
     if (IsPackage(*unit) || unit->multiplies) return EndBehindAbbreviation(unit->end, Ending::Starter);
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
   }
@@ -283,6 +285,19 @@ class SentenceReader {
     if (!tokens_.View(i).ends_with("en") || tokens_.IsCapital(tokens_.Skip(i + 1))) return false;
     const Noun subject = NounOf(tokens_.WordBefore(i));
     return IsUpperWord(tokens_.WordBefore(i)) && subject.known && subject.plural;
+  }
+
+  // "12,50 €/Std. Tel. 0571 33": the token behind the point; 0 without one.
+  std::size_t EndOfPriceWithPoint(std::size_t i) {
+    const auto currency = CurrencyAt(tokens_, tokens_.Skip(i + 1));
+    const auto per = currency ? PerAt(tokens_, currency->end) : std::nullopt;
+    return per && tokens_.Is(per->end - 1, ".") ? per->end : 0;
+  }
+
+  // Behind the point of an amount another subject has its verb, or a telephone is named.
+  bool OthersFollow(std::size_t number, std::size_t end) {
+    if (IsOneOf(tokens_.View(AfterGaps(end)), {"Tel", "Telefon", "Infos", "Info", "Fax"})) return true;
+    return (SubjectFollows(end) || ManyDoSomething(end)) && VerbStandsBefore(number);
   }
 
   // "Der Saal fasst ca. 400 Pers. Einlass ist …", but "Nach ca. 30 Min. Backzeit ist …": the sentence has its

@@ -32,7 +32,6 @@ struct SignName {
 // Between two things, with blanks on both sides or none.
 constexpr SignName kBetween[] = {{"≈", "ungefähr"},
                                  {"≙", "entspricht"},
-                                 {"→", "nach"},
                                  {"≠", "ungleich"},
                                  {"≤", "kleiner oder gleich"},
                                  {"≥", "größer oder gleich"},
@@ -103,6 +102,37 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
     return Phrase{i + 1, WithGaps(tokens, i, one.name)};
   }
   return std::nullopt;
+}
+
+bool SpeaksOfJourney(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 24;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
+    if (!tokens.IsWord(at)) continue;
+    if (IsOneOf(tokens.View(at),
+                {"ICE", "IC", "EC", "RE", "RB", "Gl", "Uhr", "Hbf", "Bhf", "Hauptbahnhof"}) ||
+        HasSuffix(
+            WithLowerStart(tokens.View(at)),
+            {"bahn",    "zug",      "züge",   "bus",     "busse",  "flug",  "flüge",   "fähre",  "linie",
+             "strecke", "fahrt",    "reise",  "umstieg", "fahren", "fährt", "fliegen", "reisen", "ticket",
+             "gleis",   "richtung", "etappe", "route",   "radweg", "stau",  "bahnhof"}))
+      return true;
+  }
+  return false;
+}
+
+// "Berlin → München", "Datei → Drucken", "(→ Abb. 3)", "Preis: 5 → 7 €".
+Found ArrowAt(const Tokens& tokens, std::size_t i) {
+  if (!tokens.Is(i, "→")) return std::nullopt;
+  const std::size_t next = tokens.Skip(i + 1);
+  const std::size_t before = tokens.Before(i);
+  if (tokens.IsGap(next) || next >= tokens.Count()) return std::nullopt;
+  const bool refers = before != Tokens::kNone && IsOneOf(tokens.View(before), {"siehe", "Siehe"});
+  if (tokens.OpensLine(i) || refers) return Phrase{next, ""};
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"(", ",", ";"})) return Phrase{i + 1, "siehe"};
+  const bool gap = i > 0 && tokens.IsBlank(i - 1);
+  const bool changes = tokens.IsNumber(before) || tokens.IsNumber(next);
+  const std::string word = changes || SpeaksOfJourney(tokens, i) ? "nach " : "– ";
+  return Phrase{next, (gap ? "" : " ") + word};
 }
 
 // "10 + 5 - 3 = 7", "650 € + Nebenkosten": between two things that do not touch it.
@@ -360,9 +390,10 @@ Found PunctuationAt(const Tokens& tokens, std::size_t i) {
 
 Found SignAt(const Tokens& tokens, std::size_t i) {
   for (const auto reading :
-       {&DashInCodeAt, &UnderscoreAt, &ParagraphAt, &LifeSignAt, &MathSignAt, &PlusOrMinusAt,
-        &WaveBehindUnitAt, &PlusMinusAt, &SignAloneAt, &HighPowerAt, &DebitAt, &SubscriptAt, &MarkAt,
-        &SignInNormAt, &PowerAt, &PlusBehindNameAt, &LetterSpanAt, &MonthSpanAt, &AmpersandAt}) {
+       {&DashInCodeAt, &UnderscoreAt,     &ParagraphAt,      &LifeSignAt,  &ArrowAt,
+        &MathSignAt,   &PlusOrMinusAt,    &WaveBehindUnitAt, &PlusMinusAt, &SignAloneAt,
+        &HighPowerAt,  &DebitAt,          &SubscriptAt,      &MarkAt,      &SignInNormAt,
+        &PowerAt,      &PlusBehindNameAt, &LetterSpanAt,     &MonthSpanAt, &AmpersandAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   return std::nullopt;

@@ -70,7 +70,7 @@ bool GoesBeforeTimes(std::string_view word) {
        "morgens",  "abends",   "punkt",      "geöffnet",   "spätestens", "feiertags", "sonst",    "lieber",
        "oder",     "beg",      "einl",       "treffpunkt", "treffpkt",   "boarding",  "abflug",   "abfahrt",
        "ankunft",  "landung",  "training",   "probe",      "treffen",    "weckruf",   "check-in", "anpfiff",
-       "abf",      "ank",      "an"});
+       "abf",      "ank",      "an",         "gg"});
 }
 
 bool IsWeekday(const Tokens& tokens, std::size_t i) {

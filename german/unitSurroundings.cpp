@@ -24,6 +24,13 @@ bool SpeaksOfKnitting(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+constexpr std::size_t kNearQuotation = 60;  // tokens
+
+// "63° 37′": what stands behind degrees.
+bool StandsBehindDegrees(const Tokens& tokens, std::size_t i) {
+  return i >= 3 && tokens.Is(tokens.IsBlank(i - 2) ? i - 3 : i - 2, "°");
+}
+
 }  // namespace
 
 std::optional<Unit> UnitBySurroundings(const Tokens& tokens, std::size_t i) {
@@ -77,6 +84,43 @@ std::optional<Unit> RunningMeterAt(const Tokens& tokens, std::size_t i) {
   unit.dativePlural = "laufenden Metern";
   unit.end = end;
   return unit;
+}
+
+std::optional<Unit> InchAt(const Tokens& tokens, std::size_t i) {
+  if (i == 0 || !IsOneOf(tokens.View(i), {"\"", "″"}) || !tokens.IsNumber(i - 1) || tokens.IsWord(i + 1))
+    return std::nullopt;
+  for (std::size_t at = i > kNearQuotation ? i - kNearQuotation : 0; at < i; ++at) {
+    if (IsOneOf(tokens.View(at), {"\"", "„"})) return std::nullopt;
+  }
+  Unit unit;
+  unit.singular = unit.plural = unit.dativePlural = "Zoll";
+  unit.end = i + 1;
+  return unit;
+}
+
+std::optional<Unit> ArcMinuteAt(const Tokens& tokens, std::size_t i) {
+  if (!IsOneOf(tokens.View(i), {"′", "'"}) || !StandsBehindDegrees(tokens, i)) return std::nullopt;
+  Unit unit;
+  unit.singular = "Minute";
+  unit.plural = unit.dativePlural = "Minuten";
+  unit.gender = Gender::Feminine;
+  unit.end = i + 1;
+  return unit;
+}
+
+bool HasElectricContext(const Tokens& tokens) {
+  for (std::size_t i = 0; i < tokens.Count() && i < 60; ++i) {
+    const auto word = WithLowerStart(tokens.View(i));
+    if (tokens.IsWord(i) &&
+        (IsOneOf(word, {"v", "w", "kW", "volt", "watt", "hz"}) ||
+         HasSuffix(word, {"strom",          "sicherung",         "sicherungen", "ampere",    "spannung",
+                          "netzteil",       "ladegerät",         "akku",        "batterie",  "leitung",
+                          "steckdose",      "stromstärke",       "abgesichert", "anschluss", "kabel",
+                          "ladestrom",      "sicherungsautomat", "automat",     "fließen",   "fließt",
+                          "schutzschalter", "stromkreis"})))
+      return true;
+  }
+  return false;
 }
 
 bool MayBeDividedBy(const Unit& unit) {

@@ -18,4 +18,13 @@ namespace lorelin {
 // "(m²a)", "(m²·K)", "mK" behind a stroke.
 [[nodiscard]] std::optional<PerUnit> PerTwoUnitsBehind(const Tokens& tokens, std::size_t i);
 
+// 20" is a measure where no quotation is open.
+[[nodiscard]] std::optional<Unit> InchAt(const Tokens& tokens, std::size_t i);
+
+// "63° 37′".
+[[nodiscard]] std::optional<Unit> ArcMinuteAt(const Tokens& tokens, std::size_t i);
+
+// Current, sockets or the like are spoken of.
+[[nodiscard]] bool HasElectricContext(const Tokens& tokens);
+
 }  // namespace lorelin

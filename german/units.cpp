@@ -10,7 +10,6 @@
 namespace lorelin {
 namespace {
 
-constexpr std::size_t kNearQuotation = 60;  // tokens
 constexpr auto kM = Gender::Masculine;
 constexpr auto kF = Gender::Feminine;
 constexpr auto kN = Gender::Neuter;
@@ -186,6 +185,7 @@ constexpr std::array kUnits{
     UnitName{"tkm", "tausend Kilometer", "tausend Kilometer"},
     UnitName{"lfm", "laufender Meter", "laufende Meter"},
     UnitName{"rm", "Raummeter", "Raummeter"},
+    UnitName{"SRM", "Schüttraummeter", "Schüttraummeter"},
     UnitName{"fm", "Festmeter", "Festmeter"},
     UnitName{"Fm", "Festmeter", "Festmeter"},
     UnitName{"BE", "Broteinheit", "Broteinheiten", kF},
@@ -409,8 +409,8 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
     if (value && *value > 1 && unit && !unit->endsWithPoint && MayBeDividedBy(*unit))
       return PerUnit{" pro " + CardinalWords(*value) + " " + unit->plural, unit->end};
   }
-  if (tokens.Is(i, "Mt") && tokens.Is(i + 1, ".") && !tokens.IsLast(i + 1))
-    return PerUnit{" pro Monat", i + 2};
+  if (tokens.Is(i + 1, ".") && IsOneOf(tokens.View(i), {"Mt", "N"}))  // "80 €/Mt.", "59 €/N."
+    return PerUnit{tokens.Is(i, "N") ? " pro Nacht" : " pro Monat", tokens.IsLast(i + 1) ? i + 1 : i + 2};
   // "1,08 USD/EUR".
   if (IsOneOf(tokens.View(i), {"EUR", "USD", "CHF", "GBP"}) && tokens.FreeBehind(i))
     return PerUnit{" pro " + std::string(CurrencyAt(tokens, i)->name), i + 1};
@@ -527,38 +527,6 @@ std::optional<Unit> MultipleAt(const Tokens& tokens, std::size_t i) {
   }
   return std::nullopt;
 }
-
-namespace {
-
-// "63° 37′": what stands behind degrees.
-bool StandsBehindDegrees(const Tokens& tokens, std::size_t i) {
-  return i >= 3 && tokens.Is(tokens.IsBlank(i - 2) ? i - 3 : i - 2, "°");
-}
-
-// 20" is a measure where no quotation is open.
-std::optional<Unit> InchAt(const Tokens& tokens, std::size_t i) {
-  if (i == 0 || !IsOneOf(tokens.View(i), {"\"", "″"}) || !tokens.IsNumber(i - 1) || tokens.IsWord(i + 1))
-    return std::nullopt;
-  for (std::size_t at = i > kNearQuotation ? i - kNearQuotation : 0; at < i; ++at) {
-    if (IsOneOf(tokens.View(at), {"\"", "„"})) return std::nullopt;
-  }
-  Unit unit;
-  unit.singular = unit.plural = unit.dativePlural = "Zoll";
-  unit.end = i + 1;
-  return unit;
-}
-
-std::optional<Unit> ArcMinuteAt(const Tokens& tokens, std::size_t i) {
-  if (!IsOneOf(tokens.View(i), {"′", "'"}) || !StandsBehindDegrees(tokens, i)) return std::nullopt;
-  Unit unit;
-  unit.singular = "Minute";
-  unit.plural = unit.dativePlural = "Minuten";
-  unit.gender = kF;
-  unit.end = i + 1;
-  return unit;
-}
-
-}  // namespace
 
 std::optional<Unit> UnitAt(const Tokens& tokens, std::size_t i) {
   auto unit = RunningMeterAt(tokens, i);

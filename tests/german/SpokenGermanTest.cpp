@@ -77,6 +77,19 @@ TEST(SpokenGermanTest, KnowsLettersAndAgesFromNumbersAndRanks) {
   EXPECT_EQ(Spoken("Er kam als 27. ins Ziel."), "Er kam als Siebenundzwanzigster ins Ziel.");
 }
 
+TEST(SpokenGermanTest, ReadsArrowsByWhatTheyJoin) {
+  EXPECT_EQ(Spoken("Der Zug Berlin → Ulm hält."), "Der Zug Berlin nach Ulm hält.");
+  EXPECT_EQ(Spoken("Klicken Sie auf Start → Drucker."), "Klicken Sie auf Start – Drucker.");
+  EXPECT_EQ(Spoken("Das Netz (→ Abb. 3) ist alt."), "Das Netz (siehe Abbildung drei) ist alt.");
+}
+
+TEST(SpokenGermanTest, ReadsAnOrdinalBeforeAPriceOrYear) {
+  EXPECT_EQ(Spoken("Es kostet 2 €, ab der 3. 5 € mehr."),
+            "Es kostet zwei Euro, ab der dritten fünf Euro mehr.");
+  EXPECT_EQ(Spoken("Das 1. Kind kam 1998, das 2. 2001."),
+            "Das erste Kind kam neunzehnhundertachtundneunzig, das zweite zweitausendeins.");
+}
+
 TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
   const std::string bytes("\xFF\xC3 \0\x80 \xE2\x80 \xC2", 10);
   EXPECT_EQ(Spoken(bytes), bytes);
