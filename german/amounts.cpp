@@ -7,6 +7,7 @@
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ordinals.h"
+#include "german/spans.h"
 #include "german/unitSurroundings.h"
 #include "german/units.h"
 #include "german/wordLists.h"
@@ -415,42 +416,12 @@ Found SignedAt(const Tokens& tokens, std::size_t i) {
 
 namespace {
 
-bool IsCodeBefore(const Tokens& tokens, std::size_t i) {
-  const auto before = tokens.WordBefore(i);
-  if (IsAllCaps(before) && !IsOneOf(before, {"KW", "SS", "WS"})) return true;
-  return IsOneOf(before,
-                 {"Nr",         "Nummer",       "Code",    "Artikelnummer", "Norm",         "Konto",
-                  "Modell",     "Typ",          "Telefon", "Tel",           "Fax",          "Kennzeichen",
-                  "Durchwahl",  "Aktenzeichen", "Az",      "Bestellnummer", "Kundennummer", "Rechnungsnummer",
-                  "Drucksache", "Rechnung",     "Version", "Boeing",        "Airbus",       "Embraer",
-                  "Fokker"});
-}
-
 // Two digits that shorten the second year: "2019/20", "1914-18".
 bool ShortensYear(const WrittenNumber& first, const Tokens& tokens, std::size_t second) {
   if (!first.IsYear() || !tokens.IsNumber(second, 2, 2) || first.value < 1100 || first.value > 2200)
     return false;
   return *DigitsAt(tokens, second, 2) == (first.value + 1) % 100 ||
          *DigitsAt(tokens, second, 2) > first.value % 100;
-}
-
-// "2019/20", "2023/2024", "1998/99".
-Found StrokedYearsAt(const Tokens& tokens, std::size_t i) {
-  const auto first = NumberAt(tokens, i);
-  if (!first || !first->IsYear() || first->value < 1100 || first->value > 2200 || !tokens.Is(first->end, "/"))
-    return std::nullopt;
-  const std::size_t second = first->end + 1;
-  if (tokens.Is(second + 1, "/") || !tokens.FreeBehind(second)) return std::nullopt;
-  if (LabelBefore(tokens, i) && IsCodeBefore(tokens, i)) return std::nullopt;
-  if (tokens.IsNumber(second, 4, 4) && *DigitsAt(tokens, second, 4) == first->value + 1)
-    return Phrase{second + 1, YearWords(first->value) + " " + YearWords(first->value + 1)};
-  if (!tokens.IsNumber(second, 2, 2) ||
-      *DigitsAt(tokens, second, 2) <= first->value % 100 - (first->value % 100 == 99 ? 99 : 0))
-    return std::nullopt;
-  const auto digits = tokens.View(second);
-  return Phrase{second + 1, YearWords(first->value) + " " +
-                                (digits.front() == '0' ? DigitWords(digits)
-                                                       : CardinalWords(*DigitsAt(tokens, second, 2)))};
 }
 
 std::string SpanWords(const WrittenNumber& number) {
@@ -460,7 +431,8 @@ std::string SpanWords(const WrittenNumber& number) {
 }  // namespace
 
 Found SpanAt(const Tokens& tokens, std::size_t i) {
-  if (auto years = StrokedYearsAt(tokens, i)) return years;
+  if (auto years = SeasonsAt(tokens, i)) return years;
+  if (auto pages = ShortenedSpanAt(tokens, i)) return pages;
   const auto first = NumberAt(tokens, i);
   if (!first) return std::nullopt;
   const auto between = BetweenAt(tokens, first->end);
@@ -488,7 +460,7 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   const bool rising = before || first->value < second->value || shortened ||
                       (first->value == second->value && !first->IsWhole());
   if (!word && (!rising || (first->whole.front() == '0' && first->whole.size() > 1) ||
-                (tokens.Is(first->end, "-") && IsCodeBefore(tokens, i))))
+                (tokens.Is(first->end, "-") && CodeBefore(tokens, i))))
     return std::nullopt;
   if (!word && first->whole.size() > 4 && !first->grouped) return std::nullopt;
   // "Art. 12-345": no range of articles is so wide.

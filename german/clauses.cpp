@@ -57,6 +57,16 @@ bool IsPriceAt(const Tokens& tokens, std::size_t first) {
   return CurrencyAt(tokens, tokens.Skip(at)).has_value();
 }
 
+bool RisesOrFalls(const Tokens& tokens, std::size_t first) {
+  constexpr std::size_t kNear = 16;  // tokens
+  for (std::size_t at = first > kNear ? first - kNear : 0; at < first + kNear; ++at) {
+    if (HasPrefix(tokens.View(at), {"fiel", "fällt", "fallen", "gefallen", "sank", "sinkt", "sinken",
+                                    "gesunken", "rutsch", "stürz", "drück", "gerutscht", "gedrückt"}))
+      return true;
+  }
+  return false;
+}
+
 namespace {
 
 bool IsPluralModalVerb(std::string_view word) {
@@ -238,6 +248,10 @@ bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
     if (anyVerb && tokens.IsCapital(at) && before == Tokens::kNone && IsOrder(tokens.View(at))) return true;
     subject = subject || (tokens.IsCapital(at) && named && !StartsSentences(tokens.View(at)));
     subject = subject || tokens.Is(at, "Sie");
+    // "Lassen Sie 1 Monat verstreichen".
+    if (anyVerb && tokens.Is(at, "Sie") && before != Tokens::kNone && tokens.OpensClause(before) &&
+        HasSuffix(tokens.View(before), {"en", "ern", "eln"}))
+      return true;
     verb = verb || (tokens.IsWord(at) && MayBeVerb(tokens.View(at)));
     at = before;
   }

@@ -24,6 +24,9 @@ namespace lorelin {
 // "kann", "müssen".
 [[nodiscard]] bool IsModalVerb(std::string_view word);
 
+// "fiel unter 1,50 €": a verb before tells of something that rises or falls.
+[[nodiscard]] bool RisesOrFalls(const Tokens& tokens, std::size_t first);
+
 [[nodiscard]] bool IsFiniteVerb(std::string_view word);
 
 // "ich", "man".

@@ -137,6 +137,10 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
   if (noun.gender == Gender::Masculine && singular.ends_with("er") && SingleVerbFollows(tokens, i) &&
       IsOneOf(before, {"die", "diese", "eine", "meine", "unsere", "ihre", "seine"}))
     return std::string(singular) + "in";
+  const std::size_t article = tokens.Before(i) == Tokens::kNone ? 0 : tokens.Before(i);
+  if (!plural.empty() && article > 0 && tokens.Is(article, ".") && tokens.Is(article - 1, "d") &&
+      CountsMembers(tokens, article - 1))
+    return std::string(plural);
   const bool genitive = (IsGenitive(before) || BelongsToNoun(tokens, i)) && noun.gender != Gender::Feminine;
   return genitive ? Genitive(singular) : std::string(singular);
 }
@@ -149,6 +153,14 @@ std::string WholeNounAt(const Tokens& tokens, std::size_t noun) {
     return std::string(tokens.View(noun).substr(0, street->stemLength)) + std::string(street->spoken);
   if (const auto cut = CutWordAt(tokens, noun)) return cut->words;
   return std::string(tokens.View(noun));
+}
+
+bool CountsMembers(const Tokens& tokens, std::size_t article) {
+  std::size_t noun = tokens.Before(article);
+  if (noun != Tokens::kNone && noun > 0 && tokens.Is(noun, ".")) --noun;
+  return noun != Tokens::kNone &&
+         IsOneOf(tokens.View(noun), {"Anzahl", "Anz", "Zahl", "Liste", "Mehrheit", "Großteil", "Mehrzahl",
+                                     "Höchstzahl", "Mindestzahl", "Verzeichnis", "Summe"});
 }
 
 bool IsHeadAt(const Tokens& tokens, std::size_t i) {

@@ -18,4 +18,7 @@ namespace lorelin {
 // "Etage", and "Etg." as well: a noun that goes with an ordinal.
 [[nodiscard]] bool IsHeadAt(const Tokens& tokens, std::size_t i);
 
+// "Anzahl d. Teiln.": many belong to the noun before the article at the token.
+[[nodiscard]] bool CountsMembers(const Tokens& tokens, std::size_t article);
+
 }  // namespace lorelin

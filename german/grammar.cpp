@@ -173,7 +173,9 @@ std::string_view StrongEnding(Case asked, const Agreement& noun) {
 
 std::string_view BehindDer(std::string_view ending, const Governor& governor, const Agreement& noun) {
   if (ending == "er") {
-    if (noun.known) return !noun.plural && noun.gender == Gender::Masculine ? "e" : "en";
+    // "der 2. Silber": what "der" cannot belong to is another noun.
+    const bool another = noun.gender == Gender::Neuter && !noun.mayBePlural;
+    if (noun.known) return !noun.plural && (noun.gender == Gender::Masculine || another) ? "e" : "en";
     return governor.byPreposition ? "en" : "e";
   }
   // "die sog. Experten": with this article it is no man.
@@ -447,6 +449,7 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   const bool span = word == "in" && IsSpanOfTime(tokens, tokens.Skip(first + 1));
   if ((word == "in" || word == "auf" || word == "an") && !span && MovesSomething(tokens, first))
     return Case::Accusative;
+  if (word == "unter" && RisesOrFalls(tokens, first)) return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});
   return place && AdjectiveSaysDirection(tokens, first) ? Case::Accusative : *CaseOfPreposition(word);
 }

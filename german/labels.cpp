@@ -30,4 +30,15 @@ bool LabelBefore(const Tokens& tokens, std::size_t i) {
   return tokens.IsWord(before) && IsLabel(tokens.View(before));
 }
 
+bool CodeBefore(const Tokens& tokens, std::size_t i) {
+  const auto before = tokens.WordBefore(i);
+  if (IsAllCaps(before) && !IsOneOf(before, {"KW", "SS", "WS"})) return true;
+  return IsOneOf(before,
+                 {"Nr",         "Nummer",       "Code",    "Artikelnummer", "Norm",         "Konto",
+                  "Modell",     "Typ",          "Telefon", "Tel",           "Fax",          "Kennzeichen",
+                  "Durchwahl",  "Aktenzeichen", "Az",      "Bestellnummer", "Kundennummer", "Rechnungsnummer",
+                  "Drucksache", "Rechnung",     "Version", "Boeing",        "Airbus",       "Embraer",
+                  "Fokker"});
+}
+
 }  // namespace lorelin

@@ -112,23 +112,26 @@ unsigned GuessByEnding(std::string_view word) {
 
 // Words that the lexicon does not hold.
 unsigned LookUpMore(std::string_view word) {
-  if (IsOneOf(word, {"Handvoll",   "BahnCard",  "OP",    "PIN",   "TAN",   "IBAN",  "GmbH",
-                     "AG",         "KG",        "DVD",   "CD",    "SIM",   "WG",    "Kita",
-                     "NGO",        "FAQ",       "URL",   "SSD",   "Card",  "Couch", "Community",
-                     "Smartwatch", "Challenge", "Crew",  "Jeans", "Watch", "BIC",   "EU",
-                     "Gruppe",     "App",       "Cloud", "Mall",  "Area"}))
+  if (IsOneOf(word,
+              {"Reibe", "Taube", "Elster",    "Hummel",     "Hyäne",     "Wüste", "Handvoll", "BahnCard",
+               "OP",    "PIN",   "TAN",       "IBAN",       "GmbH",      "AG",    "KG",       "DVD",
+               "CD",    "SIM",   "WG",        "Kita",       "NGO",       "FAQ",   "URL",      "SSD",
+               "Card",  "Couch", "Community", "Smartwatch", "Challenge", "Crew",  "Jeans",    "Watch",
+               "BIC",   "EU",    "Gruppe",    "App",        "Cloud",     "Mall",  "Area"}))
     return kFeminine;
-  if (IsOneOf(word, {"Biss",    "Muffin",     "Cookie",  "Hoodie",     "Brownie",  "Zombie",  "Touchscreen",
-                     "Screen",  "Screenshot", "Voucher", "Cappuccino", "Junkie",   "Teenie",  "LKW",
-                     "PKW",     "TV",         "Tweet",   "Podcast",    "Blog",     "Account", "Newsletter",
-                     "Schmand", "Döner",      "Wrap",    "Shake",      "Smoothie", "Burger",  "Router",
-                     "Stick",   "Beamer",     "Airbag",  "Coupon",     "FC",       "SC"}))
+  if (IsOneOf(word,
+              {"Biss",     "Radiergummi", "Rettich",     "Kohlrabi", "Muffin",     "Cookie",  "Hoodie",
+               "Brownie",  "Zombie",      "Touchscreen", "Screen",   "Screenshot", "Voucher", "Cappuccino",
+               "Junkie",   "Teenie",      "LKW",         "PKW",      "TV",         "Tweet",   "Podcast",
+               "Blog",     "Account",     "Newsletter",  "Schmand",  "Döner",      "Wrap",    "Shake",
+               "Smoothie", "Burger",      "Router",      "Stick",    "Beamer",     "Airbag",  "Coupon",
+               "FC",       "SC"}))
     return kMasculine;
-  if (IsOneOf(word, {"Gate",       "Keyboard", "Dashboard", "Board",     "Notebook", "Unentschieden",
-                     "Remis",      "Like",     "Selfie",    "Meme",      "GIF",      "PDF",
-                     "WLAN",       "MRT",      "CT",        "EKG",       "E-Bike",   "Bike",
-                     "Smartphone", "Tablet",   "Ticket",    "Abo",       "Event",    "Meeting",
-                     "Update",     "Backup",   "Level",     "Interview", "Date"}))
+  if (IsOneOf(word, {"Kliff",  "Riff",       "Atoll",         "Jackett",   "Gate", "Keyboard", "Dashboard",
+                     "Board",  "Notebook",   "Unentschieden", "Remis",     "Like", "Selfie",   "Meme",
+                     "GIF",    "PDF",        "WLAN",          "MRT",       "CT",   "EKG",      "E-Bike",
+                     "Bike",   "Smartphone", "Tablet",        "Ticket",    "Abo",  "Event",    "Meeting",
+                     "Update", "Backup",     "Level",         "Interview", "Date"}))
     return kNeuter;
   return 0;
 }

@@ -10,6 +10,7 @@
 #include "german/dates.h"
 #include "german/gluedWords.h"
 #include "german/grammar.h"
+#include "german/labels.h"
 #include "german/loneUnits.h"
 #include "german/numbers.h"
 #include "german/ordinals.h"
@@ -60,8 +61,9 @@ bool NamesSeveral(const Tokens& tokens, std::size_t end) {
 bool BelongsToNounBefore(const Tokens& tokens, std::size_t i) {
   std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
-  if (tokens.Is(before, "%")) return true;             // "20 % d. Kosten"
-  if (tokens.Is(before, ".") && before > 0) --before;  // "Zeugn. d. Klasse"
+  if (tokens.Is(before, "%")) return true;                                  // "20 % d. Kosten"
+  if (tokens.IsNumber(before) && LabelBefore(tokens, before)) return true;  // "Nr. 3 d. Serie"
+  if (tokens.Is(before, ".") && before > 0) --before;                       // "Zeugn. d. Klasse"
   return tokens.IsCapital(before) && !CaseOfPreposition(tokens.View(before)) &&
          !(tokens.OpensClause(before) && StartsSentences(tokens.View(before)));
 }
@@ -418,7 +420,8 @@ Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
   if (noun == Tokens::kNone || !agreement.known ||
       (opens && !NounOf(tokens.View(noun)).known && !tokens.Is(noun + 1, ".")))
     return std::nullopt;
-  const std::string article = ArticleWord(tokens, i, agreement);
+  const bool members = CountsMembers(tokens, i) && !PluralOf(WholeNounAt(tokens, noun)).empty();
+  const std::string article = members ? "der" : ArticleWord(tokens, i, agreement);
   return Phrase{i + 2, opens ? WithUpperStart(article) : article};
 }
 

@@ -150,7 +150,8 @@ class SentenceReader {
       if (ending == Ending::Never && found->abbreviation->spoken.ends_with("ummer")) ending = Ending::Starter;
       if (ending == Ending::Never && IsUpperWord(found->abbreviation->spoken) && StartsAnewAt(end))
         ending = Ending::Starter;
-      if (ending == Ending::Noun && found->abbreviation->spoken.ends_with("bahnhof") && IsStationAt(i, end))
+      const bool station = found->abbreviation->spoken.ends_with("bahnhof") && IsStationAt(i, end);
+      if (ending == Ending::Noun && (station || (ManyDoSomething(end) && VerbStandsBefore(i))))
         ending = Ending::Often;
       if (!tokens_.Is(end - 1, ".")) {
         covered_ = end;
@@ -218,7 +219,7 @@ class SentenceReader {
     const bool weekday =
         tokens_.Is(next + 1, ".") && IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"});
     if (weekday && ending != Ending::Often) return false;  // "Führg. So. 15 Uhr"
-    if (StartsSentences(word)) return true;
+    if (StartsSentenceAt(tokens_, next)) return true;
     // "Anl. N, Zeile 31".
     if (word.size() == 1 && ending != Ending::Often) return false;
     // "90 Min. Anschl. Diskussion."
@@ -274,10 +275,9 @@ class SentenceReader {
     const auto verb = tokens_.View(next + 2);
     const Noun noun = NounOf(tokens_.View(next));
     constexpr std::size_t kShortestVerb = 5;
-    return tokens_.IsCapital(next) && noun.plural && !noun.singular && tokens_.IsBlank(next + 1) &&
-           tokens_.IsWord(next + 2) && !tokens_.IsCapital(next + 2) && verb.size() >= kShortestVerb &&
-           verb.ends_with("en") && !IsDeterminer(verb) && !tokens_.IsLast(next + 2) &&
-           !tokens_.IsCapital(tokens_.Skip(next + 3));
+    return tokens_.IsCapital(next) && noun.plural && tokens_.IsBlank(next + 1) && tokens_.IsWord(next + 2) &&
+           !tokens_.IsCapital(next + 2) && verb.size() >= kShortestVerb && verb.ends_with("en") &&
+           !IsDeterminer(verb) && !tokens_.IsLast(next + 2) && !tokens_.IsCapital(tokens_.Skip(next + 3));
   }
 
   // "Die Parteien vereinbaren".

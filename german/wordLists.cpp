@@ -199,7 +199,7 @@ bool StartsSentences(std::string_view word) {
       "Sind War Waren Hat Haben "
       "Wird Werden Wurde Kann Können Konnte Muss Müssen Soll Sollen Sollte Darf Dürfen Will Wollen Möchten "
       "Würde Hätte Gibt Kommt "
-      "Geht Rufen Kommen Nehmen Geben Schreiben Lesen Senden Melden Wenden Beachten Prüfen Überweisen Zahlen "
+      "Geht Rufen Kommen Nehmen Geben Lesen Senden Melden Wenden Beachten Prüfen Überweisen Zahlen "
       "Legen Stellen "
       "Drücken Klicken Öffnen Schließen Danke Hallo Tschüss Gruß Grüße Liebe Lieber Sehr Denken Bringen Wer "
       "Somit Folglich Demnach "

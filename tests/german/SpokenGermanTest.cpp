@@ -49,6 +49,18 @@ TEST(SpokenGermanTest, ReadsOutOfSomethingByItsGender) {
   EXPECT_EQ(Spoken("Halle a. d. Saale"), "Halle an der Saale");
 }
 
+TEST(SpokenGermanTest, ReadsSpansOfSeasonsAndOfShortenedPages) {
+  EXPECT_EQ(Spoken("Saison 2021/22–2023/24"),
+            "Saison zweitausendeinundzwanzig zweiundzwanzig bis zweitausenddreiundzwanzig vierundzwanzig");
+  EXPECT_EQ(Spoken("siehe S. 210-14"), "siehe Seite zweihundertzehn bis vierzehn");
+  EXPECT_EQ(Spoken("siehe S. 210-09"), "siehe Seite zweihundertzehn-null neun");
+}
+
+TEST(SpokenGermanTest, ReadsMembersOfANumberAsMany) {
+  EXPECT_EQ(Spoken("Die Anz. d. Teiln. ist 3."), "Die Anzahl der Teilnehmer ist drei.");
+  EXPECT_EQ(Spoken("Name d. Teiln. ist Maier."), "Name des Teilnehmers ist Maier.");
+}
+
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
   EXPECT_EQ(Spoken("bei starken Beschw. anrufen"), "bei starken Beschwerden anrufen");
   EXPECT_EQ(Spoken("bei einer starken Beschw. anrufen"), "bei einer starken Beschwerde anrufen");
