@@ -76,8 +76,8 @@ unsigned LookUp(std::string_view word) {
 unsigned LookUpLastPart(std::string_view word) {
   // The shortest first parts are few: "Anschrift".
   const int least = HasPrefix(word, {"An", "Ab", "Um", "Zu", "Un", "Ur", "Be", "Er"}) ? 2 : 3;
-  std::size_t at = CharacterAt(word, 0).length;
-  for (int letters = 1; at < word.size(); ++letters) {
+  std::size_t at = 0;
+  for (int letters = 0; at < word.size(); ++letters) {
     if (letters >= least && word.size() - at >= kShortestPart && IsLetter(CharacterAt(word, at).code)) {
       if (const unsigned form = LookUp(WithUpperStart(word.substr(at)))) return form;
     }

@@ -35,6 +35,7 @@ TEST(NounsTest, KnowGenderAndNumber) {
   EXPECT_TRUE(NounOf("Tassen").plural);
   EXPECT_FALSE(NounOf("Tassen").singular);
   EXPECT_TRUE(NounOf("Fehlers").genitive);
+  EXPECT_FALSE(NounOf("es").known) << "a genitive's ending with nothing before it";
 }
 
 TEST(NounsTest, KnowCompoundsByTheirLastPart) {
