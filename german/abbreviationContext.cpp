@@ -341,6 +341,13 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
       return tokens.IsLast(end - 1) || IsOneOf(tokens.View(end), {"!", ")", ","});
     case Around::PageBefore:
       return StandsBehindPage(tokens, i, end);
+    case Around::Scored: {
+      const std::size_t bracket = tokens.Before(i);
+      return bracket != Tokens::kNone && bracket > 3 && tokens.Is(bracket, ")") &&
+             tokens.IsNumber(bracket - 1) && tokens.Is(bracket - 2, ":");
+    }
+    case Around::Weighed:
+      return IsOneOf(tokens.WordBefore(i), {"kg", "g", "Kilogramm"});
     case Around::Motorway:
       return tokens.IsCapital(next) && !NounOf(tokens.View(next)).whole &&
              IsOneOf(tokens.WordBefore(i), {"der", "zwischen", "an", "und", "ab", "bis"});

@@ -70,6 +70,8 @@ enum class Around : std::uint8_t {
   Listed,          // a comma stands before
   Disease,         // a disease follows
   FirstOfClause,   // it opens a clause, and a number follows
+  Scored,          // a score in brackets stands before
+  Weighed,         // a unit of weight stands before
   OneOfTime,       // "jede weitere", "pro" or the like stands before
   Feminine,        // an article or adjective stands before that no man or thing has
   Weekday,         // a day of the week follows

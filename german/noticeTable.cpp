@@ -128,7 +128,7 @@ constexpr Abbreviation kTable[] = {
     A{"b. Finanzamt", "beim Finanzamt"}, A{"b. Amt", "beim Amt"}, A{"b. Hausmeister", "beim Hausmeister"},
     A{"Kl.-Lehrerin", "Klassenlehrerin"}, A{"Kl.-Lehrer", "Klassenlehrer"}, A{"Kühlschr.", "Kühlschrank"},
     A{"Kleiderschr.", "Kleiderschrank"}, A{"Ges.-Betr.", "Gesamtbetrag"}, A{"ohne Abz.", "ohne Abzug", Anything, Noun},
-    A{"überw. Sie", "überweisen Sie"}, A{"Bei Rückfr.", "Bei Rückfragen"}, A{"bei Rückfr.", "bei Rückfragen"},
+    A{"überw. Sie", "überweisen Sie"}, A{"Für Rückfr.", "Für Rückfragen"}, A{"für Rückfr.", "für Rückfragen"}, A{"Bei Rückfr.", "Bei Rückfragen"}, A{"bei Rückfr.", "bei Rückfragen"},
     A{"außer Betr.", "außer Betrieb", Anything, Noun}, A{"in Betr.", "in Betrieb", Anything, Noun},
     A{"Fahrst.", "Fahrstuhl"}, A{"Trinkw.", "Trinkwasser"}, A{"Durchg. verb.", "Durchgang verboten"},
     A{"Elt.", "Eltern"}, A{"Vors. Stufe", "Vorsicht Stufe"}, A{"Mittagsr.", "Mittagsruhe"},

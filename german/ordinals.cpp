@@ -4,6 +4,7 @@
 #include "german/cutNouns.h"
 #include "german/dates.h"
 #include "german/labels.h"
+#include "german/matchMinutes.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ranks.h"
@@ -100,20 +101,29 @@ bool GoesToClass(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   return false;
 }
 
-// "aus der 2. Reihe, … aus der 5.": another of the row that has been named.
-// "in 5. Generation, … bereits die 6.": the next of them, whatever stands before.
-bool RepeatsOrdinal(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+// "aus der 2. Reihe, … aus der 5.": the noun of another of the row that has been named before, behind the
+// same word. "in 5. Generation, … bereits die 6.": the next of them behind any word.
+std::size_t NounOfEarlierInRow(const Tokens& tokens, std::size_t i, std::uint64_t value) {
   constexpr std::size_t kNear = 30;  // tokens
-  const auto article = tokens.WordBefore(i);
-  if (!IsOneOf(article, {"der", "die", "zur", "einer", "eine"})) return false;
+  const std::string article = WithLowerStart(tokens.WordBefore(i));
   for (std::size_t at = i > kNear ? i - kNear : 0; at + 5 < i; ++at) {
     if (tokens.IsNumber(at, 1, 2) && tokens.Is(at + 1, ".") && tokens.IsBlank(at + 2) &&
         tokens.IsCapital(at + 3) && !MonthAt(tokens, at + 3) &&
-        (tokens.WordBefore(at) == article || DigitsAt(tokens, at, 2) == value - 1) &&
+        (WithLowerStart(tokens.WordBefore(at)) == article || DigitsAt(tokens, at, 2) == value - 1) &&
         NounOf(tokens.View(at + 3)).whole)
-      return true;
+      return at + 3;
   }
-  return false;
+  return Tokens::kNone;
+}
+
+bool RepeatsOrdinal(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  return IsOneOf(tokens.WordBefore(i), {"der", "die", "zur", "einer", "eine"}) &&
+         NounOfEarlierInRow(tokens, i, value) != Tokens::kNone;
+}
+
+// "in 1. Linie um …, in 2. um …".
+bool GoesOnWithRow(const Tokens& tokens, std::size_t i, std::uint64_t value) {
+  return CaseOfPreposition(tokens.WordBefore(i)) && NounOfEarlierInRow(tokens, i, value) != Tokens::kNone;
 }
 
 PointMeaning AtEnd(const Tokens& tokens, std::size_t i, std::uint64_t value) {
@@ -135,6 +145,7 @@ PointMeaning BeforeSmallWord(const Tokens& tokens, std::size_t i, std::size_t ne
   if (DeterminesOne(tokens, i) || StandsBehindOrdinal(tokens, i) || BecomesOne(tokens, i) ||
       CountsFromSide(tokens, next))
     return PointMeaning::Ordinal;
+  if (GoesOnWithRow(tokens, i, *DigitsAt(tokens, i, 4))) return PointMeaning::Ordinal;
   // "Seine 9. und letzte Sinfonie".
   const std::size_t described = NounBehind(tokens, tokens.Skip(next + 1));
   if (IsOneOf(tokens.View(next), {"und", "oder"}) && HasDeterminer(tokens, i) && described != Tokens::kNone &&
@@ -444,60 +455,6 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
 
 namespace {
 
-// "in der 90.+3 Minute".
-Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
-  const auto minute = DigitsAt(tokens, i, 3);
-  const auto more = DigitsAt(tokens, i + 3, 2);
-  if (!minute || !more || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "+")) return std::nullopt;
-  const bool alone = HasDeterminer(tokens, i) && !tokens.IsCapital(tokens.Skip(i + 4));
-  const std::size_t unit = tokens.Skip(i + 4);
-  if (HasDeterminer(tokens, i) && tokens.Is(unit, "Min") && tokens.Is(unit + 1, "."))
-    return Phrase{tokens.WithoutLastPoint(unit + 2),
-                  CardinalWords(*minute) + " plus " + OrdinalWords(*more, "en") + " Minute"};
-  const bool ofMinute = HasDeterminer(tokens, i) && tokens.Is(unit, "Minute");
-  return Phrase{i + 4, (alone ? OrdinalWords(*minute, "en") : CardinalWords(*minute)) + " plus " +
-                           (ofMinute ? OrdinalWords(*more, "en") : CardinalWords(*more))};
-}
-
-}  // namespace
-
-namespace {
-
-// "1:0 (5.)".
-bool BehindScore(const Tokens& tokens, std::size_t i) {
-  return i >= 2 && tokens.IsNumber(i) && tokens.Is(i - 1, ":") && tokens.IsNumber(i - 2);
-}
-
-// "Müller (12.)", "Kaya (34./FE)": the minute of a goal.
-Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
-  const auto minute = DigitsAt(tokens, i, 3);
-  if (!minute || *minute == 0 || *minute > 120 || !tokens.Is(i + 1, ".") || i < 3 || !tokens.Is(i - 1, "(") ||
-      !(tokens.IsCapital(i - 3) || BehindScore(tokens, i - 3)))
-    return std::nullopt;
-  if (BehindScore(tokens, i - 3) && tokens.Is(i + 2, ")"))
-    return Phrase{i + 2, OrdinalWords(*minute, "e") + " Minute"};
-  // "1:0 Müller (12.)": behind a score it is a man, whatever his name means.
-  const bool scored = i >= 7 && tokens.IsNumber(i - 5) && tokens.Is(i - 6, ":");
-  if (NounOf(tokens.View(i - 3)).whole && !scored) return std::nullopt;
-  const std::string words = OrdinalWords(*minute, "e") + " Minute";
-  if (tokens.Is(i + 2, ")")) return Phrase{i + 2, words};
-  if (!tokens.Is(i + 2, "/") && !tokens.Is(i + 2, ",")) return std::nullopt;
-  const auto kind = tokens.View(tokens.Skip(i + 3));
-  if (IsOneOf(kind, {"FE", "HE", "ET", "Foulelfmeter", "Handelfmeter", "Eigentor", "Elfmeter"})) {
-    const std::string name(kind == "FE"   ? "Foulelfmeter"
-                           : kind == "HE" ? "Handelfmeter"
-                           : kind == "ET" ? "Eigentor"
-                                          : kind);
-    return Phrase{tokens.Skip(i + 3) + 1, words + ", " + name};
-  }
-  return tokens.Is(i + 2, ",") && tokens.IsNumber(tokens.Skip(i + 3)) ? Found(Phrase{i + 2, words})
-                                                                      : std::nullopt;
-}
-
-}  // namespace
-
-namespace {
-
 // "Zu 1. gibt es nichts zu sagen", "die Beklagte zu 2. ist".
 Found ItemAt(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 2);
@@ -560,8 +517,7 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   if (auto item = ItemAt(tokens, i)) return item;
   if (auto placed = PlacedAt(tokens, i)) return placed;
   if (auto superlative = SuperlativeAt(tokens, i)) return superlative;
-  if (auto minute = GoalMinuteAt(tokens, i)) return minute;
-  if (auto minute = MinuteOfInjuryTimeAt(tokens, i)) return minute;
+  if (auto minute = MatchMinuteAt(tokens, i)) return minute;
   if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, ".") || tokens.IsNumber(i + 2)) return std::nullopt;
   const PointMeaning meaning = JudgePoint(tokens, i);
   if (meaning == PointMeaning::Sentence || meaning == PointMeaning::List) return std::nullopt;
@@ -570,7 +526,10 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   const std::size_t noun = atEnd ? Tokens::kNone : NounOfOrdinal(tokens, i + 2);
   const bool ofMonth =
       !atEnd && IsOneOf(tokens.View(tokens.Skip(i + 2)), {"d", "ds", "dieses"});  // "15. d. M."
-  const Agreement agreement = ofMonth ? AgreementOf(Gender::Masculine) : AgreementAt(tokens, noun);
+  const bool row = noun == Tokens::kNone && GoesOnWithRow(tokens, i, value);
+  const Agreement agreement = ofMonth
+                                  ? AgreementOf(Gender::Masculine)
+                                  : AgreementAt(tokens, row ? NounOfEarlierInRow(tokens, i, value) : noun);
   std::string words = OrdinalWords(value, EndingAt(tokens, i, agreement));
   if (noun == Tokens::kNone && !HasDeterminer(tokens, i)) {
     if (tokens.Is(i + 2, ",") && StandsBehindWeekday(tokens, i)) {

@@ -425,12 +425,12 @@ Found ArticlePhraseAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 2, opens ? WithUpperStart(article) : article};
 }
 
-// "e. Abschluss", "Ende e. Monats".
+// "e. Abschluss", "Ende e. Monats", "e. neues Zuhause".
 Found IndefiniteArticleAt(const Tokens& tokens, std::size_t i) {
-  const std::size_t noun = tokens.Skip(i + 2);
-  if (!tokens.Is(i, "e") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) || noun == i + 2 ||
-      tokens.View(noun).size() < 3 || !tokens.IsCapital(noun))
+  if (!tokens.Is(i, "e") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) || !tokens.IsBlank(i + 2))
     return std::nullopt;
+  const std::size_t noun = NounBehind(tokens, i + 3);
+  if (noun == Tokens::kNone || tokens.View(noun).size() < 3) return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
   if (!agreement.known || agreement.plural) return std::nullopt;
   if (BelongsToNounBefore(tokens, i) && tokens.WordBefore(i) != "Uhr" &&
@@ -451,6 +451,10 @@ Found InPhraseAt(const Tokens& tokens, std::size_t i) {
       tokens.View(noun).size() < 3)
     return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
+  // "geb. 1921 i. Wien".
+  if (tokens.IsCapital(noun) && (!agreement.known || agreement.plural) &&
+      tokens.IsNumber(tokens.Before(i), 4, 4))
+    return Phrase{i + 2, "in"};
   if (!tokens.IsCapital(noun) || !agreement.known || agreement.plural) return std::nullopt;
   if (IsSchoolSubject(tokens.View(noun)) || LooksLikePlace(tokens.View(noun))) return Phrase{i + 2, "in"};
   return Phrase{i + 2, agreement.gender == Gender::Feminine ? "in der" : "im"};

@@ -135,6 +135,9 @@ class SentenceReader {
     std::size_t before = tokens_.Before(i);
     const bool cut = before != Tokens::kNone && before > 0 && tokens_.Is(before, ".");  // "f. d. Fest"
     if (cut) --before;
+    // "geb. 1921 i. Wien".
+    if (tokens_.IsNumber(before, 4, 4) && tokens_.IsBlank(i - 1) && IsOneOf(word, {"i", "m", "v", "n"}))
+      return true;
     return before != Tokens::kNone && tokens_.IsWord(before) && (cut || !IsLabel(tokens_.View(before)));
   }
 
@@ -150,8 +153,7 @@ class SentenceReader {
       if (ending == Ending::Never && found->abbreviation->spoken.ends_with("ummer")) ending = Ending::Starter;
       if (ending == Ending::Never && IsUpperWord(found->abbreviation->spoken) && StartsAnewAt(end))
         ending = Ending::Starter;
-      const bool station = found->abbreviation->spoken.ends_with("bahnhof") && IsStationAt(i, end);
-      if (ending == Ending::Noun && (station || (ManyDoSomething(end) && VerbStandsBefore(i))))
+      if (ending == Ending::Noun && found->abbreviation->spoken.ends_with("bahnhof") && IsStationAt(i, end))
         ending = Ending::Often;
       if (!tokens_.Is(end - 1, ".")) {
         covered_ = end;
@@ -170,6 +172,8 @@ class SentenceReader {
       end = noun->end;
     }
     if (end == 0) return EndBehindRoman(i);
+    if (ending != Ending::Never && (SubjectFollows(end) || ManyDoSomething(end)) && VerbStandsBefore(i))
+      ending = Ending::Often;
     return EndBehindAbbreviation(end, ending);
   }
 
@@ -307,7 +311,8 @@ class SentenceReader {
       const auto word = tokens_.View(at);
       if (tokens_.IsWord(at) && !tokens_.IsCapital(at) && tokens_.IsBlank(at + 1) && !IsDegreeWord(word) &&
           !CaseOfPreposition(word) && !IsOrdinalWord(word) &&
-          (IsVerb(word) || IsLinkingVerb(word) || HasSuffix(word, {"t", "te", "ten"}) || IsVerbOfMany(at)))
+          (IsVerb(word) || IsLinkingVerb(word) || HasSuffix(word, {"t", "te", "ten"}) || IsVerbOfMany(at) ||
+           (word.ends_with("en") && IsPronoun(tokens_.View(at + 2)))))
         return true;
     }
     return false;

@@ -41,6 +41,13 @@ TEST(SentencesTest, EndBehindTheNameOfAStation) {
   EXPECT_EQ(Parts("Er fährt ab Köln Hbf. Gleis 5 ab."), (Texts{"Er fährt ab Köln Hbf. Gleis 5 ab."}));
 }
 
+TEST(SentencesTest, EndBeforeASubjectAndItsVerb) {
+  EXPECT_EQ(Parts("Wir wohnen am Marktpl. Parkplätze gibt es hier."),
+            (Texts{"Wir wohnen am Marktpl. ", "Parkplätze gibt es hier."}));
+  EXPECT_EQ(Parts("Es dauert 45 Min. Termine vergeben wir."),
+            (Texts{"Es dauert 45 Min. ", "Termine vergeben wir."}));
+}
+
 TEST(SentencesTest, EndAtEmptyLines) {
   EXPECT_EQ(Parts("Titel\n\nText\nweiter"), (Texts{"Titel\n\n", "Text\nweiter"}));
 }

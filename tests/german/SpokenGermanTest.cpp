@@ -61,6 +61,18 @@ TEST(SpokenGermanTest, ReadsMembersOfANumberAsMany) {
   EXPECT_EQ(Spoken("Name d. Teiln. ist Maier."), "Name des Teilnehmers ist Maier.");
 }
 
+TEST(SpokenGermanTest, ReadsTheNextOfARowByTheNounOfTheFirst) {
+  EXPECT_EQ(Spoken("In 1. Linie geht es um ihn, in 2. um sie."),
+            "In erster Linie geht es um ihn, in zweiter um sie.");
+}
+
+TEST(SpokenGermanTest, ReadsWhatIsCutBehindScoresAndWeights) {
+  EXPECT_EQ(Spoken("2:1 (1:1) n. V. gewonnen"), "Zwei zu eins (eins zu eins) nach Verlängerung gewonnen");
+  EXPECT_EQ(Spoken("Termin n. V."), "Termin nach Vereinbarung.");
+  EXPECT_EQ(Spoken("5 mg/kg KG täglich"), "Fünf Milligramm pro Kilogramm Körpergewicht täglich");
+  EXPECT_EQ(Spoken("Müller KG"), "Müller KG");
+}
+
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
   EXPECT_EQ(Spoken("bei starken Beschw. anrufen"), "bei starken Beschwerden anrufen");
   EXPECT_EQ(Spoken("bei einer starken Beschw. anrufen"), "bei einer starken Beschwerde anrufen");

@@ -1,0 +1,64 @@
+#include "german/matchMinutes.h"
+
+#include "german/grammar.h"
+#include "german/nouns.h"
+#include "german/numberWords.h"
+#include "german/numbers.h"
+
+namespace lorelin {
+namespace {
+
+// "in der 90.+3 Minute".
+Found MinuteOfInjuryTimeAt(const Tokens& tokens, std::size_t i) {
+  const auto minute = DigitsAt(tokens, i, 3);
+  const auto more = DigitsAt(tokens, i + 3, 2);
+  if (!minute || !more || !tokens.Is(i + 1, ".") || !tokens.Is(i + 2, "+")) return std::nullopt;
+  const bool alone = HasDeterminer(tokens, i) && !tokens.IsCapital(tokens.Skip(i + 4));
+  const std::size_t unit = tokens.Skip(i + 4);
+  if (HasDeterminer(tokens, i) && tokens.Is(unit, "Min") && tokens.Is(unit + 1, "."))
+    return Phrase{tokens.WithoutLastPoint(unit + 2),
+                  CardinalWords(*minute) + " plus " + OrdinalWords(*more, "en") + " Minute"};
+  const bool ofMinute = HasDeterminer(tokens, i) && tokens.Is(unit, "Minute");
+  return Phrase{i + 4, (alone ? OrdinalWords(*minute, "en") : CardinalWords(*minute)) + " plus " +
+                           (ofMinute ? OrdinalWords(*more, "en") : CardinalWords(*more))};
+}
+
+// "1:0 (5.)".
+bool BehindScore(const Tokens& tokens, std::size_t i) {
+  return i >= 2 && tokens.IsNumber(i) && tokens.Is(i - 1, ":") && tokens.IsNumber(i - 2);
+}
+
+// "Müller (12.)", "Kaya (34./FE)": the minute of a goal.
+Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
+  const auto minute = DigitsAt(tokens, i, 3);
+  if (!minute || *minute == 0 || *minute > 120 || !tokens.Is(i + 1, ".") || i < 3 || !tokens.Is(i - 1, "(") ||
+      !(tokens.IsCapital(i - 3) || BehindScore(tokens, i - 3)))
+    return std::nullopt;
+  if (BehindScore(tokens, i - 3) && tokens.Is(i + 2, ")"))
+    return Phrase{i + 2, OrdinalWords(*minute, "e") + " Minute"};
+  // "1:0 Müller (12.)": behind a score it is a man, whatever his name means.
+  const bool scored = i >= 7 && tokens.IsNumber(i - 5) && tokens.Is(i - 6, ":");
+  if (NounOf(tokens.View(i - 3)).whole && !scored) return std::nullopt;
+  const std::string words = OrdinalWords(*minute, "e") + " Minute";
+  if (tokens.Is(i + 2, ")")) return Phrase{i + 2, words};
+  if (!tokens.Is(i + 2, "/") && !tokens.Is(i + 2, ",")) return std::nullopt;
+  const auto kind = tokens.View(tokens.Skip(i + 3));
+  if (IsOneOf(kind, {"FE", "HE", "ET", "Foulelfmeter", "Handelfmeter", "Eigentor", "Elfmeter"})) {
+    const std::string name(kind == "FE"   ? "Foulelfmeter"
+                           : kind == "HE" ? "Handelfmeter"
+                           : kind == "ET" ? "Eigentor"
+                                          : kind);
+    return Phrase{tokens.Skip(i + 3) + 1, words + ", " + name};
+  }
+  return tokens.Is(i + 2, ",") && tokens.IsNumber(tokens.Skip(i + 3)) ? Found(Phrase{i + 2, words})
+                                                                      : std::nullopt;
+}
+
+}  // namespace
+
+Found MatchMinuteAt(const Tokens& tokens, std::size_t i) {
+  if (auto minute = GoalMinuteAt(tokens, i)) return minute;
+  return MinuteOfInjuryTimeAt(tokens, i);
+}
+
+}  // namespace lorelin
