@@ -341,6 +341,9 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
       return tokens.IsLast(end - 1) || IsOneOf(tokens.View(end), {"!", ")", ","});
     case Around::PageBefore:
       return StandsBehindPage(tokens, i, end);
+    case Around::OfThing:
+      return IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+                     {"das", "dieses", "im", "am", "beim", "ins", "dem", "vom"});
     case Around::Scored: {
       const std::size_t bracket = tokens.Before(i);
       return bracket != Tokens::kNone && bracket > 3 && tokens.Is(bracket, ")") &&

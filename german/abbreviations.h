@@ -70,6 +70,7 @@ enum class Around : std::uint8_t {
   Listed,          // a comma stands before
   Disease,         // a disease follows
   FirstOfClause,   // it opens a clause, and a number follows
+  OfThing,         // an article stands before that only things have
   Scored,          // a score in brackets stands before
   Weighed,         // a unit of weight stands before
   OneOfTime,       // "jede weitere", "pro" or the like stands before

@@ -140,8 +140,8 @@ bool TellsWhen(std::string_view adjective, std::string_view noun) {
                           "Sommer", "Winter", "Herbst", "Mal"});
 }
 
-// "Ab Mai kostet 1 Liter 2 €", "Am Tor hielt 1 Wagen": behind a phrase with a preposition and the verb stands
-// the subject.
+}  // namespace
+
 bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   // "Im Hof brannten 3 Autos und 1 Schuppen": what the first of a list is, the others are.
   for (int step = 0; step < 3; ++step) {
@@ -169,9 +169,8 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   std::size_t first = verb;
   for (int step = 0; step < 2 * kWordsInClause; ++step) {
     const std::size_t before = tokens.Before(first);
-    const bool ordinal =
-        before != Tokens::kNone && before > 0 && tokens.Is(before, ".") && tokens.IsNumber(before - 1);
-    if (before == Tokens::kNone || !(tokens.IsWord(before) || tokens.IsNumber(before) || ordinal)) break;
+    const bool point = before != Tokens::kNone && before > 0 && tokens.Is(before, ".");  // "3.", "Kontr."
+    if (before == Tokens::kNone || !(tokens.IsWord(before) || tokens.IsNumber(before) || point)) break;
     first = before;
     if (IsPronoun(tokens.View(first)) || IsFiniteVerb(tokens.View(first))) return false;
   }
@@ -182,6 +181,13 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
          (first + 2 == verb && IsAdverbOfTimeOrPlace(opening)) ||
          (first + 4 == verb && TellsWhen(opening, tokens.View(first + 2)));
 }
+
+bool IsInfinitive(const Tokens& tokens, std::size_t i) {
+  const auto word = tokens.View(i);
+  return tokens.IsWord(i) && !IsUpperWord(word) && word.size() > 4 && HasSuffix(word, {"en", "ern", "eln"});
+}
+
+namespace {
 
 // "Der Mann, der dort stand, trug 1 Hut": the sentence goes on with its verb behind the clause between.
 bool GoesOnBehindRelative(const Tokens& tokens, std::size_t comma) {
@@ -259,7 +265,11 @@ bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {
 }
 
 bool InfinitiveEnds(const Tokens& tokens, std::size_t first, std::size_t behind) {
-  if (!tokens.OpensClause(first) && !OnlyAdverbsBefore(tokens, first)) return false;
+  // "Zwiebel hacken und 1 Apfel reiben".
+  const std::size_t joint = tokens.Before(first);
+  const bool second = joint != Tokens::kNone && IsOneOf(tokens.View(joint), {"und", "u"}) &&
+                      tokens.Before(joint) != Tokens::kNone && IsInfinitive(tokens, tokens.Before(joint));
+  if (!tokens.OpensClause(first) && !second && !OnlyAdverbsBefore(tokens, first)) return false;
   if (VerbAwaitsSubject(tokens, first)) return false;
   std::string_view last;
   for (std::size_t i = behind; i < tokens.Count() && i < behind + 40; ++i) {

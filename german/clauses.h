@@ -38,6 +38,13 @@ namespace lorelin {
 // "der Täter, der 1 Waffe trug": no article but the subject of the clause.
 [[nodiscard]] bool OpensRelativeClause(const Tokens& tokens, std::size_t first);
 
+// A small word that ends as infinitives do.
+[[nodiscard]] bool IsInfinitive(const Tokens& tokens, std::size_t i);
+
+// "Ab Mai kostet 1 Liter 2 €", "Am Tor hielt 1 Wagen": behind a phrase with a preposition and the verb stands
+// the subject.
+[[nodiscard]] bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i);
+
 // The verb before the token asks for an object: a subject has been there, or it is an order. `anyVerb`: not
 // only verbs that are known to take one.
 [[nodiscard]] bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb);

@@ -9,7 +9,7 @@ namespace lorelin {
 namespace {
 
 constexpr std::size_t kLeastPhoneDigits = 6;
-constexpr std::size_t kMostPhoneDigits = 16;
+constexpr std::size_t kMostPhoneDigits = 20;  // of a parcel
 
 // Behind these long numbers are said digit by digit.
 bool IsCodeWord(std::string_view word) {

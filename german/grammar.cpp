@@ -456,9 +456,7 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
 
 // "In einer Pfanne Öl erhitzen, 1 Zwiebel …": the infinitive, which is no adjective of a noun behind it.
 bool EndsClause(const Tokens& tokens, std::size_t at) {
-  const auto word = tokens.View(at);
-  return tokens.IsWord(at) && !IsUpperWord(word) && word.size() > 4 &&
-         HasSuffix(word, {"en", "ern", "eln"}) && tokens.Is(at + 1, ",");
+  return IsInfinitive(tokens, at) && tokens.Is(at + 1, ",");
 }
 
 // "mit 1 Zweig und 1 Scheibe": the preposition of the first holds for the second.
@@ -470,6 +468,11 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   if (at != right && at != Tokens::kNone && tokens.Is(at, ",")) return std::nullopt;
   if (at == Tokens::kNone ||
       !IsOneOf(tokens.View(at), {"und", "oder", ",", "bzw", "sowie", "plus", "u", "o", "+", "&"}))
+    return std::nullopt;
+  // "… mit Paste aufkochen und 1 Limette auspressen": the infinitive has ended what stands before.
+  const std::size_t infinitive = tokens.Before(at);
+  if (IsOneOf(tokens.View(at), {"und", "u"}) && infinitive != Tokens::kNone &&
+      IsInfinitive(tokens, infinitive))
     return std::nullopt;
   const bool list = tokens.Is(at, ",");
   bool bare = true;  // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far

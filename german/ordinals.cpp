@@ -488,12 +488,12 @@ Found SuperlativeAt(const Tokens& tokens, std::size_t i) {
   return Phrase{word + 1, OrdinalWords(*place, "") + std::string(tokens.View(word))};
 }
 
-// "die 3.-Platzierte".
+// "die 3.-Platzierte", "ein 4.-Klässler".
 Found PlacedAt(const Tokens& tokens, std::size_t i) {
   const auto place = DigitsAt(tokens, i, 2);
   const std::size_t word = tokens.Is(i + 2, "-") ? i + 3 : i + 2;
   if (!place || *place == 0 || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) ||
-      !HasPrefix(WithLowerStart(tokens.View(word)), {"platziert"}))
+      !HasPrefix(WithLowerStart(tokens.View(word)), {"platziert", "klässler"}))
     return std::nullopt;
   return Phrase{word + 1, WithUpperStart(OrdinalWords(*place, "")) + WithLowerStart(tokens.View(word))};
 }

@@ -4,6 +4,7 @@
 #include "german/addresses.h"
 #include "german/alternatives.h"
 #include "german/amounts.h"
+#include "german/clauses.h"
 #include "german/codes.h"
 #include "german/cutNouns.h"
 #include "german/cutWords.h"
@@ -393,6 +394,8 @@ std::string ArticleWord(const Tokens& tokens, std::size_t i, const Agreement& no
   if (IsOneOf(tokens.View(next), {"Bekl", "Kl"}) && !tokens.WordBefore(i).empty() &&
       !CaseOfPreposition(tokens.WordBefore(i)))
     return "der";
+  // "Bei der Kontrolle hatte d. Fahrer Glück."
+  if (noun.gender == Gender::Masculine && !noun.plural && VerbAwaitsSubject(tokens, i)) return "der";
   const auto ending = EndingAt(tokens, i, noun);
   if (ending == "e") return "die";
   return ending == "es" ? "das" : "d" + std::string(ending);

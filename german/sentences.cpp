@@ -190,9 +190,10 @@ class SentenceReader {
   bool StartsAnewAt(std::size_t end) {
     return IsOneOf(
         tokens_.View(AfterGaps(end)),
-        {"Der",   "Die",  "Das",   "Den",  "Dem",    "Eine",   "Einen", "Ich",  "Du",   "Er",    "Es",
-         "Wir",   "Man",  "Diese", "Wenn", "Dieser", "Dieses", "Dann",  "Dort", "Hier", "Heute", "Danach",
-         "Bitte", "Nein", "Ja",    "Aber", "Sonst",  "Bei",    "Mit",   "Nach", "Für"});
+        {"Der",   "Die",  "Das",   "Den",   "Dem",    "Eine",   "Einen",  "Ich",   "Du",    "Er",    "Es",
+         "Wir",   "Man",  "Diese", "Wenn",  "Dieser", "Dieses", "Dann",   "Dort",  "Hier",  "Heute", "Danach",
+         "Bitte", "Nein", "Ja",    "Aber",  "Sonst",  "Bei",    "Mit",    "Nach",  "Für",   "Sie",   "Sein",
+         "Seine", "Ihre", "Mein",  "Meine", "Unser",  "Unsere", "Später", "Jetzt", "Damals"});
   }
 
   // "Ludwig XIV. baute", "im XX. Jahrhundert".

@@ -73,6 +73,16 @@ TEST(SpokenGermanTest, ReadsWhatIsCutBehindScoresAndWeights) {
   EXPECT_EQ(Spoken("Müller KG"), "Müller KG");
 }
 
+TEST(SpokenGermanTest, TellsTheSubjectBehindAPhraseAndItsVerb) {
+  EXPECT_EQ(Spoken("Bei d. Kontrolle hatte d. Fahrer Glück."), "Bei der Kontrolle hatte der Fahrer Glück.");
+  EXPECT_EQ(Spoken("Er sah d. Fahrer dort."), "Er sah den Fahrer dort.");
+}
+
+TEST(SpokenGermanTest, KeepsClausesApartThatEndWithAnInfinitive) {
+  EXPECT_EQ(Spoken("Suppe mit 1 EL Öl aufkochen und 1 Apfel reiben."),
+            "Suppe mit einem Esslöffel Öl aufkochen und einen Apfel reiben.");
+}
+
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
   EXPECT_EQ(Spoken("bei starken Beschw. anrufen"), "bei starken Beschwerden anrufen");
   EXPECT_EQ(Spoken("bei einer starken Beschw. anrufen"), "bei einer starken Beschwerde anrufen");
