@@ -174,6 +174,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"nr", "nummer"},
                              {"Str", "Straße"},
                              {"bhf", "bahnhof"},
+                             {"bf", "bahnhof"},
                              {"whg", "wohnung"},
                              {"abt", "abteilung"},
                              {"haltest", "haltestelle"},
@@ -245,7 +246,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     // "hauptstr. 5", but "darüberstr."
     if (part.written == "str" && !tokens.IsCapital(i) && !tokens.IsNumber(tokens.Skip(i + 2))) continue;
     // Only where the sentence goes on it is certain that a word was cut.
-    const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "whg"});
+    const bool common = IsOneOf(part.written, {"str", "Str", "nr", "Nr", "pl", "bhf", "bf", "whg", "pkt"});
     const std::size_t behind = tokens.Skip(i + 2);
     // "Betriebstemp. -10", "ab Kaufdat.": no word ends like that.
     const bool parted = point && tokens.IsCapital(i) &&

@@ -39,6 +39,9 @@ bool AreAlternatives(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, "/") || !tokens.IsNumber(i + 2, 2, 4)) return false;
   const auto unit = UnitAt(tokens, tokens.Skip(i + 3));
   if (unit && unit->singular.ends_with("byte")) return true;  // "8/256 GB"
+  // "alle 5/10 Min.", but "1/10 Sek."
+  if (unit && !tokens.Is(i, "1") && IsOneOf(unit->singular, {"Minute", "Stunde", "Tag", "Woche", "Monat"}))
+    return true;
   return unit && !unit->isWord && !tokens.IsNumber(i, 1, 1);
 }
 
@@ -499,7 +502,8 @@ bool MeasuresBloodPressure(const Tokens& tokens, std::size_t i) {
 
 bool MayBeFraction(const Tokens& tokens, std::size_t i, const Fraction& fraction) {
   if (IsFractionSign(tokens.View(i))) return true;
-  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(fraction.end - 1) || tokens.Is(fraction.end, "/"))
+  if (!tokens.FreeBefore(i) || !tokens.FreeBehind(fraction.end - 1) || tokens.Is(fraction.end, "/") ||
+      AreAlternatives(tokens, i))
     return false;
   if (i > 0 && IsOneOf(tokens.View(i - 1), {"/", "-", ".", ","})) return false;
   if (tokens.IsDashAt(fraction.end) || LabelBefore(tokens, i) || IsAllCaps(tokens.WordBefore(i)))

@@ -133,7 +133,8 @@ std::string_view CutNouns() {
       "Bibliothek "
       "Biografie Roman Sammelband Übersetzung/Übersetzungen Zeichnung/Zeichnungen Zitat/Zitate "
       // Traffic, places, sports, technology.
-      "Abfahrt Ankunft Autobahn Bahnhof Bahnsteig Bushaltestelle Haltestelle/Haltestellen Hauptbahnhof "
+      "Abfahrt Ankunft Weiterfahrt Rückfahrt Hinfahrt Autobahn Bahnhof Bahnsteig Bushaltestelle "
+      "Haltestelle/Haltestellen Hauptbahnhof "
       "Flughafen "
       "Eisenbahn Fahrer Fahrkarte/Fahrkarten Fahrplan Fahrrad Fahrzeug/Fahrzeuge Geschwindigkeit "
       "Kilometerstand Motor/Motoren "

@@ -24,7 +24,8 @@ namespace {
 constexpr std::uint64_t kYears = 1000;  // from here on a number is rather a year than an ordinal
 
 bool JoinsOrdinals(std::string_view word) {
-  return IsOneOf(word, {"und", "oder", "bis", "sowie", "u", "bzw", "beziehungsweise", ",", "/", "–", "-"});
+  return IsOneOf(word,
+                 {"und", "oder", "bis", "sowie", "u", "bzw", "beziehungsweise", "auf", ",", "/", "–", "-"});
 }
 
 // "3. und 4. Mai": another ordinal follows what joins them.

@@ -1,6 +1,7 @@
 #include "german/times.h"
 
 #include "german/dates.h"
+#include "german/durations.h"
 #include "german/grammar.h"
 #include "german/numberWords.h"
 #include "german/numbers.h"
@@ -11,7 +12,6 @@ namespace {
 
 constexpr std::uint64_t kHours = 24;
 constexpr std::uint64_t kMinutes = 60;
-constexpr std::uint64_t kFirstMorningHour = 6;  // fewer may as well be a duration
 
 struct Clock {
   std::uint64_t hour = 0;
@@ -21,11 +21,38 @@ struct Clock {
   std::size_t end = 0;  // the token behind
 };
 
+bool GoesBeforeTimes(std::string_view word) {
+  return IsOneOf(
+      WithLowerStart(word),
+      {"um",       "ab",       "gegen",      "von",        "bis",        "vor",       "nach",     "seit",
+       "zwischen", "beginn",   "start",      "einlass",    "ende",       "täglich",   "und",      "montag",
+       "dienstag", "mittwoch", "donnerstag", "freitag",    "samstag",    "sonntag",   "mo",       "di",
+       "mi",       "do",       "fr",         "sa",         "so",         "heute",     "morgen",   "uhr",
+       "morgens",  "abends",   "punkt",      "geöffnet",   "spätestens", "feiertags", "sonst",    "lieber",
+       "oder",     "beg",      "einl",       "treffpunkt", "treffpkt",   "boarding",  "abflug",   "abfahrt",
+       "ankunft",  "landung",  "training",   "probe",      "treffen",    "weckruf",   "check-in", "anpfiff",
+       "abf",      "ank",      "an",         "gg"});
+}
+
+}  // namespace
+
 std::optional<std::uint64_t> SixtiethAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 2, 2)) return std::nullopt;
   const auto value = DigitsAt(tokens, i, 2);
   return value && *value < kMinutes ? value : std::nullopt;
 }
+
+bool StandsBehindTimeWord(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  while (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", ",", ":", "("}) && before > 0)
+    --before;
+  // "ab ca. 17h".
+  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"ca", "circa", "etwa"}))
+    before = tokens.WordIndexBefore(before);
+  return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
+}
+
+namespace {
 
 // An hour, alone or with its minutes behind a colon or, when `withPoint`, behind a point.
 std::optional<Clock> ClockAt(const Tokens& tokens, std::size_t i, bool withPoint) {
@@ -60,29 +87,6 @@ std::string FirstClockWords(const Clock& clock) {
   return clock.minute && *clock.minute != 0 ? ClockWords(clock) : CardinalWords(clock.hour);
 }
 
-bool GoesBeforeTimes(std::string_view word) {
-  return IsOneOf(
-      WithLowerStart(word),
-      {"um",       "ab",       "gegen",      "von",        "bis",        "vor",       "nach",     "seit",
-       "zwischen", "beginn",   "start",      "einlass",    "ende",       "täglich",   "und",      "montag",
-       "dienstag", "mittwoch", "donnerstag", "freitag",    "samstag",    "sonntag",   "mo",       "di",
-       "mi",       "do",       "fr",         "sa",         "so",         "heute",     "morgen",   "uhr",
-       "morgens",  "abends",   "punkt",      "geöffnet",   "spätestens", "feiertags", "sonst",    "lieber",
-       "oder",     "beg",      "einl",       "treffpunkt", "treffpkt",   "boarding",  "abflug",   "abfahrt",
-       "ankunft",  "landung",  "training",   "probe",      "treffen",    "weckruf",   "check-in", "anpfiff",
-       "abf",      "ank",      "an",         "gg"});
-}
-
-bool IsWeekday(const Tokens& tokens, std::size_t i) {
-  std::size_t before = tokens.Before(i);
-  while (before != Tokens::kNone && IsOneOf(tokens.View(before), {".", ",", ":", "("}) && before > 0)
-    --before;
-  // "ab ca. 17h".
-  if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"ca", "circa", "etwa"}))
-    before = tokens.WordIndexBefore(before);
-  return before != Tokens::kNone && tokens.IsWord(before) && GoesBeforeTimes(tokens.View(before));
-}
-
 // One of the words stands near before the token.
 bool StandsNearBefore(const Tokens& tokens, std::size_t i, std::initializer_list<std::string_view> endings) {
   constexpr std::size_t kNear = 12;  // tokens
@@ -108,8 +112,9 @@ bool SpeaksOfOpening(const Tokens& tokens, std::size_t i) {
 
 // "um", but not "nach": that is as often before a duration.
 bool GoesWithClock(const Tokens& tokens, std::size_t i) {
-  return IsWeekday(tokens, i) && !IsOneOf(WithLowerStart(tokens.WordBefore(i)),
-                                          {"nach", "vor", "seit", "bis", "von", "und", "zwischen", "ende"});
+  return StandsBehindTimeWord(tokens, i) &&
+         !IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+                  {"nach", "vor", "seit", "bis", "von", "und", "zwischen", "ende"});
 }
 
 // The token behind "Uhr", or behind an "h" that means it; 0 without.
@@ -231,11 +236,11 @@ Found TimeSpanAt(const Tokens& tokens, std::size_t i) {
     return Phrase{end, begin + between + ClockWords(*second)};
   }
   // "Mo 10–11:30".
-  const bool hour =
-      second->byColon && dash && later && IsWeekday(tokens, i) && tokens.FreeBehind(second->end - 1);
+  const bool hour = second->byColon && dash && later && StandsBehindTimeWord(tokens, i) &&
+                    tokens.FreeBehind(second->end - 1);
   if (hour && !first->minute)
     return Phrase{second->end, FirstClockWords(*first) + between + ClockWords(*second)};
-  const bool named = first->minute && second->minute && IsWeekday(tokens, i);
+  const bool named = first->minute && second->minute && StandsBehindTimeWord(tokens, i);
   if (!named && (!first->byColon || !second->byColon)) return std::nullopt;
   return Phrase{second->end, ClockWords(*first) + between + ClockWords(*second)};
 }
@@ -312,9 +317,10 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, true);
   if (!clock) return std::nullopt;
   const bool glued = clock->end == tokens.Skip(clock->end);
-  const bool means = clock->minute
-                         ? IsWeekday(tokens, i) || clock->byColon || clock->hour >= kFirstMorningHour
-                         : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && IsWeekday(tokens, i));
+  const bool means =
+      clock->minute
+          ? StandsBehindTimeWord(tokens, i) || clock->byColon || clock->hour >= kFirstMorningHour
+          : GoesWithClock(tokens, i) || (glued && clock->hour > 12 && StandsBehindTimeWord(tokens, i));
   if (const std::size_t end = HourSignAt(tokens, clock->end, means || EndsAtHour(tokens, i, *clock));
       end != 0)
     return Phrase{end, ClockWords(*clock)};
@@ -329,7 +335,7 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
       HasSuffix(WithLowerStart(tokens.WordBefore(of)), {"stand", "ergebnis", "sieg", "führung", "rückstand",
                                                         "niederlage", "tore", "verhältnis", "torverhältnis"});
   if (score) return std::nullopt;
-  const bool named = (IsWeekday(tokens, i) && clock->hour >= kFirstMorningHour) ||
+  const bool named = (StandsBehindTimeWord(tokens, i) && clock->hour >= kFirstMorningHour) ||
                      StandsBehindStop(tokens, i) ||
                      IsOneOf(tokens.WordBefore(about ? sign - 1 : i),
                              {"Ende", "Schluss", "Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start",
@@ -338,107 +344,6 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   if (named && clock->minute && tokens.FreeBehind(clock->end - 1))
     return Phrase{clock->end, ClockWords(*clock)};
   return std::nullopt;
-}
-
-// Durations.
-
-struct Duration {
-  std::uint64_t parts[3] = {0, 0, 0};
-  std::size_t count = 0;
-  std::size_t end = 0;
-};
-
-std::optional<Duration> DurationDigitsAt(const Tokens& tokens, std::size_t i) {
-  const auto first = DigitsAt(tokens, i, 3);
-  if (!first || !tokens.FreeBefore(i)) return std::nullopt;
-  Duration duration{{*first, 0, 0}, 1, i + 1};
-  while (duration.count < 3 && tokens.Is(duration.end, ":") && SixtiethAt(tokens, duration.end + 1)) {
-    duration.parts[duration.count++] = *SixtiethAt(tokens, duration.end + 1);
-    duration.end += 2;
-  }
-  if (duration.count < 2) return std::nullopt;
-  return duration;
-}
-
-std::string PartWords(std::uint64_t value, std::string_view singular) {
-  return CardinalWords(value, "eine") + " " + std::string(singular) + (value == 1 ? "" : "n");
-}
-
-// The first part with the case that is asked for: "in einer Stunde".
-std::string FirstPartWords(const Tokens& tokens, std::size_t i, std::uint64_t value,
-                           std::string_view singular) {
-  if (value != 1) return PartWords(value, singular);
-  const std::string one = OneBefore(tokens, i, i + 1, AgreementOf(Gender::Feminine));
-  return one + " " + std::string(singular);
-}
-
-// "1:02,34 min": minutes and seconds with their parts.
-Found RaceTimeAt(const Tokens& tokens, std::size_t i) {
-  const auto minutes = DigitsAt(tokens, i, 2);
-  if (!minutes || !tokens.FreeBefore(i) || !tokens.Is(i + 1, ":") || !SixtiethAt(tokens, i + 2) ||
-      !tokens.Is(i + 3, ","))
-    return std::nullopt;
-  if (!tokens.IsNumber(i + 4, 1, 3) || !tokens.FreeBehind(i + 4)) return std::nullopt;
-  const std::string words = FirstPartWords(tokens, i, *minutes, "Minute") + " " +
-                            CardinalWords(*SixtiethAt(tokens, i + 2)) + " Komma " +
-                            DigitWords(tokens.View(i + 4)) + " Sekunden";
-  const auto unit = UnitAt(tokens, tokens.Skip(i + 5));
-  if (!unit || unit->singular != "Minute") return Phrase{i + 5, words};
-  const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
-  return Phrase{last ? unit->end - 1 : unit->end, words};
-}
-
-// "1:02:45,3 Std.": always a duration.
-Found LongRaceTimeAt(const Tokens& tokens, std::size_t i) {
-  const auto duration = DurationDigitsAt(tokens, i);
-  if (!duration || duration->count != 3 || !tokens.Is(duration->end, ",") ||
-      !tokens.IsNumber(duration->end + 1, 1, 3) || !tokens.FreeBehind(duration->end + 1))
-    return std::nullopt;
-  const std::string words = FirstPartWords(tokens, i, duration->parts[0], "Stunde") + " " +
-                            PartWords(duration->parts[1], "Minute") + " " +
-                            CardinalWords(duration->parts[2]) + " Komma " +
-                            DigitWords(tokens.View(duration->end + 1)) + " Sekunden";
-  const std::size_t end = duration->end + 2;
-  const auto unit = UnitAt(tokens, tokens.Skip(end));
-  if (!unit || unit->singular != "Stunde") return Phrase{end, words};
-  const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
-  return Phrase{last ? unit->end - 1 : unit->end, words};
-}
-
-// "12.9., 19:30 h": the time of a meeting, unless something that lasts is spoken of.
-bool NamesHour(const Tokens& tokens, std::size_t i, const Duration& duration) {
-  if (duration.parts[0] < kFirstMorningHour || duration.parts[0] > 23) return false;
-  const std::size_t before = tokens.Before(i);
-  if (before == Tokens::kNone || !IsOneOf(tokens.View(before), {",", ":", "(", "–", "-", "."})) return false;
-  const auto label = WithLowerStart(tokens.WordBefore(before));
-  return !HasSuffix(label, {"zeit", "dauer", "rekord", "stunden", "aufwand", "pensum"});
-}
-
-// "1:45:30 Std.", "2:15 h", "12:30 min".
-Found DurationAt(const Tokens& tokens, std::size_t i) {
-  const auto duration = DurationDigitsAt(tokens, i);
-  if (!duration) return std::nullopt;
-  const auto unit = UnitAt(tokens, tokens.Skip(duration->end));
-  if (!unit) return std::nullopt;
-  constexpr std::string_view kNames[] = {"Stunde", "Minute", "Sekunde"};
-  std::size_t name = 0;
-  if (unit->singular == "Minute") {
-    name = duration->count == 3 ? 0 : 1;
-  } else if (unit->singular != "Stunde") {
-    return std::nullopt;
-  }
-  if (tokens.Is(unit->end - 1, "h") && duration->count == 2 &&
-      (IsWeekday(tokens, i) || NamesHour(tokens, i, *duration)))
-    return std::nullopt;
-  std::string words;
-  for (std::size_t part = 0; part < duration->count && name < 3; ++part, ++name) {
-    if (duration->parts[part] == 0 && (part > 0 || duration->parts[1] > 0)) continue;
-    if (!words.empty()) words += ' ';
-    words += part == 0 ? FirstPartWords(tokens, i, duration->parts[0], kNames[name])
-                       : PartWords(duration->parts[part], kNames[name]);
-  }
-  const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
-  return Phrase{last ? unit->end - 1 : unit->end, words};
 }
 
 // Scores.
@@ -585,8 +490,8 @@ Found EnglishTimeAt(const Tokens& tokens, std::size_t i) {
 }  // namespace
 
 Found TimeAt(const Tokens& tokens, std::size_t i) {
-  for (const auto reading : {&EnglishTimeAt, &PartOfHourAt, &HalfHourAt, &RaceTimeAt, &LongRaceTimeAt,
-                             &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
+  for (const auto reading :
+       {&EnglishTimeAt, &PartOfHourAt, &HalfHourAt, &DurationAt, &TimeSpanAt, &FrenchTimeAt, &OneTimeAt}) {
     if (auto found = reading(tokens, i)) return found;
   }
   if (auto score = ScoreAt(tokens, i)) return score;

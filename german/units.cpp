@@ -341,6 +341,12 @@ std::optional<Unit> SimpleUnitAt(const Tokens& tokens, std::size_t i) {
     if (view == "Gr" && tokens.IsCapital(tokens.Skip(unit.end)) &&
         !IsOneOf(tokens.View(tokens.Skip(unit.end)), {"Ober", "Umluft", "Heißluft", "Celsius"}))
       unit.singular = unit.plural = unit.dativePlural = "Gramm";
+    // "bis 5 P.", but "1 P. Vanillezucker".
+    if (view == "P" && !tokens.IsCapital(tokens.Skip(unit.end))) {
+      unit.singular = "Person";
+      unit.plural = unit.dativePlural = "Personen";
+      unit.gender = kF;
+    }
     // "in 2 Bd.", but "1 Bd. Petersilie".
     if (view == "Bd" && !tokens.IsCapital(tokens.Skip(unit.end))) {
       unit.singular = "Band";
@@ -488,7 +494,13 @@ std::optional<Currency> CurrencyAt(const Tokens& tokens, std::size_t i) {
 
 std::optional<PerUnit> PerAt(const Tokens& tokens, std::size_t i) {
   if ((!tokens.Is(i, "/") && !tokens.Is(i, "∕")) || tokens.Is(i + 2, ":")) return std::nullopt;
-  return PerUnitBehind(tokens, i + 1);
+  auto per = PerUnitBehind(tokens, i + 1);
+  if (!per || !tokens.Is(per->end, "/") || tokens.IsNumber(per->end + 1)) return per;
+  // "15 €/Pers./Nacht", "75 kWh/m²/a".
+  constexpr std::string_view kPro = " pro ";
+  const auto second = PerUnitBehind(tokens, per->end + 1);
+  if (!second || !second->words.starts_with(kPro)) return per;
+  return PerUnit{per->words + " und " + second->words.substr(kPro.size()), second->end};
 }
 
 std::optional<Unit> MultipleAt(const Tokens& tokens, std::size_t i) {
