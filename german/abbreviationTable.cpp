@@ -552,7 +552,7 @@ constexpr Abbreviation kTable[] = {
     A{"Std.", "Stunde", DayBefore, Noun}, A{"Std.", "Stunde", OneOfTime, Noun},
     A{"Sek.", "Sekunde", DayBefore, Noun}, A{"Sek.", "Sekunde", OneOfTime, Noun},
     A{"rel.", "relativ", Described, Never, Adjective}, A{"rel.", "relativ", SmallWord}, A{"abs.", "absolut", Described, Never, Adjective},
-    A{"Abh.", "Abholung", SmallWord}, A{"OStR'in", "Oberstudienrätin"}, A{"StR'in", "Studienrätin"}, A{"NR-Haushalt", "Nichtraucherhaushalt"}, A{"HJ", "Halbjahr", DayBefore}, A{"höhenverst.", "höhenverstellbar", Anything, Never, Adjective}, A{"Matr.", "Matratze"},
+    A{"Abh.", "Abholung", SmallWord}, A{"OStR'in", "Oberstudienrätin"}, A{"StR'in", "Studienrätin"}, A{"NR-Haushalt", "Nichtraucherhaushalt"}, A{"HJ", "Halbjahr", DayBefore}, A{"Schj.", "Schuljahr"}, A{"Sj.", "Schuljahr", DayBefore}, A{"enth.", "enthalten", Closed}, A{"Ver.", "Version", Number}, A{"höhenverst.", "höhenverstellbar", Anything, Never, Adjective}, A{"Matr.", "Matratze"},
     A{"KdNr.", "Kundennummer"}, A{"ReNr.", "Rechnungsnummer"}, A{"RgNr.", "Rechnungsnummer"}, A{"BestNr.", "Bestellnummer"}, A{"ArtNr.", "Artikelnummer"}, A{"VertrNr.", "Vertragsnummer"}, A{"ZKB", "Zimmer, Küche, Bad"}, A{"ZKBB", "Zimmer, Küche, Bad, Balkon"}, A{"ZKDB", "Zimmer, Küche, Diele, Bad"},
     A{"HS", "Hauptsaison", Price}, A{"NS", "Nebensaison", Price}, A{"Haushaltsaufl.", "Haushaltsauflösung"}, A{"Stpl.", "Stellplatz"}, A{"TG-Stpl.", "Tiefgaragenstellplatz"},
     A{"erschl.", "erschlossen", Anything, Starter}, A{"kastr.", "kastriert", Anything, Starter}, A{"eFH", "elektrische Fensterheber"}, A{"ZV", "Zentralverriegelung", Listed},

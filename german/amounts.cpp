@@ -7,7 +7,6 @@
 #include "german/numberWords.h"
 #include "german/numbers.h"
 #include "german/ordinals.h"
-#include "german/spans.h"
 #include "german/unitSurroundings.h"
 #include "german/units.h"
 #include "german/wordLists.h"
@@ -190,9 +189,23 @@ std::string PerWords(const Tokens& tokens, std::size_t& end) {
   return per->words;
 }
 
+// "$4.99", "20.50 CHF": a point before the hundredths.
+void TakeHundredths(const Tokens& tokens, Quantity& quantity) {
+  const bool point =
+      quantity.number.IsWhole() && !quantity.number.whole.empty() && tokens.Is(quantity.end, ".") &&
+      tokens.IsNumber(quantity.end + 1, 2, 2) && tokens.FreeBehind(quantity.end + 1) &&
+      !(IsOneOf(tokens.View(quantity.end + 2), {".", ","}) && tokens.IsNumber(quantity.end + 3));
+  if (!point) return;
+  quantity.number.decimals = tokens.View(quantity.end + 1);
+  quantity.end += 2;
+  quantity.number.end = quantity.end;
+  quantity.one = false;
+}
+
 Found MoneyAt(const Tokens& tokens, std::size_t i, std::size_t first) {
-  const auto quantity = QuantityAt(tokens, i);
+  auto quantity = QuantityAt(tokens, i);
   if (!quantity) return std::nullopt;
+  if (CurrencyAt(tokens, tokens.Skip(quantity->end + 2))) TakeHundredths(tokens, *quantity);
   const std::size_t dashes = BehindDashes(tokens, quantity->end);
   const auto currency = CurrencyAt(tokens, tokens.Skip(dashes));
   // "KM 520,-": what else has such an end?
@@ -296,10 +309,7 @@ Found SumAt(const Tokens& tokens, std::size_t i, std::size_t first) {
 
 // "10–12 kg", "5 bis 7 €", "3 x 4 m", "5 % bis 7 %" is read in parts.
 
-struct Between {
-  std::string_view words;
-  std::size_t end = 0;
-};
+}  // namespace
 
 std::optional<Between> BetweenAt(const Tokens& tokens, std::size_t i) {
   const std::size_t at = tokens.Skip(i);
@@ -314,6 +324,8 @@ std::optional<Between> BetweenAt(const Tokens& tokens, std::size_t i) {
   if (times) return Between{" mal ", tokens.Skip(at + 1)};
   return std::nullopt;
 }
+
+namespace {
 
 // The first number of a range that a unit follows; a 1 stays "ein" before one.
 std::string FirstWords(const Quantity& quantity) {
@@ -384,8 +396,9 @@ Found CurrencyFirstAt(const Tokens& tokens, std::size_t i) {
   const auto currency = CurrencyAt(tokens, i);
   if (!currency || currency->isWord || (tokens.IsWord(i) && !tokens.FreeBefore(i))) return std::nullopt;
   const std::size_t at = tokens.Skip(currency->end);
-  const auto quantity = QuantityAt(tokens, at);
+  auto quantity = QuantityAt(tokens, at);
   if (!quantity || quantity->number.whole.empty()) return std::nullopt;
+  TakeHundredths(tokens, *quantity);
   if (const auto multiple = MultipleAt(tokens, tokens.Skip(quantity->end)))
     return Phrase{tokens.WithoutLastPoint(multiple->end),
                   MultipleWords(tokens, i, *quantity, *multiple) + " " + std::string(currency->name)};
@@ -408,74 +421,14 @@ Found SignedAt(const Tokens& tokens, std::size_t i) {
   if (auto amount = AmountAt(tokens, i + 1)) return Phrase{amount->end, name + amount->words};
   const auto number = NumberAt(tokens, i + 1);
   if (!number) return std::nullopt;
-  const bool degrees = UnitAt(tokens, tokens.Skip(number->end)).has_value();
+  const bool degrees =
+      UnitAt(tokens, tokens.Skip(number->end)).has_value() || tokens.Is(tokens.Skip(number->end), "bis");
   // At the beginning of a line it is the dash of a list.
   if (tokens.OpensLine(i) && !degrees && !tokens.IsLast(number->end - 1)) return std::nullopt;
   if (!tokens.FreeBehind(number->end - 1) || tokens.IsDashAt(number->end)) return std::nullopt;
   // "-12 bis -5 Grad": only the sign changes.
   if (number->IsWhole() && !number->grouped) return Phrase{i + 1, name};
   return Phrase{number->end, name + NumberText(*number)};
-}
-
-namespace {
-
-// Two digits that shorten the second year: "2019/20", "1914-18".
-bool ShortensYear(const WrittenNumber& first, const Tokens& tokens, std::size_t second) {
-  if (!first.IsYear() || !tokens.IsNumber(second, 2, 2) || first.value < 1100 || first.value > 2200)
-    return false;
-  return *DigitsAt(tokens, second, 2) == (first.value + 1) % 100 ||
-         *DigitsAt(tokens, second, 2) > first.value % 100;
-}
-
-std::string SpanWords(const WrittenNumber& number) {
-  return number.value >= 1100 ? NumberOrYearText(number) : NumberText(number);
-}
-
-}  // namespace
-
-Found SpanAt(const Tokens& tokens, std::size_t i) {
-  if (auto years = SeasonsAt(tokens, i)) return years;
-  if (auto pages = ShortenedSpanAt(tokens, i)) return pages;
-  const auto first = NumberAt(tokens, i);
-  if (!first) return std::nullopt;
-  const auto between = BetweenAt(tokens, first->end);
-  if (!between) return std::nullopt;
-  const std::size_t at = between->end;
-  // "2020–heute".
-  if (between->words == " bis " && IsOneOf(tokens.View(at), {"heute", "jetzt"}) && first->IsYear() &&
-      tokens.IsDashAt(tokens.Skip(first->end)))
-    return Phrase{at, NumberOrYearText(*first) + " bis "};
-  const auto second = NumberAt(tokens, at);
-  if (!second || !tokens.FreeBehind(second->end - 1) || tokens.IsDashAt(second->end)) return std::nullopt;
-  if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {"/", ".", ":"}))) return std::nullopt;
-  if (tokens.Is(second->end, "/") && tokens.IsNumber(second->end + 1)) return std::nullopt;
-  // "3–4 x tgl.": so many times.
-  const std::size_t times = tokens.Skip(second->end);
-  if (IsOneOf(tokens.View(times), {"x", "×"}) && !tokens.IsNumber(tokens.Skip(times + 1)))
-    return std::nullopt;
-  if (between->words == " mal ")
-    return Phrase{second->end, NumberText(*first) + " mal " + NumberText(*second)};
-  const bool word = tokens.Is(tokens.Skip(first->end), "bis");
-  const bool shortened = ShortensYear(*first, tokens, at);
-  const std::size_t era = tokens.Skip(second->end);  // "218–201 v. Chr."
-  const bool before =
-      tokens.Is(era, "v") && tokens.Is(era + 1, ".") && tokens.Is(tokens.Skip(era + 2), "Chr");
-  const bool rising = before || first->value < second->value || shortened ||
-                      (first->value == second->value && !first->IsWhole());
-  if (!word && (!rising || (first->whole.front() == '0' && first->whole.size() > 1) ||
-                (tokens.Is(first->end, "-") && CodeBefore(tokens, i))))
-    return std::nullopt;
-  if (!word && first->whole.size() > 4 && !first->grouped) return std::nullopt;
-  // "Art. 12-345": no range of articles is so wide.
-  if (!word && tokens.Is(first->end, "-") && LabelBefore(tokens, i) && first->value > 1 &&
-      second->value > 20 * first->value)
-    return std::nullopt;
-  const bool noun = NounBehind(tokens, tokens.Skip(second->end)) != Tokens::kNone;
-  const bool countsNoun = noun && !tokens.IsLast(second->end - 1) && !LabelBefore(tokens, i);
-  const bool year = first->IsYear() && (second->IsYear() || shortened) && !IsLabel(tokens.WordBefore(i));
-  std::string left = year ? SpanWords(*first) : NumberText(*first, countsNoun ? "ein" : "eins");
-  std::string right = year ? SpanWords(*second) : NumberText(*second);
-  return Phrase{second->end, left + " bis " + right};
 }
 
 namespace {

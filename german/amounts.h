@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "german/phrase.h"
 #include "german/tokens.h"
 
@@ -15,10 +18,14 @@ namespace lorelin {
 // "-5", "−3 °C", "+2 %": a sign before a number.
 [[nodiscard]] Found SignedAt(const Tokens& tokens, std::size_t i);
 
-// Ranges and products of mere numbers: "1914–1918", "3-4 Eier", "2019/20", "60 × 40".
-[[nodiscard]] Found SpanAt(const Tokens& tokens, std::size_t i);
-
 // "½", "3/4" without a unit.
 [[nodiscard]] Found FractionPhraseAt(const Tokens& tokens, std::size_t i);
+
+// What stands between the two numbers of a range or product, in words.
+struct Between {
+  std::string_view words;
+  std::size_t end = 0;
+};
+[[nodiscard]] std::optional<Between> BetweenAt(const Tokens& tokens, std::size_t i);
 
 }  // namespace lorelin

@@ -54,8 +54,13 @@ Found PercentPartAt(const Tokens& tokens, std::size_t i) {
   std::size_t next = sign + 1;
   if (tokens.Is(next, "-") && tokens.IsWord(next + 1) && !IsUpperWord(tokens.View(next + 1))) ++next;
   // "5 %-Punkten".
-  if (sign > number->end && tokens.Is(sign + 1, "-") && HasPrefix(tokens.View(sign + 2), {"Punkt"}))
-    return Phrase{sign + 3, NumberText(*number, "ein") + " Prozent" + WithLowerStart(tokens.View(sign + 2))};
+  if (sign > number->end && tokens.Is(sign + 1, "-") && HasPrefix(tokens.View(sign + 2), {"Punkt", "Pkt"})) {
+    const bool cut = tokens.Is(sign + 2, "Pkt") && tokens.Is(sign + 3, ".");
+    const std::string point(cut ? (number->IsOne() ? "punkt" : "punkte")
+                                : WithLowerStart(tokens.View(sign + 2)));
+    return Phrase{cut ? tokens.WithoutLastPoint(sign + 4) : sign + 3,
+                  NumberText(*number, "ein") + " Prozent" + point};
+  }
   const auto word = tokens.View(next);
   if (tokens.IsWord(next) && (word.starts_with("ig")))
     return Phrase{next + 1,
@@ -79,7 +84,12 @@ Found AdjectivePartAt(const Tokens& tokens, std::size_t i) {
   std::string words = number->IsWhole() ? PartWords(number->value) : NumberText(*number, "ein");
   if (!number->IsWhole()) return Phrase{part + 1, words + "-" + std::string(word)};
   if (IsUpperWord(word)) words = WithUpperStart(words);
-  return Phrase{part + 1, words + WithLowerStart(word)};
+  words += WithLowerStart(word);
+  if (word == "mal") {
+    if (const auto per = PerAt(tokens, part + 1))  // "3-mal/Sek."
+      return Phrase{tokens.WithoutLastPoint(per->end), words + per->words};
+  }
+  return Phrase{part + 1, words};
 }
 
 // What a number makes an adjective with, from what is left of it.

@@ -161,6 +161,7 @@ unsigned LookUpFirst(std::string_view word) {
   if (HasSuffix(word, {"teil", "band", "gehalt", "tor", "messer", "pauschale", "leiter", "feuchte"})) {
     if (const unsigned form = LookUpSensesOfLastPart(WithLowerStart(word))) return form;
   }
+  if (word == "Feuchte") return kFeminine;
   if (IsOneOf(word, {"Kfz", "KFZ", "Gewerk", "Dragee", "Sachet", "Reagenz", "Lot"})) return kNeuter;
   // Things, not what is done: "einen Gefallen".
   if (IsOneOf(word, {"Gefallen", "Korken", "Knoten", "Fetzen", "Zinken", "Samen", "Husten", "Rochen"}))

@@ -135,8 +135,10 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
       (!named && IsOneOf(tokens.View(i + 2), {"der", "dieser", "unserer", "ihrer"})))
     return OneOfMany(tokens, i);  // "nur 1 der 5 Kandidaten", but "Platz 1 der Charts"
   if (const auto least = LeastOfAt(tokens, i)) return least;
-  // "1 oder 2 Tage".
-  if (IsOneOf(tokens.View(i + 2), {"oder", "bis"}) && tokens.IsNumber(i + 4) && tokens.IsCapital(i + 6))
+  // "1 oder 2 Tage", "1 od. 2 Tage".
+  const std::size_t joint = tokens.Is(i + 2, "od") && tokens.Is(i + 3, ".") ? i + 3 : i + 2;
+  if ((IsOneOf(tokens.View(i + 2), {"oder", "bis"}) || joint > i + 2) && tokens.IsNumber(joint + 2) &&
+      tokens.IsCapital(joint + 4))
     return Phrase{i + 1, "ein"};
   const std::size_t noun = NounBehind(tokens, i + 2);
   if (noun == Tokens::kNone) {
@@ -272,7 +274,10 @@ Found TimesAt(const Tokens& tokens, std::size_t i) {
   if (!times || !tokens.FreeBehind(at) || (tokens.IsNumber(tokens.Skip(at + 1)) && !each))
     return std::nullopt;
   constexpr std::uint64_t kThousand = 1000;  // "tausendmal"
-  return Phrase{at + 1, (*number == kThousand ? "tausend" : CardinalWords(*number, "ein")) + "mal"};
+  const std::string words = (*number == kThousand ? "tausend" : CardinalWords(*number, "ein")) + "mal";
+  if (const auto per = PerAt(tokens, at + 1))  // "4x/d"
+    return Phrase{tokens.WithoutLastPoint(per->end), words + per->words};
+  return Phrase{at + 1, words};
 }
 
 // "1-2x täglich", "2–3 mal".

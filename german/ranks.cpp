@@ -49,7 +49,7 @@ std::size_t VerbBeforeContest(const Tokens& tokens, std::size_t last) {
 
 // "Er wurde in 9,98 s nur 3.": with such a word it is no age, whatever stands between.
 std::size_t VerbBeforeOnly(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 16;  // tokens
+  constexpr std::size_t kNear = 24;  // tokens
   const std::size_t only = tokens.WordIndexBefore(i);
   if (only == Tokens::kNone ||
       !IsOneOf(tokens.View(only), {"nur", "immerhin", "sogar", "Rückstand", "Vorsprung", "Abstand", "damit",
@@ -83,7 +83,7 @@ std::size_t VerbOfRank(const Tokens& tokens, std::size_t i) {
   std::size_t at = tokens.WordIndexBefore(i);
   if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"nur", "sogar", "nicht", "leider", "immerhin"}))
     at = tokens.WordIndexBefore(at);
-  if (at == Tokens::kNone) return at;
+  if (at == Tokens::kNone) return VerbBeforeOnly(tokens, i);  // "wurde 1997 Vierte, 1999 sogar 2."
   if (IsOneOf(tokens.View(at), {"er", "sie"}) && IsOneOf(tokens.WordBefore(at), {"wurde", "wird"}) &&
       SpeaksOfContest(tokens, i))
     return tokens.WordIndexBefore(at);

@@ -19,6 +19,7 @@
 #include "german/romans.h"
 #include "german/scripture.h"
 #include "german/signs.h"
+#include "german/spans.h"
 #include "german/times.h"
 #include "german/units.h"
 #include "german/wordLists.h"

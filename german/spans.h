@@ -12,4 +12,7 @@ namespace lorelin {
 // Pages of which the last is written without the digits that stay the same: "S. 210-14", "S. 133–9".
 [[nodiscard]] Found ShortenedSpanAt(const Tokens& tokens, std::size_t i);
 
+// Ranges and products of mere numbers: "1914–1918", "3-4 Eier", "2019/20", "60 × 40".
+[[nodiscard]] Found SpanAt(const Tokens& tokens, std::size_t i);
+
 }  // namespace lorelin

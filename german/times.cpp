@@ -270,6 +270,17 @@ bool IsMovedInTime(const Tokens& tokens, std::size_t i) {
   return false;
 }
 
+// "einen Tisch für 19 h".
+bool IsBookedFor(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 16;  // tokens
+  for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear; ++at) {
+    if (HasPrefix(WithLowerStart(tokens.View(at)), {"reservi", "tisch", "termin", "gebucht", "einladung",
+                                                    "eingeladen", "angekündigt", "bestellt"}))
+      return true;
+  }
+  return false;
+}
+
 // "Mo., 3.2., 7 h", "am 5. Mai, 18 h".
 bool StandsBehindDate(const Tokens& tokens, std::size_t i) {
   const std::size_t comma = tokens.Before(i);
@@ -291,6 +302,7 @@ bool EndsAtHour(const Tokens& tokens, std::size_t i, const Clock& clock) {
               {"wäre", "passt", "geht", "klappt", "ginge"}))
     return true;
   if (tokens.WordBefore(i) == "auf" && clock.hour >= kFirstMorningHour) return IsMovedInTime(tokens, i);
+  if (tokens.WordBefore(i) == "für" && clock.hour >= kFirstMorningHour) return IsBookedFor(tokens, i);
   constexpr std::uint64_t kEvening = 19;
   const bool behindNach = tokens.WordBefore(i) == "nach" && clock.hour >= kEvening;  // "nach 22 h"
   if (!(IsOneOf(tokens.WordBefore(i), {"bis", "vor", "seit"}) || behindNach) ||
@@ -310,6 +322,17 @@ bool StandsBehindStop(const Tokens& tokens, std::size_t i) {
     at = tokens.WordIndexBefore(at);
   return at != Tokens::kNone && IsOneOf(tokens.View(at), {"Abfahrt", "Ankunft", "Abflug", "Landung",
                                                           "Weiterfahrt", "Rückfahrt", "Hinfahrt"});
+}
+
+// "Ortszeit war 16.15", "Startzeit: 9.30".
+bool IsNamedTime(const Tokens& tokens, std::size_t i) {
+  std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  const bool joined = IsOneOf(tokens.View(before), {":", "war", "ist", "wäre"});
+  if (joined) before = tokens.Before(before);
+  return before != Tokens::kNone &&
+         HasSuffix(tokens.View(before), {"Ortszeit", "Uhrzeit", "Startzeit", "Abfahrtszeit", "Ankunftszeit",
+                                         "Anfangszeit", "Abflugzeit", "Weckzeit"});
 }
 
 // The list "8, 10 und 12 Uhr" stays numbers; one time is read.
@@ -335,7 +358,8 @@ Found OneTimeAt(const Tokens& tokens, std::size_t i) {
       HasSuffix(WithLowerStart(tokens.WordBefore(of)), {"stand", "ergebnis", "sieg", "führung", "rückstand",
                                                         "niederlage", "tore", "verhältnis", "torverhältnis"});
   if (score) return std::nullopt;
-  const bool named = (StandsBehindTimeWord(tokens, i) && clock->hour >= kFirstMorningHour) ||
+  const bool named = IsNamedTime(tokens, i) ||
+                     (StandsBehindTimeWord(tokens, i) && clock->hour >= kFirstMorningHour) ||
                      StandsBehindStop(tokens, i) ||
                      IsOneOf(tokens.WordBefore(about ? sign - 1 : i),
                              {"Ende", "Schluss", "Abfahrt", "Ankunft", "Beginn", "Treffpunkt", "Start",

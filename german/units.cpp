@@ -432,7 +432,7 @@ std::optional<PerUnit> PerUnitBehind(const Tokens& tokens, std::size_t i) {
   }
   // "20 ct/Anruf": whatever is counted.
   const Noun noun = NounOf(tokens.View(i));
-  if (tokens.IsCapital(i) && noun.whole && noun.singular && tokens.FreeBehind(i) && !tokens.IsDashAt(i + 1) &&
+  if (tokens.IsCapital(i) && noun.known && noun.singular && tokens.FreeBehind(i) && !tokens.IsDashAt(i + 1) &&
       i >= 2 && !tokens.IsBlank(i - 2))
     return PerUnit{" pro " + std::string(tokens.View(i)), i + 1};
   return std::nullopt;

@@ -124,6 +124,13 @@ TEST(SpokenGermanTest, ReadsAnOrdinalBeforeAPriceOrYear) {
             "Das erste Kind kam neunzehnhundertachtundneunzig, das zweite zweitausendeins.");
 }
 
+TEST(SpokenGermanTest, ReadsPricesWithAPointAndPerTwoThings) {
+  EXPECT_EQ(Spoken("Es kostet 4.99 € oder $3.50."),
+            "Es kostet vier Euro neunundneunzig oder drei Dollar fünfzig.");
+  EXPECT_EQ(Spoken("Es kostet 15 €/Pers./Nacht."), "Es kostet fünfzehn Euro pro Person und Nacht.");
+  EXPECT_EQ(Spoken("Er nimmt es 4x/d ein."), "Er nimmt es viermal pro Tag ein.");
+}
+
 TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
   const std::string bytes("\xFF\xC3 \0\x80 \xE2\x80 \xC2", 10);
   EXPECT_EQ(Spoken(bytes), bytes);
