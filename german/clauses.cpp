@@ -163,9 +163,14 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   if (verb == Tokens::kNone || !tokens.IsWord(verb) || tokens.IsCapital(verb)) return false;
   const auto word = tokens.View(verb);
   const bool past = HasSuffix(word, {"te", "ten"}) && word != "bitte" && !IsOrdinalWord(word);
-  const bool verbal = (IsVerb(word) || TakesObject(word) || past || (reflexive && word.ends_with('t'))) &&
-                      !IsPronoun(word) && !IsOneOf(word, {"bitte", "heißt"}) &&
-                      !(word.ends_with('e') && !past);  // "kaufe" has its subject
+  // "Im Stall leben 1 Esel und 2 Ziegen"
+  const bool many = word.ends_with("en") && word.size() > 4 && !CaseOfPreposition(word) &&
+                    !StartsSentences(WithUpperStart(word)) && !IsDegreeWord(word) && !IsDeterminer(word) &&
+                    !IsOneOf(word, {"zusammen", "daneben", "hinten", "außen"});
+  const bool verbal =
+      (IsVerb(word) || TakesObject(word) || past || many || (reflexive && word.ends_with('t'))) &&
+      !IsPronoun(word) && !IsOneOf(word, {"bitte", "heißt"}) &&
+      !(word.ends_with('e') && !past);  // "kaufe" has its subject
   std::size_t first = verb;
   for (int step = 0; step < 2 * kWordsInClause; ++step) {
     const std::size_t before = tokens.Before(first);

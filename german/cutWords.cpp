@@ -182,6 +182,8 @@ std::optional<CutWord> CutWordAt(const Tokens& tokens, std::size_t i) {
   const bool determined = tokens.IsCapital(i) && IsDeterminer(tokens.WordBefore(i));
   const bool name = NounFollows(tokens, i + 1);  // "Der Komp. J. S. Bach"
   if (determined && (tokens.IsLast(i + 1) || name) && written.size() > kShortest) return cut;
+  // "Bundespräs. Steinmeier".
+  if (name && HasSuffix(cut->words, {"präsident", "minister", "kanzler", "direktor"})) return cut;
   if (cut->kind == CutKind::Adjective && NounFollows(tokens, i + 1)) return cut;
   // At the end of the sentence so many letters are no other word.
   const bool manyLetters = !cut->compound && written.size() > kShortest + 1 && tokens.IsLast(i + 1);

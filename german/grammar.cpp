@@ -95,7 +95,8 @@ std::string_view WholeWord(std::string_view word) {
                               {"lt", "laut"},         {"jd", "jeden"},
                               {"unt", "unter"},       {"a", "an"},
                               {"gem", "gemäß"},       {"innerh", "innerhalb"},
-                              {"wg", "wegen"},        {"ggü", "gegenüber"}};
+                              {"wg", "wegen"},        {"i", "in"},
+                              {"ggü", "gegenüber"}};
   for (const Short& one : kShort) {
     if (one.written == word) return one.spoken;
   }
@@ -105,10 +106,11 @@ std::string_view WholeWord(std::string_view word) {
 // "der stellv. Vors.": an adjective that is cut between the article and its noun.
 bool IsCutAdjective(std::string_view word) {
   return IsOneOf(
-      word, {"stellv", "stv",  "ehem",  "sog",     "gen",     "ges",   "lfd",    "dt",     "städt", "staatl",
-             "ev",     "kath", "allg",  "gesetzl", "öffentl", "jährl", "mtl",    "monatl", "tägl",  "max",
-             "min",    "evtl", "ärztl", "techn",   "kfm",     "wiss",  "versch", "div",    "gr",    "kl",
-             "amtl",   "örtl", "jew",   "entspr",  "zust",    "spät",  "spätest"});
+      word, {"stellv", "stv",  "ehem",  "sog",     "gen",     "ges",   "lfd",     "dt",     "städt", "staatl",
+             "ev",     "kath", "allg",  "gesetzl", "öffentl", "jährl", "mtl",     "monatl", "tägl",  "max",
+             "min",    "evtl", "ärztl", "techn",   "kfm",     "wiss",  "versch",  "div",    "gr",    "kl",
+             "amtl",   "örtl", "jew",   "entspr",  "zust",    "spät",  "spätest", "franz",  "frz",   "russ",
+             "ital",   "brit", "engl",  "poln",    "span",    "türk",  "österr"});
 }
 
 // Over the point of "ca." to the word itself.

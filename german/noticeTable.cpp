@@ -84,7 +84,7 @@ constexpr Abbreviation kTable[] = {
     A{"d. Inn.", "des Inneren"}, A{"verarb. wir", "verarbeiten wir"}, A{"abzugsf.", "abzugsfähig"},
     A{"Reisepassnr.", "Reisepassnummer"}, A{"wh.", "wohnhaft"}, A{"Fahrerl.", "Fahrerlaubnis"},
     // Medicine.
-    A{"ü.", "über", Number}, A{"art.", "arteriell", Described, Never, Adjective},
+    A{"ü.", "über", Number}, A{"ü.", "über", Name}, A{"art.", "arteriell", Described, Never, Adjective},
     A{"b. Verschl.", "bei Verschlechterung"}, A{"verschr.-pfl.", "verschreibungspflichtig"},
     A{"Apothekenpfl.", "Apothekenpflichtig"}, A{"reichl.", "reichlich"}, A{"unverd.", "unverdünnt"},
     A{"V. a. auf", "Verdacht auf"}, A{"Allg.-Zustand", "Allgemeinzustand"}, A{"AU-Besch.", "AU-Bescheinigung"},

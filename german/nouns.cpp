@@ -219,14 +219,13 @@ Noun NounOf(std::string_view word) {
 }
 
 bool IsWeakNominative(std::string_view word) {
-  const auto bent = [](const std::string& form) {
-    const Noun other = NounOf(form);
-    return other.whole && other.singular && other.plural && other.gender == Gender::Masculine;
-  };
+  const bool weak = HasSuffix(word, {"e", "ent", "ant", "ist", "at", "et", "it", "ot", "oph", "arch"}) ||
+                    IsOneOf(word, {"Mensch", "Herr", "Bär", "Held", "Nachbar", "Bauer", "Fürst", "Graf",
+                                   "Prinz", "Narr", "Christ", "Zar", "Fink", "Spatz"});
   const Noun noun = NounOf(word);
-  return noun.whole && noun.singular && !noun.plural && !word.ends_with("or") &&
-         noun.gender == Gender::Masculine &&
-         (bent(std::string(word) + "n") || bent(std::string(word) + "en"));
+  if (!weak || !noun.whole || !noun.singular || noun.gender != Gender::Masculine) return false;
+  const Noun bent = NounOf(std::string(word) + (word.ends_with('e') || word.ends_with("ar") ? "n" : "en"));
+  return bent.whole && bent.singular && bent.plural && bent.gender == Gender::Masculine;
 }
 
 }  // namespace lorelin

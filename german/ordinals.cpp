@@ -271,6 +271,12 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
   if (value >= kYears && (GoesBeforeYears(tokens.WordBefore(i)) || !DeterminesOne(tokens, i)))
     return PointMeaning::Sentence;
   if (StandsBehindOrdinal(tokens, i)) return PointMeaning::Ordinal;
+  // "ist die 7. Klingeln ist zwecklos": the noun of another sentence.
+  const std::size_t article = tokens.WordIndexBefore(i);
+  if (article != Tokens::kNone && tokens.Is(article, "die") && noun.known &&
+      !(noun.singular && noun.gender == Gender::Feminine) && IsLinkingVerb(tokens.WordBefore(article)) &&
+      IsLinkingVerb(tokens.View(tokens.Skip(next + 1))))
+    return PointMeaning::Sentence;
   if (DeterminesOne(tokens, i)) {
     // "Er kommt am 5. Peter nicht."
     const bool day = IsOneOf(tokens.WordBefore(i), {"am", "Am", "vom", "zum", "dem"});

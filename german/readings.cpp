@@ -80,8 +80,8 @@ bool IsOfWoman(const Tokens& tokens, std::size_t i) {
 
 // "sog." with the ending of its case; an adverb where no noun follows.
 std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, const std::string& words) {
-  if (words == "Vorsitzend" || words == "Beklagt") {
-    const bool many = words == "Beklagt" && NamesSeveral(tokens, end);
+  if (IsOneOf(words, {"Vorsitzend", "Beklagt", "Angeklagt"})) {
+    const bool many = words != "Vorsitzend" && NamesSeveral(tokens, end);
     const Gender gender = IsOfWoman(tokens, i) ? Gender::Feminine : Gender::Masculine;
     return words + std::string(EndingAt(tokens, i, {gender, many, false, true}));
   }
@@ -279,7 +279,11 @@ std::string OurWord(const Tokens& tokens, std::size_t end) {
 std::string HisWord(const Tokens& tokens, std::size_t i, std::size_t end) {
   const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   const Agreement agreement = AgreementAt(tokens, noun);
-  if (!HasPreposition(tokens, i) || !agreement.known || !tokens.IsCapital(tokens.Skip(end))) return "siehe";
+  const bool object =
+      IsOneOf(tokens.WordBefore(i), {"hat", "hatte", "verlor", "behielt", "verkaufte", "verlegte", "verließ",
+                                     "beendete", "begann", "verbrachte"});
+  if (!(HasPreposition(tokens, i) || object) || !agreement.known || !tokens.IsCapital(tokens.Skip(end)))
+    return "siehe";
   if (!agreement.plural) return "s" + OneBefore(tokens, i, noun + 1, agreement);
   return CaseAt(tokens, i, noun + 1) == Case::Dative ? "seinen" : "seine";
 }
@@ -308,7 +312,8 @@ Found AbbreviationPhraseAt(const Tokens& tokens, std::size_t i) {
   if (written == "u. a." && (JoinsPlural(tokens, i, found->end) || EndsNames(tokens, i, found->end)))
     words = NamesInDative(tokens, i) ? "und anderen" : "und andere";
   if (IsOneOf(written, {"o. Ä.", "o. ä.", "u. Ä.", "u. ä."}) && NamesInDative(tokens, i)) words.back() = 'm';
-  if (written == "i. d.") words = IsManOrThing(tokens, tokens.Skip(found->end)) ? "in dem" : "in der";
+  if (written == "i. d.")
+    words = IsManOrThing(tokens, NounBehind(tokens, tokens.Skip(found->end))) ? "in dem" : "in der";
   if (written == "a. d.") words = OutOfOrAt(tokens, i, found->end);
   if (written == "z." && words == "zum" && LooksLikePlace(tokens.View(tokens.Skip(found->end)))) words = "zu";
   if (written == "z." && words == "zum" && ToHer(tokens, found->end)) words = "zur";

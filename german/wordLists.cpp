@@ -206,7 +206,7 @@ bool StartsSentences(std::string_view word) {
       "Seitdem Bisher Künftig Zurzeit Derzeit Momentan Mittlerweile Plötzlich Endlich Sogar Besonders Vor "
       "Neu Neue Letzte Letzten Nächste "
       "Nächsten Gut Schön Schade Klar Okay Ok Lass Lasst Kannst Bist Hast Weißt Siehst Mir Mich Uns Dir Dich "
-      "Euch Ihm Ihn Ihnen Genaueres Näheres Einzelheiten "
+      "Euch Ihm Ihn Ihnen Guten Herzlichen Herzliche Genaueres Näheres Einzelheiten "
       "Andernfalls Ansonsten Hingegen Stattdessen Daraufhin Daneben Dahinter Dennoch Indes Indessen "
       "Wiederum Ausnahmsweise Anfangs Anfänglich Ursprünglich Einst Fortan Seither Einmal Zweimal "
       "Beispielsweise Möglicherweise Glücklicherweise Hierfür Hiervon Hieraus Daraus Dementsprechend "

@@ -37,6 +37,8 @@ TEST(SpokenGermanTest, ReadsSumsBelowOneAndNumbersOfComputers) {
 TEST(SpokenGermanTest, TellsBySomebodysNameWhoDoesSomething) {
   EXPECT_EQ(Spoken("Nachts rief 1 Nachbar die Polizei."), "Nachts rief ein Nachbar die Polizei.");
   EXPECT_EQ(Spoken("Nachts rief er 1 Arzt."), "Nachts rief er einen Arzt.");
+  EXPECT_EQ(Spoken("Du kannst 1 Zeuge sein."), "Du kannst ein Zeuge sein.");
+  EXPECT_EQ(Spoken("Im Stall leben 1 Esel und 2 Ziegen."), "Im Stall leben ein Esel und zwei Ziegen.");
 }
 
 TEST(SpokenGermanTest, ReadsTheSecondNameBehindTheNumberOfARuler) {
@@ -81,6 +83,12 @@ TEST(SpokenGermanTest, TellsTheSubjectBehindAPhraseAndItsVerb) {
 TEST(SpokenGermanTest, KeepsClausesApartThatEndWithAnInfinitive) {
   EXPECT_EQ(Spoken("Suppe mit 1 EL Öl aufkochen und 1 Apfel reiben."),
             "Suppe mit einem Esslöffel Öl aufkochen und einen Apfel reiben.");
+}
+
+TEST(SpokenGermanTest, ReadsTitlesThatAreCutBeforeNames) {
+  EXPECT_EQ(Spoken("Es kam Bundespräs. Steinmeier."), "Es kam Bundespräsident Steinmeier.");
+  EXPECT_EQ(Spoken("Sie traf den franz. Staatspräs. Macron."),
+            "Sie traf den französischen Staatspräsidenten Macron.");
 }
 
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
