@@ -380,6 +380,14 @@ std::optional<std::string_view> EndingBehindNumber(const Tokens& tokens, std::si
   return governor.byPreposition == Case::Genitive ? "er" : "e";
 }
 
+// Behind "der", "dieser", or "d." that stands for one of them.
+std::string_view BehindArticle(const Tokens& tokens, std::size_t i, const Governor& governor,
+                               const Agreement& noun) {
+  const auto ending = governor.word == "d" ? EndingOfCutArticle(tokens, i, governor, noun)
+                                           : EndingOfDeterminer(governor.word);
+  return BehindDer(ending, governor, noun);
+}
+
 // "Zahlen Sie auf u. g. Konto".
 bool NamesAccountBehind(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 8;  // tokens
@@ -396,8 +404,7 @@ std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& 
   Governor governor = GovernorOf(tokens, i);
   if (governor.kind == Kind::None && !governor.byPreposition)
     governor.byPreposition = CaseOfEarlierPreposition(tokens, i);
-  if (governor.word == "d") return BehindDer(EndingOfCutArticle(tokens, i, governor, noun), governor, noun);
-  if (governor.kind == Kind::Definite) return BehindDer(EndingOfDeterminer(governor.word), governor, noun);
+  if (governor.kind == Kind::Definite) return BehindArticle(tokens, i, governor, noun);
   if (governor.kind == Kind::Indefinite) return BehindEin(EndingOfDeterminer(governor.word), noun);
   Case asked = governor.byPreposition.value_or(Case::Nominative);
   if (noun.bent && governor.kind == Kind::None) {
@@ -559,7 +566,7 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
                          !CaseOfPreposition(tokens.WordBefore(tokens.WordIndexBefore(first)));
   const bool relative = OpensRelativeClause(tokens, first) || everybody;
   if (governor.kind == Kind::Definite && !relative)
-    return "ein" + std::string(BehindDer(EndingOfDeterminer(governor.word), governor, noun));
+    return "ein" + std::string(BehindArticle(tokens, first, governor, noun));
   constexpr std::array<std::array<std::string_view, 4>, 3> kForms{
       std::array<std::string_view, 4>{"ein", "eines", "einem", "einen"},
       {"eine", "einer", "einer", "eine"},
