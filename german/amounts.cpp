@@ -468,7 +468,9 @@ bool MayBeFraction(const Tokens& tokens, std::size_t i, const Fraction& fraction
               {"der", "des", "aller", "davon", "von", "seiner", "ihrer", "unserer", "meiner", "dieser"}))
     return true;
   const bool usual = IsOneOf(tokens.View(fraction.end - 1), {"2", "3", "4", "5", "6", "8", "10", "100"});
-  if (tokens.IsCapital(next) && next > fraction.end) return !StartsSentences(tokens.View(next)) && usual;
+  const bool answer = IsOneOf(tokens.View(next), {"Ja", "Nein"});  // "1/3 Nein"
+  if (tokens.IsCapital(next) && next > fraction.end)
+    return (answer || !StartsSentences(tokens.View(next))) && usual;
   return usual;
 }
 
@@ -505,6 +507,9 @@ Found FractionPhraseAt(const Tokens& tokens, std::size_t i) {
   if (!fraction || !MayBeFraction(tokens, i, *fraction)) return std::nullopt;
   if (auto half = FractionOfNoun(tokens, i, *fraction)) return half;
   if (fraction->denominator == 2) return Phrase{fraction->end, FractionText(*fraction)};
+  // "ein 1/4 der Befragten"
+  if (fraction->numerator == 1 && IsOneOf(tokens.WordBefore(i), {"ein", "Ein"}))
+    return Phrase{fraction->end, WithUpperStart(OrdinalWords(fraction->denominator, "el"))};
   const bool dative = CaseAt(tokens, i, fraction->end) == Case::Dative;
   const bool many = fraction->numerator > 1 && dative;
   // "der Kläger zu 1/3".

@@ -482,17 +482,20 @@ bool IsSuperlative(std::string_view word) {
          HasSuffix(word, {"te", "ten", "ter", "tes", "tem"});
 }
 
-// "der 3.-jüngste Torschütze", "die 2. größte Stadt".
+// "der 3.-jüngste Torschütze", "die 2. größte Stadt", "die 2.-Beste". Joined to its place any is one.
 Found SuperlativeAt(const Tokens& tokens, std::size_t i) {
   const auto place = DigitsAt(tokens, i, 2);
   if (!place || *place < 2 || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t word = i + 3;
-  if (!(tokens.Is(i + 2, "-") || tokens.IsBlank(i + 2))) return std::nullopt;
-  if (tokens.Is(i + 2, "-") && tokens.IsCapital(word) && IsSuperlative(WithLowerStart(tokens.View(word))))
-    return Phrase{word + 1, WithUpperStart(OrdinalWords(*place, "")) + WithLowerStart(tokens.View(word))};
-  if (!IsSuperlative(tokens.View(word))) return std::nullopt;
-  if (tokens.IsBlank(i + 2) && !HasDeterminer(tokens, i)) return std::nullopt;
-  return Phrase{word + 1, OrdinalWords(*place, "") + std::string(tokens.View(word))};
+  const std::string adjective = WithLowerStart(tokens.View(word));
+  const bool joined =
+      tokens.Is(i + 2, "-") && tokens.IsWord(word) &&
+      (IsSuperlative(adjective) ||
+       (!tokens.IsCapital(word) && HasSuffix(adjective, {"ste", "sten", "ster", "stes", "stem"})));
+  const bool parted = tokens.IsBlank(i + 2) && HasDeterminer(tokens, i) && IsSuperlative(tokens.View(word));
+  if (!joined && !parted) return std::nullopt;
+  const std::string number = OrdinalWords(*place, "");
+  return Phrase{word + 1, (tokens.IsCapital(word) ? WithUpperStart(number) : number) + adjective};
 }
 
 // "die 3.-Platzierte", "ein 4.-Klässler".

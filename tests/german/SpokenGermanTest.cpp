@@ -91,6 +91,16 @@ TEST(SpokenGermanTest, ReadsTitlesThatAreCutBeforeNames) {
             "Sie traf den französischen Staatspräsidenten Macron.");
 }
 
+TEST(SpokenGermanTest, JoinsPlacesWithSuperlativesAndClasses) {
+  EXPECT_EQ(Spoken("das 2.-beliebteste Ziel"), "das zweitbeliebteste Ziel");
+  EXPECT_EQ(Spoken("der 3.-Größte"), "der Drittgrößte");
+  EXPECT_EQ(Spoken("ein 4.-Klässler"), "ein Viertklässler");
+}
+
+TEST(SpokenGermanTest, ReadsAFractionBehindItsArticle) {
+  EXPECT_EQ(Spoken("ein 1/4 der Leute"), "ein Viertel der Leute");
+}
+
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
   EXPECT_EQ(Spoken("bei starken Beschw. anrufen"), "bei starken Beschwerden anrufen");
   EXPECT_EQ(Spoken("bei einer starken Beschw. anrufen"), "bei einer starken Beschwerde anrufen");
