@@ -261,12 +261,6 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
   return Tokens::kNone;
 }
 
-bool IsExtent(std::string_view word) {
-  return IsOneOf(word, {"lang",     "hoch",    "breit",  "tief",   "dick",  "schwer", "groß",   "weit",
-                        "entfernt", "alt",     "später", "früher", "zuvor", "danach", "länger", "höher",
-                        "mehr",     "weniger", "lange",  "vorher", "vorn",  "vorne",  "zurück", "hinten"});
-}
-
 // "in 1 cm dicke Scheiben": the measure belongs to the adjective, whatever stands before it.
 bool IsBentExtent(std::string_view word) {
   const std::size_t ending = HasSuffix(word, {"en", "er", "es", "em"}) ? 2 : 1;

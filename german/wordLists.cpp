@@ -247,6 +247,12 @@ bool IsWomansName(std::string_view name) {
   return words.Has(name) || (name.ends_with('s') && words.Has(name.substr(0, name.size() - 1)));
 }
 
+bool IsExtent(std::string_view word) {
+  return IsOneOf(word, {"lang",     "hoch",    "breit",  "tief",   "dick",  "schwer", "groß",   "weit",
+                        "entfernt", "alt",     "später", "früher", "zuvor", "danach", "länger", "höher",
+                        "mehr",     "weniger", "lange",  "vorher", "vorn",  "vorne",  "zurück", "hinten"});
+}
+
 bool IsVessel(std::string_view word) {
   return IsOneOf(word, {"Glas", "Tasse", "Becher", "Eimer", "Kanne", "Flasche", "Schüssel", "Schale",
                         "Esslöffel", "Teelöffel", "Portion", "Person", "Gießkanne", "Topf", "Krug"});

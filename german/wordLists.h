@@ -24,6 +24,9 @@ namespace lorelin {
 // "seit", "Sommer": a number of four digits behind it is a year.
 [[nodiscard]] bool GoesBeforeYears(std::string_view word);
 
+// "lang", "entfernt", "später": how far or how long, behind a measure.
+[[nodiscard]] bool IsExtent(std::string_view word);
+
 // "20 Tropfen auf 1 Glas Wasser".
 [[nodiscard]] bool IsVessel(std::string_view word);
 
