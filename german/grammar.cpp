@@ -254,7 +254,9 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
   std::size_t at = OverPoint(tokens, tokens.Before(sign ? i - 1 : i));
   for (int step = 0; step < 4 && at != Tokens::kNone && tokens.IsWord(at); ++step) {
     const std::string word = WithLowerStart(tokens.View(at));
-    if (CaseOfPreposition(WholeWord(word)) || WholeWord(word) == "vom") return at;
+    // "m" without its point are metres.
+    const std::string whole(word.size() > 1 || tokens.Is(at + 1, ".") ? WholeWord(word) : word);
+    if (CaseOfPreposition(whole) || whole == "vom") return at;
     if (!IsDegreeWord(word)) return Tokens::kNone;
     at = OverPoint(tokens, tokens.Before(at));
   }

@@ -47,7 +47,23 @@ bool IsSide(std::string_view word) {
 
 }  // namespace
 
+namespace {
+
+// "100 Einträge/Seite": many of one thing for each of another.
+bool CountsPerThing(const Tokens& tokens, std::size_t i) {
+  if (i < 3 || !tokens.IsCapital(i - 1) || !tokens.IsCapital(i + 1) || !tokens.FreeBehind(i + 1) ||
+      tokens.IsDashAt(i + 2) || !tokens.IsNumber(tokens.Before(i - 1)))
+    return false;
+  const Noun many = NounOf(tokens.View(i - 1));
+  const Noun each = NounOf(tokens.View(i + 1));
+  return many.known && many.plural && each.whole && each.singular && !each.plural;
+}
+
+}  // namespace
+
 Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
+  if (tokens.Is(i, "/") && CountsPerThing(tokens, i))
+    return Phrase{i + 2, " pro " + std::string(tokens.View(i + 1))};
   if (!tokens.Is(i, "/") || i == 0 || !tokens.IsWord(i - 1) || tokens.View(i - 1).size() < 4 ||
       !tokens.IsWord(i + 1))
     return std::nullopt;

@@ -190,10 +190,12 @@ class SentenceReader {
   bool StartsAnewAt(std::size_t end) {
     return IsOneOf(
         tokens_.View(AfterGaps(end)),
-        {"Der",   "Die",  "Das",   "Den",   "Dem",    "Eine",   "Einen",  "Ich",   "Du",    "Er",    "Es",
-         "Wir",   "Man",  "Diese", "Wenn",  "Dieser", "Dieses", "Dann",   "Dort",  "Hier",  "Heute", "Danach",
-         "Bitte", "Nein", "Ja",    "Aber",  "Sonst",  "Bei",    "Mit",    "Nach",  "Für",   "Sie",   "Sein",
-         "Seine", "Ihre", "Mein",  "Meine", "Unser",  "Unsere", "Später", "Jetzt", "Damals"});
+        {"Der",      "Die",      "Das",     "Den",      "Dem",   "Eine",  "Einen",  "Ich",    "Du",
+         "Er",       "Es",       "Wir",     "Man",      "Diese", "Wenn",  "Dieser", "Dieses", "Dann",
+         "Dort",     "Hier",     "Heute",   "Danach",   "Bitte", "Nein",  "Ja",     "Aber",   "Sonst",
+         "Bei",      "Mit",      "Nach",    "Für",      "Davon", "Damit", "Daher",  "Dabei",  "Damals",
+         "Darunter", "Außerdem", "Deshalb", "Trotzdem", "Sie",   "Sein",  "Seine",  "Ihre",   "Mein",
+         "Meine",    "Unser",    "Unsere",  "Später",   "Jetzt", "Damals"});
   }
 
   // "Ludwig XIV. baute", "im XX. Jahrhundert".
@@ -299,10 +301,18 @@ class SentenceReader {
     return per && tokens_.Is(per->end - 1, ".") ? per->end : 0;
   }
 
+  // "Die Gruppe geht bis 18 J. Anmeldung im Büro."
+  bool NoticeFollows(std::size_t end) {
+    return IsOneOf(tokens_.View(AfterGaps(end)),
+                   {"Anmeldung", "Anmeldungen", "Einlass", "Eintritt", "Karten", "Tickets", "Treffpunkt",
+                    "Beginn", "Rückkehr", "Anfragen", "Bewerbungen", "Besichtigung", "Voraussetzung",
+                    "Bezahlung", "Abholung", "Mitzubringen", "Teilnahme"});
+  }
+
   // Behind the point of an amount another subject has its verb, or a telephone is named.
   bool OthersFollow(std::size_t number, std::size_t end) {
     if (IsOneOf(tokens_.View(AfterGaps(end)), {"Tel", "Telefon", "Infos", "Info", "Fax"})) return true;
-    return (SubjectFollows(end) || ManyDoSomething(end)) && VerbStandsBefore(number);
+    return (SubjectFollows(end) || ManyDoSomething(end) || NoticeFollows(end)) && VerbStandsBefore(number);
   }
 
   // "Der Saal fasst ca. 400 Pers. Einlass ist …", but "Nach ca. 30 Min. Backzeit ist …": the sentence has its

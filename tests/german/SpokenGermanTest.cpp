@@ -149,6 +149,14 @@ TEST(SpokenGermanTest, ReadsPricesWithAPointAndPerTwoThings) {
   EXPECT_EQ(Spoken("Er nimmt es 4x/d ein."), "Er nimmt es viermal pro Tag ein.");
 }
 
+TEST(SpokenGermanTest, KeepsMetresApartFromMit) {
+  EXPECT_EQ(Spoken("Über 200 m lief er 1:58,4 min."),
+            "Über zweihundert Meter lief er eine Minute achtundfünfzig Komma vier Sekunden.");
+  EXPECT_EQ(Spoken("Er holte 200 m 1:58,4 min."),
+            "Er holte zweihundert Meter eine Minute achtundfünfzig Komma vier Sekunden.");
+  EXPECT_EQ(Spoken("Es liefert 100 Einträge/Seite."), "Es liefert einhundert Einträge pro Seite.");
+}
+
 TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
   const std::string bytes("\xFF\xC3 \0\x80 \xE2\x80 \xC2", 10);
   EXPECT_EQ(Spoken(bytes), bytes);
