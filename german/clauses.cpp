@@ -92,6 +92,14 @@ bool IsRelative(std::string_view word) {
   return IsOneOf(word, {"der", "die", "das", "welcher", "welche", "welches", "wer", "was"});
 }
 
+std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing) {
+  constexpr std::size_t kLong = 30;  // tokens
+  for (std::size_t at = closing; at > 0 && closing - at < kLong; --at) {
+    if (tokens.Is(at, "(")) return tokens.Before(at);
+  }
+  return Tokens::kNone;
+}
+
 namespace {
 
 constexpr int kWordsInClause = 10;  // to either side of a verb
@@ -113,15 +121,6 @@ bool IsOrder(std::string_view word) {
 // "hatte 3 Schwestern, aber nur 1 Bruder": the verb holds for what stands behind such a comma as well.
 bool GoesOnBehindComma(const Tokens& tokens, std::size_t comma) {
   return tokens.Is(comma, ",") && IsOneOf(tokens.View(tokens.Skip(comma + 1)), {"aber", "sondern", "jedoch"});
-}
-
-// The token before the bracket that closes here.
-std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing) {
-  constexpr std::size_t kLong = 30;  // tokens
-  for (std::size_t at = closing; at > 0 && closing - at < kLong; --at) {
-    if (tokens.Is(at, "(")) return tokens.Before(at);
-  }
-  return Tokens::kNone;
 }
 
 bool IsAdverbOfTimeOrPlace(std::string_view word) {

@@ -45,6 +45,9 @@ namespace lorelin {
 // the subject.
 [[nodiscard]] bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i);
 
+// The token before the bracket that closes here.
+[[nodiscard]] std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing);
+
 // The verb before the token asks for an object: a subject has been there, or it is an order. `anyVerb`: not
 // only verbs that are known to take one.
 [[nodiscard]] bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb);

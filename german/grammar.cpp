@@ -263,15 +263,6 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
   return Tokens::kNone;
 }
 
-// "in 1 cm dicke Scheiben": the measure belongs to the adjective, whatever stands before it.
-bool IsBentExtent(std::string_view word) {
-  const std::size_t ending = HasSuffix(word, {"en", "er", "es", "em"}) ? 2 : 1;
-  if (word.size() < 5 || !HasSuffix(word, {"e", "en", "er", "es", "em"})) return false;
-  const auto stem = word.substr(0, word.size() - ending);
-  return IsOneOf(stem, {"lang", "hoh", "breit", "tief", "dick", "schwer", "groß", "weit", "entfernt", "alt",
-                        "stark", "starke"});
-}
-
 }  // namespace
 
 std::optional<Case> CaseOfPreposition(std::string_view written) {
@@ -482,7 +473,9 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
   const bool list = tokens.Is(at, ",");
   bool bare = true;  // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
-    if (tokens.Is(at, ")")) return std::nullopt;  // "1 Gerät (inkl. 2 Batterien), 1 Anleitung"
+    // "mit 1 Koffer (23 kg) und 1 Tasche", but "1 Gerät (inkl. 2 Batterien), 1 Anleitung".
+    if (tokens.Is(at, ")")) at = list ? Tokens::kNone : BeforeBracket(tokens, at);
+    if (at == Tokens::kNone) return std::nullopt;
     if (EndsClause(tokens, at)) return std::nullopt;
     const std::size_t before = tokens.Before(at);
     // "Saft von 1 Zitrone, 1 Prise Salz": only what stands before the comma is of the juice.
@@ -543,7 +536,9 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (IsBentExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
   if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone)
     return CaseBehind(tokens, at, first);
-  if (IsPartOfThing(tokens.WordBefore(first))) return Case::Genitive;
+  if (IsPartOfThing(tokens.WordBefore(first)) || AsksForGenitive(tokens.WordBefore(first)) ||
+      AsksForGenitive(tokens.View(tokens.Skip(behind))))
+    return Case::Genitive;
   if (OpensMainClause(tokens, first, behind)) return Case::Nominative;
   if (IsOneOf(tokens.View(tokens.Skip(behind)), {"lang", "lange"})) return Case::Accusative;
   if (const auto asked = CaseOfList(tokens, first)) return *asked;

@@ -146,6 +146,8 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
     return OneSmallNounAt(tokens, i);
   }
   if (StartsSentences(tokens.View(noun))) return std::nullopt;
+  if (IsOneOf(tokens.View(noun), {"Erw", "Jugendl"}) && tokens.Is(noun + 1, "."))  // "für 1 Erw."
+    return Phrase{i + 1, OneBefore(tokens, i, noun + 1, AgreementOf(Gender::Masculine))};
   // "1 BvR 16/13": the register of a court.
   if (tokens.IsNumber(noun + 2) && tokens.Is(noun + 3, "/") && tokens.IsNumber(noun + 4)) return std::nullopt;
   Agreement agreement = AgreementAt(tokens, noun);

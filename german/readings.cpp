@@ -91,6 +91,8 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
   }
   const std::size_t number = tokens.Before(i);
   const bool counted = number != Tokens::kNone && tokens.IsNumber(number);
+  if (IsOneOf(words, {"Jugendlich", "Erwachsen"}) && counted && tokens.Is(number, "1"))  // "für 1 Erw."
+    return words + (OneBefore(tokens, number, i + 1, AgreementOf(Gender::Masculine)) == "ein" ? "er" : "en");
   if (IsOneOf(words, {"Jugendlich", "Erwachsen"}) || (words == "Abgeordnet" && counted))  // "mit 47 Abg."
     return words +
            std::string(EndingAt(tokens, counted ? number : i, {Gender::Masculine, true, false, true, true}));

@@ -318,6 +318,10 @@ bool StandsBehindStop(const Tokens& tokens, std::size_t i) {
   const std::size_t place = tokens.WordIndexBefore(i);
   if (place == Tokens::kNone || !tokens.IsCapital(place)) return false;
   std::size_t at = tokens.WordIndexBefore(place);
+  // "Ab Bern 7.34, an Brig 8.40".
+  if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"Ab", "An", "ab", "an"}) &&
+      !NounOf(tokens.View(place)).whole)
+    return true;
   if (at != Tokens::kNone && IsOneOf(tokens.View(at), {"in", "aus", "ab", "an", "von"}))
     at = tokens.WordIndexBefore(at);
   return at != Tokens::kNone && IsOneOf(tokens.View(at), {"Abfahrt", "Ankunft", "Abflug", "Landung",

@@ -266,6 +266,18 @@ bool IsPartOfThing(std::string_view word) {
              "Abgabe",    "Begleitung", "Gegenwart", "Beisein", "Anwesenheit", "Ablauf"});
 }
 
+bool IsBentExtent(std::string_view word) {
+  const std::size_t ending = HasSuffix(word, {"en", "er", "es", "em"}) ? 2 : 1;
+  if (word.size() < 5 || !HasSuffix(word, {"e", "en", "er", "es", "em"})) return false;
+  const auto stem = word.substr(0, word.size() - ending);
+  return IsOneOf(stem, {"lang", "hoh", "breit", "tief", "dick", "schwer", "groß", "weit", "entfernt", "alt",
+                        "stark", "starke"});
+}
+
+bool AsksForGenitive(std::string_view verb) {
+  return IsOneOf(verb, {"bedarf", "bedürfen", "bedurfte", "bedurften", "bedürfte"});
+}
+
 bool IsLabel(std::string_view word) {
   static const Words words(
       "Nummer Nr Nrn Nummern Kapitel Kap Seite Seiten S Zimmer Zi Raum Absatz Abs Satz Artikel Art Paragraf "

@@ -33,6 +33,12 @@ namespace lorelin {
 // "Saft 1 Zitrone": what is of the thing behind it.
 [[nodiscard]] bool IsPartOfThing(std::string_view word);
 
+// "in 1 cm dicke Scheiben": the measure belongs to the adjective, whatever stands before it.
+[[nodiscard]] bool IsBentExtent(std::string_view word);
+
+// "Es bedarf 1 Unterschrift".
+[[nodiscard]] bool AsksForGenitive(std::string_view verb);
+
 // A word behind which a number is a name: "Kapitel 3", "Zimmer 12", "Goethestraße 5".
 [[nodiscard]] bool IsLabel(std::string_view word);
 

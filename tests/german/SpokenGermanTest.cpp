@@ -157,6 +157,14 @@ TEST(SpokenGermanTest, KeepsMetresApartFromMit) {
   EXPECT_EQ(Spoken("Es liefert 100 Einträge/Seite."), "Es liefert einhundert Einträge pro Seite.");
 }
 
+TEST(SpokenGermanTest, PutsOneIntoTheCaseOfItsVerbAndOverBrackets) {
+  EXPECT_EQ(Spoken("Es bedarf 1 Unterschrift."), "Es bedarf einer Unterschrift.");
+  EXPECT_EQ(Spoken("Er reist mit 1 Koffer (23 kg) und 1 Tasche."),
+            "Er reist mit einem Koffer (dreiundzwanzig Kilogramm) und einer Tasche.");
+  EXPECT_EQ(Spoken("Die Karte gilt für 1 Erw. und 2 Kinder."),
+            "Die Karte gilt für einen Erwachsenen und zwei Kinder.");
+}
+
 TEST(SpokenGermanTest, LeavesAnyBytesThatAreNoText) {
   const std::string bytes("\xFF\xC3 \0\x80 \xE2\x80 \xC2", 10);
   EXPECT_EQ(Spoken(bytes), bytes);
