@@ -207,6 +207,8 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"mstr", "meister"},
                              {"prüf", "prüfung"},
                              {"ltg", "leitung"},
+                             {"slg", "sammlung"},
+                             {"hs", "haus"},
                              {"pfl", "pflicht"},
                              {"schr", "schrift"},
                              {"gew", "gewicht"},

@@ -84,7 +84,8 @@ bool IsAddress(const Tokens& tokens, std::size_t i, std::size_t end) {
     const auto word = tokens.View(at + 1);
     const bool last = at + 2 == end || tokens.Is(at + 2, "/") || tokens.Is(at + 2, ":") ||
                       tokens.Is(at + 2, "?") || tokens.Is(at + 2, "#");
-    if (last && IsDomainEnding(word) && tokens.View(i, at).size() > 1) return true;
+    const bool named = tokens.View(i, at).size() > 1 || word == "com";  // "x.com"
+    if (last && IsDomainEnding(word) && named) return true;
     if (at + 2 == end && IsFileEnding(word)) return true;
   }
   return false;
