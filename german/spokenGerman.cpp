@@ -21,6 +21,9 @@ class Builder {
   void Replace(std::size_t begin, std::size_t end, std::string_view words) {
     CopyTo(begin);
     if (written_.substr(begin, end - begin) == words) return;
+    // Bytes that are no character, before and behind what is left out, could be one together.
+    const bool stray = end < written_.size() && CharacterAt(written_, end).code == kNoCharacter;
+    if (words.empty() && stray) words = " ";
     SpokenRun run{spokenAt_, 0, writtenAt_, 0};
     result_.text += words;
     spokenAt_ += CountCharacters(words);

@@ -234,6 +234,12 @@ TEST(SpokenGermanTest, SaysEmojiByNameOrNotAtAll) {
   EXPECT_EQ(GermanSpeller(options).SpellOut("Gut 👍🏽!").text, "Gut !");
 }
 
+TEST(SpokenGermanTest, MakesNoCharacterOfStrayBytes) {
+  SpellingOptions options;
+  options.speakEmoji = false;
+  EXPECT_EQ(GermanSpeller(options).SpellOut("\xE2\x85\U0001F44D\x93").text, "\xE2\x85 \x93") << "no ⅓";
+}
+
 TEST(SpokenGermanTest, AppliesTheUsersRulesFirst) {
   SpellingOptions options;
   options.rules = TextRules(std::vector<TextRule>{{R"( ?\[[^\]]*\])", ""}});
