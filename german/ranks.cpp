@@ -22,6 +22,8 @@ bool MayBeRank(const Tokens& tokens, std::size_t i) {
 
 // "älter als 12."
 bool Compares(std::string_view word) {
+  if (IsOneOf(word, {"mehr", "Mehr", "Weniger", "Älter", "Jünger", "Größer", "Kleiner", "anders"}))
+    return true;
   return !IsUpperWord(word) && word.size() > 4 && word.ends_with("er") && !IsDeterminer(word);
 }
 

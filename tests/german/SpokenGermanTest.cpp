@@ -126,6 +126,7 @@ TEST(SpokenGermanTest, KnowsLettersAndAgesFromNumbersAndRanks) {
   EXPECT_EQ(Spoken("Wir spielen in Gruppe C."), "Wir spielen in Gruppe C.");
   EXPECT_EQ(Spoken("Sie ist in Gruppe IV."), "Sie ist in Gruppe vier.");
   EXPECT_EQ(Spoken("Er ist älter als 12."), "Er ist älter als zwölf.");
+  EXPECT_EQ(Spoken("Er hat mehr als 5."), "Er hat mehr als fünf.");
   EXPECT_EQ(Spoken("Er kam als 27. ins Ziel."), "Er kam als Siebenundzwanzigster ins Ziel.");
 }
 
