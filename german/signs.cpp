@@ -131,7 +131,8 @@ Found ArrowAt(const Tokens& tokens, std::size_t i) {
   if (before != Tokens::kNone && IsOneOf(tokens.View(before), {"(", ",", ";"})) return Phrase{i + 1, "siehe"};
   const bool gap = i > 0 && tokens.IsBlank(i - 1);
   const bool changes = tokens.IsNumber(before) || tokens.IsNumber(next);
-  const std::string word = changes || SpeaksOfJourney(tokens, i) ? "nach " : "– ";
+  const bool leads = tokens.IsCapital(next) && SpeaksOfJourney(tokens, i);
+  const std::string word = changes || leads ? "nach " : "– ";
   return Phrase{next, (gap ? "" : " ") + word};
 }
 
