@@ -129,7 +129,11 @@ std::string BentNoun(const Tokens& tokens, std::size_t i, std::string_view singu
     return std::string(plural) + (bends ? "n" : "");
   }
   if (singular == "Patient" && IsWoman(tokens, i, before)) return "Patientin";
-  if (IsWeak(singular) && noun.gender == Gender::Masculine && !IsGenitive(before)) {
+  // "von Ministerpräs. Lang": without an article a title stays as it is.
+  std::size_t end = i + 1;
+  while (end < tokens.Count() && !tokens.IsBlank(end)) ++end;  // "Min.-Präs."
+  const bool title = tokens.IsCapital(end + 1) && !HasDeterminer(tokens, i);
+  if (IsWeak(singular) && noun.gender == Gender::Masculine && !IsGenitive(before) && !title) {
     const auto ending = EndingAt(tokens, i, AgreementOf(Gender::Masculine));
     if (ending == "en" || ending == "em") return Genitive(singular);
   }

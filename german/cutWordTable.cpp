@@ -194,6 +194,7 @@ std::string_view CutNouns() {
       "Hausverwaltung "
       "Jahresabrechnung Kassenbon Krankmeldung Kündigungsfrist Bundespräsident/Bundespräsidenten "
       "Staatspräsident/Staatspräsidenten Ministerpräsident/Ministerpräsidenten Kontoauszug/Kontoauszüge "
+      ""
       "Lebenslauf "
       "Lohnsteuer Mahngebühr/Mahngebühren "
       "Meldebescheinigung Mindestlohn Mietvertrag/Mietverträge Nachforderung/Nachforderungen Personalausweis "

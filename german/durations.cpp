@@ -98,14 +98,19 @@ Found DurationOfUnitAt(const Tokens& tokens, std::size_t i) {
   if (!unit && duration->count == 2 && NamesJourney(tokens, i) && tokens.FreeBehind(duration->end - 1))
     return Phrase{duration->end,
                   PartWords(duration->parts[0], kNames[0]) + " " + PartWords(duration->parts[1], kNames[1])};
-  if (!unit) return std::nullopt;
+  // "wurde in 2:59:59 beendet"
+  const bool bare = !unit && duration->count == 3 && IsOneOf(tokens.WordBefore(i), {"in", "In"}) &&
+                    tokens.FreeBehind(duration->end - 1);
+  if (!unit && !bare) return std::nullopt;
   std::size_t name = 0;
-  if (unit->singular == "Minute") {
+  if (bare) {
+    name = 0;
+  } else if (unit->singular == "Minute") {
     name = duration->count == 3 ? 0 : 1;
   } else if (unit->singular != "Stunde") {
     return std::nullopt;
   }
-  if (tokens.Is(unit->end - 1, "h") && duration->count == 2 &&
+  if (unit && tokens.Is(unit->end - 1, "h") && duration->count == 2 &&
       (StandsBehindTimeWord(tokens, i) || NamesHour(tokens, i, *duration)))
     return std::nullopt;
   std::string words;
@@ -115,6 +120,7 @@ Found DurationOfUnitAt(const Tokens& tokens, std::size_t i) {
     words += part == 0 ? FirstPartWords(tokens, i, duration->parts[0], kNames[name])
                        : PartWords(duration->parts[part], kNames[name]);
   }
+  if (!unit) return Phrase{duration->end, words};
   const bool last = unit->endsWithPoint && tokens.IsLast(unit->end - 1);
   return Phrase{last ? unit->end - 1 : unit->end, words};
 }

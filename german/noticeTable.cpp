@@ -147,7 +147,7 @@ constexpr Abbreviation kTable[] = {
     A{"spr.", "sprach", SmallWord}, A{"zur.", "zurück", Closed}, A{"Min.präs.", "Ministerpräsident"},
     A{"Wolfg.", "Wolfgang", Name}, A{"v.", "von", Closed}, A{"verw.", "verwendet", Passive},
     A{"gew.", "gewählt", Passive}, A{"zerst.", "zerstört"}, A{"aufgeb.", "aufgebaut"}, A{"uns.", "unser", Opening},
-    A{"rückfr.", "rückfragen"}, A{"begr.", "begrüßt", SmallWord}, A{"Anw.", "Anwesend", Colon}, A{"n. Anw.", "nach Anweisung"}, A{"lt. Anw.", "laut Anweisung"}, A{"gem. Anw.", "gemäß Anweisung"},
+    A{"rückfr.", "rückfragen"}, A{"begr.", "begrüßt", SmallWord}, A{"Anw.", "Anwesend", Colon}, A{"keine Beschw.", "keine Beschwerden", Anything, Noun}, A{"n. Anw.", "nach Anweisung"}, A{"lt. Anw.", "laut Anweisung"}, A{"gem. Anw.", "gemäß Anweisung"},
     A{"zur Anw.", "zur Anwendung"}, A{"Zur Anw.", "Zur Anwendung"}, A{"einst.", "einstimmig"},
     A{"angen.", "angenommen"}, A{"entsch.", "entschuldigt"}, A{"Verschied.", "Verschiedenes", Closed},
     A{"verl. wird", "verlängert wird"}, A{"verl. werden", "verlängert werden"},

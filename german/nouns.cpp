@@ -136,6 +136,14 @@ unsigned LookUpMore(std::string_view word) {
   return 0;
 }
 
+// "Tickets", "Updates": many of those, or the genitive of one.
+unsigned LookUpMoreWithEnding(std::string_view word) {
+  if (!word.ends_with('s') || word.size() < 4) return 0;
+  const unsigned form = LookUpMore(word.substr(0, word.size() - 1));
+  if (form == 0) return 0;
+  return (form & kFeminine) != 0 ? kPlural : form | kGenitive | kPlural;
+}
+
 // "Ersatzteil", "Anteil": the last part has another gender as the first part asks for another sense.
 unsigned LookUpSensesOfLastPart(std::string_view word) {
   if (HasSuffix(word, {"netzteil",   "ersatzteil", "bauteil",     "einzelteil",  "fertigteil", "formteil",
@@ -202,6 +210,7 @@ Noun NounOf(std::string_view word) {
   if (form == 0) form = LookUp(word);
   if (form == 0) form = LookUpLongGenitive(word);
   if (form == 0) form = LookUpMore(word);
+  if (form == 0) form = LookUpMoreWithEnding(word);
   const bool whole = form != 0;
   if (form == 0) form = LookUpLastPart(word);
   // "Kalenderjahres".

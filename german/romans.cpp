@@ -415,6 +415,10 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   const bool point = tokens.Is(i + 1, ".");
   const std::size_t next = tokens.Skip(i + 2);
+  // "Blütezeit: V–VII".
+  if (tokens.IsDashAt(i + 1) && tokens.FreeBefore(i) && IsPlainRoman(tokens.View(i + 2)) &&
+      RomanNumberAt(tokens, i + 2) > value && value <= 12 && !tokens.IsDashAt(i + 3))
+    return RomanSpan(tokens, i, value);
   if (const std::size_t last = LastJoinedRoman(tokens, i);
       last != i && IsRomanOrdinalAt(tokens, last) && RulerBefore(tokens, i) == Tokens::kNone)
     return Phrase{

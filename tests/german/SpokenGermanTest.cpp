@@ -89,6 +89,7 @@ TEST(SpokenGermanTest, ReadsTitlesThatAreCutBeforeNames) {
   EXPECT_EQ(Spoken("Es kam Bundespräs. Steinmeier."), "Es kam Bundespräsident Steinmeier.");
   EXPECT_EQ(Spoken("Sie traf den franz. Staatspräs. Macron."),
             "Sie traf den französischen Staatspräsidenten Macron.");
+  EXPECT_EQ(Spoken("Das kam von Min.-Präs. Lang."), "Das kam von Ministerpräsident Lang.");
 }
 
 TEST(SpokenGermanTest, JoinsPlacesWithSuperlativesAndClasses) {
@@ -99,6 +100,15 @@ TEST(SpokenGermanTest, JoinsPlacesWithSuperlativesAndClasses) {
 
 TEST(SpokenGermanTest, ReadsAFractionBehindItsArticle) {
   EXPECT_EQ(Spoken("ein 1/4 der Leute"), "ein Viertel der Leute");
+}
+
+TEST(SpokenGermanTest, ReadsThreePartsBehindInAsADuration) {
+  EXPECT_EQ(Spoken("Er lief in 2:59:59 ins Ziel."),
+            "Er lief in zwei Stunden neunundfünfzig Minuten neunundfünfzig Sekunden ins Ziel.");
+}
+
+TEST(SpokenGermanTest, ReadsSpansOfRomanNumbersOfOneLetter) {
+  EXPECT_EQ(Spoken("Blütezeit: V–VII"), "Blütezeit: fünf bis sieben");
 }
 
 TEST(SpokenGermanTest, ReadsACutNounAsManyBehindABareAdjective) {
