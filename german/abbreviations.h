@@ -62,6 +62,7 @@ enum class Around : std::uint8_t {
   Opening,         // it opens a clause, and a noun follows
   PayGroup,        // a number follows, and what is paid is spoken of
   Hymn,            // a number follows, and a song is spoken of
+  Lawful,          // what a law grants or asks follows
   NoHymn,          // no song is spoken of
   Wanted,          // "an", "für" or a comma stands before
   Release,         // a number with a point in it follows

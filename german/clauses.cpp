@@ -50,6 +50,57 @@ bool FallsTo(const Tokens& tokens, std::size_t first) {
   return false;
 }
 
+bool RepeatsPrice(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  constexpr int kSteps = 8;
+  const std::size_t price = tokens.Skip(behind);
+  std::size_t at = tokens.Before(first);
+  if (at == Tokens::kNone || !IsOneOf(tokens.View(at), {",", "und", "u"}) ||
+      !(tokens.IsNumber(price) || tokens.Is(price, "€")))
+    return false;
+  for (int step = 0; step < kSteps; ++step) {
+    at = tokens.Before(at);
+    if (at == Tokens::kNone || IsOneOf(tokens.View(at), {":", ";", "("})) return false;
+    if (IsOneOf(tokens.View(at), {"kostet", "kosten", "kostete", "kosteten", "wiegt", "wiegen", "wog",
+                                  "misst", "dauert", "dauern", "dauerte"}))
+      return true;
+  }
+  return false;
+}
+
+bool IsWhatIsLeft(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  constexpr int kWords = 4;
+  const std::size_t next = tokens.Skip(behind);
+  if (!tokens.IsLast(behind) && !IsOneOf(tokens.View(next), {".", ",", "!", "?", "bis", "Zeit", "für", "um"}))
+    return false;
+  bool left = false;
+  bool owner = false;
+  std::size_t at = tokens.WordIndexBefore(first);
+  for (int word = 0; word < kWords && at != Tokens::kNone; ++word) {
+    const std::string small = WithLowerStart(tokens.View(at));
+    left = left || IsOneOf(small, {"bleibt", "blieb", "fehlt", "fehlte", "verbleibt"});
+    owner = owner || IsOneOf(small, {"es", "mir", "dir", "ihm", "uns", "euch", "ihnen", "dann"});
+    at = tokens.WordIndexBefore(at);
+  }
+  return left && owner;
+}
+
+bool GoesToSomebody(const Tokens& tokens, std::size_t first) {
+  constexpr std::size_t kNear = 16;  // tokens
+  if (IsOneOf(tokens.View(tokens.Skip(first + 1)),
+              {"Stelle", "Ort", "Seite", "Ecke", "Tag", "Abend", "Nachmittag", "Vormittag", "Morgen",
+               "Wochenende", "Standort"}))
+    return false;
+  for (std::size_t at = first > kNear ? first - kNear : 0; at < first + kNear && at < tokens.Count(); ++at) {
+    if (HasPrefix(WithLowerStart(tokens.View(at)),
+                  {"send",      "gesend",        "schick",    "geschick", "verschick",   "ging",
+                   "geht",      "gehen",         "gegangen",  "verkauf",  "spende",      "gespendet",
+                   "vergab",    "vergeben",      "verlieh",   "schrieb",  "geschrieben", "übergab",
+                   "übergeben", "weitergegeben", "verschenk", "vermiet"}))
+      return true;
+  }
+  return false;
+}
+
 // "auf 1,35 € steigen".
 bool IsPriceAt(const Tokens& tokens, std::size_t first) {
   std::size_t at = first;

@@ -21,6 +21,15 @@ namespace lorelin {
 // "auf 1,35 € steigen".
 [[nodiscard]] bool IsPriceAt(const Tokens& tokens, std::size_t first);
 
+// "1 Teller kostet 12 €, 1 Becher 3 €": the verb of the first clause holds for the second subject as well.
+[[nodiscard]] bool RepeatsPrice(const Tokens& tokens, std::size_t first, std::size_t behind);
+
+// "Uns bleibt noch 1 Tag": what is left is the subject.
+[[nodiscard]] bool IsWhatIsLeft(const Tokens& tokens, std::size_t first, std::size_t behind);
+
+// "ging an 1 Schule", "verkauft an 1 Händler": somebody gets it, it is no place.
+[[nodiscard]] bool GoesToSomebody(const Tokens& tokens, std::size_t first);
+
 // "kann", "müssen".
 [[nodiscard]] bool IsModalVerb(std::string_view word);
 

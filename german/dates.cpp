@@ -115,8 +115,19 @@ bool HasVersions(std::string_view word) {
                         "DisplayPort", "TLS",     "LibreOffice", "Fedora",  "iPadOS",  "Harmony", "OS"});
 }
 
+// "Ziff. 4.1 und 4.2.": another section of those that are named.
+bool StandsBehindSection(const Tokens& tokens, std::size_t i) {
+  const std::size_t joint = tokens.Before(i);
+  if (joint == Tokens::kNone || !IsOneOf(tokens.View(joint), {"und", "u", "oder", "bis", "sowie", ","}))
+    return false;
+  const std::size_t part = tokens.Before(joint);
+  return part != Tokens::kNone && part > 2 && tokens.IsNumber(part, 1, 2) && tokens.Is(part - 1, ".") &&
+         tokens.IsNumber(part - 2, 1, 2) && LabelBefore(tokens, part - 2) &&
+         !IsLabelOfDays(tokens.WordBefore(part - 2));
+}
+
 std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
-  if (HasVersions(tokens.WordBefore(i))) return std::nullopt;
+  if (HasVersions(tokens.WordBefore(i)) || StandsBehindSection(tokens, i)) return std::nullopt;
   const std::size_t next = tokens.Skip(i + 2);
   const auto month = MonthNumberAt(tokens, next);
   if (!month) return std::nullopt;

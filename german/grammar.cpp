@@ -445,6 +445,7 @@ Case CaseBehind(const Tokens& tokens, std::size_t preposition, std::size_t first
   const bool span = word == "in" && IsSpanOfTime(tokens, tokens.Skip(first + 1));
   if ((word == "in" || word == "auf" || word == "an") && !span && MovesSomething(tokens, first))
     return Case::Accusative;
+  if (word == "an" && GoesToSomebody(tokens, first)) return Case::Accusative;
   if (word == "unter" && RisesOrFalls(tokens, first)) return Case::Accusative;
   const bool place = IsOneOf(word, {"in", "an", "unter", "vor", "hinter", "neben", "zwischen"});
   return place && AdjectiveSaysDirection(tokens, first) ? Case::Accusative : *CaseOfPreposition(word);
@@ -539,7 +540,9 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (IsPartOfThing(tokens.WordBefore(first)) || AsksForGenitive(tokens.WordBefore(first)) ||
       AsksForGenitive(tokens.View(tokens.Skip(behind))))
     return Case::Genitive;
-  if (OpensMainClause(tokens, first, behind)) return Case::Nominative;
+  if (OpensMainClause(tokens, first, behind) || RepeatsPrice(tokens, first, behind) ||
+      IsWhatIsLeft(tokens, first, behind))
+    return Case::Nominative;
   if (IsOneOf(tokens.View(tokens.Skip(behind)), {"lang", "lange"})) return Case::Accusative;
   if (const auto asked = CaseOfList(tokens, first)) return *asked;
   if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))

@@ -277,6 +277,10 @@ PointMeaning BeforeCapital(const Tokens& tokens, std::size_t i, std::size_t next
       !(noun.singular && noun.gender == Gender::Feminine) && IsLinkingVerb(tokens.WordBefore(article)) &&
       IsLinkingVerb(tokens.View(tokens.Skip(next + 1))))
     return PointMeaning::Sentence;
+  // "… und wurde 1. Zweiter war Beck": the verb behind is that of another sentence.
+  if (BecomesOne(tokens, i) && !IsOneOf(tokens.WordBefore(i), {"als", "Als"}) &&
+      IsLinkingVerb(tokens.View(tokens.Skip(next + 1))))
+    return PointMeaning::OrdinalAtEnd;
   if (DeterminesOne(tokens, i)) {
     // "Er kommt am 5. Peter nicht."
     const bool day = IsOneOf(tokens.WordBefore(i), {"am", "Am", "vom", "zum", "dem"});

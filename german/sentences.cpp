@@ -39,6 +39,22 @@ bool IsPackage(const Unit& unit) {
                                  "Bund", "Flasche", "Dose", "Glas", "Tasse", "Beutel", "Scheibe"});
 }
 
+bool IsShortWeekday(std::string_view word) {
+  return IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"});
+}
+
+// "Mo.–Fr.", "am Fr.": no woman is meant.
+bool IsDayOfWeek(const Tokens& tokens, std::size_t i) {
+  if (!IsShortWeekday(tokens.View(i))) return false;
+  std::size_t before = tokens.Before(i);
+  if (before == Tokens::kNone) return false;
+  if (IsOneOf(tokens.View(before), {"am", "Am", "ab", "Ab", "vom", "jeden"})) return true;
+  if (!IsOneOf(tokens.View(before), {"–", "-", "bis", "und", "u", "&", "/", "+"})) return false;
+  before = tokens.Before(before);
+  if (before != Tokens::kNone && before > 0 && tokens.Is(before, ".")) --before;
+  return before != Tokens::kNone && IsShortWeekday(tokens.View(before));
+}
+
 // Reads the tokens of one sentence; keeps some more than it has looked at.
 class SentenceReader {
  public:
@@ -155,6 +171,7 @@ class SentenceReader {
         ending = Ending::Starter;
       if (ending == Ending::Noun && found->abbreviation->spoken.ends_with("bahnhof") && IsStationAt(i, end))
         ending = Ending::Often;
+      if (ending == Ending::Never && IsDayOfWeek(tokens_, i)) ending = Ending::Starter;
       if (!tokens_.Is(end - 1, ".")) {
         covered_ = end;
         return 0;
@@ -223,8 +240,7 @@ class SentenceReader {
     if (IsOneOf(tokens_.View(next), {"„", "»", "“", "\""})) return true;
     if (!tokens_.IsCapital(next)) return false;
     const auto word = tokens_.View(next);
-    const bool weekday =
-        tokens_.Is(next + 1, ".") && IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"});
+    const bool weekday = tokens_.Is(next + 1, ".") && IsShortWeekday(word);
     if (weekday && ending != Ending::Often) return false;  // "Führg. So. 15 Uhr"
     if (StartsSentenceAt(tokens_, next)) return true;
     // "Anl. N, Zeile 31".
@@ -261,6 +277,15 @@ class SentenceReader {
     return EndBehindAbbreviation(unit->end, unit->doubtfulPoint ? Ending::Often : Ending::Noun);
   }
 
+  // "… bei 4 Mio. Tendenz steigend.", "Eintritt frei!"
+  [[nodiscard]] bool SaysWithoutVerb(std::size_t noun) const {
+    const auto word = tokens_.View(noun + 2);
+    return tokens_.IsWord(noun + 2) && !tokens_.IsCapital(noun + 2) &&
+           IsOneOf(tokens_.View(noun + 3), {".", "!"}) && NounOf(tokens_.View(noun)).singular &&
+           (word.ends_with("end") || IsOneOf(word, {"frei", "offen", "möglich", "erforderlich", "erwünscht",
+                                                    "nötig", "notwendig", "erbeten", "inklusive"}));
+  }
+
   // "… bis zum 31.12. Ausnahmen sind möglich."
   bool SubjectFollows(std::size_t end) {
     const std::size_t next = AfterGaps(end);
@@ -272,7 +297,7 @@ class SentenceReader {
     // "… am 30.9. Termine vergeben wir telefonisch."
     const bool turned = tokens_.IsWord(next + 2) && !tokens_.IsCapital(next + 2) &&
                         tokens_.IsBlank(next + 3) && IsPronoun(tokens_.View(next + 4));
-    return described || turned || IsLinkingVerb(tokens_.View(next + 2)) ||
+    return described || turned || SaysWithoutVerb(next) || IsLinkingVerb(tokens_.View(next + 2)) ||
            IsModalVerb(tokens_.View(next + 2));
   }
 

@@ -223,7 +223,10 @@ bool StartsSentences(std::string_view word) {
       "Vorläufig Vorsichtshalber Erstmals Letztmals Keinesfalls Niemals Nirgends Überall Dorthin Hierher "
       "Unweit Nördlich Südlich Östlich Westlich Zusammen Allein Gemeinsam Jedenfalls Ebenfalls Gleichfalls "
       "Womöglich Sicherlich Bestimmt Tatsächlich Eigens Lediglich Ausschließlich Überwiegend Vorwiegend "
-      "Hauptsächlich Insbesondere Vorausgesetzt");
+      "Hauptsächlich Insbesondere Vorausgesetzt Dienstags Mittwochs Donnerstags Freitags Wochentags Bring "
+      "Bringt "
+      "Frag Fragt Ruft Warte Wartet Mach Schick Schickt Stell Stellt Leg Legt Schaut Hör Hört Kauft Bleib "
+      "Bleibt");
   return words.Has(word);
 }
 

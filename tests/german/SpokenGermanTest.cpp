@@ -245,6 +245,22 @@ TEST(SpokenGermanTest, SaysEmojiByNameOrNotAtAll) {
   EXPECT_EQ(GermanSpeller(options).SpellOut("Gut 👍🏽!").text, "Gut !");
 }
 
+TEST(SpokenGermanTest, EndsSentencesBehindWeekdaysRanksAndMillions) {
+  EXPECT_EQ(Spoken("Offen Mo.–Fr. Am Samstag ist zu."), "Offen Montag bis Freitag. Am Samstag ist zu.");
+  EXPECT_EQ(Spoken("Es spricht Fr. Am Ende."), "Es spricht Frau Am Ende.") << "a name";
+  EXPECT_EQ(Spoken("Er wurde 1. Zweiter war Beck."), "Er wurde Erster. Zweiter war Beck.");
+  EXPECT_EQ(Spoken("Sie zählt 4 Mio. Tendenz steigend."), "Sie zählt vier Millionen. Tendenz steigend.");
+}
+
+TEST(SpokenGermanTest, TellsSubjectsFromObjectsOfOne) {
+  EXPECT_EQ(Spoken("1 Teller kostet 9 €, 1 Becher 3 €."),
+            "Ein Teller kostet neun Euro, ein Becher drei Euro.");
+  EXPECT_EQ(Spoken("Uns bleibt noch 1 Tag."), "Uns bleibt noch ein Tag.");
+  EXPECT_EQ(Spoken("Er bleibt noch 1 Tag hier."), "Er bleibt noch einen Tag hier.");
+  EXPECT_EQ(Spoken("Das Bild ging an 1 Käufer."), "Das Bild ging an einen Käufer.");
+  EXPECT_EQ(Spoken("Das Bild hing an 1 Nagel."), "Das Bild hing an einem Nagel.");
+}
+
 TEST(SpokenGermanTest, MakesNoCharacterOfStrayBytes) {
   SpellingOptions options;
   options.speakEmoji = false;
