@@ -43,6 +43,11 @@ bool FallsTo(const Tokens& tokens, std::size_t first) {
                    "verteil", "warte", "hoff"}))
       return true;
   }
+  // "Im Schnitt kommen auf 1 Arzt 500 Einwohner".
+  const std::size_t preposition = tokens.WordIndexBefore(first);
+  if (preposition != Tokens::kNone &&
+      IsOneOf(tokens.WordBefore(preposition), {"kommen", "kommt", "entfallen", "entfällt", "entfielen"}))
+    return true;
   for (std::size_t at = first; at < first + kNear; ++at) {
     if (IsOneOf(tokens.View(at), {"kommen", "kommt", "kamen", "kam", "entfallen", "entfällt", "entfielen"}))
       return true;
@@ -217,8 +222,14 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   const bool many = word.ends_with("en") && word.size() > 4 && !CaseOfPreposition(word) &&
                     !StartsSentences(WithUpperStart(word)) && !IsDegreeWord(word) && !IsDeterminer(word) &&
                     !IsOneOf(word, {"zusammen", "daneben", "hinten", "außen"});
+  // "Vor dem Haus parkt 1 Bus"
+  const bool present =
+      word.ends_with('t') && word.size() > 4 && tokens.WordIndexBefore(verb) != Tokens::kNone &&
+      tokens.IsCapital(tokens.WordIndexBefore(verb)) && !CaseOfPreposition(word) &&
+      !StartsSentences(WithUpperStart(word)) && !IsDegreeWord(word) &&
+      !IsOneOf(word, {"selbst", "meist", "nicht", "überhaupt", "zuerst", "längst", "direkt"});
   const bool verbal =
-      (IsVerb(word) || TakesObject(word) || past || many || (reflexive && word.ends_with('t'))) &&
+      (IsVerb(word) || TakesObject(word) || past || many || present || (reflexive && word.ends_with('t'))) &&
       !IsPronoun(word) && !IsOneOf(word, {"bitte", "heißt"}) &&
       !(word.ends_with('e') && !past);  // "kaufe" has its subject
   std::size_t first = verb;

@@ -257,7 +257,8 @@ std::size_t PrepositionBefore(const Tokens& tokens, std::size_t i) {
     // "m" without its point are metres.
     const std::string whole(word.size() > 1 || tokens.Is(at + 1, ".") ? WholeWord(word) : word);
     if (CaseOfPreposition(whole) || whole == "vom") return at;
-    if (!IsDegreeWord(word)) return Tokens::kNone;
+    const bool above = word == "über" && CaseOfPreposition(tokens.WordBefore(at));  // "nach über 1 Stunde"
+    if (!IsDegreeWord(word) && !above) return Tokens::kNone;
     at = OverPoint(tokens, tokens.Before(at));
   }
   return Tokens::kNone;

@@ -242,7 +242,7 @@ class SentenceReader {
     const auto word = tokens_.View(next);
     const bool weekday = tokens_.Is(next + 1, ".") && IsShortWeekday(word);
     if (weekday && ending != Ending::Often) return false;  // "Führg. So. 15 Uhr"
-    if (StartsSentenceAt(tokens_, next)) return true;
+    if (StartsSentenceAt(tokens_, next) || AsksInOneWord(next)) return true;
     // "Anl. N, Zeile 31".
     if (word.size() == 1 && ending != Ending::Often) return false;
     // "90 Min. Anschl. Diskussion."
@@ -256,6 +256,13 @@ class SentenceReader {
     if (ending == Ending::Often) return true;
     if (ending == Ending::Starter) return false;
     return !NounOf(word).known && !NounOf(word).guessed && !IsAllCaps(word) && !tokens_.Is(next + 1, "-");
+  }
+
+  // "Wir suchen eine Aushilfe ab 1.9. Interesse?", but "Hast du am 1.9. Zeit?"
+  [[nodiscard]] bool AsksInOneWord(std::size_t i) const {
+    return tokens_.Is(i + 1, "?") &&
+           IsOneOf(tokens_.View(i), {"Interesse", "Fragen", "Lust", "Zeit", "Probleme"}) &&
+           !IsPronoun(tokens_.View(2)) && !tokens_.Is(2, "Sie") && tokens_.IsWord(2);
   }
 
   std::size_t EndBehindNumber(std::size_t i) {

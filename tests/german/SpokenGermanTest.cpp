@@ -248,6 +248,8 @@ TEST(SpokenGermanTest, SaysEmojiByNameOrNotAtAll) {
 TEST(SpokenGermanTest, EndsSentencesBehindWeekdaysRanksAndMillions) {
   EXPECT_EQ(Spoken("Offen Mo.–Fr. Am Samstag ist zu."), "Offen Montag bis Freitag. Am Samstag ist zu.");
   EXPECT_EQ(Spoken("Es spricht Fr. Am Ende."), "Es spricht Frau Am Ende.") << "a name";
+  EXPECT_EQ(Spoken("Es beginnt am 1.9. Interesse?"), "Es beginnt am ersten September. Interesse?");
+  EXPECT_EQ(Spoken("Hast du am 1.9. Zeit?"), "Hast du am ersten September Zeit?");
   EXPECT_EQ(Spoken("Er wurde 1. Zweiter war Beck."), "Er wurde Erster. Zweiter war Beck.");
   EXPECT_EQ(Spoken("Sie zählt 4 Mio. Tendenz steigend."), "Sie zählt vier Millionen. Tendenz steigend.");
 }
@@ -258,6 +260,9 @@ TEST(SpokenGermanTest, TellsSubjectsFromObjectsOfOne) {
   EXPECT_EQ(Spoken("Uns bleibt noch 1 Tag."), "Uns bleibt noch ein Tag.");
   EXPECT_EQ(Spoken("Er bleibt noch 1 Tag hier."), "Er bleibt noch einen Tag hier.");
   EXPECT_EQ(Spoken("Das Bild ging an 1 Käufer."), "Das Bild ging an einen Käufer.");
+  EXPECT_EQ(Spoken("Im Schnitt kommt auf 1 Arzt 1 Pfleger."), "Im Schnitt kommt auf einen Arzt ein Pfleger.");
+  EXPECT_EQ(Spoken("Vor dem Haus parkt 1 Bus."), "Vor dem Haus parkt ein Bus.");
+  EXPECT_EQ(Spoken("Nach über 1 Stunde kam der Arzt."), "Nach über einer Stunde kam der Arzt.");
   EXPECT_EQ(Spoken("Das Bild hing an 1 Nagel."), "Das Bild hing an einem Nagel.");
 }
 
