@@ -36,8 +36,9 @@ Found GoalMinuteAt(const Tokens& tokens, std::size_t i) {
     return std::nullopt;
   if (BehindScore(tokens, i - 3) && tokens.Is(i + 2, ")"))
     return Phrase{i + 2, OrdinalWords(*minute, "e") + " Minute"};
-  // "1:0 Müller (12.)": behind a score it is a man, whatever his name means.
-  const bool scored = i >= 7 && tokens.IsNumber(i - 5) && tokens.Is(i - 6, ":");
+  // "1:0 Müller (12.)", "durch Fuchs (12.)": it is a man, whatever his name means.
+  const bool scored =
+      i >= 7 && ((tokens.IsNumber(i - 5) && tokens.Is(i - 6, ":")) || tokens.Is(i - 5, "durch"));
   if (NounOf(tokens.View(i - 3)).whole && !scored) return std::nullopt;
   const std::string words = OrdinalWords(*minute, "e") + " Minute";
   if (tokens.Is(i + 2, ")")) return Phrase{i + 2, words};

@@ -76,7 +76,17 @@ bool HasEquation(const Tokens& tokens) {
   return false;
 }
 
+// "bei Kindern (<12 Jahren)": the dative shows that a preposition is read.
+Found AgeLimitAt(const Tokens& tokens, std::size_t i) {
+  const std::size_t number = tokens.Skip(i + 1);
+  if (!IsOneOf(tokens.View(i), {"<", ">"}) || !tokens.IsNumber(number) ||
+      !IsOneOf(tokens.View(tokens.Skip(number + 1)), {"Jahren", "Monaten", "Tagen"}))
+    return std::nullopt;
+  return Phrase{i + 1, WithGaps(tokens, i, tokens.Is(i, "<") ? "unter" : "über")};
+}
+
 Found MathSignAt(const Tokens& tokens, std::size_t i) {
+  if (auto limit = AgeLimitAt(tokens, i)) return limit;
   for (const SignName& one : kBetween) {
     if (!tokens.Is(i, one.sign)) continue;
     const bool spaced = i > 0 && tokens.IsBlank(i - 1) && tokens.IsBlank(i + 1) && !tokens.OpensLine(i);

@@ -90,6 +90,7 @@ constexpr std::array kUnits{
     UnitName{"bar", "Bar", "Bar", kN},
     UnitName{"mbar", "Millibar", "Millibar", kN},
     UnitName{"mmHg", "Millimeter Quecksilbersäule", "Millimeter Quecksilbersäule"},
+    UnitName{"kmh", "Kilometer pro Stunde", "Kilometer pro Stunde", kM},
     UnitName{"rpm", "Umdrehung pro Minute", "Umdrehungen pro Minute", kF},
     UnitName{"dpi", "dpi", "dpi"},
     UnitName{"px", "Pixel", "Pixel", kN},

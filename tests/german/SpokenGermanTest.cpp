@@ -272,6 +272,21 @@ TEST(SpokenGermanTest, MakesNoCharacterOfStrayBytes) {
   EXPECT_EQ(GermanSpeller(options).SpellOut("\xE2\x85\U0001F44D\x93").text, "\xE2\x85 \x93") << "no ⅓";
 }
 
+TEST(SpokenGermanTest, ReadsComparisonsOfAgesAsPrepositions) {
+  EXPECT_EQ(Spoken("Kindern (<12 Jahren)"), "Kindern (unter zwölf Jahren)");
+  EXPECT_EQ(Spoken("Patienten (> 65 Jahren)"), "Patienten (über fünfundsechzig Jahren)");
+  EXPECT_EQ(Spoken("p < 5"), "p kleiner als fünf");
+}
+
+TEST(SpokenGermanTest, ReadsTheMinuteBehindAScorerOfAnyName) {
+  EXPECT_EQ(Spoken("Ausgleich durch Fuchs (71.)"), "Ausgleich durch Fuchs (einundsiebzigste Minute)");
+}
+
+TEST(SpokenGermanTest, ReadsLatitudesAndSpeedsWithoutAStroke) {
+  EXPECT_EQ(Spoken("Auf 48° n. Br. liegt es"), "Auf achtundvierzig Grad nördlicher Breite liegt es");
+  EXPECT_EQ(Spoken("Tempo 30kmh"), "Tempo dreißig Kilometer pro Stunde");
+}
+
 TEST(SpokenGermanTest, AppliesTheUsersRulesFirst) {
   SpellingOptions options;
   options.rules = TextRules(std::vector<TextRule>{{R"( ?\[[^\]]*\])", ""}});
