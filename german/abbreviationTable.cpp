@@ -134,7 +134,7 @@ constexpr Abbreviation kTable[] = {
     A{"europ.", "europäisch", Anything, Never, Adjective}, A{"amerik.", "amerikanisch", Anything, Never, Adjective},
     A{"bayer.", "bayerisch", Anything, Never, Adjective}, A{"ev.", "evangelisch", Capital, Never, Adjective},
     A{"kath.", "katholisch", Capital, Never, Adjective}, A{"jüd.", "jüdisch", Capital, Never, Adjective},
-    A{"max.", "maximal"}, A{"Max.", "Maximal", Number}, A{"mind.", "mindestens"}, A{"min.", "mindestens", Number},
+    A{"max.", "maximal"}, A{"Max.", "Maximal", FirstOfClause}, A{"mind.", "mindestens"}, A{"min.", "mindestens", Number},
     A{"Min.", "Minute", DayBefore, Noun}, A{"Min.", "Minute", OneOfTime, Noun}, A{"Min.", "Mindestens", FirstOfClause}, A{"durchschn.", "durchschnittlich", Anything, Never, Adjective}, A{"überdurchschn.", "überdurchschnittlich", Anything, Noun, Adjective}, A{"unterdurchschn.", "unterdurchschnittlich", Anything, Noun, Adjective}, A{"⌀", "Durchmesser"}, A{"Ø", "Durchmesser", Length}, A{"Ø", "durchschnittlich", Number}, A{"ø", "Durchmesser", Length}, A{"ø", "durchschnittlich", Number},
     A{"z. Vfg.", "zur Verfügung"},
     A{"ff.", "folgende", Anything, Noun}, A{"f.", "folgende", PageBefore, Noun}, A{"f.", "für", SmallWord},

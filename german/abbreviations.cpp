@@ -139,18 +139,20 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
       shortened ||
       (next > i + 2 && (tokens.IsNumber(next) || (tokens.IsWord(next) && !tokens.IsCapital(next)))) ||
       (next == i + 2 && IsOneOf(tokens.View(next), {",", ";", ":", "-", ")"}) && !tokens.IsLast(i + 1));
-  if (!goesOn || NounOf(word).whole || IsAllCaps(word) || IsOftenShortened(word)) return std::nullopt;
+  if (!goesOn || NounOf(word).whole || EndsInWholeNoun(word, 0) || IsNameLikeCut(word) || IsAllCaps(word) ||
+      IsOftenShortened(word))
+    return std::nullopt;
   const std::size_t latest = word.size() - 4;  // so much of the last part has to be there
-  if (word.ends_with('g') && IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ierung", latest))
+  if (word.ends_with('g') &&
+      IsNounOrCompound(std::string(word.substr(0, word.size() - 1)) + "ierung", latest))
     return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ierung", i + 2};  // "Reservg."
-  if (word.ends_with('g') && IsNounFrom(std::string(word.substr(0, word.size() - 1)) + "ung", latest))
+  if (word.ends_with('g') && IsNounOrCompound(std::string(word.substr(0, word.size() - 1)) + "ung", latest))
     return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ung", i + 2};
   if (HasSuffix(word, {"bark", "igk", "lichk", "samk"})) return CutNoun{std::string(word) + "eit", i + 2};
-  for (const std::string_view rest :
-       {"ung", "keit", "eit", "heit", "schaft", "aft",    "ion", "tion", "ation", "ität", "nis",
-        "and", "ent",  "ik",  "um",   "arf",    "ehlung", "er",  "e",    "en",    "el"}) {
+  for (const std::string_view rest : {"ung", "keit", "eit", "heit", "schaft", "aft", "ion", "tion", "ation",
+                                      "ität", "nis", "and", "ent", "ik", "um", "arf", "ehlung"}) {
     std::string whole = std::string(word) + std::string(rest);
-    if (IsNounFrom(whole, latest)) return CutNoun{std::move(whole), i + 2};
+    if (IsNounOrCompound(whole, latest)) return CutNoun{std::move(whole), i + 2};
   }
   return std::nullopt;
 }
@@ -200,7 +202,7 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"kap", "kapitel"},
                              {"zt", "zeit"},
                              {"Nr", "Nummer"},
-                             {"gen", "genossenschaft"},
+                             {"sgen", "sgenossenschaft"},
                              {"allg", "allgemein"},
                              {"bez", "bezirk"},
                              {"kr", "kreis"},
@@ -243,6 +245,11 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
     if (word.back() != part.written.back() || word.size() < part.written.size() + 3 ||
         !word.ends_with(part.written))
       continue;
+    const auto front = word.substr(0, word.size() - part.written.size());
+    // "Goethestr.", "Karlspl.": before these stand names as well.
+    const bool named =
+        IsOneOf(part.written, {"str", "Str", "pl", "bhf", "bf", "nr", "Nr"}) || part.written.back() == 'j';
+    if (EndsInWholeNoun(word, part.written.size()) || !(named || BeginsCompounds(front))) continue;
     const bool needed = part.written != "bhf";
     if (part.written == "pl" && !(point && tokens.IsCapital(i))) continue;
     // "hauptstr. 5", but "darüberstr."

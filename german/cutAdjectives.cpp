@@ -50,7 +50,9 @@ std::optional<FoundEnding> CutAdjectiveAt(const Tokens& tokens, std::size_t i) {
   if (!goesOn || NounOf(word).whole) return std::nullopt;
   if (word.ends_with("schl"))  // "abgeschl. Ausbildung", "beschl."
     return FoundEnding{"ossen", NounBehind(tokens, next) != Tokens::kNone, i + 2};
-  if (word.ends_with('l')) return FoundEnding{"ich", NounBehind(tokens, next) != Tokens::kNone, i + 2};
+  const bool whole = word.ends_with("hl") && !word.ends_with("chl");  // "empfahl", "kühl"
+  if (word.ends_with('l') && !whole)
+    return FoundEnding{"ich", NounBehind(tokens, next) != Tokens::kNone, i + 2};
   if (word.ends_with('w') && !IsUpperWord(word)) return FoundEnding{"eise", false, i + 2};
   return std::nullopt;
 }

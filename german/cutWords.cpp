@@ -31,17 +31,18 @@ struct Entry {
 
 // What is left of some words is a word of its own.
 bool IsWordOfItsOwn(std::string_view word) {
-  return IsOneOf(
-      word,
-      {"eins",     "einmal",   "all",     "bar",     "dam",   "ehr",     "gegen",  "haupt",    "her",
-       "höchst",   "feiert",   "land",    "lang",    "lauf",  "leit",    "mal",    "mit",      "mitt",
-       "not",      "normal",   "rein",    "selbst",  "sonn",  "sonst",   "span",   "stat",     "vor",
-       "vorher",   "über",     "übers",   "unt",     "ver",   "hist",    "ung",    "gegeben",  "optim",
-       "städt",    "pol",      "ruh",     "int",     "org",   "tel",     "viert",  "halb",     "Ver",
-       "Mit",      "Vor",      "Van",     "Not",     "Ben",   "zur",     "lief",   "erschien", "unterschrieb",
-       "verschob", "überwies", "versteh", "begrab",  "sicht", "erreich", "erfahr", "belast",   "ausreich",
-       "auftrag",  "zug",      "bericht", "verkauf", "Tom",   "Pat",     "Max",    "Kat",      "Mat",
-       "Dan"});
+  return IsNameLikeCut(word) ||
+         IsOneOf(word, {"eins",    "einmal", "all",     "bar",      "dam",          "ehr",      "gegen",
+                        "haupt",   "her",    "höchst",  "feiert",   "land",         "lang",     "lauf",
+                        "leit",    "mal",    "mit",     "mitt",     "not",          "normal",   "rein",
+                        "selbst",  "sonn",   "sonst",   "span",     "stat",         "vor",      "vorher",
+                        "über",    "übers",  "unt",     "ver",      "hist",         "ung",      "gegeben",
+                        "optim",   "städt",  "pol",     "ruh",      "int",          "org",      "tel",
+                        "viert",   "halb",   "Ver",     "Mit",      "Vor",          "Van",      "Not",
+                        "Ben",     "zur",    "lief",    "erschien", "unterschrieb", "verschob", "überwies",
+                        "versteh", "begrab", "sicht",   "erreich",  "erfahr",       "belast",   "ausreich",
+                        "auftrag", "zug",    "bericht", "verkauf",  "Tom",          "Pat",      "Max",
+                        "Kat",     "Mat",    "Dan"});
 }
 
 using Index = std::unordered_map<std::string, Entry>;
@@ -90,7 +91,8 @@ CutWord FromEntry(const Entry& entry, std::string_view before) {
 std::optional<CutWord> WholeOfLastPart(std::string_view word) {
   for (std::size_t at = kShortest; at + kShortestPart <= word.size(); ++at) {
     const auto found = Cuts().find(WithUpperStart(word.substr(at)));
-    if (found != Cuts().end() && found->second.kind == CutKind::Noun)
+    if (found != Cuts().end() && found->second.kind == CutKind::Noun && BeginsCompounds(word.substr(0, at)) &&
+        !EndsInWholeNoun(word, word.size() - at))
       return FromEntry(found->second, word.substr(0, at));
   }
   return std::nullopt;
@@ -127,6 +129,12 @@ bool NounFollows(const Tokens& tokens, std::size_t point) {
 
 }  // namespace
 
+bool IsNameLikeCut(std::string_view word) {
+  return IsOneOf(
+      word, {"Max", "Franz", "Klaus", "Kurt", "Peters", "Groß", "Walther", "Garmisch", "Feldkirch", "Serbien",
+             "Leer", "Neuwied", "Bayreuth", "Eisenach", "Breisach", "Mombasa", "Kambodscha"});
+}
+
 bool EndsLikeNoWord(std::string_view word) {
   return HasSuffix(word, {"bl",   "cl",   "dl",  "fl", "gl", "kl", "pl",  "tl", "zl", "sl",   "nl",   "ml",
                           "br",   "dr",   "fr",  "gr", "kr", "pr", "tr",  "zr", "sr", "schr", "schl", "schm",
@@ -153,7 +161,7 @@ std::string_view PluralOf(std::string_view noun) {
 std::optional<CutWord> WholeOfCut(std::string_view word) {
   if (word.size() < kShortest || word.size() > 40 || IsAllCaps(word)) return std::nullopt;
   const bool capital = IsUpperWord(word);
-  if (capital && NounOf(word).whole) return std::nullopt;
+  if (capital && (NounOf(word).whole || IsNameLikeCut(word))) return std::nullopt;
   std::optional<CutWord> found;
   if (const auto entry = Cuts().find(std::string(word)); entry != Cuts().end()) {
     found = FromEntry(entry->second, {});

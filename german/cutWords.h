@@ -35,6 +35,9 @@ struct CutWord {
 // "Mitglieder" for "Mitglied"; empty when it is none of the words that are cut.
 [[nodiscard]] std::string_view PluralOf(std::string_view noun);
 
+// A name that is as long as what is left of a word: "Klaus" of "Klausel".
+[[nodiscard]] bool IsNameLikeCut(std::string_view word);
+
 // No word ends like that: "Anspr", "gleichz".
 [[nodiscard]] bool EndsLikeNoWord(std::string_view word);
 

@@ -18,8 +18,9 @@ constexpr unsigned kNeuter = 4;
 constexpr unsigned kPlural = 8;
 constexpr unsigned kGenitive = 16;
 constexpr unsigned kDativePlural = 32;
-constexpr std::size_t kLongestWord = 80;  // bytes; nothing longer is looked up
-constexpr std::size_t kShortestPart = 3;  // bytes of the last part of a compound
+constexpr std::size_t kLongestWord = 80;   // bytes; nothing longer is looked up
+constexpr std::size_t kShortestWhole = 4;  // ... that makes it whole
+constexpr std::size_t kShortestPart = 3;   // bytes of the last part of a compound
 
 struct Lexicon {
   std::vector<std::uint32_t> hashes;  // sorted
@@ -170,7 +171,10 @@ unsigned LookUpFirst(std::string_view word) {
     if (const unsigned form = LookUpSensesOfLastPart(WithLowerStart(word))) return form;
   }
   if (word == "Feuchte") return kFeminine;
-  if (IsOneOf(word, {"Kfz", "KFZ", "Gewerk", "Dragee", "Sachet", "Reagenz", "Lot"})) return kNeuter;
+  if (IsOneOf(word, {"Kfz", "KFZ", "Gewerk", "Dragee", "Sachet", "Reagenz", "Lot", "Schauspiel", "Gestell",
+                     "Gespinst"}))
+    return kNeuter;
+  if (IsOneOf(word, {"Garant", "Geograf"})) return kMasculine;
   // Things, not what is done: "einen Gefallen".
   if (IsOneOf(word, {"Gefallen", "Korken", "Knoten", "Fetzen", "Zinken", "Samen", "Husten", "Rochen"}))
     return kMasculine | kPlural;
@@ -193,15 +197,68 @@ Noun FromForm(unsigned form) {
 
 }  // namespace
 
-bool IsNounFrom(std::string_view word, std::size_t latest) {
+namespace {
+
+bool IsLastPartFrom(std::string_view word, std::size_t latest, bool behindFirstPart) {
   if (word.empty() || word.size() > kLongestWord) return false;
   if (LookUp(word) != 0) return true;
   std::size_t at = CharacterAt(word, 0).length;
   for (int letters = 1; at < word.size() && at <= latest; ++letters) {
-    if (letters >= 3 && LookUp(WithUpperStart(word.substr(at))) != 0) return true;
+    if (letters >= 3 && LookUp(WithUpperStart(word.substr(at))) != 0 &&
+        (!behindFirstPart || BeginsCompounds(word.substr(0, at))))
+      return true;
     at += CharacterAt(word, at).length;
   }
   return false;
+}
+
+}  // namespace
+
+bool IsNounFrom(std::string_view word, std::size_t latest) {
+  return IsLastPartFrom(word, latest, false);
+}
+
+bool IsNounOrCompound(std::string_view word, std::size_t latest) {
+  return IsLastPartFrom(word, latest, true);
+}
+
+bool EndsInWholeNoun(std::string_view word, std::size_t moreThan) {
+  if (HasSuffix(word, {"ungen", "heiten", "keiten", "schaften", "ionen", "täten", "ungs", "heits", "keits"}))
+    return !word.ends_with('s');
+  if (HasSuffix(word, {"schaft", "heit", "keit", "ung", "ität", "ling", "linge", "lings", "lingen"}))
+    return true;
+  for (const std::string_view ending : {"", "s", "es", "n", "en", "er", "ern"}) {
+    if (!word.ends_with(ending) || word.size() < ending.size() + kShortestWhole) continue;
+    const auto stem = word.substr(0, word.size() - ending.size());
+    const std::size_t least = std::max(kShortestWhole, moreThan + 1 - std::min(moreThan, ending.size()));
+    if (stem.size() >= least && IsNounFrom(stem, stem.size() - least)) return true;
+    // "Ackerbau": so short a part tells only behind another.
+    if (moreThan < kShortestPart && stem.size() > kShortestPart &&
+        IsNounOrCompound(stem, stem.size() - kShortestPart))
+      return true;
+  }
+  return false;
+}
+
+bool BeginsCompounds(std::string_view word) {
+  if (word.size() < kShortestPart) return false;
+  if (HasSuffix(word, {"ungs", "heits", "keits", "schafts", "ions", "täts"})) return true;
+  const auto isNoun = [](const std::string& part) {
+    return NounOf(part).whole ||
+           (part.size() > kShortestWhole && IsNounFrom(part, part.size() - kShortestWhole));
+  };
+  const std::string upper = WithUpperStart(word);
+  for (const std::string_view ending : {"s", "es", "n", "en", "er"}) {
+    if (!upper.ends_with(ending) || upper.size() < ending.size() + kShortestPart) continue;
+    if (isNoun(upper.substr(0, upper.size() - ending.size()))) return true;
+  }
+  for (const std::string_view ending : {"", "e", "en", "n", "ung"}) {
+    if (isNoun(upper + std::string(ending))) return true;  // "Miet", "Fahr", "Rechn"
+  }
+  return HasPrefix(upper, {"Haupt", "Neben",  "Sonder",  "Gesamt", "Privat", "Ober",  "Unter", "Vor",
+                           "Nach",  "Rück",   "Aus",     "Ein",    "Auf",    "Über",  "Mit",   "Groß",
+                           "Klein", "Neu",    "Alt",     "Hoch",   "Tief",   "Voll",  "Teil",  "Selbst",
+                           "Fach",  "Höchst", "Mindest", "Inter",  "Bundes", "Landes"});
 }
 
 Noun NounOf(std::string_view word) {

@@ -26,6 +26,17 @@ struct Noun {
 // The word, or a last part of it that begins not behind this byte, stands in the lexicon.
 [[nodiscard]] bool IsNounFrom(std::string_view word, std::size_t latest);
 
+// The word, or a last part of it that begins not behind this byte and has the first part of a compound before
+// it, stands in the lexicon.
+[[nodiscard]] bool IsNounOrCompound(std::string_view word, std::size_t latest);
+
+// A compound that is whole, in any case: "Besprechungen", "Werkzeuges"; its last part has more bytes than
+// this.
+[[nodiscard]] bool EndsInWholeNoun(std::string_view word, std::size_t moreThan);
+
+// The word can be the first part of a compound: "Wohn", "Baus", "Haupt".
+[[nodiscard]] bool BeginsCompounds(std::string_view word);
+
 // "Nachbar", "Zeuge": the first case of a man or beast whose others end in "-n".
 [[nodiscard]] bool IsWeakNominative(std::string_view word);
 

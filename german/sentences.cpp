@@ -20,11 +20,18 @@ constexpr std::size_t kLongInLines = 800;   // tokens, from which on the end of 
 constexpr std::size_t kLongInWords = 2000;  // ... a gap does
 constexpr std::size_t kLongest = 6000;      // ... anything does
 
+bool HasVowel(std::string_view word) {
+  if (word.find_first_of("aeiouyAEIOUY") != std::string_view::npos) return true;
+  for (const std::string_view umlaut : {"ä", "ö", "ü", "Ä", "Ö", "Ü"}) {
+    if (word.find(umlaut) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
 // Short, or without a vowel behind its first letters: "Tab", "Pkt", but not "kam" and "Uhr".
 bool IsRatherShortened(std::string_view word) {
-  static constexpr std::string_view kVowels = "aeiouyAEIOUY";
   if (word.size() == 1) return true;
-  if (word.find_first_of(kVowels) == std::string_view::npos && word.size() <= 5) return !IsAllCaps(word);
+  if (!HasVowel(word) && word.size() <= 5) return !IsAllCaps(word);
   if (HasSuffix(word, {"dr", "br", "kr", "gr", "pr", "tr", "fr", "chr", "bl", "kl", "pl", "gl", "fl", "tl",
                        "dl", "zl", "tg", "dg", "zg"}))
     return true;
@@ -131,7 +138,7 @@ class SentenceReader {
     if (IsLoneSmallLetter(i - 1) && tokens_.IsCapital(next) && LinesBetween(behind, next) == 0) return 0;
     // "App. 214", "op. 27": a short word before a number is rather an abbreviation than the end.
     if (tokens_.IsNumber(next) && LinesBetween(behind, next) == 0 &&
-        (IsRatherShortened(word) || IsOftenShortened(word)) && !NounOf(word).whole)
+        (IsRatherShortened(word) || IsOftenShortened(word)) && !NounOf(word).whole && !IsNameLikeCut(word))
       return 0;
     if (IsOneOf(tokens_.View(next), {"+", "&", "=", "/", "<", ">", "%", "*", "×"}) &&
         LinesBetween(behind, next) == 0)
