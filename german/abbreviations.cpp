@@ -142,6 +142,9 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
   if (!goesOn || NounOf(word).whole || EndsInWholeNoun(word, 0) || IsNameLikeCut(word) || IsAllCaps(word) ||
       IsOftenShortened(word))
     return std::nullopt;
+  // "Fertig. 3 Minuten später": a word that is said alone.
+  if (tokens.OpensClause(i) && tokens.IsNumber(next) && !EndsLikeNoWord(word) && !shortened)
+    return std::nullopt;
   const std::size_t latest = word.size() - 4;  // so much of the last part has to be there
   if (word.ends_with('g') &&
       IsNounOrCompound(std::string(word.substr(0, word.size() - 1)) + "ierung", latest))
@@ -149,8 +152,8 @@ std::optional<CutNoun> CutNounAt(const Tokens& tokens, std::size_t i) {
   if (word.ends_with('g') && IsNounOrCompound(std::string(word.substr(0, word.size() - 1)) + "ung", latest))
     return CutNoun{std::string(word.substr(0, word.size() - 1)) + "ung", i + 2};
   if (HasSuffix(word, {"bark", "igk", "lichk", "samk"})) return CutNoun{std::string(word) + "eit", i + 2};
-  for (const std::string_view rest : {"ung", "keit", "eit", "heit", "schaft", "aft", "ion", "tion", "ation",
-                                      "ität", "nis", "and", "ent", "ik", "um", "arf", "ehlung"}) {
+  for (const std::string_view rest : {"ung", "eit", "aft", "ion", "tion", "ation", "ität", "nis", "and",
+                                      "ent", "ik", "um", "arf", "ehlung"}) {
     std::string whole = std::string(word) + std::string(rest);
     if (IsNounOrCompound(whole, latest)) return CutNoun{std::move(whole), i + 2};
   }
@@ -200,7 +203,10 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"geb", "gebühr"},
                              {"ausg", "ausgabe"},
                              {"kap", "kapitel"},
-                             {"zt", "zeit"},
+                             {"szt", "szeit"},
+                             {"ezt", "ezeit"},
+                             {"hrzt", "hrzeit"},
+                             {"ferzt", "ferzeit"},
                              {"Nr", "Nummer"},
                              {"sgen", "sgenossenschaft"},
                              {"allg", "allgemein"},

@@ -159,7 +159,10 @@ std::string_view PluralOf(std::string_view noun) {
 }
 
 std::optional<CutWord> WholeOfCut(std::string_view word) {
-  if (word.size() < kShortest || word.size() > 40 || IsAllCaps(word)) return std::nullopt;
+  // "Feierst", "Einfachem": the ending of a verb or adjective.
+  if (word.size() < kShortest || word.size() > 40 || IsAllCaps(word) ||
+      (word.size() > 5 && HasSuffix(word, {"erst", "chem"})))
+    return std::nullopt;
   const bool capital = IsUpperWord(word);
   if (capital && (NounOf(word).whole || IsNameLikeCut(word))) return std::nullopt;
   std::optional<CutWord> found;

@@ -255,10 +255,10 @@ bool BeginsCompounds(std::string_view word) {
   for (const std::string_view ending : {"", "e", "en", "n", "ung"}) {
     if (isNoun(upper + std::string(ending))) return true;  // "Miet", "Fahr", "Rechn"
   }
-  return HasPrefix(upper, {"Haupt", "Neben",  "Sonder",  "Gesamt", "Privat", "Ober",  "Unter", "Vor",
-                           "Nach",  "Rück",   "Aus",     "Ein",    "Auf",    "Über",  "Mit",   "Groß",
-                           "Klein", "Neu",    "Alt",     "Hoch",   "Tief",   "Voll",  "Teil",  "Selbst",
-                           "Fach",  "Höchst", "Mindest", "Inter",  "Bundes", "Landes"});
+  return IsOneOf(upper, {"Haupt", "Neben",  "Sonder",  "Gesamt", "Privat", "Ober",  "Unter", "Vor",
+                         "Nach",  "Rück",   "Aus",     "Ein",    "Auf",    "Über",  "Mit",   "Groß",
+                         "Klein", "Neu",    "Alt",     "Hoch",   "Tief",   "Voll",  "Teil",  "Selbst",
+                         "Fach",  "Höchst", "Mindest", "Inter",  "Bundes", "Landes"});
 }
 
 Noun NounOf(std::string_view word) {

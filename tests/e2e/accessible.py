@@ -241,8 +241,11 @@ keys("alt+n")
 survey = window("Umfrage", "dialog")
 check("the survey's question is read", survey and any(
     text.startswith("Würden Sie uns 2 Minuten") for text in standing_alone(survey)))
+activate("^Umfrage$")
 keys("Escape")
-check("the program ends", within(10, lambda: process.poll() is not None))
+if not within(5, lambda: process.poll() is not None):
+    keys("Escape")  # the window manager may have been late with the dialog's focus
+check("the program ends", within(30, lambda: process.poll() is not None))
 if process.poll() is None:
     process.kill()
 print(f"{failures} failures")

@@ -31,5 +31,11 @@ TEST(WholeWordsTest, AreToldFromCutOnes) {
             "Gestern kam Max. Drei Kinder waren dabei.");
 }
 
+TEST(WholeWordsTest, StandAloneBeforeANumber) {
+  for (const std::string word :
+       {"Richtig", "Falsch", "Fertig", "Bereit", "Endlich", "Gesund", "Frei", "Aktiv"})
+    EXPECT_EQ(SpellOut(word + ". 3 Kinder kamen.").text, word + ". Drei Kinder kamen.");
+}
+
 }  // namespace
 }  // namespace lorelin
