@@ -232,8 +232,12 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
       return StandsInReference(tokens, i) && tokens.IsNumber(next);
     case Around::RulerBefore: {
       const std::size_t name = tokens.WordIndexBefore(i);
-      return name != Tokens::kNone && tokens.IsCapital(name) && !NounOf(tokens.View(name)).whole &&
-             !MonthAt(tokens, name);
+      if (name == Tokens::kNone || !tokens.IsCapital(name) || MonthAt(tokens, name)) return false;
+      // "Alexandre Dumas d. J.": a name that is a noun as well, behind a first name.
+      const std::size_t first = tokens.WordIndexBefore(name);
+      return !NounOf(tokens.View(name)).whole ||
+             (first != Tokens::kNone && tokens.IsCapital(first) && !NounOf(tokens.View(first)).known &&
+              !StartsSentences(tokens.View(first)));
     }
     case Around::Described:
       // "männl., 67 J.": nothing to bend it for.
@@ -310,6 +314,8 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
              ((tokens.Is(next + 1, ",") && NounOf(tokens.View(next)).singular) || tokens.IsLast(next) ||
               tokens.IsLast(next + 1));
     case Around::Attribute:
+      // "eine bes. schöne Zeit".
+      if (one.spoken == "besonder" && !tokens.IsCapital(next)) return false;
       return StandsAsAttribute(tokens, i, next);
     case Around::Letter:
       if (next > end && tokens.IsCapital(next) && tokens.View(next).size() == 1 && tokens.IsNumber(next + 1))
@@ -337,7 +343,9 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
     case Around::Hymn:
       return tokens.IsNumber(next) && SpeaksOfSong(tokens, i);
     case Around::NoHymn:
-      return !SpeaksOfSong(tokens, i) && !(tokens.IsNumber(next) && SpeaksOfPay(tokens, i));
+      // "Die EG wurde gegründet".
+      return !SpeaksOfSong(tokens, i) && !IsOneOf(tokens.WordBefore(i), {"der", "die", "Der", "Die"}) &&
+             !(tokens.IsNumber(next) && SpeaksOfPay(tokens, i));
     case Around::Wanted:
       return IsOneOf(tokens.WordBefore(i), {"an", "für", "nur"}) ||
              (tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), ",") && tokens.Is(end, ","));
@@ -362,7 +370,8 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
     case Around::Degrees:
       return tokens.Before(i) != Tokens::kNone &&
              IsOneOf(tokens.View(tokens.Before(i)), {"°", "′", "″", "'", "\""}) && i >= 3 &&
-             tokens.FreeBehind(i);
+             tokens.Before(tokens.Before(i)) != Tokens::kNone &&
+             tokens.IsNumber(tokens.Before(tokens.Before(i))) && tokens.FreeBehind(i);
     case Around::Away:
       return IsOneOf(tokens.WordBefore(i), {"km", "m", "Kilometer", "Meter", "Minuten", "min"}) ||
              (tokens.Before(i) != Tokens::kNone && tokens.Is(tokens.Before(i), ".") &&
@@ -441,6 +450,13 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
       return SpeaksOfStudies(tokens, i);
     case Around::DayBefore:
       return StandsBehindOrdinal(tokens, i);
+    case Around::AsTitle: {
+      const auto before = tokens.WordBefore(i);
+      return next > end && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
+             (before.empty() || IsUpperWord(before) || IsDeterminer(before));
+    }
+    case Around::Continued:
+      return !tokens.IsLast(end - 1) && !StartsSentences(tokens.View(next));
   }
   return false;
 }

@@ -70,6 +70,11 @@ std::size_t EndOfBare(const Tokens& tokens, std::size_t i, std::string_view writ
   return point && tokens.IsLast(i + 1) ? i + 1 : 0;
 }
 
+// "Das ist gesch...": a word that is not said to its end.
+bool IsBrokenOff(const Tokens& tokens, std::size_t end) {
+  return end > 0 && tokens.Is(end - 1, ".") && tokens.Is(end, ".");
+}
+
 std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, std::string_view first,
                                         bool capital) {
   const auto found = ByFirstToken().find(first);
@@ -77,7 +82,8 @@ std::optional<FoundAbbreviation> Search(const Tokens& tokens, std::size_t i, std
   for (const Abbreviation* const one : found->second) {
     std::size_t end = EndOf(tokens, i, one->written);
     if (end == 0) end = EndOfBare(tokens, i, one->written);
-    if (end != 0 && FitsAround(*one, tokens, i, end)) return FoundAbbreviation{one, capital, end};
+    if (end == 0 || (one->ending != Ending::Often && IsBrokenOff(tokens, end))) continue;
+    if (FitsAround(*one, tokens, i, end)) return FoundAbbreviation{one, capital, end};
   }
   return std::nullopt;
 }
@@ -90,6 +96,8 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
   // A dash or a point that touches belongs to another word: "Bezugs-Nr.", "www.inkl.de".
   if (i > 0 && tokens.IsWord(i) && (tokens.IsWord(i - 1) || tokens.Is(i - 1, "@") || tokens.Is(i - 1, "&")))
     return std::nullopt;
+  // "gibt's.", "McDonald's.": the rest of a word.
+  if (i >= 2 && IsOneOf(tokens.View(i - 1), {"'", "’"}) && tokens.IsWord(i - 2)) return std::nullopt;
   // "Baker Street 221b.": the letter of a number, but "S. 12f."
   if (i > 0 && word.size() == 1 && word != "f" && tokens.IsNumber(i - 1) && tokens.Is(i + 1, ".") &&
       (tokens.IsCapital(tokens.Skip(i + 2)) || tokens.Skip(i + 2) == tokens.Count()))
@@ -99,6 +107,7 @@ std::optional<FoundAbbreviation> AbbreviationAt(const Tokens& tokens, std::size_
     return std::nullopt;
   if (auto found = Search(tokens, i, word, false)) return found;
   if (!tokens.IsCapital(i) || !(tokens.OpensClause(i) || tokens.OpensLine(i))) return std::nullopt;
+  if (IsNameLikeCut(word) && tokens.IsLast(i + 1)) return std::nullopt;  // "„Max.“"
   // "Z. B." at the beginning of a sentence.
   const std::string small = WithLowerStart(word);
   auto found = Search(tokens, i, small, true);
@@ -246,7 +255,8 @@ std::optional<FoundStreet> StreetAt(const Tokens& tokens, std::size_t i) {
                              {"bj", "bjahr"}};
   const auto word = tokens.View(i);
   const bool point = tokens.Is(i + 1, ".");
-  if (word.empty() || (!point && !HasSuffix(word, {"str", "Str", "bhf"}))) return std::nullopt;
+  if (word.empty() || (!point && !HasSuffix(word, {"str", "Str", "bhf"})) || IsNameLikeCut(word))
+    return std::nullopt;
   for (const Part& part : kParts) {
     if (word.back() != part.written.back() || word.size() < part.written.size() + 3 ||
         !word.ends_with(part.written))

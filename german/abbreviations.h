@@ -79,7 +79,9 @@ enum class Around : std::uint8_t {
   Weekday,         // a day of the week follows
   Prepared,        // the sentence ends with it, and something to eat is made in it
   Subject,         // studies or lessons are spoken of
-  DayBefore        // an ordinal stands before: "19. Jh."
+  DayBefore,       // an ordinal stands before: "19. Jh."
+  AsTitle,         // a name follows, and no verb or preposition stands before
+  Continued        // the sentence goes on
 };
 
 // Whether the point is also that of a sentence, when a capitalised word follows.

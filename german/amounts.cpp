@@ -75,10 +75,27 @@ std::optional<Quantity> FractionQuantityAt(const Tokens& tokens, std::size_t i) 
   return quantity;
 }
 
+// "1.80 m", "62.5 kg": a point before the decimals, as it is written in Switzerland and by many others.
+void TakePointDecimals(const Tokens& tokens, WrittenNumber& number, std::size_t i) {
+  const std::size_t point = number.end;
+  if (!number.IsWhole() || number.grouped || number.whole.size() > 3 || !tokens.Is(point, ".") ||
+      !tokens.IsNumber(point + 1, 1, 2) || LabelBefore(tokens, i) ||
+      (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", ":", "/"})))
+    return;
+  const std::size_t at = tokens.Skip(point + 2);
+  const auto unit = UnitAt(tokens, at);
+  const bool letter =
+      tokens.IsCapital(at) && tokens.View(at).size() == 1 && !IsOneOf(tokens.View(at), {"V", "W"});
+  if (!unit || unit->isWord || letter || unit->singular == "Stunde" || tokens.Is(at, "M")) return;
+  number.decimals = tokens.View(point + 1);
+  number.end = point + 2;
+}
+
 std::optional<Quantity> QuantityAt(const Tokens& tokens, std::size_t i) {
   if (auto fraction = FractionQuantityAt(tokens, i)) return fraction;
-  const auto number = NumberAt(tokens, i);
+  auto number = NumberAt(tokens, i);
   if (!number) return std::nullopt;
+  TakePointDecimals(tokens, *number, i);
   Quantity quantity;
   quantity.number = *number;
   quantity.one = number->IsOne();
@@ -266,8 +283,10 @@ bool IsRealUnit(const Tokens& tokens, std::size_t first, const Quantity& quantit
   if (unit.singular == "Volt" && first > 1 && tokens.IsBlank(first - 1) && tokens.IsNumber(first - 2))
     return false;
   // "Core i7-13700K".
-  if (unitAt == first + 1 && first > 1 && tokens.Is(first - 1, "-") && !tokens.IsGap(first - 2) &&
-      tokens.View(unitAt).size() == 1)
+  if (unitAt == first + 1 && first > 1 && tokens.Is(first - 1, "-") && tokens.IsWord(unitAt) &&
+      tokens.View(unitAt).size() == 1 &&
+      (tokens.IsNumber(first - 2) ||
+       (tokens.IsWord(first - 2) && (first < 3 || !tokens.IsNumber(first - 3)))))
     return false;
   if (unit.singular == "Kelvin")
     return !quantity.number.IsWhole() || unit.end != unitAt + 1 || quantity.number.value >= 1000 ||

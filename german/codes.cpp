@@ -391,10 +391,11 @@ Found VersionAt(const Tokens& tokens, std::size_t i) {
   std::string words = zero ? DigitWords(tokens.View(i)) : CardinalWords(*DigitsAt(tokens, i, 9));
   std::size_t end = i + 1;
   std::size_t points = 0;
-  for (; tokens.Is(end, ".") && tokens.IsNumber(end + 1, 1, 9) && points < 6; end += 2, ++points) {
+  for (; tokens.Is(end, ".") && tokens.IsNumber(end + 1, 1, points == 0 ? 20 : 9) && points < 6;
+       end += 2, ++points) {
     const auto part = tokens.View(end + 1);
-    words +=
-        " Punkt " + (part.front() == '0' ? DigitWords(part) : CardinalWords(*DigitsAt(tokens, end + 1, 9)));
+    const bool digits = part.front() == '0' || (part.size() > 4 && points == 0);  // "0.33333"
+    words += " Punkt " + (digits ? DigitWords(part) : CardinalWords(*DigitsAt(tokens, end + 1, 9)));
   }
   // "192.168.0.1:8080".
   if (points == 3 && tokens.Is(end, ":") && tokens.IsNumber(end + 1, 1, 5)) {

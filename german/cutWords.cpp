@@ -42,7 +42,17 @@ bool IsWordOfItsOwn(std::string_view word) {
                         "Ben",     "zur",    "lief",    "erschien", "unterschrieb", "verschob", "überwies",
                         "versteh", "begrab", "sicht",   "erreich",  "erfahr",       "belast",   "ausreich",
                         "auftrag", "zug",    "bericht", "verkauf",  "Tom",          "Pat",      "Max",
-                        "Kat",     "Mat",    "Dan"});
+                        "Kat",     "Mat",    "Dan",     "Tages",    "eng",          "Bush",     "Eros"});
+}
+
+// What is left of some words is another word as often, and is one where its sentence ends: "Das bleibt
+// intern.", but "intern. Handel".
+bool IsRatherWhole(std::string_view word) {
+  return IsOneOf(word, {"intern",  "bisher", "derzeit", "ehren", "einst", "mittel",  "genehm",
+                        "Beil",    "Mont",   "Krim",    "Term",  "Part",  "Literat", "Kirch",
+                        "Kommiss", "Zuber",  "Mob",     "Vers",  "Span",  "Port",    "Pos"}) ||
+         HasSuffix(word,
+                   {"term", "gespann", "gespinst", "gestell", "disk", "konvent", "deck", "schwank", "quant"});
 }
 
 using Index = std::unordered_map<std::string, Entry>;
@@ -91,6 +101,7 @@ CutWord FromEntry(const Entry& entry, std::string_view before) {
 std::optional<CutWord> WholeOfLastPart(std::string_view word) {
   for (std::size_t at = kShortest; at + kShortestPart <= word.size(); ++at) {
     const auto found = Cuts().find(WithUpperStart(word.substr(at)));
+    if (NounOf(WithUpperStart(word.substr(at))).whole) continue;  // "Öldruck"
     if (found != Cuts().end() && found->second.kind == CutKind::Noun && BeginsCompounds(word.substr(0, at)) &&
         !EndsInWholeNoun(word, word.size() - at))
       return FromEntry(found->second, word.substr(0, at));
@@ -131,8 +142,13 @@ bool NounFollows(const Tokens& tokens, std::size_t point) {
 
 bool IsNameLikeCut(std::string_view word) {
   return IsOneOf(
-      word, {"Max", "Franz", "Klaus", "Kurt", "Peters", "Groß", "Walther", "Garmisch", "Feldkirch", "Serbien",
-             "Leer", "Neuwied", "Bayreuth", "Eisenach", "Breisach", "Mombasa", "Kambodscha"});
+      word,
+      {"Max",         "Franz",     "Klaus",      "Kurt",         "Peters",     "Groß",       "Walther",
+       "Garmisch",    "Feldkirch", "Serbien",    "Leer",         "Neuwied",    "Bayreuth",   "Eisenach",
+       "Breisach",    "Mombasa",   "Kambodscha", "Bayreuther",   "Sachsens",   "Eisenachs",  "Breisachs",
+       "Haskell",     "Heilbutt",  "Steinbutt",  "Paperback",    "Mastermind", "Lichtmess",  "Kontokorrent",
+       "Ehrengeleit", "Einzahl",   "Eigennutz",  "Gemeinnutz",   "Poppers",    "Stoppers",   "Lahn",
+       "Regress",     "Progress",  "Rezess",     "Hirngespinst", "Steiges",    "Besenreiser"});
 }
 
 bool EndsLikeNoWord(std::string_view word) {
@@ -178,7 +194,8 @@ std::optional<CutWord> WholeOfCut(std::string_view word) {
 
 std::optional<CutWord> CutWordAt(const Tokens& tokens, std::size_t i) {
   const auto written = tokens.View(i);
-  if (!tokens.Is(i + 1, ".") || !tokens.FreeBefore(i)) return std::nullopt;
+  if (!tokens.Is(i + 1, ".") || tokens.Is(i + 2, ".") || !tokens.FreeBefore(i)) return std::nullopt;
+  if (i >= 2 && IsOneOf(tokens.View(i - 1), {"'", "’"}) && tokens.IsWord(i - 2)) return std::nullopt;
   auto cut = WholeOfCut(written);
   const bool opens = tokens.IsCapital(i) && tokens.OpensClause(i);
   if (!cut && opens && !NounOf(written).whole) {
@@ -190,6 +207,9 @@ std::optional<CutWord> CutWordAt(const Tokens& tokens, std::size_t i) {
   if (written.size() == kShortest && tokens.IsNumber(tokens.Skip(i + 2)) && !cut->certain)
     return std::nullopt;
   if (GoesOn(tokens, i + 1)) return cut;
+  const bool over =
+      tokens.IsLast(i + 1) || (cut->kind != CutKind::Adjective && tokens.IsCapital(tokens.Skip(i + 2)));
+  if (IsRatherWhole(written) && over) return std::nullopt;
   const bool determined = tokens.IsCapital(i) && IsDeterminer(tokens.WordBefore(i));
   const bool name = NounFollows(tokens, i + 1);  // "Der Komp. J. S. Bach"
   if (determined && (tokens.IsLast(i + 1) || name) && written.size() > kShortest) return cut;

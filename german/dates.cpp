@@ -115,7 +115,8 @@ bool HasVersions(std::string_view word) {
                         "DisplayPort", "TLS",     "LibreOffice", "Fedora",  "iPadOS",  "Harmony", "OS"});
 }
 
-// "Ziff. 4.1 und 4.2.": another section of those that are named.
+}  // namespace
+
 bool StandsBehindSection(const Tokens& tokens, std::size_t i) {
   const std::size_t joint = tokens.Before(i);
   if (joint == Tokens::kNone || !IsOneOf(tokens.View(joint), {"und", "u", "oder", "bis", "sowie", ","}))
@@ -126,6 +127,24 @@ bool StandsBehindSection(const Tokens& tokens, std::size_t i) {
          !IsLabelOfDays(tokens.WordBefore(part - 2));
 }
 
+namespace {
+
+// "am 17.7 um 12 Uhr", "vom 3.5 bis zum 5.5": the last point is often forgotten.
+bool LacksLastPoint(const Tokens& tokens, std::size_t i) {
+  const std::size_t behind = i + 3;
+  const std::size_t next = tokens.Skip(behind);
+  const auto follows = tokens.View(next);
+  if (!tokens.IsNumber(i + 2, 1, 2) ||
+      !(tokens.IsGap(behind) || IsOneOf(tokens.View(behind), {",", ")", "!", "?", ";"})) ||
+      (tokens.Is(behind, ",") && !tokens.IsGap(behind + 1)))
+    return false;
+  const std::string before = WithLowerStart(tokens.WordBefore(i));
+  if (before == "am") return follows != "Uhr";
+  const bool named = IsOneOf(before, {"vom", "zum"}) || (before.empty() && StandsBehindWeekday(tokens, i));
+  return named && (next != behind ? !tokens.IsCapital(next) && !tokens.IsNumber(next) : true) &&
+         !IsOneOf(follows, {"auf", "%", "€", "h"});
+}
+
 std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   if (HasVersions(tokens.WordBefore(i)) || StandsBehindSection(tokens, i)) return std::nullopt;
   const std::size_t next = tokens.Skip(i + 2);
@@ -133,7 +152,7 @@ std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   if (!month) return std::nullopt;
   DateShape shape{static_cast<std::size_t>(*DigitsAt(tokens, i, 2)), *month, Tokens::kNone, next + 1};
   const bool point = tokens.Is(next + 1, ".");
-  if (!point) return std::nullopt;
+  if (!point) return LacksLastPoint(tokens, i) ? std::optional(shape) : std::nullopt;
   shape.end = next + 2;
   const std::size_t year = tokens.Skip(next + 2);
   const bool room = LabelBefore(tokens, i) && !IsLabelOfDays(tokens.WordBefore(i));
@@ -525,8 +544,9 @@ Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
   // "ist mi. geschl.": it opens or closes then.
   const bool opens =
       !tokens.Is(i, "so") && HasPrefix(tokens.View(tokens.Skip(i + 2)), {"gesch", "geöff", "nachm", "vorm"});
-  if (opens || IsOneOf(tokens.WordBefore(i), {"außer", "nur", "immer", "jeweils"}))
-    return Phrase{tokens.WithoutLastPoint(i + 2), first};
+  const bool named = !tokens.Is(i, "so") &&  // "Das war immer so."
+                     IsOneOf(tokens.WordBefore(i), {"außer", "nur", "immer", "jeweils"});
+  if (opens || named) return Phrase{tokens.WithoutLastPoint(i + 2), first};
   std::size_t at = tokens.Skip(i + 2);
   std::string between = " und ";
   if (tokens.IsDashAt(at) || tokens.Is(at, "bis")) {

@@ -29,6 +29,9 @@ struct DateShape {
 // A day and a month: "3.10.", "3.10.2024", "3. Okt. 2024"; the last point is part of it.
 [[nodiscard]] std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i);
 
+// "Ziff. 4.1 und 4.2.": another section of those that are named before the token.
+[[nodiscard]] bool StandsBehindSection(const Tokens& tokens, std::size_t i);
+
 // A single day with this ending of its ordinal: "en" for "dritten Mai".
 [[nodiscard]] Found DayWithEnding(const Tokens& tokens, std::size_t i, std::string_view ending);
 

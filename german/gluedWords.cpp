@@ -33,8 +33,10 @@ std::string PartWords(std::uint64_t value) {
 
 // "80er", "1980er-Jahre", "2er-Team".
 Found DecadeAt(const Tokens& tokens, std::size_t i) {
-  const auto number = DigitsAt(tokens, i, 4);
-  std::size_t er = i + 1;
+  const auto whole = NumberAt(tokens, i);
+  if (!whole || !whole->IsWhole()) return std::nullopt;
+  const auto number = whole->grouped ? std::optional(whole->value) : DigitsAt(tokens, i, 4);
+  std::size_t er = whole->end;
   if (tokens.Is(er, "-") || tokens.Is(er, "'") || tokens.Is(er, "’")) ++er;
   const auto word = tokens.View(er);
   if (!number || !IsOneOf(word, {"er", "ern", "ers"}) || !tokens.FreeBefore(i)) return std::nullopt;

@@ -116,9 +116,12 @@ Found DashBetweenSumsAt(const Tokens& tokens, std::size_t i) {
   // "63 v. Chr.–14 n. Chr."
   if (tokens.Is(before, ".") && before > 0 && tokens.Is(before - 1, "Chr"))
     return Phrase{next, before + 1 == i ? " bis " : "bis "};
-  const bool sum = IsOneOf(tokens.View(before),
-                           {"€", "EUR", "%", "$", "kg", "km", "cm", "mm", "C", "ml", "mg", "g", "m"}) &&
-                   tokens.IsNumber(tokens.Before(before));
+  std::size_t number = tokens.Before(before);
+  if (tokens.Is(before, "C") && number != Tokens::kNone && tokens.Is(number, "°"))
+    number = tokens.Before(number);  // "160 °C - 180 °C"
+  const bool sum = IsOneOf(tokens.View(before), {"€", "EUR", "%", "$", "kg", "km", "cm", "mm", "C", "°", "h",
+                                                 "ml", "mg", "g", "m"}) &&
+                   number != Tokens::kNone && tokens.IsNumber(number);
   if (!sum || !AmountAt(tokens, next) || tokens.Is(tokens.Skip(next + 1), "=")) return std::nullopt;
   return Phrase{next, before + 1 == i ? " bis " : "bis "};
 }

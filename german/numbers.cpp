@@ -23,8 +23,16 @@ bool PartsGroups(const Tokens& tokens, std::size_t i, std::string_view first) {
   return sign == first;
 }
 
+// "5.000jährig", "250.000DM".
+bool MayTouchNumber(std::string_view word) {
+  return HasPrefix(word, {"jähr", "fach", "mal"}) ||
+         IsOneOf(word, {"er", "DM", "EUR", "CHF", "km",  "m", "cm", "mm", "kg", "g",  "t",
+                        "ha", "qm", "ml",  "l",   "kWh", "W", "kW", "MB", "GB", "mg", "x"});
+}
+
 bool GroupFollows(const Tokens& tokens, std::size_t i, std::string_view sign) {
-  return PartsGroups(tokens, i, sign) && tokens.IsNumber(i + 1, 3, 3) && !tokens.IsWord(i + 2);
+  return PartsGroups(tokens, i, sign) && tokens.IsNumber(i + 1, 3, 3) &&
+         (!tokens.IsWord(i + 2) || (tokens.Is(i, ".") && MayTouchNumber(tokens.View(i + 2))));
 }
 
 // A group behind a mere blank may be the next number: "Platz 3 100 Meter".

@@ -100,7 +100,8 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
   // "(lat. Lynx lynx)": the language of a name.
   if (i > 0 && tokens.Is(i - 1, "(") && words.ends_with("isch") && noun != Tokens::kNone &&
-      !NounOf(tokens.View(noun)).known)
+      !NounOf(tokens.View(noun)).known &&
+      !HasSuffix(tokens.View(noun), {"in", "er", "ist", "or", "ent", "ant"}))
     return words;
   // "i. H. v. mtl. 50 €".
   const bool sum = noun == Tokens::kNone && tokens.IsNumber(tokens.Skip(end));
@@ -113,7 +114,10 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
     agreement = {Gender::Masculine, true, false, true};
   // Most words that no lexicon knows are masculine, and those with an "s" are many.
   if (!agreement.known)
-    agreement = {Gender::Masculine, noun == Tokens::kNone || tokens.View(noun).ends_with('s'), false, true};
+    agreement = {
+        Gender::Masculine,
+        noun == Tokens::kNone || (tokens.View(noun).ends_with('s') && WithLowerStart(words) != "heilig"),
+        false, true};
   if (noun != Tokens::kNone && tokens.View(noun).ends_with('a'))
     agreement = {Gender::Feminine, false, false, true};
   return words + std::string(EndingAt(tokens, i, agreement));

@@ -457,6 +457,11 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
       !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
     return std::nullopt;
+  // "Franz X. Huber", "Edward V. Long": without a title one letter before a last name is an initial.
+  if (IsOneOf(tokens.View(i), {"V", "X"}) && point && tokens.IsCapital(next) &&
+      !StartsSentences(tokens.View(next)) && !IsTitle(tokens.WordBefore(name)) &&
+      !IsRulersName(tokens.View(next)) && !owner)
+    return std::nullopt;
   return Phrase{!point || tokens.IsLast(i + 1) ? i + 1 : i + 2,
                 RulersNumber(value, CaseOfRuler(tokens, name), woman)};
 }

@@ -85,6 +85,12 @@ Found AgeLimitAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, WithGaps(tokens, i, tokens.Is(i, "<") ? "unter" : "über")};
 }
 
+// "> > Hallo": a quotation in another one.
+bool QuotesAgain(const Tokens& tokens, std::size_t i) {
+  while (i > 0 && (tokens.IsBlank(i - 1) || tokens.Is(i - 1, ">"))) --i;
+  return tokens.OpensLine(i) && tokens.Is(i, ">");
+}
+
 Found MathSignAt(const Tokens& tokens, std::size_t i) {
   if (auto limit = AgeLimitAt(tokens, i)) return limit;
   for (const SignName& one : kBetween) {
@@ -105,6 +111,8 @@ Found MathSignAt(const Tokens& tokens, std::size_t i) {
     if (one.sign == "<" && tokens.Is(i + 1, "3") && tokens.IsGap(i + 2)) return Phrase{i + 2, "Herz"};
     if (IsOneOf(one.sign, {"<", ">"})) {
       if (i > 0 && IsOneOf(tokens.View(i - 1), {"-", "=", "<", ">"})) return std::nullopt;
+      if (one.sign == ">" && i >= 2 && tokens.Is(i - 2, "<")) return std::nullopt;  // "<Anna> 46 Zeichen"
+      if (one.sign == ">" && QuotesAgain(tokens, i)) return std::nullopt;
       // The sign of a quoted line.
       if (one.sign == ">" && spaced && LeadsThroughMenu(tokens, i)) return Phrase{i + 1, "–"};
       if (one.sign == ">" && tokens.OpensLine(i) && tokens.IsBlank(i + 1)) return std::nullopt;
@@ -277,7 +285,7 @@ Found PlusBehindNameAt(const Tokens& tokens, std::size_t i) {
               {"Strg", "Alt", "Umschalt", "Ctrl", "Shift", "Win", "Steuerung", "Windows", "Cmd"}))
     return Phrase{i + 1, " plus "};
   if (!tokens.Is(i + 1, "+") && !tokens.IsGap(i + 1) &&
-      !IsOneOf(tokens.View(i + 1), {".", ",", ")", "-", "!", "?"}))
+      !IsOneOf(tokens.View(i + 1), {".", ",", ")", "-", "!", "?", ":", ";", "/", "“", "\"", "«"}))
     return std::nullopt;
   return Phrase{i + 1, " plus"};
 }

@@ -342,7 +342,7 @@ bool IsNamedTime(const Tokens& tokens, std::size_t i) {
 // The list "8, 10 und 12 Uhr" stays numbers; one time is read.
 Found OneTimeAt(const Tokens& tokens, std::size_t i) {
   const auto clock = ClockAt(tokens, i, true);
-  if (!clock) return std::nullopt;
+  if (!clock || (clock->minute && !clock->byColon && StandsBehindSection(tokens, i))) return std::nullopt;
   const bool glued = clock->end == tokens.Skip(clock->end);
   const bool means =
       clock->minute

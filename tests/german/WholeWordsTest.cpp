@@ -37,5 +37,19 @@ TEST(WholeWordsTest, StandAloneBeforeANumber) {
     EXPECT_EQ(SpellOut(word + ". 3 Kinder kamen.").text, word + ". Drei Kinder kamen.");
 }
 
+// At the end of a sentence these are no other word, whatever stands before them.
+TEST(WholeWordsTest, EndSentences) {
+  for (const std::string word :
+       {"intern",       "bisher",   "derzeit",   "einst",   "so",      "Tages",       "Dir",
+        "Span",         "Vers",     "Mob",       "Part",    "Term",    "Kommiss",     "Lichtmess",
+        "Kontokorrent", "Heilbutt", "Paperback", "Öldruck", "Ölstand", "Hirngespinst"}) {
+    EXPECT_EQ(SpellOut("Das war immer " + word + ".").text, "Das war immer " + word + ".");
+    EXPECT_EQ(SpellOut("Er sprach von der " + word + ". Danach ging er.").text,
+              "Er sprach von der " + word + ". Danach ging er.");
+  }
+  for (const std::string word : {"gibt's", "LKW's", "McDonald's", "entgeh'n"})
+    EXPECT_EQ(SpellOut("Das " + word + ". Danach ging er.").text, "Das " + word + ". Danach ging er.");
+}
+
 }  // namespace
 }  // namespace lorelin
