@@ -23,6 +23,15 @@ std::size_t NumberBehind(const Tokens& tokens, std::size_t end) {
   return next;
 }
 
+// "1, 2, 3, …, n. Wenn es mehr sind": the letter ends its sentence.
+bool OpensNextSentence(const Tokens& tokens, std::size_t next) {
+  return IsOneOf(tokens.View(next),
+                 {"Die",  "Der",   "Das",   "Den",  "Dem",  "Es",   "Er",     "Wir",   "Dann",  "Danach",
+                  "Und",  "Oder",  "Aber",  "Wenn", "Als",  "Ob",   "Dass",   "Weil",  "Da",    "Damit",
+                  "Hier", "Heute", "Jetzt", "Nun",  "Auch", "Noch", "So",     "Wie",   "Was",   "Wer",
+                  "Im",   "In",    "Am",    "Bei",  "Mit",  "Für",  "Dieser", "Diese", "Dieses"});
+}
+
 bool StandsBehindNumber(const Tokens& tokens, std::size_t i) {
   const std::size_t before = tokens.Before(i);
   if (before == Tokens::kNone) return false;
@@ -203,7 +212,8 @@ bool FitsAround(const Abbreviation& one, const Tokens& tokens, std::size_t i, st
     case Around::NoNumberBefore:
       return !StandsBehindNumber(tokens, i) && !StandsBehindOrdinal(tokens, i);
     case Around::Capital:
-      return next > end && tokens.IsCapital(next);
+      return next > end && tokens.IsCapital(next) &&
+             !(one.written.size() == 2 && OpensNextSentence(tokens, next));
     case Around::Name:
       return next > end && tokens.IsCapital(next) && !StartsSentences(tokens.View(next));
     case Around::Digits:

@@ -573,7 +573,7 @@ constexpr Abbreviation kTable[] = {
     A{"Zi.", "Zimmer", Number}, A{"Whg.-Nr.", "Wohnungsnummer"}, A{"werkt.", "werktags"}, A{"sonnt.", "sonntags"},
     A{"So.- u. Feiert.", "Sonn- und Feiertag"}, A{"Feiert.", "Feiertag", Anything, Noun},
     A{"Std.", "Stunde", Capital, Noun}, A{"Min.", "Minute", Capital, Noun},
-    A{"Temp.", "Temperatur", Anything, Noun}, A{"Geschw.", "Geschwindigkeit"}, A{"Entf.", "Entfernung"},
+    A{"Temp.", "Temperatur", Anything, Noun}, A{"Geschw.", "Geschwindigkeit"}, A{"Entf.", "Entfernung", Continued},
     A{"Gew.", "Gewicht"}, A{"Vol.", "Volumen", NumberBefore, Noun}, A{"Vol.-%", "Volumenprozent"},
     A{"Dos.", "Dosierung"}, A{"Rp.", "Rezept"}, A{"Filmtbl.", "Filmtabletten"},
     A{"verschr.", "verschreibungspflichtig", Anything, Never, Adjective}, A{"TK", "Tiefkühl", SmallWord},

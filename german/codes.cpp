@@ -377,6 +377,10 @@ Found CreditorAt(const Tokens& tokens, std::size_t i) {
 }
 
 Found CodeAt(const Tokens& tokens, std::size_t i) {
+  // "GIMP-2.10.18".
+  const bool version = i > 1 && tokens.Is(i - 1, "-") && tokens.IsWord(i - 2) && tokens.Is(i + 1, ".") &&
+                       tokens.Is(i + 3, ".") && tokens.IsNumber(i, 1, 2);
+  if (auto found = version ? VersionAt(tokens, i) : std::nullopt) return found;
   for (const auto reading : {&HexadecimalAt, &IsbnAt, &DosageAt, &ExtensionAt, &EmergencyAt, &PhoneAt,
                              &PostcodeAt, &SerialAt, &LeadingZeroAt}) {
     if (auto found = reading(tokens, i)) return found;
@@ -384,9 +388,22 @@ Found CodeAt(const Tokens& tokens, std::size_t i) {
   return std::nullopt;
 }
 
+Found SectionAt(const Tokens& tokens, std::size_t i) {
+  const auto letter = tokens.View(i);
+  if (letter.size() != 1 || !tokens.IsCapital(i) || !tokens.Is(i + 1, ".") || !tokens.IsNumber(i + 2, 1, 3) ||
+      !(i == 0 || tokens.IsGap(i - 1) || IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "[", "»"})))
+    return std::nullopt;
+  std::string words(letter);
+  std::size_t end = i + 1;
+  for (; tokens.Is(end, ".") && tokens.IsNumber(end + 1, 1, 3); end += 2)
+    words += " Punkt " + CardinalWords(*DigitsAt(tokens, end + 1, 3));
+  return tokens.FreeBehind(end - 1) ? Found(Phrase{end, words}) : std::nullopt;
+}
+
 Found VersionAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 1, 9) || !tokens.FreeBefore(i)) return std::nullopt;
-  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", "/", ":"})) return std::nullopt;
+  const bool other = i > 3 && tokens.Is(i - 1, "/") && tokens.IsNumber(i - 2) && tokens.Is(i - 3, ".");
+  if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ",", "/", ":"}) && !other) return std::nullopt;
   const bool zero = tokens.View(i).front() == '0' && tokens.View(i).size() > 1;  // "02.03.0010"
   std::string words = zero ? DigitWords(tokens.View(i)) : CardinalWords(*DigitsAt(tokens, i, 9));
   std::size_t end = i + 1;

@@ -11,6 +11,9 @@ namespace lorelin {
 // "2.4.1", "192.168.0.1", "Version 2.0": numbers with points between, each point said.
 [[nodiscard]] Found VersionAt(const Tokens& tokens, std::size_t i);
 
+// "A.2.1" of an appendix, "X.509".
+[[nodiscard]] Found SectionAt(const Tokens& tokens, std::size_t i);
+
 // "DE89 3704 …", beginning with its two letters.
 [[nodiscard]] Found IbanAt(const Tokens& tokens, std::size_t i);
 

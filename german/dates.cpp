@@ -109,10 +109,11 @@ bool IsLabelOfDays(std::string_view word) {
 
 // "Bluetooth 5.3", "Android 12.1.": what comes in versions.
 bool HasVersions(std::string_view word) {
-  return IsOneOf(word, {"Bluetooth",   "Android", "iOS",         "Windows", "USB",     "HDMI",    "Python",
-                        "Java",        "PHP",     "Linux",       "Ubuntu",  "Debian",  "macOS",   "Firmware",
-                        "Software",    "Release", "Update",      "DirectX", "Firefox", "Chrome",  "Kernel",
-                        "DisplayPort", "TLS",     "LibreOffice", "Fedora",  "iPadOS",  "Harmony", "OS"});
+  return IsOneOf(word, {"Bluetooth",   "Android", "iOS",    "Windows", "USB",     "HDMI",      "Python",
+                        "Java",        "PHP",     "Linux",  "Ubuntu",  "Debian",  "macOS",     "Firmware",
+                        "Software",    "Release", "Update", "DirectX", "Firefox", "Chrome",    "Kernel",
+                        "DisplayPort", "TLS",     "ODF",    "GIMP",    "Version", "Versionen", "OpenOffice",
+                        "LibreOffice", "Fedora",  "iPadOS", "Harmony", "OS"});
 }
 
 }  // namespace
@@ -156,7 +157,8 @@ std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   shape.end = next + 2;
   const std::size_t year = tokens.Skip(next + 2);
   const bool room = LabelBefore(tokens, i) && !IsLabelOfDays(tokens.WordBefore(i));
-  if (room && !tokens.IsNumber(year)) return std::nullopt;  // "Raum 3.07."
+  if (room && !tokens.IsNumber(year, 4, 4)) return std::nullopt;  // "Raum 3.07.", "Abschnitt 9.4.13"
+  if (tokens.Is(next + 2, "x")) return std::nullopt;              // "GIMP 2.10.x"
   if (IsYearAt(tokens, year, year == next + 2)) {
     shape.year = year;
     shape.end = year + 1;
@@ -192,6 +194,7 @@ std::optional<DateShape> DateShapeAt(const Tokens& tokens, std::size_t i) {
   if (i > 0 && IsOneOf(tokens.View(i - 1), {".", ","}) && i > 1 && tokens.IsNumber(i - 2))
     return std::nullopt;
   if (auto named = NamedDateAt(tokens, i)) return named;
+  if (i > 1 && tokens.Is(i - 1, "-") && tokens.IsWord(i - 2)) return std::nullopt;  // "GIMP-2.10.18"
   return NumberDateAt(tokens, i);
 }
 

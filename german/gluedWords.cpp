@@ -39,6 +39,10 @@ Found DecadeAt(const Tokens& tokens, std::size_t i) {
   std::size_t er = whole->end;
   if (tokens.Is(er, "-") || tokens.Is(er, "'") || tokens.Is(er, "’")) ++er;
   const auto word = tokens.View(er);
+  // "der Sound der 1990s".
+  if (number && word == "s" && er == i + 1 && tokens.IsNumber(i, 4, 4) && *number % 10 == 0 &&
+      *number >= 1800 && *number < 2100 && tokens.FreeBefore(i))
+    return Phrase{er + 1, YearWords(*number) + "er"};
   if (!number || !IsOneOf(word, {"er", "ern", "ers"}) || !tokens.FreeBefore(i)) return std::nullopt;
   std::string stem = tokens.IsNumber(i, 4, 4) ? YearWords(*number) : CardinalWords(*number, "eins");
   if (*number == 100 || *number == 1000) stem = PartWords(*number);

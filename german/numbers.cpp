@@ -9,6 +9,7 @@ namespace lorelin {
 namespace {
 
 constexpr std::size_t kMostDigits = 12;
+constexpr std::size_t kMostDecimals = 20;
 
 std::uint64_t ValueOf(std::string_view digits) {
   std::uint64_t value = 0;
@@ -63,6 +64,12 @@ void ReadGroups(const Tokens& tokens, std::size_t i, WrittenNumber& number) {
   number.whole = tokens.View(i, end);
 }
 
+// "(38,31,207)": three numbers without blanks are a row and no decimals.
+bool StandsInRow(const Tokens& tokens, std::size_t i, std::size_t comma) {
+  const bool more = tokens.Is(comma + 2, ",") && tokens.IsNumber(comma + 3);
+  return more || (i > 1 && tokens.Is(i - 1, ",") && tokens.IsNumber(i - 2));
+}
+
 }  // namespace
 
 std::optional<std::uint64_t> DigitsAt(const Tokens& tokens, std::size_t i, std::size_t most) {
@@ -77,7 +84,8 @@ std::optional<WrittenNumber> NumberAt(const Tokens& tokens, std::size_t i) {
   number.value = ValueOf(number.whole);
   number.end = i + 1;
   ReadGroups(tokens, i, number);
-  if (tokens.Is(number.end, ",") && tokens.IsNumber(number.end + 1, 1, kMostDigits)) {
+  if (tokens.Is(number.end, ",") && tokens.IsNumber(number.end + 1, 1, kMostDecimals) &&
+      !StandsInRow(tokens, i, number.end)) {
     number.decimals = tokens.View(number.end + 1);
     number.end += 2;
   }

@@ -445,7 +445,8 @@ Found IndefiniteArticleAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "e") || !tokens.Is(i + 1, ".") || !tokens.FreeBefore(i) || !tokens.IsBlank(i + 2))
     return std::nullopt;
   const std::size_t noun = NounBehind(tokens, i + 3);
-  if (noun == Tokens::kNone || tokens.View(noun).size() < 3) return std::nullopt;
+  if (noun == Tokens::kNone || tokens.View(noun).size() < 3 || StartsSentences(tokens.View(i + 3)))
+    return std::nullopt;
   const Agreement agreement = AgreementAt(tokens, noun);
   if (!agreement.known || agreement.plural) return std::nullopt;
   if (BelongsToNounBefore(tokens, i) && tokens.WordBefore(i) != "Uhr" &&
@@ -485,13 +486,29 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
   return std::nullopt;
 }
 
-constexpr Reading kOfWords[] = {&AddressAt,        &AlternativesAt,       &CreditorAt,
-                                &IbanAt,           &ScriptureAt,          &CalendarWordAt,
-                                &RomanAt,          &AbbreviationPhraseAt, &StreetPhraseAt,
-                                &CutWordPhraseAt,  &CutAdjectivePhraseAt, &CutNounPhraseAt,
-                                &CurrencyFirstAt,  &UnitBehindWordAt,     &UnitBehindBracketsAt,
-                                &UnitOfCompoundAt, &LoneUnitAt,           &TimesBetweenMeasuresAt,
-                                &ArticlePhraseAt,  &IndefiniteArticleAt,  &InPhraseAt};
+constexpr Reading kOfWords[] = {&AddressAt,
+
+                                &AlternativesAt,
+                                &CreditorAt,
+                                &IbanAt,
+                                &ScriptureAt,
+                                &CalendarWordAt,
+                                &RomanAt,
+                                &AbbreviationPhraseAt,
+                                &SectionAt,
+                                &StreetPhraseAt,
+                                &CutWordPhraseAt,
+                                &CutAdjectivePhraseAt,
+                                &CutNounPhraseAt,
+                                &CurrencyFirstAt,
+                                &UnitBehindWordAt,
+                                &UnitBehindBracketsAt,
+                                &UnitOfCompoundAt,
+                                &LoneUnitAt,
+                                &TimesBetweenMeasuresAt,
+                                &ArticlePhraseAt,
+                                &IndefiniteArticleAt,
+                                &InPhraseAt};
 constexpr Reading kOfNumbers[] = {&AddressAt, &DateAt,        &CodeAt,    &TimeAt,
                                   &GluedAt,   &AmountAt,      &SpanAt,    &FractionPhraseAt,
                                   &OrdinalAt, &PlainNumberAt, &VersionAt, &IntegerAt};

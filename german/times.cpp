@@ -457,9 +457,12 @@ bool LooksLikeClock(const Tokens& tokens, std::size_t i, const Score& score) {
          score.right < kMinutes;
 }
 
-// "15:00": no side has ever "00" or "05" goals.
+// "15:00", "01:40": no side has ever "00" or "05" goals.
 bool HasLeadingNull(const Tokens& tokens, std::size_t i) {
-  return tokens.Is(i + 1, ":") && tokens.IsNumber(i + 2, 2, 2) && tokens.View(i + 2).front() == '0';
+  const auto leads = [&](std::size_t at) {
+    return tokens.IsNumber(at, 2, 2) && tokens.View(at).front() == '0';
+  };
+  return tokens.Is(i + 1, ":") && (leads(i) || leads(i + 2));
 }
 
 Found ClockByColonAt(const Tokens& tokens, std::size_t i) {
