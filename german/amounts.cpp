@@ -226,6 +226,11 @@ Found MoneyAt(const Tokens& tokens, std::size_t i, std::size_t first) {
   const std::size_t dashes = BehindDashes(tokens, quantity->end);
   const auto currency = CurrencyAt(tokens, tokens.Skip(dashes));
   // "KM 520,-": what else has such an end?
+  const auto code = tokens.View(tokens.Skip(dashes));  // "1.000,- JMD" of a currency that has no name here
+  const bool named = code.size() == 3 && IsAllCaps(code);
+  if (dashes > quantity->end && !currency && named && quantity->number.IsWhole() &&
+      !quantity->number.whole.empty())
+    return Phrase{dashes, CardinalWords(quantity->number.value)};
   const bool bare = dashes > quantity->end && !currency && quantity->number.IsWhole() &&
                     !quantity->number.whole.empty() &&
                     (tokens.IsGap(dashes) || IsOneOf(tokens.View(dashes), {".", ",", ")", ";", "!", "/"}));

@@ -390,7 +390,9 @@ Found CodeAt(const Tokens& tokens, std::size_t i) {
 
 Found SectionAt(const Tokens& tokens, std::size_t i) {
   const auto letter = tokens.View(i);
-  if (letter.size() != 1 || !tokens.IsCapital(i) || !tokens.Is(i + 1, ".") || !tokens.IsNumber(i + 2, 1, 3) ||
+  const bool page = IsOneOf(letter, {"S", "P"});  // "S.12"
+  if (letter.size() != 1 || !tokens.IsCapital(i) || page || !tokens.Is(i + 1, ".") ||
+      !tokens.IsNumber(i + 2, 1, 3) ||
       !(i == 0 || tokens.IsGap(i - 1) || IsOneOf(tokens.View(i - 1), {"(", "„", "\"", "[", "»"})))
     return std::nullopt;
   std::string words(letter);

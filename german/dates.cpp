@@ -158,7 +158,11 @@ std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   const std::size_t year = tokens.Skip(next + 2);
   const bool room = LabelBefore(tokens, i) && !IsLabelOfDays(tokens.WordBefore(i));
   if (room && !tokens.IsNumber(year, 4, 4)) return std::nullopt;  // "Raum 3.07.", "Abschnitt 9.4.13"
-  if (tokens.Is(next + 2, "x")) return std::nullopt;              // "GIMP 2.10.x"
+  // "10.1.11. Einstellungen" of a heading.
+  if (tokens.OpensLine(i) && year == next + 2 && tokens.IsNumber(year, 1, 2) && tokens.Is(year + 1, ".") &&
+      (tokens.IsLast(year + 1) || (tokens.IsBlank(year + 2) && tokens.IsCapital(year + 3))))
+    return std::nullopt;
+  if (tokens.Is(next + 2, "x")) return std::nullopt;  // "GIMP 2.10.x"
   if (IsYearAt(tokens, year, year == next + 2)) {
     shape.year = year;
     shape.end = year + 1;
@@ -221,6 +225,10 @@ std::optional<FirstDay> FirstDayAt(const Tokens& tokens, std::size_t i) {
     first.between = " bis ";
   } else if (point && tokens.Is(at, "/")) {
     first.between = " und ";
+  } else if (!point && tokens.Is(at, "bis") && IsDay(tokens, tokens.Skip(at + 1)) &&
+             tokens.Is(tokens.Skip(at + 1) + 1, ".") &&
+             MonthAt(tokens, tokens.Skip(tokens.Skip(at + 1) + 2))) {
+    first.between = " bis ";  // "24 bis 27. August"
   } else if (point && IsOneOf(tokens.View(at), {"bis", "und", "oder"})) {
     first.between = tokens.Is(at, "bis") ? " bis " : (tokens.Is(at, "und") ? " und " : " oder ");
   } else if (point && tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
@@ -261,9 +269,11 @@ Found DateSpanAt(const Tokens& tokens, std::size_t i) {
 
 // "2024-05-03", perhaps with a time behind a "T".
 Found IsoDateAt(const Tokens& tokens, std::size_t i) {
-  if (!tokens.IsNumber(i, 4, 4) || !tokens.Is(i + 1, "-") || !tokens.IsNumber(i + 2, 2, 2) ||
-      !tokens.Is(i + 3, "-") || !tokens.IsNumber(i + 4, 2, 2) || !tokens.FreeBefore(i) ||
-      !tokens.FreeBehind(i + 4) || tokens.Is(i + 5, "-"))
+  const bool dashed = tokens.Is(i + 1, "-") && tokens.Is(i + 3, "-");
+  const bool stroked = tokens.Is(i + 1, "/") && tokens.Is(i + 3, "/") && !tokens.Is(i + 5, "/");
+  if (!tokens.IsNumber(i, 4, 4) || !(dashed || stroked) || !tokens.IsNumber(i + 2, 2, 2) ||
+      !tokens.IsNumber(i + 4, 2, 2) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i + 4) ||
+      tokens.Is(i + 5, "-"))
     return std::nullopt;
   const auto month = MonthNumberAt(tokens, i + 2);
   if (!month || !IsDay(tokens, i + 4) || (i > 0 && tokens.Is(i - 1, "-"))) return std::nullopt;

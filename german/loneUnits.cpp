@@ -70,6 +70,9 @@ Found WordPerUnitAt(const Tokens& tokens, std::size_t i) {
   if (!IsOneOf(tokens.View(i + 1), {"s", "min", "h", "Std", "Min", "Tag", "kg", "Woche", "Monat", "Jahr", "l",
                                     "Mon", "Wo", "Pers", "m", "km", "Stunde", "Minute", "Sekunde"}))
     return std::nullopt;
+  // "in diesem Monat/Jahr": one or the other.
+  if (IsOneOf(tokens.View(i - 1), {"Monat", "Woche", "Stunde", "Minute", "Jahr", "Quartal"}))
+    return std::nullopt;
   const auto per = PerAt(tokens, i);
   if (!per) return std::nullopt;
   return Phrase{per->end, per->words};

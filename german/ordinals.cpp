@@ -372,6 +372,9 @@ PointMeaning JudgePoint(const Tokens& tokens, std::size_t i) {
   if (tokens.View(i).front() == '0' && !MonthAt(tokens, next) &&
       !(tokens.Is(next, "d") && tokens.Is(next + 1, ".")))  // "am 05. d. M."
     return PointMeaning::Sentence;
+  // "(22. Etappe)": no sentence ends in so short a bracket.
+  if (i > 0 && tokens.Is(i - 1, "(") && tokens.IsCapital(next) && tokens.Is(next + 1, ")") && *value < kYears)
+    return PointMeaning::Ordinal;
   if (tokens.IsCapital(next)) return BeforeCapital(tokens, i, next, *value);
   if (tokens.IsWord(next)) return BeforeSmallWord(tokens, i, next);
   if (IsOneOf(tokens.View(next), {"–", "-", "/"}) && JoinedOrdinalBehind(tokens, next) != Tokens::kNone)

@@ -487,15 +487,14 @@ Found FirstOf(const Reading (&readings)[N], const Tokens& tokens, std::size_t i)
 }
 
 constexpr Reading kOfWords[] = {&AddressAt,
-
                                 &AlternativesAt,
                                 &CreditorAt,
                                 &IbanAt,
                                 &ScriptureAt,
                                 &CalendarWordAt,
                                 &RomanAt,
-                                &AbbreviationPhraseAt,
                                 &SectionAt,
+                                &AbbreviationPhraseAt,
                                 &StreetPhraseAt,
                                 &CutWordPhraseAt,
                                 &CutAdjectivePhraseAt,

@@ -437,6 +437,11 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (before != Tokens::kNone && IsRomanHead(tokens.View(before)) && value <= 100 &&
       !IsRatherLetter(tokens.View(i)))
     return RomanSpan(tokens, i, value);
+  // "II. Persönliche Angaben" of a heading.
+  if (point && tokens.OpensLine(i) && IsPlainRoman(tokens.View(i)) && value <= 30 && tokens.IsCapital(next) &&
+      HasSuffix(tokens.View(next), {"e", "er", "es"}) && tokens.IsBlank(next + 1) &&
+      tokens.IsCapital(next + 2))
+    return Phrase{i + 1, WithUpperStart(CardinalWords(value))};
   const bool ordinal = point && next > i + 2 && tokens.IsCapital(next) && !StartsSentenceAt(tokens, next);
   if (ordinal && IsPlainRoman(tokens.View(i)) &&
       (HasDeterminer(tokens, i) || (tokens.OpensClause(i) && NounOf(tokens.View(next)).known)))
@@ -457,11 +462,8 @@ Found RomanAt(const Tokens& tokens, std::size_t i) {
   if (value == 1 && tokens.IsCapital(next) && !StartsSentences(tokens.View(next)) &&
       !NounOf(tokens.View(next)).known && !IsRulersName(tokens.View(name)))
     return std::nullopt;
-  // "Franz X. Huber", "Edward V. Long": without a title one letter before a last name is an initial.
-  if (IsOneOf(tokens.View(i), {"V", "X"}) && point && tokens.IsCapital(next) &&
-      !StartsSentences(tokens.View(next)) && !IsTitle(tokens.WordBefore(name)) &&
-      !IsRulersName(tokens.View(next)) && !owner)
-    return std::nullopt;
+  // "Franz X. Huber" is called Xaver.
+  if (tokens.Is(i, "X") && tokens.Is(name, "Franz") && point && tokens.IsCapital(next)) return std::nullopt;
   return Phrase{!point || tokens.IsLast(i + 1) ? i + 1 : i + 2,
                 RulersNumber(value, CaseOfRuler(tokens, name), woman)};
 }

@@ -35,6 +35,17 @@ TEST(NounsTest, KnowGenderAndNumber) {
   EXPECT_TRUE(NounOf("Tassen").plural);
   EXPECT_FALSE(NounOf("Tassen").singular);
   EXPECT_TRUE(NounOf("Fehlers").genitive);
+  for (const std::string word :
+       {"Halle", "Sporthalle", "Platte", "Tischplatte", "Breite", "Tiefe",       "Reichweite",
+        "Ebene", "Spitze",     "Kohle",  "Montage",     "Akte",   "Lebensweise", "Schranke",
+        "Weste", "Herde",      "Sekte",  "Reife",       "Marke",  "Rinde",       "Terrine",
+        "Falle", "Fahrweise",  "Schale", "Trance",      "Matte"})
+    EXPECT_EQ(NounOf(word).gender, Gender::Feminine) << word;
+  for (const std::string word : {"Gebäude", "Auge", "Ende", "Interesse", "Gemüse", "Update"})
+    EXPECT_EQ(NounOf(word).gender, Gender::Neuter) << word;
+  for (const std::string word : {"Kunde", "See", "Junge", "Kollege", "Name", "Käse", "Dachs"})
+    EXPECT_EQ(NounOf(word).gender, Gender::Masculine) << word;
+  EXPECT_FALSE(NounOf("Feste").singular) << "the old plural, not who is firm";
   EXPECT_FALSE(NounOf("es").known) << "a genitive's ending with nothing before it";
 }
 
