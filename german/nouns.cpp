@@ -73,18 +73,42 @@ unsigned LookUp(std::string_view word) {
   return lexicon.forms[static_cast<std::size_t>(found - lexicon.hashes.begin())];
 }
 
-// The longest last part that is a noun: "geschoss" of "Obergeschoss".
+// An adjective that became a noun: "Gute".
+bool IsAdjectival(unsigned form) {
+  return (form & kFeminine) != 0 && (form & kGenitive) != 0;
+}
+
+// "Fenster", "Fahrt" + "s", "Papp" of "Pappe".
+bool IsFirstPart(std::string_view word) {
+  const std::string upper = WithUpperStart(word);
+  const auto isNoun = [](std::string_view part) { return LookUp(part) != 0 && !IsAdjectival(LookUp(part)); };
+  if (isNoun(upper) || isNoun(upper + "e") || isNoun(upper + "en")) return true;
+  for (const std::string_view ending : {"s", "es", "n", "en", "er", "-"}) {
+    if (upper.size() > ending.size() + kShortestPart && upper.ends_with(ending) &&
+        isNoun(std::string_view(upper).substr(0, upper.size() - ending.size())))
+      return true;
+  }
+  return false;
+}
+
+// The longest last part that is a noun: "geschoss" of "Obergeschoss"; one behind a noun is better: "ecke" of
+// "Fensterecke", not "recke".
 unsigned LookUpLastPart(std::string_view word) {
   // The shortest first parts are few: "Anschrift".
   const int least = HasPrefix(word, {"An", "Ab", "Um", "Zu", "Un", "Ur", "Be", "Er"}) ? 2 : 3;
+  unsigned longest = 0;
   std::size_t at = 0;
   for (int letters = 0; at < word.size(); ++letters) {
     if (letters >= least && word.size() - at >= kShortestPart && IsLetter(CharacterAt(word, at).code)) {
-      if (const unsigned form = LookUp(WithUpperStart(word.substr(at)))) return form;
+      const unsigned form = LookUp(WithUpperStart(word.substr(at)));
+      if (form != 0 && !IsAdjectival(form)) {
+        if (IsFirstPart(word.substr(0, at))) return form;
+        if (longest == 0) longest = form;
+      }
     }
     at += CharacterAt(word, at).length;
   }
-  return 0;
+  return longest;
 }
 
 // "Grades": the genitive with a vowel stands in no table where the one without does.
@@ -100,39 +124,44 @@ unsigned GuessByEnding(std::string_view word) {
   if (IsOneOf(word, {"Martin", "Benjamin", "Valentin", "Konstantin", "Augustin", "Justin", "Robin", "Kevin",
                      "Edwin", "Erwin", "Quentin", "Darwin", "Bitcoin", "Arthur", "Artur"}))
     return kMasculine;
-  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion",  "tät", "erei", "enz",  "anz",  "ik",
-                       "ur",  "ie",   "in",   "ette",   "itis", "ade", "age",  "elle", "ille", "ose"}))
-    return kFeminine;
   if (HasSuffix(word, {"chen", "lein"})) return kNeuter | kPlural;
+  if (HasSuffix(word, {"sulin", "login", "plugin", "benzin", "protein"})) return kNeuter;
+  if (HasSuffix(word, {"ung", "heit", "keit", "schaft", "ion", "tät", "erei", "enz",  "anz", "ik", "ur",
+                       "ie",  "in",   "ette", "itis",   "ade", "age", "elle", "ille", "ose", "ess"}))
+    return kFeminine;
   if (HasSuffix(word, {"ment", "um", "tum"})) return kNeuter;
   if (HasSuffix(word, {"ismus", "ling", "or", "ist", "ant", "eur"})) return kMasculine;
   if (HasSuffix(word, {"er"})) return kMasculine | kPlural;
   if (HasSuffix(word, {"en", "innen"})) return kPlural;
+  // "Taverne", "Tunika": nine of ten.
+  if (word.size() > 4 && (word.ends_with('e') || (word.ends_with('a') && !word.ends_with("ma"))))
+    return kFeminine;
   return 0;
 }
 
 // Words that the lexicon does not hold.
 unsigned LookUpMore(std::string_view word) {
   if (IsOneOf(word,
-              {"Reibe", "Taube", "Elster",    "Hummel",     "Hyäne",     "Wüste", "Handvoll", "BahnCard",
-               "OP",    "PIN",   "TAN",       "IBAN",       "GmbH",      "AG",    "KG",       "DVD",
-               "CD",    "SIM",   "WG",        "Kita",       "NGO",       "FAQ",   "URL",      "SSD",
-               "Card",  "Couch", "Community", "Smartwatch", "Challenge", "Crew",  "Jeans",    "Watch",
-               "BIC",   "EU",    "Gruppe",    "App",        "Cloud",     "Mall",  "Area"}))
+              {"Spindel", "Webcam", "Bewandtnis", "Geißel",     "Gischt",    "Suite", "Disk",     "Newsgroup",
+               "Reibe",   "Taube",  "Elster",     "Hummel",     "Hyäne",     "Wüste", "Handvoll", "BahnCard",
+               "OP",      "PIN",    "TAN",        "IBAN",       "GmbH",      "AG",    "KG",       "DVD",
+               "CD",      "SIM",    "WG",         "Kita",       "NGO",       "FAQ",   "URL",      "SSD",
+               "Card",    "Couch",  "Community",  "Smartwatch", "Challenge", "Crew",  "Jeans",    "Watch",
+               "BIC",     "EU",     "Gruppe",     "App",        "Cloud",     "Mall",  "Area"}))
     return kFeminine;
   if (IsOneOf(word,
-              {"Biss",     "Radiergummi", "Rettich",     "Kohlrabi", "Muffin",     "Cookie",  "Hoodie",
-               "Brownie",  "Zombie",      "Touchscreen", "Screen",   "Screenshot", "Voucher", "Cappuccino",
-               "Junkie",   "Teenie",      "LKW",         "PKW",      "TV",         "Tweet",   "Podcast",
-               "Blog",     "Account",     "Newsletter",  "Schmand",  "Döner",      "Wrap",    "Shake",
-               "Smoothie", "Burger",      "Router",      "Stick",    "Beamer",     "Airbag",  "Coupon",
-               "FC",       "SC"}))
+              {"Porsche",    "Biss",     "Radiergummi", "Rettich",     "Kohlrabi", "Muffin",     "Cookie",
+               "Hoodie",     "Brownie",  "Zombie",      "Touchscreen", "Screen",   "Screenshot", "Voucher",
+               "Cappuccino", "Junkie",   "Teenie",      "LKW",         "PKW",      "TV",         "Tweet",
+               "Podcast",    "Blog",     "Account",     "Newsletter",  "Schmand",  "Döner",      "Wrap",
+               "Shake",      "Smoothie", "Burger",      "Router",      "Stick",    "Beamer",     "Airbag",
+               "Coupon",     "FC",       "SC"}))
     return kMasculine;
-  if (IsOneOf(word, {"Kliff",  "Riff",       "Atoll",         "Jackett",   "Gate", "Keyboard", "Dashboard",
-                     "Board",  "Notebook",   "Unentschieden", "Remis",     "Like", "Selfie",   "Meme",
-                     "GIF",    "PDF",        "WLAN",          "MRT",       "CT",   "EKG",      "E-Bike",
-                     "Bike",   "Smartphone", "Tablet",        "Ticket",    "Abo",  "Event",    "Meeting",
-                     "Update", "Backup",     "Level",         "Interview", "Date"}))
+  if (IsOneOf(word, {"Gewand",    "Kliff",  "Riff",       "Atoll",         "Jackett",   "Gate", "Keyboard",
+                     "Dashboard", "Board",  "Notebook",   "Unentschieden", "Remis",     "Like", "Selfie",
+                     "Meme",      "GIF",    "PDF",        "WLAN",          "MRT",       "CT",   "EKG",
+                     "E-Bike",    "Bike",   "Smartphone", "Tablet",        "Ticket",    "Abo",  "Event",
+                     "Meeting",   "Update", "Backup",     "Level",         "Interview", "Date"}))
     return kNeuter;
   return 0;
 }
@@ -185,7 +214,7 @@ Noun FromForm(unsigned form) {
   Noun noun;
   noun.singular = (form & (kMasculine | kFeminine | kNeuter)) != 0;
   noun.plural = (form & kPlural) != 0;
-  noun.genitive = (form & kGenitive) != 0;
+  noun.genitive = (form & kGenitive) != 0 && !IsAdjectival(form);
   noun.dativePlural = (form & kDativePlural) != 0;
   if ((form & kMasculine) != 0) {
     noun.gender = Gender::Masculine;

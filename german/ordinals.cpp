@@ -438,8 +438,8 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (IsOneOf(word,
               {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Abt", "Mannsch", "BL"}))
     return {Gender::Feminine, false, false, true};
-  if (IsOneOf(word,
-              {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So", "Bd", "Abs", "Jg", "Jahrg", "Tg", "Art", "Vors"}))
+  if (IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So", "Bd", "Abs", "Jg", "Jahrg", "Tg", "Vors"}) ||
+      (word == "Art" && tokens.Is(noun + 1, ".") && !tokens.IsLast(noun + 1)))
     return {Gender::Masculine, false, false, true};
   if (IsOneOf(word, {"Kap", "Qu", "Sem", "Lj", "Obergesch"})) return {Gender::Neuter, false, false, true};
   if (word == "Jh" || word == "Jhd" || word == "Jhdt" || word == "Jt")
