@@ -416,7 +416,8 @@ namespace {
 
 // "der Deutsche", "jeder Befragte": adjectives that became nouns.
 bool IsAdjectivalNoun(std::string_view word) {
-  return HasSuffix(word, {"Deutsche", "wachsene", "liche", "fragte", "stellte", "schäftigte", "letzte",
+  return !word.ends_with("ulose") &&
+         HasSuffix(word, {"Deutsche", "wachsene", "liche", "fragte", "stellte", "schäftigte", "letzte",
                           "sicherte", "rechtigte", "eisende", "ierende", "lose", "kranke", "wandte", "kannte",
                           "ordnete", "dächtige", "ständige"});
 }
@@ -435,8 +436,8 @@ Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   Agreement agreement = AgreementOf(NounOf(WholeNounAt(tokens, noun)));
   if (!agreement.known && IsWomansName(word)) return AgreementOf(Gender::Feminine);
   if (word == "Bund" && tokens.IsCapital(tokens.Skip(noun + 1))) return {Gender::Neuter, false, false, true};
-  if (IsOneOf(word,
-              {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Abt", "Mannsch", "BL"}))
+  if (IsOneOf(word, {"Aufl", "Ausg", "Kl", "Std", "Min", "Sek", "Wo", "HZ", "Str", "Et", "Mannsch", "BL"}) ||
+      (word == "Abt" && tokens.Is(noun + 1, ".")))
     return {Gender::Feminine, false, false, true};
   if (IsOneOf(word, {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So", "Bd", "Abs", "Jg", "Jahrg", "Tg", "Vors"}) ||
       (word == "Art" && tokens.Is(noun + 1, ".") && !tokens.IsLast(noun + 1)))
