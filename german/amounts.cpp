@@ -140,11 +140,21 @@ std::size_t FirstOfJoined(const Tokens& tokens, std::size_t first) {
              : first;
 }
 
+// "nach 64 km", "nach etwa 500 m".
+bool EndsWay(const Tokens& tokens, std::size_t first) {
+  const auto before = tokens.WordBefore(first);
+  const std::size_t degree = tokens.WordIndexBefore(first);
+  return IsOneOf(IsDegreeWord(before) ? tokens.WordBefore(degree) : before, {"nach", "Nach"});
+}
+
 std::string UnitWords(const Tokens& tokens, std::size_t first, std::size_t behind, const Quantity& quantity,
                       const Unit& unit) {
   if (quantity.one || quantity.singular) return unit.singular;
   const bool dative =
       CaseAt(tokens, FirstOfJoined(tokens, first), behind) == Case::Dative || StandsBehindDen(tokens, first);
+  // "nach 64 km" stands alone, "auf 812 m Höhe" does not; of the others both forms are said.
+  const bool way = EndsWay(tokens, first) && IsOneOf(unit.plural, {"Meter", "Kilometer", "Zentimeter"});
+  if (way && !tokens.IsCapital(tokens.Skip(behind))) return unit.plural + "n";
   return dative ? unit.dativePlural : unit.plural;
 }
 

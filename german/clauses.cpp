@@ -6,7 +6,14 @@
 
 namespace lorelin {
 
-// "Rücksendung an o. g. Adresse".
+bool NamesAccountBehind(const Tokens& tokens, std::size_t i) {
+  constexpr std::size_t kNear = 8;  // tokens
+  for (std::size_t at = i; at < i + kNear; ++at) {
+    if (HasSuffix(tokens.View(at), {"Konto", "konto", "Kto", "Bankverbindung"})) return true;
+  }
+  return false;
+}
+
 bool SendsSomething(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 24;  // tokens
   for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
@@ -96,14 +103,23 @@ bool GoesToSomebody(const Tokens& tokens, std::size_t first) {
                "Wochenende", "Standort"}))
     return false;
   for (std::size_t at = first > kNear ? first - kNear : 0; at < first + kNear && at < tokens.Count(); ++at) {
-    if (HasPrefix(WithLowerStart(tokens.View(at)),
-                  {"send",      "gesend",        "schick",    "geschick", "verschick",   "ging",
-                   "geht",      "gehen",         "gegangen",  "verkauf",  "spende",      "gespendet",
-                   "vergab",    "vergeben",      "verlieh",   "schrieb",  "geschrieben", "übergab",
-                   "übergeben", "weitergegeben", "verschenk", "vermiet"}))
+    if (HasPrefix(
+            WithLowerStart(tokens.View(at)),
+            {"send",    "gesend",   "schick",      "geschick", "verschick", "ging",          "geht",
+             "gehen",   "gegangen", "verkauf",     "spende",   "gespendet", "vergab",        "vergeben",
+             "verlieh", "schrieb",  "geschrieben", "übergab",  "übergeben", "weitergegeben", "verschenk",
+             "vermiet", "dachte",   "denk",        "gedacht",  "erinner",   "glaub"}))
       return true;
   }
   return false;
+}
+
+bool SpeaksAboutOne(const Tokens& tokens, std::size_t first) {
+  const std::size_t next = tokens.Skip(first + 1);
+  return tokens.Is(first, "1") && IsOneOf(tokens.WordBefore(first), {"über", "Über"}) &&
+         !UnitAt(tokens, next) && !MultipleAt(tokens, next) &&
+         !IsOneOf(tokens.View(next), {"Sekunde", "Minute", "Stunde", "Tag", "Nacht", "Woche", "Monat",
+                                      "Quartal", "Jahr", "Jahrzehnt", "Jahrhundert", "Drittel", "Dutzend"});
 }
 
 // "auf 1,35 € steigen".
@@ -145,7 +161,7 @@ bool IsPronoun(std::string_view word) {
 }
 
 bool IsRelative(std::string_view word) {
-  return IsOneOf(word, {"der", "die", "das", "welcher", "welche", "welches", "wer", "was"});
+  return IsOneOf(word, {"der", "die", "das", "welcher", "welche", "welches", "wer", "was", "Wer"});
 }
 
 std::size_t BeforeBracket(const Tokens& tokens, std::size_t closing) {
@@ -193,6 +209,16 @@ bool TellsWhen(std::string_view adjective, std::string_view noun) {
   return HasPrefix(adjective, {"letzte", "vorige", "vergangene", "nächste", "jede", "diese"}) &&
          HasSuffix(noun, {"Woche", "Monat", "Jahr", "Nacht", "Abend", "Morgen", "Tag", "tag", "woch",
                           "Sommer", "Winter", "Herbst", "Mal"});
+}
+
+// "Dem Ort", "Ihrem Verein" at the beginning are no subject.
+bool IsDativeArticle(std::string_view word) {
+  return IsOneOf(word, {"dem", "einem", "jedem", "diesem", "seinem", "ihrem", "unserem", "meinem"});
+}
+
+// "Uns", "Ihm".
+bool IsObjectPronoun(std::string_view word) {
+  return IsOneOf(word, {"mir", "dir", "ihm", "uns", "euch", "ihnen", "mich", "dich", "ihn"});
 }
 
 }  // namespace
@@ -243,7 +269,8 @@ bool VerbAwaitsSubject(const Tokens& tokens, std::size_t i) {
   if (!verbal || first == verb || !tokens.IsCapital(first)) return false;
   const std::string opening = WithLowerStart(tokens.View(first));
   return CaseOfPreposition(opening) || IsOneOf(opening, {"im", "am", "zum", "zur", "beim", "vom"}) ||
-         (reflexive && StartsSentences(tokens.View(first))) ||
+         (reflexive && StartsSentences(tokens.View(first))) || IsDativeArticle(opening) ||
+         (first + 2 == verb && IsObjectPronoun(opening)) ||
          (first + 2 == verb && IsAdverbOfTimeOrPlace(opening)) ||
          (first + 4 == verb && TellsWhen(opening, tokens.View(first + 2)));
 }
@@ -294,9 +321,28 @@ bool OpensRelativeClause(const Tokens& tokens, std::size_t first) {
   std::size_t pronoun = tokens.Before(first);
   while (pronoun != Tokens::kNone && IsDegreeWord(tokens.View(pronoun))) pronoun = tokens.Before(pronoun);
   if (pronoun == Tokens::kNone || !IsRelative(tokens.View(pronoun))) return false;
+  if (tokens.Is(pronoun, "Wer") && tokens.OpensClause(pronoun))
+    return true;  // "Wer 1 Fehler macht, verliert"
   const std::size_t comma = tokens.Before(pronoun);
   const std::size_t noun = comma == Tokens::kNone ? comma : tokens.Before(comma);
   return noun != Tokens::kNone && tokens.Is(comma, ",") && tokens.IsCapital(noun);
+}
+
+bool RelativeAwaitsSubject(const Tokens& tokens, std::size_t first) {
+  std::size_t pronoun = tokens.Before(first);
+  while (pronoun != Tokens::kNone && IsDegreeWord(tokens.View(pronoun))) pronoun = tokens.Before(pronoun);
+  if (pronoun == Tokens::kNone) return false;
+  const auto word = tokens.View(pronoun);
+  const std::size_t before = tokens.Before(pronoun);
+  const bool phrase =
+      before != Tokens::kNone && tokens.IsWord(before) && CaseOfPreposition(tokens.View(before));
+  const std::size_t comma = phrase ? tokens.Before(before) : before;
+  const std::size_t noun = comma == Tokens::kNone ? comma : tokens.Before(comma);
+  if (noun == Tokens::kNone || !tokens.Is(comma, ",") || !tokens.IsCapital(noun)) return false;
+  if (phrase) return IsRelative(word) || IsOneOf(word, {"dem", "den", "denen", "welchem", "welchen"});
+  const bool ofWoman = word == "der" && NounOf(tokens.View(noun)).gender == Gender::Feminine &&
+                       NounOf(tokens.View(noun)).singular;
+  return ofWoman || IsOneOf(word, {"dem", "den", "denen", "welchem", "welchen"});
 }
 
 bool VerbAsksForObject(const Tokens& tokens, std::size_t i, bool anyVerb) {

@@ -12,6 +12,9 @@ namespace lorelin {
 // "Rücksendung an o. g. Adresse".
 [[nodiscard]] bool SendsSomething(const Tokens& tokens, std::size_t i);
 
+// "Zahlen Sie auf u. g. Konto".
+[[nodiscard]] bool NamesAccountBehind(const Tokens& tokens, std::size_t i);
+
 // "In 1 Becher geben": a verb of the clause tells that something goes there.
 [[nodiscard]] bool MovesSomething(const Tokens& tokens, std::size_t i);
 
@@ -30,6 +33,9 @@ namespace lorelin {
 // "ging an 1 Schule", "verkauft an 1 Händler": somebody gets it, it is no place.
 [[nodiscard]] bool GoesToSomebody(const Tokens& tokens, std::size_t first);
 
+// "Über 1 Antrag wurde abgestimmt", but "über 1 Meter".
+[[nodiscard]] bool SpeaksAboutOne(const Tokens& tokens, std::size_t first);
+
 // "kann", "müssen".
 [[nodiscard]] bool IsModalVerb(std::string_view word);
 
@@ -46,6 +52,10 @@ namespace lorelin {
 
 // "der Täter, der 1 Waffe trug": no article but the subject of the clause.
 [[nodiscard]] bool OpensRelativeClause(const Tokens& tokens, std::size_t first);
+
+// "ein Unfall, bei dem 1 Kind starb", "der Hund, den 1 Mann fand": the subject of the clause is still to
+// come.
+[[nodiscard]] bool RelativeAwaitsSubject(const Tokens& tokens, std::size_t first);
 
 // A small word that ends as infinitives do.
 [[nodiscard]] bool IsInfinitive(const Tokens& tokens, std::size_t i);

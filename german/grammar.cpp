@@ -376,15 +376,6 @@ std::string_view BehindArticle(const Tokens& tokens, std::size_t i, const Govern
   return BehindDer(ending, governor, noun);
 }
 
-// "Zahlen Sie auf u. g. Konto".
-bool NamesAccountBehind(const Tokens& tokens, std::size_t i) {
-  constexpr std::size_t kNear = 8;  // tokens
-  for (std::size_t at = i; at < i + kNear; ++at) {
-    if (HasSuffix(tokens.View(at), {"Konto", "konto", "Kto", "Bankverbindung"})) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 std::string_view EndingAt(const Tokens& tokens, std::size_t i, const Agreement& noun) {
@@ -473,7 +464,8 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
       IsInfinitive(tokens, infinitive))
     return std::nullopt;
   const bool list = tokens.Is(at, ",");
-  bool bare = true;  // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far
+  bool bare = true;       // "Mit Salz, Pfeffer und 1 Prise Zucker": nothing but nouns so far
+  bool counting = !list;  // nor but numbers
   for (int step = 0; step < 2 * kWordsBack && at != Tokens::kNone; ++step) {
     // "mit 1 Koffer (23 kg) und 1 Tasche", but "1 Gerät (inkl. 2 Batterien), 1 Anleitung".
     if (tokens.Is(at, ")")) at = list ? Tokens::kNone : BeforeBracket(tokens, at);
@@ -483,13 +475,20 @@ std::optional<Case> CaseOfList(const Tokens& tokens, std::size_t first) {
     // "Saft von 1 Zitrone, 1 Prise Salz": only what stands before the comma is of the juice.
     if (list && IsOneOf(tokens.View(at), {"von", "v"}) && before != Tokens::kNone && tokens.IsCapital(before))
       return std::nullopt;
-    // "1 Topf mit Deckel, 1 Löffel": so has what is counted before.
-    if (list && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at)) && before != Tokens::kNone &&
-        tokens.IsCapital(before) && before > 1 && tokens.IsNumber(tokens.Before(before)))
-      return std::nullopt;
-    if (bare && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at))) return CaseBehind(tokens, at, first);
-    bare =
-        bare && (tokens.IsCapital(at) || IsOneOf(tokens.View(at), {",", "und", "oder", "u", ".", "sowie"}));
+    // "1 Topf mit Deckel und 1 Löffel": so has what is counted before.
+    if (tokens.IsWord(at) && CaseOfPreposition(tokens.View(at)) && before != Tokens::kNone &&
+        tokens.IsCapital(before) && before > 1 && tokens.IsNumber(tokens.Before(before))) {
+      const std::size_t held = PrepositionBefore(tokens, tokens.Before(before));
+      return list || held == Tokens::kNone ? std::nullopt : std::optional(CaseBehind(tokens, held, first));
+    }
+    // "kommt mit Android 14, 8 GB Speicher und 1 Kabel", but "ein Haus mit Hof, 3 Zimmer und 1 Bad".
+    const bool behindVerb = before != Tokens::kNone && tokens.IsWord(before) && !tokens.IsCapital(before);
+    if ((bare || (counting && behindVerb)) && tokens.IsWord(at) && CaseOfPreposition(tokens.View(at)))
+      return CaseBehind(tokens, at, first);
+    const bool noun =
+        tokens.IsCapital(at) || IsOneOf(tokens.View(at), {",", "und", "oder", "u", ".", "sowie"});
+    bare = bare && noun;
+    counting = counting && (noun || tokens.IsNumber(at));
     // "Mit dem Saft 1 Limette und 1 EL Honig".
     if (before != Tokens::kNone && tokens.IsNumber(at) && IsPartOfThing(tokens.View(before))) {
       std::size_t preposition = tokens.WordIndexBefore(before);
@@ -538,6 +537,7 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (IsBentExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
   if (const std::size_t at = PrepositionBefore(tokens, first); at != Tokens::kNone)
     return CaseBehind(tokens, at, first);
+  if (SpeaksAboutOne(tokens, first)) return Case::Accusative;
   if (IsPartOfThing(tokens.WordBefore(first)) || AsksForGenitive(tokens.WordBefore(first)) ||
       AsksForGenitive(tokens.View(tokens.Skip(behind))))
     return Case::Genitive;
@@ -559,14 +559,16 @@ std::string OneBefore(const Tokens& tokens, std::size_t first, std::size_t behin
   // "Morgen bekommt jeder 1 Apfel": no article either.
   const bool everybody = HasPrefix(tokens.WordBefore(first), {"jede", "alle", "keine"}) &&
                          !CaseOfPreposition(tokens.WordBefore(tokens.WordIndexBefore(first)));
-  const bool relative = OpensRelativeClause(tokens, first) || everybody;
-  if (governor.kind == Kind::Definite && !relative)
+  const bool awaited = RelativeAwaitsSubject(tokens, first);
+  const bool relative = !awaited && (OpensRelativeClause(tokens, first) || everybody);
+  if (governor.kind == Kind::Definite && !relative && !awaited)
     return "ein" + std::string(BehindArticle(tokens, first, governor, noun));
   constexpr std::array<std::array<std::string_view, 4>, 3> kForms{
       std::array<std::string_view, 4>{"ein", "eines", "einem", "einen"},
       {"eine", "einer", "einer", "eine"},
       {"ein", "eines", "einem", "ein"}};
   Case asked = noun.genitive ? Case::Genitive : (relative ? Case::Accusative : CaseAt(tokens, first, behind));
+  if (awaited) asked = Case::Nominative;
   // "ggf. 1 weiteren Hub": no nominative has such an adjective.
   const bool described = tokens.IsNumber(first) && first + 3 < behind && tokens.IsWord(first + 2) &&
                          tokens.IsBlank(first + 3) && !tokens.IsCapital(first + 2);

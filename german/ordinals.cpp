@@ -516,6 +516,18 @@ Found PlacedAt(const Tokens& tokens, std::size_t i) {
   return Phrase{word + 1, WithUpperStart(OrdinalWords(*place, "")) + WithLowerStart(tokens.View(word))};
 }
 
+// "der Tabellen-3.", "Weltranglisten-12.": the place in a list, grown together with its name.
+Found PlaceInListAt(const Tokens& tokens, std::size_t i) {
+  const auto place = DigitsAt(tokens, i, 3);
+  if (!place || *place == 0 || i < 2 || !tokens.Is(i - 1, "-") || !tokens.Is(i + 1, ".") ||
+      tokens.IsNumber(i + 2) ||
+      !HasSuffix(tokens.View(i - 2), {"abellen", "listen", "Gruppen", "Vorjahres", "WM", "EM", "Liga"}))
+    return std::nullopt;
+  const bool ends = tokens.IsLast(i + 1) || StartsSentences(tokens.View(tokens.Skip(i + 2)));
+  return Phrase{ends ? i + 1 : i + 2,
+                OrdinalWords(*place, EndingAt(tokens, i - 2, AgreementOf(Gender::Masculine)))};
+}
+
 // "1.-Klasse-Ticket", "2.-Liga-Spiel".
 Found OrdinalOfCompoundAt(const Tokens& tokens, std::size_t i) {
   const auto value = DigitsAt(tokens, i, 2);
@@ -534,6 +546,7 @@ Found OrdinalAt(const Tokens& tokens, std::size_t i) {
   if (auto compound = OrdinalOfCompoundAt(tokens, i)) return compound;
   if (auto item = ItemAt(tokens, i)) return item;
   if (auto placed = PlacedAt(tokens, i)) return placed;
+  if (auto listed = PlaceInListAt(tokens, i)) return listed;
   if (auto superlative = SuperlativeAt(tokens, i)) return superlative;
   if (auto minute = MatchMinuteAt(tokens, i)) return minute;
   if (!tokens.IsNumber(i, 1, 4) || !tokens.Is(i + 1, ".") || tokens.IsNumber(i + 2)) return std::nullopt;

@@ -61,7 +61,10 @@ Found OneSmallNounAt(const Tokens& tokens, std::size_t i) {
 Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 30;  // tokens
   if (!tokens.Is(i, "1") || !tokens.FreeBefore(i) || !tokens.IsGap(i + 1)) return std::nullopt;
-  const bool behind = IsOneOf(tokens.WordBefore(i), {"davon", "darunter"}) && !tokens.IsCapital(i + 2);
+  const bool ofThese = tokens.WordBefore(i) == "denen" &&
+                       IsOneOf(tokens.WordBefore(tokens.WordIndexBefore(i)), {"von", "unter"});
+  const bool behind =
+      (ofThese || IsOneOf(tokens.WordBefore(i), {"davon", "darunter"})) && !tokens.IsCapital(i + 2);
   if (!behind && !tokens.Is(i + 2, "davon")) return std::nullopt;
   for (std::size_t at = i; at-- > 0 && at + kNear > i;) {
     if (!tokens.IsCapital(at) || tokens.Before(at) == Tokens::kNone || !tokens.IsNumber(tokens.Before(at)))
@@ -123,6 +126,15 @@ Found LeastOfAt(const Tokens& tokens, std::size_t i) {
   return Phrase{i + 1, one.gender == Gender::Feminine ? "einer" : "einem"};
 }
 
+// "1 Schale", "1 Schmiede": what the lexicon has as the form of another noun, "Schals" or "Schmied", is in
+// "-e" one of its own when there is but one of it.
+bool LooksFeminine(std::string_view word, const Agreement& noun) {
+  if (!word.ends_with('e') || IsWeakNominative(word)) return false;
+  if (!noun.known || noun.plural) return true;
+  const Noun stem = NounOf(word.substr(0, word.size() - 1));
+  return noun.gender != Gender::Feminine && stem.whole && stem.singular;
+}
+
 // "1 Tasse", "mit 1 großen Zwiebel".
 Found OneNounAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.Is(i, "1") || !tokens.IsBlank(i + 1) || !tokens.FreeBefore(i) || LabelBefore(tokens, i))
@@ -160,6 +172,10 @@ Found OneNounAt(const Tokens& tokens, std::size_t i) {
   // "3 Autos und 1 Schuppen": one of them is no plural, whatever the lexicon knows of the form.
   const bool one = noun == i + 2 && tokens.View(noun).ends_with("en") && before != Tokens::kNone &&
                    tokens.IsWord(before) && !tokens.IsCapital(before);
+  const bool behindName = before != Tokens::kNone && (tokens.IsCapital(before) || tokens.IsNumber(before)) &&
+                          !StartsSentences(tokens.View(before));
+  if (!behindName && !tokens.Is(noun + 1, "-") && LooksFeminine(tokens.View(noun), agreement))
+    agreement = AgreementOf(Gender::Feminine);
   if (agreement.known && agreement.plural && !one) return std::nullopt;
   if (agreement.known && agreement.plural) agreement = AgreementOf(Gender::Masculine);
   // Most words that no lexicon knows are masculine; behind another noun the number is its name.
@@ -203,6 +219,24 @@ bool NamesWhatSomebodyBecame(const Tokens& tokens, std::size_t i, std::size_t no
          IsOneOf(tokens.WordBefore(i), {"wurde", "war", "wird", "ist", "blieb", "als", "ward"});
 }
 
+// "das 1898 eingeweihte Theater", "in der 1904 gegründeten Firma": one thing is not so many. Of many some
+// words tell when they were made.
+bool TellsWhenMade(const Tokens& tokens, std::size_t i, std::size_t next) {
+  const auto word = tokens.View(next);
+  if (!tokens.IsWord(next) || tokens.IsCapital(next)) return false;
+  if (HasPrefix(word, {"eingeweiht", "erbaut", "errichtet", "eröffnet", "gegründet", "geboren", "entstanden",
+                       "erschienen", "fertiggestellt", "verstorben", "gestorben", "uraufgeführt",
+                       "veröffentlicht"}))
+    return true;
+  const std::string article = WithLowerStart(tokens.WordBefore(i));
+  if (IsOneOf(article, {"und", "oder"}) && word.ends_with("te"))  // "1898 errichtete und 1945 zerstörte"
+    return tokens.WordBefore(tokens.WordIndexBefore(i)).ends_with("te");
+  return (HasSuffix(word, {"te", "ene"}) && IsOneOf(article, {"der", "die"})) ||
+         (HasSuffix(word, {"te", "ten", "ter", "tes", "ene", "enen", "ener", "enes"}) &&
+          IsOneOf(article, {"das", "dem", "des", "im", "am", "vom", "zum", "beim", "ein", "eine", "einen",
+                            "einem", "einer", "eines"}));
+}
+
 bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& number) {
   const std::size_t next = tokens.Skip(number.end);
   if (next == number.end) return false;
@@ -214,6 +248,7 @@ bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& n
   if (noun == Tokens::kNone) return false;
   const Noun what = NounOf(tokens.View(noun));
   const bool many = (what.known || what.guessed) && what.plural && !StartsSentences(tokens.View(noun));
+  if (number.IsYear() && TellsWhenMade(tokens, i, next)) return false;
   if (number.IsYear() && noun == next && NamesWhatSomebodyBecame(tokens, i, noun)) return false;
   return many && !GoesBeforeYears(tokens.WordBefore(i));
 }
@@ -371,6 +406,12 @@ Found NumberWithTailAt(const Tokens& tokens, std::size_t i) {
     return Phrase{i + 3, NumberText(*number) + " von " + NumberText(*number)};  // "10/10"
   // "1/10.000": so many of so many.
   const auto many = NumberAt(tokens, number->end + 1);
+  // "1/1000 s" of a camera or a flash.
+  const auto time = many ? UnitAt(tokens, tokens.Skip(many->end)) : std::nullopt;
+  if (number->IsOne() && many && many->IsWhole() && many->value >= 20 && time && time->singular == "Sekunde")
+    return Phrase{tokens.WithoutLastPoint(time->end),
+                  OneBefore(tokens, i, time->end, AgreementOf(Gender::Feminine)) + " " +
+                      OrdinalWords(many->value, "el") + " Sekunde"};
   if (number->IsOne() && many && many->IsWhole() && many->value >= 100 &&
       !(many->IsYear() && many->value > 1900 && many->value < 2100))
     return Phrase{many->end, "eins zu " + NumberText(*many)};

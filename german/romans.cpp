@@ -291,6 +291,13 @@ Case CaseOfRuler(const Tokens& tokens, std::size_t name) {
   if (IsOneOf(article, {"des", "der", "dem", "zum", "vom", "beim", "am", "im", "zur"}))
     return CaseBehindArticle(article, IsWomansName(tokens.View(name)));
   if (article == "den" || article == "über") return Case::Accusative;
+  // "fiel an Otto IV.", "folgte auf Otto IV.", but "Kritik an Otto IV."
+  const bool towards = article == "an" || article == "auf";
+  if (towards && !HasSuffix(tokens.WordBefore(tokens.WordIndexBefore(first)),
+                            {"Kritik", "Mord", "Rache", "Interesse", "Zweifel", "Beispiel"}))
+    return Case::Accusative;
+  if (article == "bis" && tokens.OpensClause(tokens.WordIndexBefore(first)))
+    return Case::Nominative;  // "…, bis Otto II. sie verpfändete"
   if (const auto asked = CaseOfPreposition(before)) return *asked;
   if (const auto asked = CaseOfVerb(tokens, first)) return *asked;
   if (before != "und" && before != "oder") return Case::Nominative;

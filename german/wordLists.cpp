@@ -55,7 +55,8 @@ bool IsLinkingVerb(std::string_view word) {
       "tritt trat gehören gehörte gehörten fällt fallen fiel fielen reichen genügen genügte passen "
       "existieren existierte drohen droht drohte landete explodierte brennt brannte verschwand verschwanden "
       "bestand bestehen entstand entstanden verunglückte ertrank erklingt erklang blieben verbleiben wohnen "
-      "zählen zählte gehe gehen ging kostenlos passierten ereignete handelt handelte");
+      "zählen zählte gehe gehen ging kostenlos passierten ereignete handelt handelte "
+      "gelang gelingt unterlief unterläuft");
   return words.Has(word);
 }
 
