@@ -328,6 +328,17 @@ bool OpensRelativeClause(const Tokens& tokens, std::size_t first) {
   return noun != Tokens::kNone && tokens.Is(comma, ",") && tokens.IsCapital(noun);
 }
 
+bool TellsHowFar(const Tokens& tokens, std::size_t first, std::size_t behind) {
+  const std::size_t next = tokens.Skip(behind);
+  const bool linked =
+      IsOneOf(tokens.WordBefore(first), {"ist", "sind", "war", "waren", "fehlt", "fehlte", "bleibt", "blieb",
+                                         "reicht", "genügt", "bleiben", "nur", "noch"});
+  return !linked && behind > 0 && !tokens.OpensLine(first) &&
+         IsOneOf(tokens.View(next), {"vor", "hinter", "nach", "über", "unter"}) &&
+         HasSuffix(tokens.View(behind - 1), {"Punkt", "Zähler", "Platz", "Rang", "Tag", "Monat", "Meter",
+                                             "Kilometer", "meter", "Grad", "Schlag"});
+}
+
 bool RelativeAwaitsSubject(const Tokens& tokens, std::size_t first) {
   std::size_t pronoun = tokens.Before(first);
   while (pronoun != Tokens::kNone && IsDegreeWord(tokens.View(pronoun))) pronoun = tokens.Before(pronoun);

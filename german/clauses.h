@@ -57,6 +57,9 @@ namespace lorelin {
 // come.
 [[nodiscard]] bool RelativeAwaitsSubject(const Tokens& tokens, std::size_t first);
 
+// "auf Rang 4, 1 Punkt hinter Köln", "1 Tag vor der Wahl": how far before or behind, and no subject.
+[[nodiscard]] bool TellsHowFar(const Tokens& tokens, std::size_t first, std::size_t behind);
+
 // A small word that ends as infinitives do.
 [[nodiscard]] bool IsInfinitive(const Tokens& tokens, std::size_t i);
 

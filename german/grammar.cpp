@@ -548,7 +548,8 @@ Case CaseAt(const Tokens& tokens, std::size_t first, std::size_t behind) {
   if (const auto asked = CaseOfList(tokens, first)) return *asked;
   if (IsOneOf(tokens.WordBefore(first), {"noch", "schon"}) && IsTime(tokens.View(behind - 1)))
     return Case::Accusative;
-  if (IsExtent(tokens.View(tokens.Skip(behind)))) return Case::Accusative;
+  if (IsExtent(tokens.View(tokens.Skip(behind))) || TellsHowFar(tokens, first, behind))
+    return Case::Accusative;
   if (VerbAsksForObject(tokens, first, true) || InfinitiveEnds(tokens, first, behind))
     return Case::Accusative;
   return Case::Nominative;
