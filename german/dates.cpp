@@ -560,19 +560,27 @@ Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
   const bool named = !tokens.Is(i, "so") &&  // "Das war immer so."
                      IsOneOf(tokens.WordBefore(i), {"außer", "nur", "immer", "jeweils"});
   if (opens || named) return Phrase{tokens.WithoutLastPoint(i + 2), first};
-  std::size_t at = tokens.Skip(i + 2);
-  std::string between = " und ";
-  if (tokens.IsDashAt(at) || tokens.Is(at, "bis")) {
-    between = " bis ";
-  } else if (tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
-    ++at;
-  } else if (!tokens.Is(at, "und")) {
-    return std::nullopt;
+  Phrase days{i + 2, first};
+  for (;;) {  // "mo., mi. und fr."
+    std::size_t at = tokens.Skip(days.end);
+    std::string between = " und ";
+    if (tokens.IsDashAt(at) || tokens.Is(at, "bis")) {
+      between = " bis ";
+    } else if (tokens.Is(at, ",")) {
+      between = ", ";
+    } else if (tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
+      ++at;
+    } else if (!tokens.Is(at, "und")) {
+      break;
+    }
+    const std::size_t next = tokens.Skip(at + 1);
+    const std::string day = name(next);
+    if (day.empty()) break;
+    days = Phrase{next + 2, days.words + between + day};
   }
-  const std::size_t next = tokens.Skip(at + 1);
-  const std::string second = name(next);
-  if (second.empty()) return std::nullopt;
-  return Phrase{tokens.WithoutLastPoint(next + 2), first + between + second};
+  if (days.end == i + 2) return std::nullopt;
+  days.end = tokens.WithoutLastPoint(days.end);
+  return days;
 }
 
 }  // namespace

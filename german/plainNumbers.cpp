@@ -1,5 +1,8 @@
 #include "german/plainNumbers.h"
 
+#include <utility>
+
+#include "german/clauses.h"
 #include "german/grammar.h"
 #include "german/labels.h"
 #include "german/numberWords.h"
@@ -12,15 +15,28 @@ namespace lorelin {
 
 namespace {
 
+// "Söhn" to "Sohn", "Häus" to "Haus".
+std::string WithoutUmlaut(std::string word) {
+  constexpr std::pair<std::string_view, std::string_view> kVowels[] = {{"ä", "a"}, {"ö", "o"}, {"ü", "u"}};
+  for (const auto& [changed, plain] : kVowels) {
+    if (const std::size_t at = word.rfind(changed); at != std::string::npos)
+      return word.replace(at, changed.size(), plain);
+  }
+  return word;
+}
+
 // "Personen" to "Person": a plural without its ending, as far as the lexicon knows what is left.
 std::string SingularOf(std::string_view plural) {
   for (const std::string_view ending : {"innen", "nen", "en", "er", "n", "e", "s"}) {
     if (!plural.ends_with(ending) || plural.size() < ending.size() + 3) continue;
     std::string stem(plural.substr(0, plural.size() - ending.size()));
     if (ending == "innen") stem += "in";
+    const std::string plain = WithoutUmlaut(stem);
+    if (plain != stem && NounOf(plain).whole && NounOf(plain).singular) return plain;
     if (NounOf(stem).singular) return stem;
   }
-  return std::string(plural);
+  const std::string plain = WithoutUmlaut(std::string(plural));  // "Brüder"
+  return NounOf(plain).singular ? plain : std::string(plural);
 }
 
 // "bei 1 von 100 Patienten": one of them.
@@ -65,7 +81,14 @@ Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
                        IsOneOf(tokens.WordBefore(tokens.WordIndexBefore(i)), {"von", "unter"});
   const bool behind =
       (ofThese || IsOneOf(tokens.WordBefore(i), {"davon", "darunter"})) && !tokens.IsCapital(i + 2);
-  if (!behind && !tokens.Is(i + 2, "davon")) return std::nullopt;
+  // "von 14 Verletzten sind 5 im Krankenhaus, 1 starb"
+  const std::size_t comma = tokens.Before(i);
+  const auto verb = tokens.View(i + 2);
+  const bool verbal = tokens.IsWord(i + 2) && !tokens.IsCapital(i + 2) && !UnitAt(tokens, i + 2) &&
+                      (IsFiniteVerb(verb) || (verb.ends_with('t') && verb.size() > 4));
+  const bool subject = verbal && comma != Tokens::kNone && IsOneOf(tokens.View(comma), {",", "und"}) &&
+                       !IsPronoun(verb) && !verb.ends_with("en") && verb != "sind";
+  if (!behind && !subject && !tokens.Is(i + 2, "davon")) return std::nullopt;
   for (std::size_t at = i; at-- > 0 && at + kNear > i;) {
     if (!tokens.IsCapital(at) || tokens.Before(at) == Tokens::kNone || !tokens.IsNumber(tokens.Before(at)))
       continue;
@@ -75,9 +98,16 @@ Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
                    "Jugendliche", "Jugendlichen", "fragte", "fragten", "stellten"}))
       return Phrase{i + 1, "einer"};  // "5 Verletzte, 1 davon schwer"
     if (!noun.known && !noun.guessed) continue;
-    const Gender gender = noun.singular ? noun.gender : NounOf(SingularOf(tokens.View(at))).gender;
+    const Gender gender = noun.singular && (noun.whole || !noun.plural)
+                              ? noun.gender
+                              : NounOf(SingularOf(tokens.View(at))).gender;
     if (gender == Gender::Feminine) return Phrase{i + 1, "eine"};
-    return Phrase{i + 1, gender == Gender::Masculine ? "einer" : "eines"};
+    // "fing 3 Pässe und warf 1 davon zurück", "mit 1 davon"
+    const bool governed = !behind && !subject && tokens.WordIndexBefore(i) != Tokens::kNone;
+    const Case asked = governed ? CaseAt(tokens, i, i + 1) : Case::Nominative;
+    if (asked == Case::Dative) return Phrase{i + 1, "einem"};
+    if (gender == Gender::Neuter) return Phrase{i + 1, subject ? "eins" : "eines"};
+    return Phrase{i + 1, asked == Case::Accusative ? "einen" : "einer"};
   }
   return std::nullopt;
 }

@@ -88,6 +88,8 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
   const std::size_t times = tokens.Skip(second->end);
   if (IsOneOf(tokens.View(times), {"x", "×"}) && !tokens.IsNumber(tokens.Skip(times + 1)))
     return std::nullopt;
+  if (between->words == " mal " && first->IsOne() && second->IsOne() && HasDeterminer(tokens, i))
+    return Phrase{second->end, "Einmaleins"};  // "das kleine 1x1"
   if (between->words == " mal ")
     return Phrase{second->end, NumberText(*first) + " mal " + NumberText(*second)};
   const bool word = tokens.Is(tokens.Skip(first->end), "bis");
