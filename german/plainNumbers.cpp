@@ -88,7 +88,10 @@ Found OneOfThemAt(const Tokens& tokens, std::size_t i) {
                       (IsFiniteVerb(verb) || (verb.ends_with('t') && verb.size() > 4));
   const bool subject = verbal && comma != Tokens::kNone && IsOneOf(tokens.View(comma), {",", "und"}) &&
                        !IsPronoun(verb) && !verb.ends_with("en") && verb != "sind";
-  if (!behind && !subject && !tokens.Is(i + 2, "davon")) return std::nullopt;
+  const bool left = IsOneOf(tokens.WordBefore(i), {"nur", "noch", "lediglich", "bloß"}) &&
+                    tokens.IsWord(i + 2) && !tokens.IsCapital(i + 2) && !UnitAt(tokens, i + 2) &&
+                    HasPrefix(tokens.View(i + 2), {"erhalten", "übrig"});
+  if (!behind && !subject && !left && !tokens.Is(i + 2, "davon")) return std::nullopt;
   for (std::size_t at = i; at-- > 0 && at + kNear > i;) {
     if (!tokens.IsCapital(at) || tokens.Before(at) == Tokens::kNone || !tokens.IsNumber(tokens.Before(at)))
       continue;
