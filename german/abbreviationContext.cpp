@@ -137,7 +137,8 @@ bool StandsAsAttribute(const Tokens& tokens, std::size_t i, std::size_t next) {
   if (noun == Tokens::kNone || IsWeekdayOrMonth(tokens.View(noun))) return false;
   const Noun what = NounOf(tokens.View(noun));
   const std::size_t before = tokens.Before(i);
-  const bool opens = tokens.OpensClause(i) && (before == Tokens::kNone || !tokens.Is(before, ","));
+  const bool opens =
+      tokens.OpensClause(i) && (before == Tokens::kNone || !tokens.Is(before, ",") || tokens.IsCapital(i));
   // "max. Wassertemp."
   const bool cut = tokens.Is(noun + 1, ".") && (StreetAt(tokens, noun) || CutWordAt(tokens, noun));
   return (what.known || what.guessed || cut) &&
@@ -190,9 +191,9 @@ bool SpeaksOfLawsuit(const Tokens& tokens, std::size_t i) {
   constexpr std::size_t kNear = 24;  // tokens
   for (std::size_t at = i > kNear ? i - kNear : 0; at < i + kNear && at < tokens.Count(); ++at) {
     if (tokens.IsCapital(at) &&
-        HasPrefix(tokens.View(at),
-                  {"Bekl", "Klage", "Berufung", "Revision", "Gericht", "Urteil", "Streit", "Schadensersatz",
-                   "Rechtsstreit", "Prozess", "Landgericht", "Amtsgericht"}))
+        HasPrefix(tokens.View(at), {"Bekl", "Klage", "Berufung", "Revision", "Gericht", "Urteil", "Streit",
+                                    "Schadensersatz", "Rechtsstreit", "Prozess", "Landgericht", "Amtsgericht",
+                                    "Mietverh", "Mietvertr", "Vermieter", "Kündigung"}))
       return true;
   }
   return false;

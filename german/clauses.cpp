@@ -160,6 +160,11 @@ bool IsPronoun(std::string_view word) {
   return IsOneOf(word, {"ich", "du", "er", "sie", "es", "wir", "ihr", "man", "Sie"});
 }
 
+bool OpensItem(const Tokens& tokens, std::size_t i) {
+  const std::size_t before = tokens.Before(i);
+  return before != Tokens::kNone && (tokens.IsNumber(before) || IsOneOf(tokens.View(before), {".", ")"}));
+}
+
 bool IsRelative(std::string_view word) {
   return IsOneOf(word, {"der", "die", "das", "welcher", "welche", "welches", "wer", "was", "Wer"});
 }

@@ -50,6 +50,9 @@ namespace lorelin {
 // A word that opens a relative clause: "der", "welche", "was".
 [[nodiscard]] bool IsRelative(std::string_view word);
 
+// "1. Am 3. Mai", "a) Im 2. Stock", "§ 5 Der": the first word of an item or a heading.
+[[nodiscard]] bool OpensItem(const Tokens& tokens, std::size_t i);
+
 // "der Täter, der 1 Waffe trug": no article but the subject of the clause.
 [[nodiscard]] bool OpensRelativeClause(const Tokens& tokens, std::size_t first);
 

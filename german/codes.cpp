@@ -186,15 +186,29 @@ Found IsbnAt(const Tokens& tokens, std::size_t i) {
 }
 
 // "10115 Berlin": five digits before a place.
+// "Postleitzahlen: 33041 - 33106".
+bool NamesPostcodes(const Tokens& tokens, std::size_t i) {
+  std::size_t at = tokens.Before(i);
+  for (int step = 0; step < 8 && at != Tokens::kNone; ++step) {
+    if (IsOneOf(tokens.View(at), {"PLZ", "Postleitzahl", "Postleitzahlen"})) return true;
+    if (!tokens.IsNumber(at, 5, 5) && !tokens.IsDashAt(at) &&
+        !IsOneOf(tokens.View(at), {":", ",", "und", "bis"}))
+      return false;
+    at = tokens.Before(at);
+  }
+  return false;
+}
+
 Found PostcodeAt(const Tokens& tokens, std::size_t i) {
   if (!tokens.IsNumber(i, 5, 5) || !tokens.FreeBefore(i) || !tokens.FreeBehind(i)) return std::nullopt;
   const std::size_t place = tokens.Skip(i + 1);
   const std::size_t before = tokens.Before(i);
   const std::size_t verb = tokens.WordIndexBefore(i);  // "Meine PLZ ist 12345"
   const bool says = verb != Tokens::kNone && IsOneOf(tokens.View(verb), {"ist", "lautet", "war"});
-  const bool label =
-      IsOneOf(says ? tokens.WordBefore(verb) : tokens.WordBefore(i), {"PLZ", "Postleitzahl"}) ||
-      (i >= 2 && tokens.Is(i - 1, "-") && IsOneOf(tokens.View(i - 2), {"D", "DE"}));
+  const bool label = IsOneOf(says ? tokens.WordBefore(verb) : tokens.WordBefore(i),
+                             {"PLZ", "Postleitzahl", "Postleitzahlen"}) ||
+                     NamesPostcodes(tokens, i) ||
+                     (i >= 2 && tokens.Is(i - 1, "-") && IsOneOf(tokens.View(i - 2), {"D", "DE"}));
   if (label) return Phrase{i + 1, DigitWords(tokens.View(i))};
   if (place == i + 1 || !tokens.IsCapital(place) || StartsSentences(tokens.View(place))) return std::nullopt;
   if (UnitAt(tokens, place) || CurrencyAt(tokens, place)) return std::nullopt;

@@ -158,7 +158,6 @@ std::optional<DateShape> NumberDateAt(const Tokens& tokens, std::size_t i) {
   const std::size_t year = tokens.Skip(next + 2);
   const bool room = LabelBefore(tokens, i) && !IsLabelOfDays(tokens.WordBefore(i));
   if (room && !tokens.IsNumber(year, 4, 4)) return std::nullopt;  // "Raum 3.07.", "Abschnitt 9.4.13"
-  // "10.1.11. Einstellungen" of a heading.
   if (tokens.OpensLine(i) && year == next + 2 && tokens.IsNumber(year, 1, 2) && tokens.Is(year + 1, ".") &&
       (tokens.IsLast(year + 1) || (tokens.IsBlank(year + 2) && tokens.IsCapital(year + 3))))
     return std::nullopt;
@@ -221,6 +220,10 @@ std::optional<FirstDay> FirstDayAt(const Tokens& tokens, std::size_t i) {
   const bool point = at == i + 2;
   at = tokens.Skip(at);
   FirstDay first;
+  // "Tag 1 – 13. Februar": a heading and its date.
+  if (!point && at > i + 1 && tokens.IsDashAt(at) &&
+      (LabelBefore(tokens, i) || IsOneOf(tokens.WordBefore(i), {"Tag", "Etappe"})))
+    return std::nullopt;
   if (tokens.IsDashAt(at)) {
     first.between = " bis ";
   } else if (point && tokens.Is(at, "/")) {
@@ -263,7 +266,9 @@ Found DateSpanAt(const Tokens& tokens, std::size_t i) {
   const auto ending = DayEnding(tokens, i);
   auto date = DatePhrase(tokens, *second, ending == "er" && !tokens.Is(dash, "/") ? "er" : "en");
   const std::string begin = DayText(first->day, ending) + " " + MonthYearText(tokens, *first);
-  date.words = begin + (tokens.Is(dash, "/") ? " auf " : " bis ") + date.words;
+  const bool night =
+      second->day == first->day + 1 || second->day == 1;  // "vom 14.7./15.7.", "am 6.11./6.12."
+  date.words = begin + (!tokens.Is(dash, "/") ? " bis " : (night ? " auf " : " und ")) + date.words;
   return date;
 }
 

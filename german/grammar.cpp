@@ -140,7 +140,7 @@ Governor GovernorOf(const Tokens& tokens, std::size_t i) {
     const std::string word =
         tokens.Is(at + 1, ".") ? std::string(WholeWord(written)) : WithLowerStart(written);
     // A capital inside a sentence is that of a noun or name: "Mein" of a title aside.
-    if (IsUpperWord(written) && !tokens.OpensClause(at) &&
+    if (IsUpperWord(written) && !tokens.OpensClause(at) && !OpensItem(tokens, at) &&
         !IsOneOf(written, {"Ihr", "Ihre", "Ihrem", "Ihren", "Ihrer", "Ihres"}))
       return {};
     if (word == "d" && tokens.Is(at + 1, ".")) {

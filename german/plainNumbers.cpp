@@ -274,6 +274,16 @@ bool CountsSomething(const Tokens& tokens, std::size_t i, const WrittenNumber& n
   const std::size_t next = tokens.Skip(number.end);
   if (next == number.end) return false;
   if (UnitAt(tokens, next) || CurrencyAt(tokens, next) || MultipleAt(tokens, next)) return true;
+  // "Als 1125 der letzte Kaiser starb".
+  if (number.IsYear() && IsDeterminer(tokens.View(next)) && !tokens.IsCapital(next) &&
+      IsOneOf(WithLowerStart(tokens.WordBefore(i)),
+              {"als", "dass", "nachdem", "weil", "wo", "wenn", "bevor", "da", "obwohl"}))
+    return false;
+  // "Von etwa 1550 bis um 1800".
+  const std::size_t about = tokens.WordIndexBefore(i);
+  if (number.IsYear() && about != Tokens::kNone && IsOneOf(tokens.View(about), {"etwa", "circa"}) &&
+      IsOneOf(WithLowerStart(tokens.WordBefore(about)), {"von", "ab", "seit"}) && tokens.Is(next, "bis"))
+    return false;
   if (IsDegreeWord(WithLowerStart(tokens.WordBefore(i))) &&
       !IsOneOf(tokens.WordBefore(i), {"erst", "schon", "noch", "bereits", "zu"}))
     return true;

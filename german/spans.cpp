@@ -1,6 +1,7 @@
 #include "german/spans.h"
 
 #include "german/amounts.h"
+#include "german/dates.h"
 #include "german/grammar.h"
 #include "german/labels.h"
 #include "german/numberWords.h"
@@ -18,6 +19,13 @@ Found SeasonAt(const Tokens& tokens, std::size_t i) {
   const std::size_t second = first->end + 1;
   if (tokens.Is(second + 1, "/") || !tokens.FreeBehind(second)) return std::nullopt;
   if (LabelBefore(tokens, i) && CodeBefore(tokens, i)) return std::nullopt;
+  constexpr std::uint64_t kApart = 20;
+  const auto other = tokens.IsNumber(second, 4, 4) ? *DigitsAt(tokens, second, 4) : 0;
+  // "1517/1521 wurde es geteilt": historians leave both open.
+  const bool open = other > first->value && other <= first->value + kApart && !tokens.Is(second + 1, ".") &&
+                    first->value < 1900 && !CodeBefore(tokens, i) && !LabelBefore(tokens, i);
+  if (open && other != first->value + 1)
+    return Phrase{second + 1, YearWords(first->value) + " " + YearWords(other)};
   if (tokens.IsNumber(second, 4, 4) && *DigitsAt(tokens, second, 4) == first->value + 1)
     return Phrase{second + 1, YearWords(first->value) + " " + YearWords(first->value + 1)};
   if (!tokens.IsNumber(second, 2, 2) ||
@@ -81,6 +89,7 @@ Found SpanAt(const Tokens& tokens, std::size_t i) {
       tokens.IsDashAt(tokens.Skip(first->end)))
     return Phrase{at, NumberOrYearText(*first) + " bis "};
   const auto second = NumberAt(tokens, at);
+  if (tokens.IsBlank(first->end) && DateShapeAt(tokens, at)) return std::nullopt;
   if (!second || !tokens.FreeBehind(second->end - 1) || tokens.IsDashAt(second->end)) return std::nullopt;
   if (i > 0 && (tokens.IsDashAt(i - 1) || IsOneOf(tokens.View(i - 1), {"/", ".", ":"}))) return std::nullopt;
   if (tokens.Is(second->end, "/") && tokens.IsNumber(second->end + 1)) return std::nullopt;
