@@ -224,14 +224,13 @@ std::optional<FirstDay> FirstDayAt(const Tokens& tokens, std::size_t i) {
   if (!point && at > i + 1 && tokens.IsDashAt(at) &&
       (LabelBefore(tokens, i) || IsOneOf(tokens.WordBefore(i), {"Tag", "Etappe"})))
     return std::nullopt;
-  if (tokens.IsDashAt(at)) {
+  const std::size_t last = tokens.Skip(at + 1);  // "24 bis 27. August"
+  const bool bare = !point && tokens.Is(at, "bis") && IsDay(tokens, last) && tokens.Is(last + 1, ".") &&
+                    MonthAt(tokens, tokens.Skip(last + 2));
+  if (tokens.IsDashAt(at) || bare) {
     first.between = " bis ";
   } else if (point && tokens.Is(at, "/")) {
     first.between = " und ";
-  } else if (!point && tokens.Is(at, "bis") && IsDay(tokens, tokens.Skip(at + 1)) &&
-             tokens.Is(tokens.Skip(at + 1) + 1, ".") &&
-             MonthAt(tokens, tokens.Skip(tokens.Skip(at + 1) + 2))) {
-    first.between = " bis ";  // "24 bis 27. August"
   } else if (point && IsOneOf(tokens.View(at), {"bis", "und", "oder"})) {
     first.between = tokens.Is(at, "bis") ? " bis " : (tokens.Is(at, "und") ? " und " : " oder ");
   } else if (point && tokens.Is(at, "u") && tokens.Is(at + 1, ".")) {
@@ -581,7 +580,8 @@ Found SmallWeekdaysAt(const Tokens& tokens, std::size_t i) {
     const std::size_t next = tokens.Skip(at + 1);
     const std::string day = name(next);
     if (day.empty()) break;
-    days = Phrase{next + 2, days.words + between + day};
+    days.end = next + 2;
+    days.words.append(between).append(day);
   }
   if (days.end == i + 2) return std::nullopt;
   days.end = tokens.WithoutLastPoint(days.end);
