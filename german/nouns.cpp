@@ -216,6 +216,7 @@ Noun FromForm(unsigned form) {
   noun.plural = (form & kPlural) != 0;
   noun.genitive = (form & kGenitive) != 0 && !IsAdjectival(form);
   noun.dativePlural = (form & kDativePlural) != 0;
+  noun.adjectival = IsAdjectival(form);
   if ((form & kMasculine) != 0) {
     noun.gender = Gender::Masculine;
   } else if ((form & kFeminine) != 0) {

@@ -16,6 +16,7 @@ struct Noun {
   bool plural = false;
   bool genitive = false;           // in the singular this form is the genitive only
   bool dativePlural = false;       // in the plural this form is the dative only
+  bool adjectival = false;         // an adjective that became a noun: "Deutsche", "Gute"
   Gender gender = Gender::Neuter;  // of the singular
 };
 

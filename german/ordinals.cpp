@@ -432,6 +432,11 @@ bool IsManDeterminer(std::string_view word) {
 Agreement AgreementAt(const Tokens& tokens, std::size_t noun) {
   if (noun == Tokens::kNone) return {};
   while (tokens.Is(noun + 1, "-") && tokens.IsCapital(noun + 2)) noun += 2;  // "E-Bike"
+  // "die 3. Deutsche Meisterschaft".
+  if (NounOf(tokens.View(noun)).adjectival && tokens.IsBlank(noun + 1) && tokens.IsCapital(noun + 2)) {
+    const Noun behind = NounOf(tokens.View(noun + 2));
+    if (behind.known && !behind.adjectival) noun += 2;
+  }
   const auto word = tokens.View(noun);
   Agreement agreement = AgreementOf(NounOf(WholeNounAt(tokens, noun)));
   if (!agreement.known && IsWomansName(word)) return AgreementOf(Gender::Feminine);
