@@ -495,7 +495,7 @@ constexpr Abbreviation kTable[] = {
     A{"b.", "bei", Number}, A{"m.", "mit", Number},
     // Places with their rivers, and greetings.
     A{"Frankfurt/M.", "Frankfurt am Main"}, A{"Frankfurt/M", "Frankfurt am Main"},
-    A{"Frankfurt/O.", "Frankfurt an der Oder"},
+    A{"Frankfurt/O.", "Frankfurt an der Oder"}, A{"Halle/S.", "Halle an der Saale"},
     A{"Frankfurt (M.)", "Frankfurt am Main"}, A{"b. Bed.", "bei Bedarf"}, A{"b. B.", "bei Bedarf"},
     A{"n. Bed.", "nach Bedarf"}, A{"i. Hs.", "im Hause"}, A{"i. H.", "im Hause", NameBefore, Noun}, A{"c/o", "bei"},
     A{"LG", "Liebe Grüße", Closing}, A{"GLG", "Ganz liebe Grüße", Closing}, A{"VG", "Viele Grüße", Closing},

@@ -98,6 +98,10 @@ std::string BentAdjective(const Tokens& tokens, std::size_t i, std::size_t end, 
            std::string(EndingAt(tokens, counted ? number : i, {Gender::Masculine, true, false, true, true}));
   const std::size_t noun = NounBehind(tokens, tokens.Skip(end));
   if (!HasNounOrGovernor(tokens, i, noun)) return words;
+  // "(1865, dt. Von der Erde zum Mond)": the title in another language.
+  if (words.ends_with("sch") && tokens.IsCapital(tokens.Skip(end)) &&
+      StartsSentences(tokens.View(tokens.Skip(end))))
+    return words;
   // "(lat. Lynx lynx)": the language of a name.
   if (i > 0 && tokens.Is(i - 1, "(") && words.ends_with("isch") && noun != Tokens::kNone &&
       !NounOf(tokens.View(noun)).known &&
