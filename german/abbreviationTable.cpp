@@ -89,7 +89,7 @@ constexpr Abbreviation kTable[] = {
     A{"bspw.", "beispielsweise"}, A{"beisp.", "beispielsweise"}, A{"bsp.", "Beispiel"}, A{"Bsp.", "Beispiel"},
     A{"ca.", "circa"}, A{"ca", "circa", Number}, A{"evtl.", "eventuell"}, A{"evtl", "eventuell"},
     A{"evt.", "eventuell"}, A{"event.", "eventuell"}, A{"ggf.", "gegebenenfalls"}, A{"ggf", "gegebenenfalls"},
-    A{"ggfs.", "gegebenenfalls"}, A{"ggfls.", "gegebenenfalls"}, A{"gegebenenf.", "gegebenenfalls"},
+    A{"ggfs.", "gegebenenfalls"}, A{"ggfls.", "gegebenenfalls"}, A{"So u. feiertags", "sonn- und feiertags"}, A{"So. u. feiertags", "sonn- und feiertags"}, A{"So und feiertags", "sonn- und feiertags"}, A{"So. und feiertags", "sonn- und feiertags"}, A{"Bes. nur", "Besichtigung nur"}, A{"Bes. nach", "Besichtigung nach"}, A{"gegebenenf.", "gegebenenfalls"},
     A{"inkl.", "inklusive"}, A{"inkl", "inklusive"}, A{"incl.", "inklusive"}, A{"inklus.", "inklusive"},
     A{"exkl.", "exklusive"}, A{"einschl.", "einschließlich"}, A{"ausschl.", "ausschließlich"},
     A{"zzgl.", "zuzüglich"}, A{"zzgl", "zuzüglich"}, A{"zuzgl.", "zuzüglich"}, A{"abzgl.", "abzüglich"},

@@ -128,6 +128,12 @@ Found ScriptureAt(const Tokens& tokens, std::size_t i) {
   if (name.empty() || !tokens.FreeBefore(i)) return std::nullopt;
   const std::size_t at = tokens.Skip(tokens.Is(i + 1, ".") ? i + 2 : i + 1);
   const auto chapter = DigitsAt(tokens, at, 3);
+  // "1. Kor 13": the chapter alone, where a number tells which of the books.
+  const std::size_t point = tokens.Before(i);
+  if (chapter && point != Tokens::kNone && point > 0 && tokens.Is(point, ".") &&
+      tokens.IsNumber(point - 1, 1, 1) && !IsOneOf(tokens.View(at + 1), {",", ":"}) &&
+      tokens.FreeBehind(at) && name != tokens.View(i))
+    return Phrase{at + 1, std::string(name) + " " + CardinalWords(*chapter)};
   const bool parted = tokens.Is(at + 1, ",") || (tokens.Is(at + 1, ":") && tokens.IsNumber(at + 2));
   const auto verse = parted ? DigitsAt(tokens, tokens.Skip(at + 2), 3) : std::nullopt;
   if (!chapter || !verse) return std::nullopt;
